@@ -1,0 +1,48 @@
+// The program's place on the machine and its only instance; no Qt.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+/// Settings of the running program, found once by `avvia_applicazione`.
+class Application {
+public:
+    Application() = default;
+    Application(const Application&) = delete;
+    Application& operator=(const Application&) = delete;
+    ~Application();
+
+    /// Program folder without a trailing separator; the tests set their own.
+    std::string Path;
+    int Major = 0;
+    int Minor = 0;
+    int Revision = 0;
+    /// "1.0.0"
+    [[nodiscard]] std::string versione() const;
+    /// Name of a file in the program folder.
+    [[nodiscard]] std::string file(std::string_view nome) const {
+        return Path + "/" + std::string(nome);
+    }
+    /// True when another instance runs on the same folder; else this becomes the instance.
+    [[nodiscard]] bool PrevInstance();
+
+private:
+    int blocco_ = -1;
+};
+
+/// The one application object.
+Application& App();
+
+/// Parent of the program folder, found by cutting as many characters as "cruciverba" has.
+std::string radice(std::string_view percorso);
+
+/// Finds the program folder: that of the executable when it is named "cruciverba" and can be
+/// written, else the user's own, made on first use with the tables and skins of `condivisi`.
+std::string trova_cartella(const std::string& cartella_eseguibile, const std::string& condivisi);
+
+/// Folder of the running executable, empty when the system does not tell.
+std::string cartella_eseguibile();
+
+}  // namespace platform

@@ -1,0 +1,252 @@
+#include "platform/text_file.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/codepage.h"
+#include "platform/disk.h"
+#include "platform/runtime.h"
+
+namespace platform {
+
+namespace {
+
+constexpr std::size_t grandezza = std::size_t{1} << 16;
+// A damaged file can be one endless line; what exceeds this is read and dropped.
+constexpr std::size_t limite_testo = std::size_t{1} << 24;
+
+bool bianco(int c) {
+    return c == ' ' || c == '\t';
+}
+bool fine(int c) {
+    return c == '\r' || c == '\n';
+}
+
+void accoda(std::string& testo, int c) {
+    if (testo.size() < limite_testo)
+        testo.push_back(static_cast<char>(c));
+}
+
+template <typename T>
+std::optional<T> converti(double valore);
+template <>
+std::optional<std::uint8_t> converti(double valore) {
+    return CByte(valore);
+}
+template <>
+std::optional<std::int16_t> converti(double valore) {
+    return CInt(valore);
+}
+template <>
+std::optional<std::int32_t> converti(double valore) {
+    return CLng(valore);
+}
+
+}  // namespace
+
+bool TextReader::apri(const std::string& nome) {
+    chiudi();
+    // A pipe or device of that name must neither block the program nor be opened at all.
+    const std::string reale = nome_su_disco(nome);
+    struct stat s {};
+    if (::stat(reale.c_str(), &s) != 0 || !S_ISREG(s.st_mode))
+        return false;
+    const int fd = syscalls().open(reale.c_str(), O_RDONLY | O_NONBLOCK, 0);
+    if (fd < 0)
+        return false;
+    if (::fstat(fd, &s) != 0 || !S_ISREG(s.st_mode)) {
+        syscalls().close(fd);
+        return false;
+    }
+    fd_ = fd;
+    dati_.resize(grandezza);
+    return true;
+}
+
+void TextReader::chiudi() {
+    if (fd_ >= 0)
+        syscalls().close(fd_);
+    fd_ = -1;
+    posizione_ = 0;
+    pieno_ = 0;
+    base_ = 0;
+}
+
+bool TextReader::riempi() {
+    if (fd_ < 0)
+        return false;
+    base_ += static_cast<std::int64_t>(pieno_);
+    posizione_ = 0;
+    pieno_ = 0;
+    ssize_t n = 0;
+    do {
+        n = syscalls().read(fd_, dati_.data(), dati_.size());
+    } while (n < 0 && errno == EINTR);
+    if (n <= 0)
+        return false;
+    pieno_ = static_cast<std::size_t>(n);
+    return true;
+}
+
+bool TextReader::seek(std::int64_t posizione) {
+    if (fd_ < 0 || posizione < 1 || ::lseek(fd_, posizione - 1, SEEK_SET) < 0)
+        return false;
+    base_ = posizione - 1;
+    posizione_ = 0;
+    pieno_ = 0;
+    return true;
+}
+
+void TextReader::fine_riga(char primo) {
+    if (primo == '\r' && byte() == '\n')
+        ++posizione_;
+}
+
+bool TextReader::campo(std::string& destinazione) {
+    if (eof())
+        return false;
+    std::string testo;
+    int c = byte();
+    while (bianco(c)) {
+        ++posizione_;
+        c = byte();
+    }
+    const bool virgolette = c == '"';
+    if (virgolette) {
+        ++posizione_;
+        while ((c = byte()) >= 0 && c != '"') {
+            accoda(testo, c);
+            ++posizione_;
+        }
+    }
+    while ((c = byte()) >= 0) {
+        ++posizione_;
+        if (c == ',')
+            break;
+        if (fine(c)) {
+            fine_riga(static_cast<char>(c));
+            break;
+        }
+        if (!virgolette)
+            accoda(testo, c);
+    }
+    if (!virgolette) {
+        while (!testo.empty() && bianco(testo.back())) testo.pop_back();
+    }
+    destinazione = da_cp1252(testo);
+    return true;
+}
+
+bool TextReader::cifre(std::int32_t& valore) {
+    // The shape of every file the program writes: up to six digits, then a separator, all of it
+    // in the buffer. Anything else takes the general road.
+    std::size_t i = posizione_;
+    std::int32_t n = 0;
+    while (i < pieno_ && i - posizione_ < 6 && dati_[i] >= '0' && dati_[i] <= '9') {
+        n = n * 10 + (dati_[i++] - '0');
+    }
+    if (i == posizione_ || i + 1 >= pieno_)
+        return false;
+    const char c = dati_[i];
+    if (c == ',' || c == '\n') {
+        posizione_ = i + 1;
+    } else if (c == '\r') {
+        posizione_ = i + (dati_[i + 1] == '\n' ? 2 : 1);
+    } else {
+        return false;
+    }
+    valore = n;
+    return true;
+}
+
+bool TextReader::numero(double& destinazione) {
+    std::int32_t valore = 0;
+    if (cifre(valore)) {
+        destinazione = valore;
+        return true;
+    }
+    std::string testo;
+    if (!campo(testo))
+        return false;
+    destinazione = Val(testo);
+    return true;
+}
+
+template <typename T>
+bool TextReader::intero_in(T& destinazione) {
+    double valore = 0;
+    return numero(valore) && assegna(destinazione, converti<T>(valore));
+}
+
+bool TextReader::intero(std::uint8_t& destinazione) {
+    return intero_in(destinazione);
+}
+bool TextReader::intero(std::int16_t& destinazione) {
+    return intero_in(destinazione);
+}
+bool TextReader::intero(std::int32_t& destinazione) {
+    return intero_in(destinazione);
+}
+
+bool TextReader::riga(std::string& destinazione) {
+    if (eof())
+        return false;
+    std::string testo;
+    int c = 0;
+    while ((c = byte()) >= 0) {
+        ++posizione_;
+        if (fine(c)) {
+            fine_riga(static_cast<char>(c));
+            break;
+        }
+        accoda(testo, c);
+    }
+    destinazione = da_cp1252(testo);
+    return true;
+}
+
+bool TextReader::salta_riga() {
+    if (eof())
+        return false;
+    int c = 0;
+    while ((c = byte()) >= 0) {
+        ++posizione_;
+        if (fine(c)) {
+            fine_riga(static_cast<char>(c));
+            break;
+        }
+    }
+    return true;
+}
+
+void Record::separa() {
+    if (!primo_)
+        testo_.push_back(',');
+    primo_ = false;
+}
+
+Record& Record::scrivi(std::string_view testo) {
+    separa();
+    testo_ += '"' + a_cp1252(testo) + '"';
+    return *this;
+}
+
+Record& Record::scrivi(std::int64_t numero) {
+    separa();
+    testo_ += std::to_string(numero);
+    return *this;
+}
+
+Record& Record::data(int anno, int mese, int giorno) {
+    separa();
+    std::array<char, 40> testo{};
+    std::snprintf(testo.data(), testo.size(), "#%04d-%02d-%02d#", anno, mese, giorno);
+    testo_ += testo.data();
+    return *this;
+}
+
+}  // namespace platform

@@ -1,0 +1,61 @@
+// A fresh folder laid out as a suite root, removed at the end of the test.
+#pragma once
+
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "platform/application.h"
+
+namespace support {
+
+class Cartella {
+public:
+    Cartella() {
+        std::string modello = (std::filesystem::temp_directory_path() / "tabellinoXXXXXX").string();
+        radice_ = mkdtemp(modello.data());
+        std::filesystem::create_directories(programma());
+        std::filesystem::create_directories(radice_ + "/ridotti");
+        std::filesystem::create_directories(radice_ + "/skin");
+        prima_ = platform::App().Path;
+        platform::App().Path = programma();
+    }
+    Cartella(const Cartella&) = delete;
+    Cartella& operator=(const Cartella&) = delete;
+    ~Cartella() {
+        platform::App().Path = prima_;
+        std::error_code errore;
+        std::filesystem::remove_all(radice_, errore);
+    }
+
+    [[nodiscard]] const std::string& radice() const { return radice_; }
+    [[nodiscard]] std::string programma() const { return radice_ + "/cruciverba"; }
+    /// Full name of a file of the program folder.
+    [[nodiscard]] std::string file(const std::string& nome) const {
+        return programma() + "/" + nome;
+    }
+    void scrivi(const std::string& nome, const std::string& dati) const {
+        std::ofstream(file(nome), std::ios::binary) << dati;
+    }
+    [[nodiscard]] std::string leggi(const std::string& nome) const {
+        std::ifstream f(file(nome), std::ios::binary);
+        return {std::istreambuf_iterator<char>(f), {}};
+    }
+    [[nodiscard]] bool esiste(const std::string& nome) const {
+        return std::filesystem::exists(file(nome));
+    }
+    /// Copies the built tables into this root.
+    void con_tabelle() const {
+        std::filesystem::copy(SUITE_DIR "/ridotti", radice_ + "/ridotti",
+                              std::filesystem::copy_options::overwrite_existing);
+    }
+
+private:
+    std::string radice_;
+    std::string prima_;
+};
+
+}  // namespace support
