@@ -1,0 +1,84 @@
+// What the subcommands share: exit codes, messages, tables read from files, progress.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "development/garanzie.h"
+
+namespace ridotti {
+
+/// Exit codes of the command.
+inline constexpr int riuscito = 0;
+inline constexpr int garanzia_mancata = 1;
+inline constexpr int impossibile = 2;
+
+/// The subcommands; each takes the words after its name.
+int integrali(const std::vector<std::string>& parole);
+int verifica(const std::vector<std::string>& parole);
+int vincite(const std::vector<std::string>& parole);
+int documento(const std::vector<std::string>& parole);
+
+/// Words of a command line, sorted out.
+struct Opzioni {
+    std::vector<std::string> file;
+    bool json = false;
+    std::optional<development::Garanzia> garanzia;
+    std::optional<std::string> errore;
+};
+/// Sorts out the words of `verifica` and `vincite`; `--garanzia` only when it is admitted.
+Opzioni leggi_opzioni(const std::vector<std::string>& parole, bool con_garanzia);
+
+/// A table read from its file, with the parts of its name when it has one of the scheme.
+struct TabellaLetta {
+    std::string file;
+    std::optional<development::NomeTabella> nome;
+    development::Lettura lettura;
+};
+/// Reads a table; a file that cannot be read is an error of line 0.
+TabellaLetta leggi_tabella(const std::string& file);
+
+/// Prints errors and notices, a line each, as "file:line: text".
+void stampa_errori(const TabellaLetta& letta);
+/// Prints one message of the command itself to the standard error.
+void lamenta(std::string_view testo);
+void stampa(std::string_view testo);
+
+/// A JSON string, quoted.
+std::string json(std::string_view testo);
+/// The errors or notices as a JSON array.
+std::string json(const std::vector<development::ErroreRiga>& righe);
+
+/// "6 estratti", "1 estratto"; the same for "righe" and "casi".
+std::string estratti(int p);
+std::string righe(std::uint64_t quante);
+std::string casi(std::uint64_t quanti);
+/// A number with that many decimals after an Italian comma.
+std::string decimale(double valore, int decimali);
+/// A guarantee, a set of positions and a list of counts as JSON.
+std::string json(const development::Garanzia& garanzia);
+std::string json_posizioni(development::Maschera maschera);
+std::string json(const std::vector<std::uint64_t>& numeri);
+/// The guarantee in a player's words.
+std::string in_parole(const development::Garanzia& garanzia);
+
+/// Shows the progress of a job on the terminal and wipes it at the end; silent elsewhere.
+class Progresso {
+public:
+    explicit Progresso(std::string titolo);
+    Progresso(const Progresso&) = delete;
+    Progresso& operator=(const Progresso&) = delete;
+    ~Progresso();
+    /// To be handed to the proofs; empty when nothing is to be shown.
+    [[nodiscard]] development::Avanzamento avanzamento();
+
+private:
+    void mostra(std::uint64_t fatti, std::uint64_t totale);
+    std::string titolo_;
+    bool terminale_;
+    int ultimo_ = -1;
+};
+
+}  // namespace ridotti

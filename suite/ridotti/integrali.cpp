@@ -1,0 +1,28 @@
+#include "comune.h"
+#include "platform/disk.h"
+
+namespace ridotti {
+
+int integrali(const std::vector<std::string>& parole) {
+    if (parole.size() != 1) {
+        lamenta("integrali vuole una cartella");
+        return impossibile;
+    }
+    const std::string& cartella = parole.front();
+    if (!platform::crea_cartella(cartella)) {
+        lamenta("non posso creare la cartella " + cartella);
+        return impossibile;
+    }
+    for (const development::NomeTabella& nome : development::nomi_integrali()) {
+        const std::string file = cartella + "/" + nome.testo() + ".rid";
+        const std::string testo =
+            development::testo_tabella(development::integrale(nome.n, nome.k()));
+        if (platform::sostituisci(file, testo) != platform::Esito::ok) {
+            lamenta("non posso scrivere " + file);
+            return impossibile;
+        }
+    }
+    return riuscito;
+}
+
+}  // namespace ridotti

@@ -1,0 +1,351 @@
+// The command as a player runs it.
+#include <algorithm>
+#include <array>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <stdlib.h>
+#include <string>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+#include "support/cartella.h"
+
+namespace {
+
+struct Risposta {
+    int codice = -1;
+    std::string uscita;
+    std::string errori;
+};
+
+std::string contenuto(const std::string& file) {
+    std::ifstream f(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(f), {}};
+}
+
+class Ridotti : public testing::Test {
+protected:
+    /// Runs the command with its outputs in files of the test's folder; `errori` may be a device.
+    Risposta esegui(std::vector<std::string> parole, const std::string& terminale = "") {
+        parole.insert(parole.begin(), RIDOTTI);
+        const std::string uscita = cartella_.file("uscita");
+        const std::string errori = terminale.empty() ? cartella_.file("errori") : terminale;
+        const pid_t figlio = ::fork();
+        if (figlio == 0) {
+            const int modo = O_WRONLY | O_CREAT | O_TRUNC | O_NOCTTY;
+            ::dup2(::open(uscita.c_str(), modo, 0600), STDOUT_FILENO);
+            ::dup2(::open(errori.c_str(), modo, 0600), STDERR_FILENO);
+            std::vector<char*> argomenti;
+            for (std::string& parola : parole) argomenti.push_back(parola.data());
+            argomenti.push_back(nullptr);
+            ::execv(RIDOTTI, argomenti.data());
+            ::_exit(127);
+        }
+        int stato = 0;
+        ::waitpid(figlio, &stato, 0);
+        Risposta risposta;
+        risposta.codice = WIFEXITED(stato) ? WEXITSTATUS(stato) : -1;
+        risposta.uscita = contenuto(uscita);
+        if (terminale.empty())
+            risposta.errori = contenuto(errori);
+        return risposta;
+    }
+    /// Writes a table into the test's folder and returns its full name.
+    std::string tabella(const std::string& nome, const std::string& testo) {
+        cartella_.scrivi(nome, testo);
+        return cartella_.file(nome);
+    }
+    static std::string spedita(const std::string& nome) {
+        return SUITE_DIR "/ridotti/" + nome + ".rid";
+    }
+    support::Cartella cartella_;
+};
+
+TEST_F(Ridotti, integrali_scrive_le_43_tabelle) {
+    const std::string dove = cartella_.file("nuova/cartella");
+    EXPECT_EQ(esegui({"integrali", dove}).codice, 0);
+    int quante = 0;
+    for (const auto& voce : std::filesystem::directory_iterator(dove)) {
+        EXPECT_EQ(contenuto(voce.path()),
+                  contenuto(SUITE_DIR "/ridotti/" + voce.path().filename().string()));
+        ++quante;
+    }
+    EXPECT_EQ(quante, 43);
+    EXPECT_EQ(contenuto(dove + "/cr0600.rid"), "1,2,3,4,5,6\r\n");
+}
+
+TEST_F(Ridotti, integrali_dice_quando_non_puo) {
+    const Risposta risposta = esegui({"integrali", tabella("file", "x") + "/sotto"});
+    EXPECT_EQ(risposta.codice, 2);
+    EXPECT_NE(risposta.errori.find("non posso creare la cartella"), std::string::npos);
+    EXPECT_EQ(esegui({"integrali"}).codice, 2);
+}
+
+TEST_F(Ridotti, la_suite_ha_tutte_le_tabelle) {
+    int quante = 0;
+    for (const auto& voce : std::filesystem::directory_iterator(SUITE_DIR "/ridotti")) {
+        if (voce.path().extension() == ".rid")
+            ++quante;
+    }
+    EXPECT_EQ(quante, 136);
+    EXPECT_TRUE(std::filesystem::exists(SUITE_DIR "/ridotti/garanzie.csv"));
+}
+
+TEST_F(Ridotti, verifica_prova_quello_che_il_nome_dichiara) {
+    const Risposta risposta = esegui({"verifica", spedita("cr0904"), spedita("cr1104")});
+    EXPECT_EQ(risposta.codice, 0);
+    EXPECT_EQ(risposta.uscita,
+              spedita("cr0904") +
+                  ": 12 righe di 6 su 9 numeri; con 4 estratti almeno una riga con 4 numeri "
+                  "indovinati (quaterna): VALE\n" +
+                  spedita("cr1104") +
+                  ": 66 righe di 6 su 11 numeri; con 4 estratti almeno 3 righe con 4 numeri "
+                  "indovinati (quaterna): VALE\n");
+    EXPECT_EQ(risposta.errori, "");
+}
+
+TEST_F(Ridotti, verifica_elenca_i_buchi) {
+    // The triples of seven numbers without the last: its three pairs are left out.
+    std::string testo = contenuto(spedita("tr0701"));
+    testo.resize(testo.rfind('\n', testo.size() - 2) + 1);
+    const std::string file = tabella("tr0701.rid", testo);
+    const Risposta risposta = esegui({"verifica", file});
+    EXPECT_EQ(risposta.codice, 1);
+    EXPECT_EQ(risposta.uscita,
+              file +
+                  ": 6 righe di 3 su 7 numeri; con 2 estratti almeno una riga con 2 numeri "
+                  "indovinati (ambo): NON VALE, 3 casi scoperti\n  4,6\n  4,7\n  6,7\n");
+}
+
+TEST_F(Ridotti, verifica_con_una_garanzia_data) {
+    const std::string mia = tabella("mia.rid", "1,2\n3,4\n");
+    EXPECT_EQ(esegui({"verifica", "--garanzia", "3:2", mia}).codice, 0);
+    EXPECT_EQ(esegui({"verifica", "--garanzia", "2:2", mia}).codice, 1);
+    EXPECT_EQ(esegui({"verifica", "--garanzia", "4:2:2", mia}).codice, 0);
+    EXPECT_EQ(esegui({"verifica", "--garanzia", "4:2:3", mia}).codice, 1);
+    EXPECT_EQ(esegui({"verifica", "--garanzia", "4:3", mia}).errori,
+              mia + ": nessuna riga di 2 numeri ne contiene 3\n");
+    EXPECT_EQ(esegui({"verifica", "--garanzia", "5:2", mia}).errori,
+              mia + ": non si estraggono 5 numeri su 4\n");
+    const Risposta senza = esegui({"verifica", mia});
+    EXPECT_EQ(senza.codice, 2);
+    EXPECT_EQ(senza.errori, mia + ": il nome non dice quale garanzia provare: serve --garanzia\n");
+    const Risposta storta = esegui({"verifica", "--garanzia", "2:3", mia});
+    EXPECT_EQ(storta.codice, 2);
+    EXPECT_NE(storta.errori.find("\"2:3\""), std::string::npos);
+}
+
+TEST_F(Ridotti, tabelle_guaste_con_la_riga) {
+    const std::string buona = contenuto(spedita("tr0701"));
+    const auto errore = [&](const std::string& testo) {
+        const std::string file = tabella("tr0701.rid", testo);
+        const Risposta risposta = esegui({"verifica", file});
+        EXPECT_EQ(risposta.codice, 2);
+        EXPECT_EQ(risposta.uscita, "");
+        return risposta.errori.substr(std::min(file.size(), risposta.errori.size()));
+    };
+    EXPECT_EQ(errore(buona + buona.substr(0, buona.find('\n') + 1)), ":8: ripete la riga 1\n");
+    EXPECT_EQ(errore(buona + "0,1,2\r\n"), ":8: la posizione 0 non sta fra 1 e 7\n");
+    EXPECT_EQ(errore(buona + "1,2,8\r\n"), ":8: la posizione 8 non sta fra 1 e 7\n");
+    EXPECT_EQ(errore(buona + "3,2,1\r\n"), ":8: posizioni non crescenti: dopo 3 viene 2\n");
+    EXPECT_EQ(errore(""), ":1: il file è vuoto\n");
+    EXPECT_EQ(esegui({"verifica", "/non/esiste.rid"}).errori,
+              "/non/esiste.rid: il file non esiste\n");
+    EXPECT_EQ(esegui({"verifica", cartella_.programma()}).codice, 2);
+}
+
+TEST_F(Ridotti, senza_ultima_fine_di_riga_avvisa_e_prova) {
+    std::string testo = contenuto(spedita("tr0701"));
+    testo.resize(testo.size() - 2);
+    const std::string file = tabella("tr0701.rid", testo);
+    const Risposta risposta = esegui({"verifica", file});
+    EXPECT_EQ(risposta.codice, 0);
+    EXPECT_EQ(risposta.errori,
+              file + ":7: avviso: manca la fine dell'ultima riga: il file può essere tronco\n");
+}
+
+TEST_F(Ridotti, il_codice_di_uscita_e_il_peggiore) {
+    const std::string mia = tabella("mia.rid", "1,2\n3,4\n");
+    const std::string guasta = tabella("guasta.rid", "2,1\n");
+    EXPECT_EQ(esegui({"verifica", "--garanzia", "2:2", guasta, mia}).codice, 2);
+    EXPECT_EQ(esegui({"verifica", "--garanzia", "2:2", spedita("tr0701"), mia}).codice, 1);
+}
+
+TEST_F(Ridotti, verifica_in_json) {
+    const std::string mia = tabella("mia.rid", "1,2\n3,4");
+    EXPECT_EQ(esegui({"verifica", "--json", "--garanzia", "2:2", mia}).uscita,
+              "[{\"file\":\"" + mia +
+                  "\",\"righe\":2,\"k\":2,\"n\":4,\"garanzia\":{\"p\":2,\"t\":2,\"righe\":1,"
+                  "\"oppure\":false},\"vale\":false,\"scoperti\":4,\"buchi\":[[1,3],[1,4],[2,3],"
+                  "[2,4]],\"errori\":[],\"avvisi\":[{\"riga\":2,\"testo\":\"manca la fine "
+                  "dell'ultima riga: il file può essere tronco\"}]}]\n");
+    const std::string guasta = tabella("guasta \"x\".rid", "\\\n");
+    EXPECT_EQ(esegui({"verifica", "--json", "--garanzia", "2:2", guasta}).uscita,
+              "[{\"file\":\"" + cartella_.programma() +
+                  "/guasta \\\"x\\\".rid\",\"errori\":[{\"riga\":1,\"testo\":\"carattere non "
+                  "ammesso: \\\\\"}],\"avvisi\":[]}]\n");
+}
+
+TEST_F(Ridotti, vincite_di_una_tabella_propria) {
+    const std::string mia = tabella("mia.rid", "1,2\n3,4\n");
+    EXPECT_EQ(esegui({"vincite", mia}).uscita,
+              mia +
+                  ": 2 righe di 2 su 4 numeri\n\n"
+                  "Con 1 estratto (4 casi): sempre almeno una riga con 1 numero indovinato\n"
+                  "  indovinati  casi in cui è il massimo   su cento   righe in media\n"
+                  "           1                         4     100,00           1,0000\n"
+                  "           0                         0       0,00           1,0000\n\n"
+                  "Con 2 estratti (6 casi): sempre almeno una riga con 1 numero indovinato\n"
+                  "  indovinati  casi in cui è il massimo   su cento   righe in media\n"
+                  "           2                         2      33,33           0,3333\n"
+                  "           1                         4      66,67           1,3333\n"
+                  "           0                         0       0,00           0,3333\n\n"
+                  "Con 3 estratti (4 casi): sempre almeno una riga con 2 numeri indovinati (ambo)\n"
+                  "  indovinati  casi in cui è il massimo   su cento   righe in media\n"
+                  "           2                         4     100,00           1,0000\n"
+                  "           1                         0       0,00           1,0000\n"
+                  "           0                         0       0,00           0,0000\n\n");
+    EXPECT_EQ(esegui({"vincite", tabella("guasta.rid", "x\n")}).codice, 2);
+    EXPECT_EQ(esegui({"vincite", mia, mia}).codice, 2);
+}
+
+TEST_F(Ridotti, vincite_dice_le_garanzie_dell_elenco) {
+    const Risposta risposta = esegui({"vincite", spedita("cr1501")});
+    EXPECT_EQ(risposta.codice, 0);
+    EXPECT_NE(risposta.uscita.find(
+                  "Garanzie senza eccezioni:\n"
+                  "  con 4 estratti almeno 2 righe con 4 numeri indovinati (quaterna)\n"
+                  "  con 6 estratti almeno 2 righe con 5 numeri indovinati (cinquina), oppure una "
+                  "riga con 6 numeri indovinati (sestina)\n\n"),
+              std::string::npos);
+}
+
+TEST_F(Ridotti, vincite_smentisce_un_elenco_falso) {
+    cartella_.scrivi("garanzie.csv", "table,p,t,rows,or_one_row_higher\ntr0701,2,2,2,0\nx\n");
+    const std::string file = tabella("tr0701.rid", contenuto(spedita("tr0701")));
+    const Risposta risposta = esegui({"vincite", file});
+    EXPECT_EQ(risposta.codice, 1);
+    EXPECT_NE(risposta.uscita.find("2 righe con 2 numeri indovinati (ambo): NON VALE\n"),
+              std::string::npos);
+    EXPECT_NE(risposta.errori.find("garanzie.csv:3: "), std::string::npos);
+}
+
+TEST_F(Ridotti, vincite_in_json) {
+    const std::string mia = tabella("mia.rid", "1,2\n");
+    EXPECT_EQ(
+        esegui({"vincite", "--json", mia}).uscita,
+        "{\"file\":\"" + mia +
+            "\",\"righe\":1,\"k\":2,\"n\":2,\"estratti\":[\n"
+            "{\"p\":1,\"casi\":2,\"garantita\":{\"p\":1,\"t\":1,\"righe\":1,\"oppure\":false},"
+            "\"migliore\":[0,2,0],\"medie\":[0.0000,1.0000,0.0000]},\n"
+            "{\"p\":2,\"casi\":1,\"garantita\":{\"p\":2,\"t\":2,\"righe\":1,\"oppure\":false},"
+            "\"migliore\":[0,0,1],\"medie\":[0.0000,0.0000,1.0000]}],\n"
+            "\"garanzie\":[],\n\"errori\":[],\"avvisi\":[]}\n");
+}
+
+TEST_F(Ridotti, parole_sbagliate) {
+    EXPECT_EQ(esegui({}).codice, 2);
+    EXPECT_EQ(esegui({"altro"}).errori,
+              "ridotti: comando sconosciuto: altro; ridotti --aiuto li elenca\n");
+    EXPECT_EQ(esegui({"verifica"}).errori, "ridotti: manca il nome della tabella\n");
+    EXPECT_EQ(esegui({"verifica", "--altro"}).errori, "ridotti: opzione sconosciuta: --altro\n");
+    EXPECT_EQ(esegui({"vincite", "--garanzia", "2:2"}).codice, 2);
+    const Risposta aiuto = esegui({"--aiuto"});
+    EXPECT_EQ(aiuto.codice, 0);
+    EXPECT_NE(aiuto.uscita.find("ridotti verifica [--json]"), std::string::npos);
+    // A name that begins like an option stands after two dashes.
+    EXPECT_EQ(esegui({"verifica", "--", "--json"}).errori, "--json: il file non esiste\n");
+}
+
+TEST_F(Ridotti, avanzamento_solo_sul_terminale) {
+    const std::string mia = tabella("mia.rid", "1,2,3,4,5,24\n6,7,8,9,10,11\n");
+    const int padrone = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
+    ASSERT_GE(padrone, 0);
+    ASSERT_EQ(::grantpt(padrone), 0);
+    ASSERT_EQ(::unlockpt(padrone), 0);
+    std::array<char, 128> nome{};
+    ASSERT_EQ(::ptsname_r(padrone, nome.data(), nome.size()), 0);
+    const int servo = ::open(nome.data(), O_RDWR | O_NOCTTY);
+    ASSERT_GE(servo, 0);
+    EXPECT_EQ(esegui({"verifica", "--garanzia", "6:1", mia}, nome.data()).codice, 1);
+    std::array<char, 4096> letto{};
+    const ssize_t quanti = ::read(padrone, letto.data(), letto.size());
+    ::close(servo);
+    ::close(padrone);
+    ASSERT_GT(quanti, 0);
+    const std::string mostrato(letto.data(), static_cast<std::size_t>(quanti));
+    EXPECT_NE(mostrato.find("\r" + mia + ": 12,1 %"), std::string::npos) << mostrato;
+    EXPECT_TRUE(mostrato.ends_with("\r\033[K")) << mostrato;
+    EXPECT_EQ(esegui({"verifica", "--garanzia", "6:1", mia}).errori, "");
+}
+
+TEST_F(Ridotti, documento_e_quello_consegnato) {
+    const Risposta risposta =
+        esegui({"documento", SUITE_DIR "/ridotti", SOURCE_DIR "/suite/ridotti/minimi"});
+    EXPECT_EQ(risposta.codice, 0);
+    EXPECT_EQ(risposta.errori, "");
+    // Compared as a truth value: the two texts are too long to be shown.
+    EXPECT_TRUE(risposta.uscita == contenuto(SOURCE_DIR "/docs/garanzie.md"))
+        << "ridotti documento build/suite/ridotti suite/ridotti/minimi > docs/garanzie.md";
+    for (const char* riga :
+         {"| 15 | `cr1505` | 180 | 4 → 4 | 5005 | 3,60 | 117 (`C15_6_4_117.txt`) | 93 (Schönheim) "
+          "| 117 |\n",
+          "| 15 | `cn1503` | 295 | 4 → 4 | 3003 | 9,82 | 291 (`basi_tabelle.txt`) | 273 "
+          "(Schönheim) | 294 |\n",
+          "| 11 | `cr1104` | 66 | 4 → 4, 3 righe | 462 | 14,29 | 66 | 66 (conteggio) | — |\n"}) {
+        EXPECT_NE(risposta.uscita.find(riga), std::string::npos) << riga;
+    }
+}
+
+TEST_F(Ridotti, documento_non_stampa_garanzie_false) {
+    cartella_.scrivi("tr0701.rid", "1,2,3\r\n");
+    const Risposta risposta =
+        esegui({"documento", cartella_.programma(), SOURCE_DIR "/suite/ridotti/minimi"});
+    EXPECT_EQ(risposta.codice, 1);
+    EXPECT_EQ(risposta.uscita, "");
+    EXPECT_NE(risposta.errori.find("tr0701.rid: non vale con 2 estratti"), std::string::npos);
+    EXPECT_EQ(esegui({"documento", "/non/esiste", "/non/esiste"}).codice, 2);
+    EXPECT_EQ(esegui({"documento"}).codice, 2);
+}
+
+TEST_F(Ridotti, documento_per_la_guida) {
+    const Risposta risposta =
+        esegui({"documento", "--guida", SUITE_DIR "/ridotti", SOURCE_DIR "/suite/ridotti/minimi"});
+    EXPECT_EQ(risposta.codice, 0);
+    EXPECT_NE(risposta.uscita.find("<tr><td>9</td><td>12</td><td>14,29</td><td>con 4 estratti "
+                                   "almeno una riga con 4 numeri indovinati (quaterna)</td></tr>"),
+              std::string::npos);
+}
+
+TEST_F(Ridotti, disegni_minimi) {
+    // "C14_5_4_229": all 4-subsets of 14 by 229 rows of 5; "L15_6_5_4_40": 4 out of any 5.
+    int quanti = 0;
+    for (const auto& voce :
+         std::filesystem::directory_iterator(SOURCE_DIR "/suite/ridotti/minimi")) {
+        const std::string nome = voce.path().stem();
+        if (nome[0] != 'C' && nome[0] != 'L')
+            continue;
+        std::vector<int> numeri;
+        for (std::size_t i = 0; i != std::string::npos; i = nome.find('_', i + 1)) {
+            numeri.push_back(std::stoi(nome.substr(i + 1)));
+        }
+        ASSERT_EQ(numeri.size(), nome[0] == 'C' ? 4U : 5U);
+        const int t = numeri[numeri.size() - 2];
+        const int p = nome[0] == 'C' ? t : numeri[2];
+        const Risposta risposta = esegui(
+            {"verifica", "--garanzia", std::to_string(p) + ":" + std::to_string(t), voce.path()});
+        EXPECT_EQ(risposta.codice, 0) << nome;
+        const std::string inizio = voce.path().string() + ": " + std::to_string(numeri.back()) +
+                                   " righe di " + std::to_string(numeri[1]) + " su " +
+                                   std::to_string(numeri[0]) + " numeri;";
+        EXPECT_EQ(risposta.uscita.substr(0, inizio.size()), inizio);
+        ++quanti;
+    }
+    EXPECT_EQ(quanti, 15);
+}
+
+}  // namespace
