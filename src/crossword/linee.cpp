@@ -1,0 +1,95 @@
+#include "crossword/linee.h"
+
+namespace crossword {
+
+namespace {
+
+/// Collects the cells of a line, passing over the one under the cursor.
+class Raccolta {
+public:
+    Raccolta(const Matrice& matrice, int r, int c) : matrice_(matrice), r_(r), c_(c) {}
+    void cella(int x, int y) {
+        if (x == c_ && y == r_) return;
+        const int n = matrice_(x, y);
+        if (n >= 0 && n <= 90) numeri.set(static_cast<std::size_t>(n));
+    }
+    std::bitset<91> numeri;
+
+private:
+    const Matrice& matrice_;
+    int r_;
+    int c_;
+};
+
+std::uint8_t cella(const Matrice& matrice, int x, int y) {
+    return static_cast<std::uint8_t>(matrice(x, y));
+}
+
+/// Cells (x, y) with x = y + scarto.
+Linea diagonale(const Matrice& matrice, int scarto) {
+    Linea linea{Gruppo::diagonali, {}};
+    for (int y = 0; y < matrice.righe(); ++y) {
+        if (matrice.contiene(y + scarto, y)) linea.numeri.push_back(cella(matrice, y + scarto, y));
+    }
+    return linea;
+}
+
+/// Cells (x, y) with x + y = somma.
+Linea antidiagonale(const Matrice& matrice, int somma) {
+    Linea linea{Gruppo::diagonali, {}};
+    for (int y = 0; y < matrice.righe(); ++y) {
+        if (matrice.contiene(somma - y, y)) linea.numeri.push_back(cella(matrice, somma - y, y));
+    }
+    return linea;
+}
+
+}  // namespace
+
+std::bitset<91> numeri_sulle_linee(const Matrice& matrice, int r, int c) {
+    Raccolta raccolta(matrice, r, c);
+    const int n = matrice.ubound(1);
+    for (int y = 0; y <= matrice.ubound(2); ++y) raccolta.cella(c, y);
+    for (int x = 0; x <= n; ++x) raccolta.cella(x, r);
+    if (!matrice.quadrata()) return raccolta.numeri;
+    for (int i = 0; i <= n; ++i) {
+        if (r == c) raccolta.cella(i, i);
+        if (r + c == n) raccolta.cella(n - i, i);
+    }
+    if (n < 6) return raccolta.numeri;
+    for (int i = 0; i < n; ++i) {
+        if (r + c == n + 1) raccolta.cella(i + 1, n - i);
+        if (r + c == n - 1) raccolta.cella(i, n - 1 - i);
+        if (r == c - 1) raccolta.cella(i + 1, i);
+        if (r == c + 1) raccolta.cella(i, i + 1);
+    }
+    return raccolta.numeri;
+}
+
+std::vector<Linea> linee_sviluppo(const Matrice& matrice, bool lotto) {
+    std::vector<Linea> linee;
+    const int n = matrice.ubound(1);
+    const bool adiacenti = matrice.quadrata() && n > 5 && !lotto;
+    for (int y = 0; y < matrice.righe(); ++y) {
+        Linea riga{Gruppo::orizzontali, {}};
+        for (int x = 0; x <= n; ++x) riga.numeri.push_back(cella(matrice, x, y));
+        linee.push_back(std::move(riga));
+    }
+    if (matrice.quadrata()) linee.push_back(diagonale(matrice, 0));
+    if (adiacenti) {
+        linee.push_back(diagonale(matrice, 1));
+        linee.push_back(diagonale(matrice, -1));
+    }
+    for (int x = 0; x <= n; ++x) {
+        Linea colonna{Gruppo::verticali, {}};
+        for (int y = 0; y < matrice.righe(); ++y) colonna.numeri.push_back(cella(matrice, x, y));
+        linee.push_back(std::move(colonna));
+    }
+    if (matrice.quadrata()) linee.push_back(antidiagonale(matrice, n));
+    if (adiacenti) {
+        linee.push_back(antidiagonale(matrice, n - 1));
+        linee.push_back(antidiagonale(matrice, n + 1));
+    }
+    return linee;
+}
+
+}  // namespace crossword
