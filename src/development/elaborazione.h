@@ -1,0 +1,88 @@
+// From a crossword to its development file.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "crossword/matrice.h"
+#include "development/tabelle.h"
+
+namespace development {
+
+/// What to develop and where.
+struct Richiesta {
+    crossword::Matrice matrice;
+    bool lotto = false;
+    int forma = 5;       ///< numbers of a Lotto combination: 3, 4 or 5
+    int tipo_righe = 0;  ///< type numbers; one below 0 names no table
+    int tipo_colonne = 0;
+    int tipo_diagonali = 0;
+    std::string cartella;  ///< program folder, no trailing separator
+    std::string ridotti;   ///< folder of the tables, no trailing separator
+};
+
+/// Called as the work goes on with the lines done so far; false asks the job to stop.
+using Avanzamento = std::function<bool(std::int32_t righe)>;
+
+enum class Conclusione {
+    completa,    ///< the lines that have a table stand in the working file
+    senza_file,  ///< no table could be read, so there is no working file
+    guasta,      ///< the disk refused some lines
+    interrotta,  ///< asked to stop
+};
+
+/// Ascending order of the elements `da` to `a`, both included.
+void ordina_controlli(std::vector<std::uint8_t>& v, std::size_t da, std::size_t a);
+
+/// Extension of a development file: ".col", or ".lot" in Lotto.
+inline const char* estensione_sviluppo(bool lotto) {
+    return lotto ? ".lot" : ".col";
+}
+
+/// Walks the lines of one crossword, appending their combinations to the working file.
+class Elaborazione {
+public:
+    /// `avanzamento` may be empty.
+    Elaborazione(Richiesta richiesta, Avanzamento avanzamento);
+
+    /// Develops every line into a working file that must not exist yet.
+    Conclusione sviluppa();
+    /// Appends the combinations of one line by the table of `tipo`; false when the line was
+    /// abandoned for want of a table or because the disk refused it.
+    bool elabora(std::vector<std::uint8_t> linea, int tipo);
+
+    /// temp.col or temp.lot in the program folder.
+    [[nodiscard]] std::string file_temporaneo() const;
+    /// Bytes that the working file must have.
+    [[nodiscard]] std::int64_t byte_scritti() const { return byte_scritti_; }
+    [[nodiscard]] std::int32_t righe_scritte() const { return righe_scritte_; }
+
+private:
+    const TabellaPosizioni& tabella(int n, int tipo);
+    void aggiungi_righe(const std::vector<std::uint8_t>& linea, const TabellaPosizioni& t);
+
+    Richiesta richiesta_;
+    Avanzamento avanzamento_;
+    std::map<std::string, TabellaPosizioni> tabelle_;
+    std::string testo_;
+    std::int64_t byte_scritti_ = 0;
+    std::int32_t righe_scritte_ = 0;
+    bool esiste_ = false;
+    bool guasta_ = false;
+    bool interrotta_ = false;
+};
+
+/// Deletes the working files that match "temp*" in the folder; any other file so named, which
+/// may be a player's, is given to `cestina` and stays if that returns false.
+void elimina_temporanei(const std::string& cartella,
+                        const std::function<bool(const std::string&)>& cestina);
+
+/// Gives the finished working file its final name in one step; without one, or when it has not
+/// `dimensione` bytes, an old development goes all the same and none takes its place.
+bool completa_sviluppo(const std::string& temporaneo, const std::string& finale,
+                       std::int64_t dimensione);
+
+}  // namespace development

@@ -1,0 +1,39 @@
+#include "development/tabelle.h"
+
+#include "platform/text_file.h"
+
+namespace development {
+
+std::string nome_tabella(bool lotto, int forma, int n, int tipo) {
+    const char* prefisso = "cr";
+    if (lotto) {
+        if (forma < 3 || forma > 5)
+            return "";
+        prefisso = forma == 3 ? "tr" : forma == 4 ? "qt" : "cn";
+    }
+    return prefisso + std::string(n < 10 ? "0" : "") + std::to_string(n) + "0" +
+           std::to_string(tipo) + ".rid";
+}
+
+TabellaPosizioni leggi_tabella(const std::string& nome, int k, int n) {
+    TabellaPosizioni tabella;
+    tabella.k = k;
+    platform::TextReader file;
+    if (k < 1 || !file.apri(nome))
+        return tabella;
+    tabella.letta = true;
+    while (!file.eof()) {
+        const std::size_t inizio = tabella.posizioni.size();
+        for (int i = 0; i < k; ++i) {
+            std::uint8_t p = 0;
+            if (!file.intero(p) || p < 1 || p > n) {
+                tabella.posizioni.resize(inizio);
+                return tabella;
+            }
+            tabella.posizioni.push_back(p);
+        }
+    }
+    return tabella;
+}
+
+}  // namespace development
