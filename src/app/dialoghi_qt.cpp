@@ -1,0 +1,64 @@
+#include "app/dialoghi_qt.h"
+
+#include "app/form1.h"
+#include "systems/form2.h"
+#include "viewer/formeuro.h"
+
+namespace app {
+
+namespace {
+
+/// Each dialog is loaded anew for each use; one that is open already makes room.
+void chiudi(QPointer<QWidget>& finestra) {
+    if (finestra)
+        finestra->close();
+    delete finestra;
+}
+
+}  // namespace
+
+void DialoghiQt::gestore_salva(Form1& form1) {
+    chiudi(gestore_);
+    auto* form2 = new systems::Form2(form1);
+    gestore_ = form2;
+    form2->modo_salva();
+    form2->exec();
+    chiudi(gestore_);
+}
+
+void DialoghiQt::gestore_apri(Form1& form1) {
+    chiudi(gestore_);
+    auto* form2 = new systems::Form2(form1);
+    gestore_ = form2;
+    form2->modo_apri();
+    form2->show();
+}
+
+void DialoghiQt::gestore_utility(Form1& form1) {
+    chiudi(gestore_);
+    auto* form2 = new systems::Form2(form1);
+    gestore_ = form2;
+    form2->modo_utility();
+    form2->show();
+}
+
+void DialoghiQt::importo_colonna(Form1& form1) {
+    chiudi(importo_);
+    auto* form = new viewer::formeuro(form1);
+    importo_ = form;
+    form->show();
+}
+
+void DialoghiQt::visualizza_sviluppo(Form1& /*form1*/) {}
+void DialoghiQt::spoglio(Form1& /*form1*/) {}
+void DialoghiQt::stampa(Form1& /*form1*/) {}
+void DialoghiQt::informazioni(Form1& /*form1*/) {}
+void DialoghiQt::guida(Form1& /*form1*/) {}
+void DialoghiQt::sito(Form1& /*form1*/) {}
+
+void DialoghiQt::chiudi_tutti() {
+    chiudi(gestore_);
+    chiudi(importo_);
+}
+
+}  // namespace app

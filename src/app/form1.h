@@ -1,0 +1,194 @@
+// The main form: the hub of controls and shared state that every other form reads.
+#pragma once
+
+#include <array>
+
+#include <QAction>
+#include <QLabel>
+#include <QMainWindow>
+#include <QProgressBar>
+#include <QPushButton>
+
+#include "crossword/matrice.h"
+#include "crossword/tipi.h"
+#include "development/elaborazione.h"
+#include "platform/controls.h"
+#include "platform/flexgrid.h"
+#include "systems/file_sistema.h"
+
+namespace app {
+
+/// Opens the dialogs for the main form, which knows none of them.
+class Dialoghi;
+
+class Form1 : public QMainWindow {
+    Q_OBJECT
+public:
+    /// `dialoghi` is not owned and outlives the form.
+    explicit Form1(Dialoghi& dialoghi);
+    ~Form1() override;
+
+    // Shared state.
+    crossword::Matrice matrice;
+    bool salvato = false;
+    bool lotto = false;
+    crossword::Matsis matsis;
+
+    /// Name of the system in line; written together with the caption of `lblsistema`.
+    [[nodiscard]] QString Tag() const { return lblsistema->text(); }
+    void sistema_in_linea(const QString& nome);
+    /// Numbers of a Lotto combination from `Frame9.Tag`, 0 when it is no number.
+    [[nodiscard]] int forma() const;
+    [[nodiscard]] int righe() const;
+    [[nodiscard]] int colonne() const;
+    /// True while an elaboration runs.
+    [[nodiscard]] bool in_elaborazione() const { return in_elaborazione_; }
+
+    // Start and end.
+    void Form_Load();
+    void inizializza();
+    void pulisci();
+
+    // Game modes.
+    void Image8_Click();
+    void Image10_Click();
+    void Imageb_Click(int Index);
+    void nuovo_cruciverba();
+    void resetta();
+    void inizializza_lotto();
+    void inizializza_superenalotto();
+
+    // File menu.
+    void mnunuovo_Click();
+    void mnuapri_Click();
+    void mnusalva_Click();
+    void mnusalvanome_Click();
+    void salva_sistema(bool& esito);
+    void controllo_salvataggio();
+    void mnugest_sist_Click();
+    /// The system as it stands on the screen, in the form both writers save.
+    [[nodiscard]] systems::Sistema sistema_a_schermo();
+
+    // Crossword.
+    void modifica_griglia(std::uint8_t non_usato);
+    void svuota();
+    void colore_griglia();
+    void CMDnum_Click(int Index);
+    void rimuovi();
+    void abilita_disabilita(std::int16_t riga, std::int16_t colonna);
+    void cruciverba_completo(bool& esito) const;
+    std::int16_t aggiorna_lista();
+    void List1_Click();
+
+    // Types and counts.
+    void carica_combo(bool game, std::uint8_t& quale, std::int16_t N);
+    void INIZIZLAIZZA_MATSIS();
+    void Inizializza1();
+    void totale_combinazioni();
+    void controlo_colonne(const QString& nome, bool& esiste) const;
+    void Combo3_Click();
+    void Combo4_Click();
+    void Combo5_Click();
+
+    // Development.
+    void cmd_elabora();
+    void controllo_ripetizioni(std::uint8_t lunghezza, const QString& estensione);
+    void sviluppo();
+    void verifica_spoglio(bool& pronto);
+    void mnuRipetizioniCon_Click();
+    void mnuRipetizioniSenza_Click();
+
+    // Price.
+    void importo();
+    QString calcolo_importo(std::int32_t columns);
+
+    // Controls.
+    platform::Frame* Picture2 = nullptr;
+    std::array<platform::Image*, 9> Image3{};
+    platform::Frame* Frame1 = nullptr;
+    platform::Frame* Frame2 = nullptr;
+    platform::Frame* Frame3 = nullptr;
+    platform::Frame* Frame4 = nullptr;
+    platform::Frame* Frame5 = nullptr;
+    platform::Frame* Frame6 = nullptr;
+    platform::Frame* Frame7 = nullptr;
+    platform::Frame* Frame8 = nullptr;
+    platform::Frame* Frame9 = nullptr;
+    platform::Frame* Frame10 = nullptr;
+    std::array<QPushButton*, 91> CMDnum{};
+    platform::MSFlexGrid* MSFlexGrid1 = nullptr;
+    platform::MSFlexGrid* MSFlexGrid2 = nullptr;
+    platform::ComboBox* Combo1 = nullptr;
+    platform::ComboBox* Combo2 = nullptr;
+    platform::ComboBox* Combo3 = nullptr;
+    platform::ComboBox* Combo4 = nullptr;
+    platform::ComboBox* Combo5 = nullptr;
+    platform::ComboBox* Combo6 = nullptr;
+    platform::ListBox* List1 = nullptr;
+    platform::Image* Image7 = nullptr;
+    platform::Image* Image8 = nullptr;
+    platform::Image* Image9 = nullptr;
+    platform::Image* Image10 = nullptr;
+    std::array<platform::Image*, 3> Imageb{};
+    std::array<platform::Image*, 3> Imagey{};
+    QPushButton* cmdstat = nullptr;
+    QPushButton* cmdstat2 = nullptr;
+    QLabel* lblsistema = nullptr;
+    QLabel* lblngioco = nullptr;
+    QLabel* lblimportotot = nullptr;
+    QLabel* lblnumquote = nullptr;
+    QLabel* lblquote = nullptr;
+    std::array<QLabel*, 2> lblvaluta{};
+    platform::UpDown* UpDown2 = nullptr;
+    QProgressBar* ProgressBar1 = nullptr;
+
+    QAction* mnunuovo = nullptr;
+    QAction* mnuapri = nullptr;
+    QAction* mnusalva = nullptr;
+    QAction* mnusalvanome = nullptr;
+    QAction* mnuRipetizioniSenza = nullptr;
+    QAction* mnuRipetizioniCon = nullptr;
+    QAction* mnuEsci = nullptr;
+    QAction* mnugest_sist = nullptr;
+    QAction* mnuImportocolonna = nullptr;
+    QAction* mnuaiuto = nullptr;
+    QAction* mnuweb = nullptr;
+    QAction* mnuinfo = nullptr;
+
+protected:
+    void closeEvent(QCloseEvent* evento) override;
+
+private:
+    // Layout, each routine one area of the window.
+    void crea_menu();
+    void crea_comandi();
+    void crea_tabellone();
+    void crea_cruciverba();
+    void crea_lista();
+    void crea_giochi();
+    void crea_generatori();
+    void crea_riepilogo();
+    void crea_importo();
+    void collega();
+    void ordine_tastiera();
+
+    void Image3_Click(int Index);
+    void Form_KeyDown_Canc();
+    void aggiorna_lblngioco();
+    void UpDown2_Change();
+    void carica_dimensioni(int da);
+    void tipo_riga(int riga, int n, int indice);
+
+    // Steps of the elaboration.
+    [[nodiscard]] bool nome_per_elaborare(const QString& domanda, const QString& titolo);
+    [[nodiscard]] development::Richiesta richiesta() const;
+    bool avanza(std::int32_t righe, bool muovi);
+    [[nodiscard]] development::Conclusione sviluppa_in(const QString& finale);
+    [[nodiscard]] bool esegui_elaborazione();
+
+    Dialoghi& dialoghi_;
+    bool in_elaborazione_ = false;
+    bool chiusura_chiesta_ = false;
+};
+
+}  // namespace app

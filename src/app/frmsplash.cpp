@@ -1,0 +1,86 @@
+#include "app/frmsplash.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+#include "platform/application.h"
+#include "platform/desktop.h"
+#include "platform/disk.h"
+
+namespace app {
+
+namespace {
+
+constexpr QSize misura(480, 280);
+constexpr int battiti_totali = 10;
+
+}  // namespace
+
+frmSplash::frmSplash(std::function<void()> carica, std::function<void()> mostra)
+    : QWidget(nullptr, Qt::SplashScreen), carica_(std::move(carica)), mostra_(std::move(mostra)) {
+    setObjectName("frmSplash");
+    setWindowTitle("Tabellino");
+    setAttribute(Qt::WA_DeleteOnClose);
+    setFixedSize(misura);
+    Image1_1 = new platform::Image(":/splash.svg", misura, this);
+    Image1_1->setObjectName(platform::membro("Image1", 1));
+    Image1_1->setGeometry(QRect(QPoint(0, 0), misura));
+    Image1_0 = new platform::Image(":/splash_palla.svg", {64, 64}, this);
+    Image1_0->setObjectName(platform::membro("Image1", 0));
+    Image1_0->setGeometry(390, 190, 64, 64);
+    auto* titolo = new QLabel("Tabellino", this);
+    titolo->setProperty("titolo_splash", true);
+    titolo->setGeometry(26, 188, 280, 44);
+    lblVersion = new QLabel("Versione " + platform::q(platform::App().versione()), this);
+    lblVersion->setObjectName("lblVersion");
+    lblVersion->setProperty("su_scuro", true);
+    lblVersion->setGeometry(28, 232, 280, 20);
+    Command1 = new QPushButton("Start", this);
+    Command1->setObjectName("Command1");
+    Command1->hide();
+    for (platform::Image* immagine : {Image1_0, Image1_1}) {
+        immagine->setFocusPolicy(Qt::NoFocus);
+        immagine->setAccessibleName("Avvia Tabellino");
+        connect(immagine, &QAbstractButton::clicked, this, &frmSplash::Command1_Click);
+    }
+    connect(Command1, &QPushButton::clicked, this, &frmSplash::Command1_Click);
+    Timer1 = new QTimer(this);
+    Timer1->setObjectName("Timer1");
+    Timer1->setInterval(500);
+    connect(Timer1, &QTimer::timeout, this, &frmSplash::Timer1_Timer);
+    Timer1->start();
+    if (const QScreen* schermo = QGuiApplication::primaryScreen()) {
+        move(schermo->availableGeometry().center() - rect().center());
+    }
+}
+
+void frmSplash::Timer1_Timer() {
+    Image1_0->setVisible(!Image1_0->isVisible());
+    if (++battiti_ == battiti_totali)
+        Command1_Click();
+}
+
+void frmSplash::Command1_Click() {
+    if (!Timer1->isActive())
+        return;
+    Timer1->stop();
+    platform::scrivi(platform::App().file("act"), "");
+    platform::MousePointer(11);
+    carica_();
+    platform::DoEvents();
+    mostra_();
+    close();
+    platform::MousePointer(0);
+}
+
+void frmSplash::keyPressEvent(QKeyEvent* /*evento*/) {
+    if (!Timer1->isActive())
+        return;
+    Timer1->stop();
+    hide();
+    carica_();
+    mostra_();
+    close();
+}
+
+}  // namespace app

@@ -1,0 +1,124 @@
+#include "app/stile.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QPalette>
+#include <QStyleFactory>
+
+/// A static library's resources are linked in only when somebody asks for them; the macro works
+/// in the global namespace alone.
+static void carica_risorse() {
+    Q_INIT_RESOURCE(tabellino);
+}
+
+namespace app {
+
+namespace {
+
+// Navy, pale blue, yellow and white come with the controls; amber is the one accent.
+const char* const foglio = R"(
+QWidget { color: #10203A; }
+QMainWindow, QDialog { background: #E9F1F8; }
+QToolTip { background: #FFFFE1; color: #10203A; border: 1px solid #6C84B6; padding: 3px; }
+QMenuBar { background: #E9F1F8; border-bottom: 1px solid #B9CBE0; }
+QMenuBar::item { padding: 4px 10px; background: transparent; }
+QMenuBar::item:selected { background: #000080; color: white; }
+QMenu { background: white; border: 1px solid #8FA6C8; }
+QMenu::item { padding: 5px 28px 5px 26px; }
+QMenu::item:selected { background: #000080; color: white; }
+QMenu::item:disabled { color: #9AA7B8; }
+QMenu::separator { height: 1px; background: #D4DFEC; margin: 3px 8px; }
+
+QPushButton { background: qlineargradient(x1:0,y1:0,x2:0,y2:1, stop:0 #FFFFFF, stop:1 #E3ECF6);
+    border: 1px solid #7E97BE; border-radius: 4px; padding: 2px 10px; }
+QPushButton:hover { border-color: #E07B00; background: #FFF8EC; }
+QPushButton:pressed { background: #D8EEFE; }
+QPushButton:focus { border: 1px solid #E07B00; }
+QPushButton:default { border: 1px solid #000080; font-weight: bold; }
+QPushButton:disabled { color: #9AA7B8; background: #EEF2F7; border-color: #C9D4E2; }
+QPushButton[numero="true"] { border-radius: 2px; padding: 0; border: 1px solid #A9BCD6;
+    background: white; color: #000080; }
+QPushButton[numero="true"]:hover { background: #FFFF00; border-color: #000080; }
+QPushButton[numero="true"]:focus { border: 2px solid #E07B00; }
+QPushButton[numero="true"]:disabled { background: #E4EAF2; color: #A3AFC0; border-color: #CFD9E6; }
+
+QLabel[titolo="true"] { color: #000080; font-weight: bold; }
+QLabel[valore="true"] { background: #F4F9FE; border: 1px solid #B9CBE0; border-radius: 3px;
+    padding: 0 6px; font-weight: bold; color: #000080; }
+QLabel[su_scuro="true"] { color: #D8EEFE; }
+QLabel[titolo_splash="true"] { color: white; font-size: 32px; font-weight: bold; }
+
+QComboBox { background: white; border: 1px solid #7E97BE; border-radius: 3px; padding: 0 4px 0 6px; }
+QComboBox::drop-down { border: 0; width: 18px; }
+QComboBox::down-arrow { image: url(:/freccia_giu.svg); width: 12px; height: 12px; }
+QSpinBox { background: white; border: 1px solid #7E97BE; border-radius: 3px; }
+QSpinBox::up-button { subcontrol-origin: border; subcontrol-position: top left; width: 18px;
+    height: 11px; border: 0; }
+QSpinBox::down-button { subcontrol-origin: border; subcontrol-position: bottom left; width: 18px;
+    height: 11px; border: 0; }
+QSpinBox::up-button:hover, QSpinBox::down-button:hover { background: #FFFF00; }
+QSpinBox::up-arrow { image: url(:/freccia_su.svg); width: 10px; height: 10px; }
+QSpinBox::down-arrow { image: url(:/freccia_giu.svg); width: 10px; height: 10px; }
+QSpinBox:focus { border-color: #E07B00; }
+QScrollBar:vertical { background: #E9F1F8; width: 12px; border: 0; }
+QScrollBar::handle:vertical { background: #A9BCD6; min-height: 24px; border-radius: 4px; margin: 1px 2px; }
+QScrollBar::handle:vertical:hover { background: #000080; }
+QScrollBar:horizontal { background: #E9F1F8; height: 14px; border: 0; }
+QScrollBar::handle:horizontal { background: #A9BCD6; min-width: 24px; border-radius: 4px; margin: 2px 1px; }
+QScrollBar::handle:horizontal:hover { background: #000080; }
+QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; border: 0; }
+QScrollBar::add-page, QScrollBar::sub-page { background: none; }
+QMessageBox, QDialogButtonBox { button-layout: 0; dialogbuttonbox-buttons-have-icons: 0; }
+QComboBox:focus { border-color: #E07B00; }
+QComboBox:disabled { background: #EEF2F7; color: #9AA7B8; border-color: #C9D4E2; }
+QComboBox[in_griglia="true"] { border-radius: 0; border: 1px solid #B9CBE0; }
+QComboBox[in_griglia="true"]:focus { border-color: #E07B00; }
+QComboBox QAbstractItemView { background: white; border: 1px solid #7E97BE;
+    selection-background-color: #000080; selection-color: white; }
+
+QTableView { background: white; gridline-color: #B9CBE0; border: 1px solid #7E97BE; }
+QTableView:focus { border: 1px solid #E07B00; }
+QListView, QTreeView { background: white; border: 1px solid #B9CBE0; border-radius: 3px; }
+QListView:focus, QTreeView:focus { border-color: #E07B00; }
+QListView::item { padding: 1px 8px 1px 2px; }
+QListView::item:selected, QTreeView::item:selected { background: #000080; color: white; }
+QTreeView::item { height: 22px; }
+QHeaderView::section { background: #000080; color: white; border: 0; padding: 4px;
+    border-right: 1px solid #5C6FA8; }
+QLineEdit { background: white; border: 1px solid #7E97BE; border-radius: 3px; padding: 1px 5px;
+    selection-background-color: #000080; }
+QLineEdit:focus { border-color: #E07B00; }
+
+QTabBar::tab { background: #D5E2F0; border: 1px solid #A9BCD6; border-bottom: 0; padding: 5px 16px;
+    border-top-left-radius: 4px; border-top-right-radius: 4px; margin-right: 2px; }
+QTabBar::tab:selected { background: white; color: #000080; font-weight: bold;
+    border-top: 2px solid #E07B00; }
+QProgressBar { background: #D5E2F0; border: 0; border-radius: 4px; }
+QProgressBar::chunk { background: #000080; border-radius: 4px; }
+)";
+
+}  // namespace
+
+void applica_stile(QApplication& applicazione) {
+    carica_risorse();
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QFont carattere("Liberation Sans");
+    carattere.setStyleHint(QFont::SansSerif);
+    carattere.setPixelSize(12);
+    QApplication::setFont(carattere);
+    QPalette tavolozza;
+    tavolozza.setColor(QPalette::Window, QColor("#E9F1F8"));
+    tavolozza.setColor(QPalette::WindowText, QColor("#10203A"));
+    tavolozza.setColor(QPalette::Base, Qt::white);
+    tavolozza.setColor(QPalette::Text, QColor("#10203A"));
+    tavolozza.setColor(QPalette::Button, QColor("#E3ECF6"));
+    tavolozza.setColor(QPalette::ButtonText, QColor("#10203A"));
+    tavolozza.setColor(QPalette::Mid, QColor("#A9BCD6"));
+    tavolozza.setColor(QPalette::Link, QColor("#000080"));
+    tavolozza.setColor(QPalette::Highlight, QColor("#000080"));
+    tavolozza.setColor(QPalette::HighlightedText, Qt::white);
+    QApplication::setPalette(tavolozza);
+    applicazione.setStyleSheet(foglio);
+}
+
+}  // namespace app

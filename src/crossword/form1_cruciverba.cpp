@@ -1,0 +1,184 @@
+// The crossword on the screen: grid, board of numbers, list of numbers in play.
+#include <QSignalBlocker>
+
+#include "app/form1.h"
+#include "crossword/linee.h"
+#include "platform/desktop.h"
+#include "platform/runtime.h"
+
+namespace app {
+
+using platform::DoEvents;
+using platform::LockWindowUpdate;
+using platform::MousePointer;
+
+namespace {
+
+/// Background of the six steps of the highlight.
+constexpr std::array<int, 6> colori_lista = {65535, 65280, 255, 16776960, 16761087, 16761024};
+constexpr int bianco = 16777215;
+
+/// Size of the grid for so many cells, in twips: at most ten rows show at a time.
+int altezza_griglia(int righe, int colonne) {
+    if (righe < 11 && colonne >= 11)
+        return righe * 300 + 45;
+    return righe < 10 ? righe * 300 + 105 : 3045;
+}
+
+int larghezza_griglia(int righe, int colonne) {
+    return colonne * 300 + (righe >= 11 ? 45 : 105);
+}
+
+}  // namespace
+
+void Form1::modifica_griglia(std::uint8_t /*non_usato*/) {
+    List1->Clear();
+    colore_griglia();
+    lblngioco->setText(QString());
+    const int c = colonne();
+    const int r = righe();
+    matrice = crossword::Matrice(c, r);
+    MSFlexGrid1->setUpdatesEnabled(false);
+    MSFlexGrid1->set_Rows(r);
+    MSFlexGrid1->set_Cols(c);
+    for (int i = 0; i < c; ++i) MSFlexGrid1->ColWidth(i, 300);
+    for (int i = 0; i < r; ++i) MSFlexGrid1->RowHeight(i, 300);
+    MSFlexGrid1->misura(
+        {platform::px(larghezza_griglia(r, c)), platform::px(altezza_griglia(r, c))});
+    MSFlexGrid1->move((Frame1->width() - MSFlexGrid1->width()) / 2,
+                      (Frame1->height() - MSFlexGrid1->height()) / 2);
+    svuota();
+    MSFlexGrid1->setUpdatesEnabled(true);
+    MSFlexGrid2->set_testo(1, 1, Combo2->Text());
+    std::uint8_t quale = 2;
+    carica_combo(lotto, quale, static_cast<std::int16_t>(r));
+    MSFlexGrid2->set_testo(2, 1, Combo1->Text());
+    quale = 1;
+    carica_combo(lotto, quale, static_cast<std::int16_t>(c));
+    if (Combo1->Text() == Combo2->Text()) {
+        MSFlexGrid2->set_testo(3, 1, lotto ? "2" : "6");
+        quale = 3;
+        carica_combo(lotto, quale, static_cast<std::int16_t>(c));
+        Combo5->setEnabled(true);
+    } else {
+        Combo5->Clear();
+        Combo5->setEnabled(false);
+        MSFlexGrid2->set_testo(3, 1, QString());
+        MSFlexGrid2->set_testo(3, 3, QString());
+        MSFlexGrid2->set_testo(5, 3, QString());
+    }
+    for (int i = 1; i <= 90; ++i) {
+        QPushButton* numero = CMDnum[static_cast<std::size_t>(i)];
+        numero->setEnabled(true);
+        platform::set_Tag(numero, QString());
+    }
+    MSFlexGrid1->cella(0, 0);
+}
+
+void Form1::svuota() {
+    for (int r = 0; r < MSFlexGrid1->Rows(); ++r) {
+        for (int c = 0; c < MSFlexGrid1->Cols(); ++c) MSFlexGrid1->set_testo(r, c, QString());
+    }
+    for (int i = 1; i <= 90; ++i) CMDnum[static_cast<std::size_t>(i)]->setVisible(true);
+}
+
+void Form1::colore_griglia() {
+    const QSignalBlocker fermo(MSFlexGrid1->model());
+    // Both loops run to the count of rows: the columns beyond it keep their highlight.
+    for (int r = 0; r < righe(); ++r) {
+        for (int c = 0; c < righe(); ++c) {
+            MSFlexGrid1->set_sfondo(r, c, platform::colore(bianco));
+        }
+    }
+    platform::set_Tag(List1, "0");
+    MSFlexGrid1->viewport()->update();
+}
+
+void Form1::CMDnum_Click(int Index) {
+    if (in_elaborazione_)
+        return;
+    MousePointer(11);
+    DoEvents();
+    LockWindowUpdate(this);
+    colore_griglia();
+    salvato = false;
+    MSFlexGrid1->set_Text(QString::number(Index));
+    matrice.scrivi(MSFlexGrid1->Col(), MSFlexGrid1->Row(), static_cast<std::int16_t>(Index));
+    if (MSFlexGrid1->Col() < matrice.ubound(1)) {
+        MSFlexGrid1->set_Col(MSFlexGrid1->Col() + 1);
+    } else {
+        MSFlexGrid1->set_Col(0);
+        MSFlexGrid1->set_Row(MSFlexGrid1->Row() < matrice.ubound(2) ? MSFlexGrid1->Row() + 1 : 0);
+    }
+    abilita_disabilita(static_cast<std::int16_t>(MSFlexGrid1->Row()),
+                       static_cast<std::int16_t>(MSFlexGrid1->Col()));
+    lblngioco->setText(QString::number(aggiorna_lista()));
+    MSFlexGrid1->setFocus();
+    MousePointer(0);
+    DoEvents();
+    LockWindowUpdate(nullptr);
+}
+
+void Form1::rimuovi() {
+    if (in_elaborazione_)
+        return;
+    salvato = false;
+    MSFlexGrid1->set_Text(QString());
+    matrice.scrivi(MSFlexGrid1->Col(), MSFlexGrid1->Row(), 0);
+    abilita_disabilita(static_cast<std::int16_t>(MSFlexGrid1->Row()),
+                       static_cast<std::int16_t>(MSFlexGrid1->Col()));
+}
+
+void Form1::abilita_disabilita(std::int16_t riga, std::int16_t colonna) {
+    MousePointer(11);
+    DoEvents();
+    LockWindowUpdate(this);
+    const std::bitset<91> vietati = crossword::numeri_sulle_linee(matrice, riga, colonna);
+    for (std::size_t i = 0; i <= 90; ++i) {
+        QPushButton* numero = CMDnum[i];
+        const bool vietato = vietati.test(i);
+        if (numero->isEnabled() == vietato)
+            numero->setEnabled(!vietato);
+        platform::set_Tag(numero, vietato ? "0" : QString());
+        if (i > 0)
+            numero->setVisible(true);
+    }
+    MousePointer(0);
+    DoEvents();
+    LockWindowUpdate(nullptr);
+}
+
+void Form1::cruciverba_completo(bool& esito) const {
+    esito = crossword::cruciverba_completo(matrice);
+}
+
+std::int16_t Form1::aggiorna_lista() {
+    List1->Clear();
+    const std::vector<int> numeri = crossword::numeri_in_gioco(matrice);
+    for (const int n : numeri) {
+        List1->AddItem(platform::q(crossword::testo_lista(n)));
+        List1->item(List1->count() - 1)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    }
+    return static_cast<std::int16_t>(numeri.size());
+}
+
+void Form1::List1_Click() {
+    if (List1->currentItem() == nullptr)
+        return;
+    const double numero = platform::Val(platform::s(List1->currentItem()->text()));
+    const int passo = platform::Tag(List1).toInt();
+    const int nuovo = passo < 6 ? passo + 1 : 1;
+    if (nuovo == 1)
+        colore_griglia();
+    platform::set_Tag(List1, QString::number(nuovo));
+    const QColor evidenza = platform::colore(colori_lista[static_cast<std::size_t>(nuovo - 1)]);
+    for (int r = 0; r < MSFlexGrid1->Rows(); ++r) {
+        for (int c = 0; c < MSFlexGrid1->Cols(); ++c) {
+            if (platform::Val(platform::s(MSFlexGrid1->testo(r, c))) == numero) {
+                MSFlexGrid1->set_sfondo(r, c, evidenza);
+            }
+        }
+    }
+}
+
+}  // namespace app

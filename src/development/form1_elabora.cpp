@@ -1,0 +1,250 @@
+// Elaboration from the main form, with its prompts and its progress.
+#include <QMenuBar>
+
+#include "app/dialoghi.h"
+#include "app/form1.h"
+#include "development/ripetizioni.h"
+#include "platform/application.h"
+#include "platform/desktop.h"
+#include "platform/disk.h"
+#include "platform/runtime.h"
+
+namespace app {
+
+using development::Conclusione;
+using platform::App;
+using platform::MsgBox;
+using platform::Pulsanti;
+using platform::vbYes;
+
+namespace {
+
+/// A bar without a range would show the busy pattern: below 1 its end counts as 1.
+void barra(QProgressBar* barra, int massimo) {
+    barra->setRange(0, qMax(1, massimo));
+    barra->setValue(0);
+}
+
+QString schema_incompleto() {
+    return "Per procedere all'elaborazione del sistema occorre completare lo schema del "
+           "Cruciverba";
+}
+
+}  // namespace
+
+bool Form1::nome_per_elaborare(const QString& domanda, const QString& titolo) {
+    if (MsgBox(this, {domanda, Pulsanti::si_no, titolo}) != vbYes)
+        return false;
+    dialoghi_.gestore_salva(*this);
+    return !Tag().isEmpty();
+}
+
+development::Richiesta Form1::richiesta() const {
+    development::Richiesta r;
+    r.matrice = matrice;
+    r.lotto = lotto;
+    r.forma = forma();
+    r.tipo_righe = Combo3->ListIndex();
+    r.tipo_colonne = Combo4->ListIndex();
+    r.tipo_diagonali = Combo5->ListIndex();
+    r.cartella = App().Path;
+    r.ridotti = platform::radice(App().Path) + "ridotti";
+    return r;
+}
+
+bool Form1::avanza(std::int32_t righe, bool muovi) {
+    if (muovi)
+        ProgressBar1->setValue(qMin<int>(righe, ProgressBar1->maximum()));
+    platform::DoEvents();
+    return !chiusura_chiesta_;
+}
+
+Conclusione Form1::sviluppa_in(const QString& finale) {
+    // In Lotto the bar stands still while the lines are walked.
+    development::Elaborazione lavoro(richiesta(),
+                                     [this](std::int32_t n) { return avanza(n, !lotto); });
+    const Conclusione esito = lavoro.sviluppa();
+    if (esito == Conclusione::interrotta)
+        return esito;
+    const std::string arrivo = platform::s(finale);
+    if (esito != Conclusione::completa) {
+        // Lines that the disk refused are lost: what is left must not pass for a development.
+        platform::Kill(arrivo);
+        platform::Kill(lavoro.file_temporaneo());
+        return esito;
+    }
+    if (!mnuRipetizioniSenza->isChecked()) {
+        const bool riuscita =
+            platform::sincronizza(lavoro.file_temporaneo()) == platform::Esito::ok &&
+            development::completa_sviluppo(lavoro.file_temporaneo(), arrivo, lavoro.byte_scritti());
+        if (!riuscita)
+            platform::Kill(arrivo);
+        return riuscita ? esito : Conclusione::guasta;
+    }
+    return esito;
+}
+
+void Form1::cmd_elabora() {
+    if (in_elaborazione_)
+        return;
+    bool completo = false;
+    cruciverba_completo(completo);
+    if (!completo) {
+        MsgBox(this,
+               {schema_incompleto(), Pulsanti::ok, "Cruciverba", platform::Icona::informazione});
+        return;
+    }
+    const QString domanda = "Per elaborare il sistema occore prima salvarlo.Vuoi salvare ora?";
+    if (lblsistema->text().isEmpty() && !nome_per_elaborare(domanda, "Cruciverba"))
+        return;
+    if (!salvato) {
+        if (MsgBox(this, {domanda, Pulsanti::si_no, "Cruciverba"}) != vbYes)
+            return;
+        bool esito = false;
+        salva_sistema(esito);
+    }
+    development::elimina_temporanei(
+        App().Path, [](const std::string& nome) { return platform::cestina(platform::q(nome)); });
+    if (!esegui_elaborazione())
+        return;
+    salvato = true;
+    bool esito = false;
+    salva_sistema(esito);
+    MsgBox(this,
+           {"Elaborazione completata.", Pulsanti::ok, "Tabellino", platform::Icona::informazione});
+}
+
+bool Form1::esegui_elaborazione() {
+    const platform::LavoroLungo lavoro;
+    in_elaborazione_ = true;
+    for (QAction* menu : menuBar()->actions()) menu->setEnabled(false);
+    barra(ProgressBar1, platform::leggi_numero(platform::s(MSFlexGrid2->testo(4, 3))) + 1);
+    ProgressBar1->show();
+    const QString estensione = development::estensione_sviluppo(lotto);
+    const QString finale = platform::q(App().file(platform::s(lblsistema->text() + estensione)));
+    if (sviluppa_in(finale) != Conclusione::interrotta && mnuRipetizioniSenza->isChecked()) {
+        controllo_ripetizioni(lotto ? 5 : 6, estensione);
+    }
+    ProgressBar1->hide();
+    for (QAction* menu : menuBar()->actions()) menu->setEnabled(true);
+    in_elaborazione_ = false;
+    if (!chiusura_chiesta_)
+        return true;
+    chiusura_chiesta_ = false;
+    close();
+    return false;
+}
+
+void Form1::controllo_ripetizioni(std::uint8_t /*lunghezza*/, const QString& estensione) {
+    const std::string lavoro = App().file(platform::s("temp" + estensione));
+    const std::string unici = platform::nome_di_lavoro(App().Path);
+    ProgressBar1->setValue(0);
+    const auto tolte = development::togli_ripetizioni(
+        lavoro, unici, [this](std::int32_t n) { return avanza(n, true); });
+    if (chiusura_chiesta_)
+        return;
+    ProgressBar1->setValue(ProgressBar1->maximum());
+    const std::string finale = App().file(platform::s(lblsistema->text() + estensione));
+    const bool fatto = tolte && development::completa_sviluppo(unici, finale, tolte->byte);
+    if (!fatto) {
+        platform::Kill(finale);
+        platform::Kill(unici);
+    }
+    platform::Kill(lavoro);
+    const std::int32_t quante = fatto ? tolte->combinazioni : 0;
+    MSFlexGrid2->set_testo(5, 3, platform::q(platform::Format(quante, platform::Modello::interi)));
+    lblimportotot->setText(
+        calcolo_importo(platform::leggi_numero(platform::s(MSFlexGrid2->testo(5, 3)))));
+    mnusalva_Click();
+}
+
+void Form1::sviluppo() {
+    if (in_elaborazione_)
+        return;
+    bool completo = false;
+    cruciverba_completo(completo);
+    if (!completo) {
+        MsgBox(this,
+               {schema_incompleto(), Pulsanti::ok, "Cruciverba", platform::Icona::informazione});
+        return;
+    }
+    if (Tag().isEmpty() &&
+        !nome_per_elaborare("Per poter visulizzare le colonne del sistema occorre prima "
+                            "salvarlo.\nSalvare ora?",
+                            "Cruciverba")) {
+        return;
+    }
+    if (!salvato) {
+        if (MsgBox(this, {"Sono state apportate delle modifiche alla struttura del cruciverba.\n"
+                          "Per poetr visulizzare lo sviluppo occorre elaborare il sistema.\n"
+                          "Elaborare ora?",
+                          Pulsanti::si_no, "Cruciverba"}) != vbYes) {
+            return;
+        }
+        cmd_elabora();
+    }
+    bool esiste = false;
+    controlo_colonne(Tag(), esiste);
+    if (!esiste) {
+        MsgBox(this, {"Per poter visulizzare lo sviluppo di un sistema bisogna prima elaborarlo.",
+                      Pulsanti::ok, "Tabellino"});
+        return;
+    }
+    dialoghi_.visualizza_sviluppo(*this);
+}
+
+void Form1::verifica_spoglio(bool& pronto) {
+    pronto = false;
+    if (in_elaborazione_)
+        return;
+    bool completo = false;
+    cruciverba_completo(completo);
+    if (!completo) {
+        MsgBox(this, {"Per procedere all'elaborazione del sistema bisogna completare lo schema "
+                      "del cruciverbas",
+                      Pulsanti::ok, "Tabellino"});
+        platform::MousePointer(0);
+        return;
+    }
+    if (Tag().isEmpty() &&
+        !nome_per_elaborare("Per visualizzare le colonne del sistema si deve prima salvare il "
+                            "sistema.\nSalvare ora?",
+                            "Tabellino")) {
+        platform::MousePointer(0);
+        return;
+    }
+    if (!salvato) {
+        if (MsgBox(this, {"Per visualizzare lo sviluppo si deve elaborare il sistema.\n"
+                          "Elaborare ora?",
+                          Pulsanti::si_no, "Tabellino"}) != vbYes) {
+            return;
+        }
+        cmd_elabora();
+    }
+    bool esiste = false;
+    controlo_colonne(Tag(), esiste);
+    if (!esiste) {
+        if (MsgBox(this, {"Per effettuare lo spoglio del sistema si deve prima effettuare "
+                          "l'elaborazione. Elaborare ora?",
+                          Pulsanti::si_no, "Tabellino"}) != vbYes) {
+            return;
+        }
+        cmd_elabora();
+    }
+    pronto = true;
+}
+
+void Form1::mnuRipetizioniCon_Click() {
+    mnuRipetizioniSenza->setChecked(false);
+    mnuRipetizioniCon->setChecked(true);
+    if (!platform::esiste_file(App().file("rip.dat")))
+        platform::scrivi(App().file("rip.dat"), "");
+}
+
+void Form1::mnuRipetizioniSenza_Click() {
+    mnuRipetizioniSenza->setChecked(true);
+    mnuRipetizioniCon->setChecked(false);
+    platform::Kill(App().file("rip.dat"));
+}
+
+}  // namespace app

@@ -1,0 +1,31 @@
+#include <QApplication>
+#include <QIcon>
+
+#include "app/dialoghi_qt.h"
+#include "app/form1.h"
+#include "app/frmsplash.h"
+#include "app/stile.h"
+#include "platform/application.h"
+
+int main(int argc, char** argv) {
+    platform::Application& app = platform::App();
+    app.Major = TABELLINO_MAJOR;
+    app.Minor = TABELLINO_MINOR;
+    app.Revision = TABELLINO_REVISION;
+    const std::string eseguibile = platform::cartella_eseguibile();
+    app.Path = platform::trova_cartella(eseguibile, eseguibile + "/../share/tabellino");
+    if (app.PrevInstance())
+        return 0;
+
+    QApplication qt(argc, argv);
+    QApplication::setApplicationName("tabellino");
+    QApplication::setDesktopFileName("tabellino");
+    QApplication::setWindowIcon(QIcon(":/tabellino.svg"));
+    app::applica_stile(qt);
+
+    app::DialoghiQt dialoghi;
+    app::Form1 form1(dialoghi);
+    auto* splash = new app::frmSplash([&form1] { form1.Form_Load(); }, [&form1] { form1.show(); });
+    splash->show();
+    return QApplication::exec();
+}

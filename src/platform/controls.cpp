@@ -1,0 +1,214 @@
+#include "platform/controls.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QSvgRenderer>
+#include <QVariant>
+#include <QWheelEvent>
+
+namespace platform {
+
+QString Tag(const QObject* controllo) {
+    return controllo->property("Tag").toString();
+}
+
+void set_Tag(QObject* controllo, const QString& testo) {
+    controllo->setProperty("Tag", testo);
+}
+
+QString membro(const QString& nome, int indice) {
+    return nome + QStringLiteral("(%1)").arg(indice);
+}
+
+QColor colore(int bgr) {
+    return {bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF};
+}
+
+ComboBox::ComboBox(QWidget* padre) : QComboBox(padre) {
+    connect(this, &QComboBox::activated, this, [this] {
+        adatta();
+        Q_EMIT Click();
+    });
+}
+
+bool ComboBox::set_Text(const QString& testo) {
+    return set_ListIndex(findText(testo));
+}
+
+bool ComboBox::set_ListIndex(int indice) {
+    if (indice < 0 || indice >= count())
+        return false;
+    setCurrentIndex(indice);
+    adatta();
+    Q_EMIT Click();
+    return true;
+}
+
+void ComboBox::AddItem(const QString& testo) {
+    // The first item added must not select itself: nothing is chosen until code says so.
+    const int prima = currentIndex();
+    addItem(testo);
+    setCurrentIndex(prima);
+}
+
+void ComboBox::Clear() {
+    clear();
+    adatta();
+}
+
+void ComboBox::wheelEvent(QWheelEvent* evento) {
+    evento->ignore();
+}
+
+void ComboBox::resizeEvent(QResizeEvent* evento) {
+    QComboBox::resizeEvent(evento);
+    adatta();
+}
+
+bool ComboBox::event(QEvent* evento) {
+    const bool esito = QComboBox::event(evento);
+    if (evento->type() == QEvent::Polish)
+        adatta();
+    return esito;
+}
+
+void ComboBox::adatta() {
+    // Long type names are set narrower rather than cut off.
+    constexpr int freccia = 30;
+    QFont carattere = font();
+    carattere.setStretch(100);
+    const int largo = QFontMetrics(carattere).horizontalAdvance(currentText());
+    const int posto = width() - freccia;
+    const int stretto = largo > posto && posto > 0 ? qMax(70, posto * 100 / largo) : 100;
+    if (stretto != font().stretch()) {
+        carattere.setStretch(stretto);
+        setFont(carattere);
+    }
+}
+
+Image::Image(const QString& risorsa, QSize misura, QWidget* padre)
+    : QAbstractButton(padre),
+      disegno_(new QSvgRenderer(risorsa, this)),
+      misura_(misura),
+      riposo_(Qt::transparent),
+      sopra_(Qt::transparent) {
+    setFocusPolicy(Qt::TabFocus);
+    setAutoFillBackground(false);
+    connect(this, &QAbstractButton::pressed, this, [this] { update(); });
+}
+
+Image::~Image() = default;
+
+void Image::set_sfondi(const QColor& riposo, const QColor& sopra) {
+    riposo_ = riposo;
+    sopra_ = sopra;
+    solleva(rilievo_);
+}
+
+void Image::solleva(bool su) {
+    rilievo_ = su;
+    QPalette tavolozza = palette();
+    tavolozza.setColor(QPalette::Window, su ? sopra_ : riposo_);
+    setPalette(tavolozza);
+    update();
+}
+
+void Image::a_riposo() {
+    solleva(false);
+}
+
+void Image::enterEvent(QEnterEvent* evento) {
+    if (isEnabled())
+        solleva(true);
+    QAbstractButton::enterEvent(evento);
+}
+
+void Image::leaveEvent(QEvent* evento) {
+    solleva(false);
+    QAbstractButton::leaveEvent(evento);
+}
+
+void Image::keyPressEvent(QKeyEvent* evento) {
+    if (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter) {
+        click();
+        return;
+    }
+    QAbstractButton::keyPressEvent(evento);
+}
+
+void Image::paintEvent(QPaintEvent* /*evento*/) {
+    QPainter pittore(this);
+    pittore.setRenderHint(QPainter::Antialiasing);
+    const QRectF bordo = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    const bool visibile = riposo_.alpha() > 0;
+    if (visibile) {
+        pittore.setPen(rilievo_ || hasFocus() ? QPen(QColor(0, 0, 128), 1) : QPen(Qt::NoPen));
+        pittore.setBrush(palette().color(QPalette::Window));
+        pittore.drawRoundedRect(bordo, 4, 4);
+        if (rilievo_ && !isDown()) {
+            pittore.setPen(QPen(QColor(0, 0, 128, 150), 2));
+            pittore.drawLine(QPointF(4, height() - 1.5), QPointF(width() - 4, height() - 1.5));
+        }
+    }
+    const QPointF angolo((width() - misura_.width()) / 2, (height() - misura_.height()) / 2);
+    const QPointF giu = isDown() ? QPointF(1, 1) : QPointF(0, 0);
+    disegno_->render(&pittore, QRectF(angolo + giu, QSizeF(misura_)));
+    if (hasFocus() && !visibile) {
+        pittore.setBrush(Qt::NoBrush);
+        pittore.setPen(QPen(QColor(224, 123, 0), 1, Qt::DotLine));
+        pittore.drawRoundedRect(bordo, 4, 4);
+    }
+}
+
+Frame::Frame(const QString& didascalia, QWidget* padre) : QFrame(padre), didascalia_(didascalia) {
+    setAccessibleName(didascalia.trimmed());
+}
+
+void Frame::set_caption(const QString& testo) {
+    didascalia_ = testo;
+    setAccessibleName(testo.trimmed());
+    update();
+}
+
+void Frame::paintEvent(QPaintEvent* evento) {
+    QFrame::paintEvent(evento);
+    if (!bordo_)
+        return;
+    QPainter pittore(this);
+    pittore.setRenderHint(QPainter::Antialiasing);
+    const QRectF cornice(1.5, 1.5, width() - 3, height() - 3);
+    pittore.setPen(QPen(palette().color(QPalette::Mid), 1));
+    pittore.setBrush(palette().color(QPalette::Base));
+    pittore.drawRoundedRect(cornice, 4, 4);
+    if (didascalia_.isEmpty())
+        return;
+    QFont carattere = font();
+    carattere.setPixelSize(11);
+    carattere.setBold(true);
+    pittore.setFont(carattere);
+    pittore.setPen(palette().color(QPalette::Link));
+    pittore.drawText(QRect(9, 3, width() - 18, 16), Qt::AlignLeft | Qt::AlignVCenter,
+                     didascalia_.trimmed());
+}
+
+ListBox::ListBox(QWidget* padre) : QListWidget(padre) {
+    connect(this, &QListWidget::itemClicked, this, [this] { Q_EMIT Click(); });
+}
+
+void ListBox::keyPressEvent(QKeyEvent* evento) {
+    const int prima = currentRow();
+    QListWidget::keyPressEvent(evento);
+    const bool conferma = evento->key() == Qt::Key_Space || evento->key() == Qt::Key_Return;
+    if (currentRow() >= 0 && (currentRow() != prima || conferma))
+        Q_EMIT Click();
+}
+
+UpDown::UpDown(QWidget* padre) : QSpinBox(padre) {
+    setRange(1, 999);
+    // Only the arrows belong to this control: the number has a label of its own.
+    lineEdit()->hide();
+    setKeyboardTracking(false);
+}
+
+}  // namespace platform

@@ -1,0 +1,120 @@
+// Thin controls with the classic semantics over standard Qt widgets.
+#pragma once
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QFrame>
+#include <QListWidget>
+#include <QSpinBox>
+#include <QString>
+
+class QSvgRenderer;
+
+namespace platform {
+
+/// The free text that a control carries.
+QString Tag(const QObject* controllo);
+void set_Tag(QObject* controllo, const QString& testo);
+
+/// Name of a member of a control array, such as "CMDnum(7)".
+QString membro(const QString& nome, int indice);
+
+/// Colour of a blue-green-red value.
+QColor colore(int bgr);
+
+/// Drop-down list. Choosing an item, or assigning it, always raises `Click`, also when nothing
+/// changes; an assignment that names no item is skipped.
+class ComboBox : public QComboBox {
+    Q_OBJECT
+public:
+    explicit ComboBox(QWidget* padre);
+    [[nodiscard]] QString Text() const { return currentText(); }
+    bool set_Text(const QString& testo);
+    [[nodiscard]] int ListIndex() const { return currentIndex(); }
+    bool set_ListIndex(int indice);
+    void AddItem(const QString& testo);
+    void Clear();
+
+Q_SIGNALS:
+    void Click();
+
+protected:
+    /// A wheel turned over the list on its way elsewhere must not change a system.
+    void wheelEvent(QWheelEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
+    bool event(QEvent* evento) override;
+
+private:
+    void adatta();
+};
+
+/// Picture that acts on a click and shows that the pointer is over it.
+class Image : public QAbstractButton {
+    Q_OBJECT
+public:
+    /// `risorsa` is an SVG, drawn at `lato` x `alto` pixels in the middle of the control.
+    Image(const QString& risorsa, QSize misura, QWidget* padre);
+    ~Image() override;
+    /// Colours of the background at rest and under the pointer.
+    void set_sfondi(const QColor& riposo, const QColor& sopra);
+    void a_riposo();
+    [[nodiscard]] bool in_rilievo() const { return rilievo_; }
+    [[nodiscard]] QSize sizeHint() const override { return misura_; }
+
+protected:
+    void paintEvent(QPaintEvent* evento) override;
+    void enterEvent(QEnterEvent* evento) override;
+    void leaveEvent(QEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
+
+private:
+    void solleva(bool su);
+    QSvgRenderer* disegno_;
+    QSize misura_;
+    QColor riposo_;
+    QColor sopra_;
+    bool rilievo_ = false;
+};
+
+/// Panel with a thin border one pixel inside and a caption on it.
+class Frame : public QFrame {
+    Q_OBJECT
+    Q_PROPERTY(QString caption READ caption WRITE set_caption)
+public:
+    Frame(const QString& didascalia, QWidget* padre);
+    [[nodiscard]] QString caption() const { return didascalia_; }
+    void set_caption(const QString& testo);
+    /// Whether the border is drawn.
+    void set_bordo(bool bordo) { bordo_ = bordo; }
+
+protected:
+    void paintEvent(QPaintEvent* evento) override;
+
+private:
+    QString didascalia_;
+    bool bordo_ = true;
+};
+
+/// List whose `Click` comes from the mouse and from the keyboard alike.
+class ListBox : public QListWidget {
+    Q_OBJECT
+public:
+    explicit ListBox(QWidget* padre);
+    void AddItem(const QString& testo) { addItem(testo); }
+    void Clear() { clear(); }
+
+Q_SIGNALS:
+    void Click();
+
+protected:
+    void keyPressEvent(QKeyEvent* evento) override;
+};
+
+/// Pair of arrows that steps a number shown elsewhere.
+class UpDown : public QSpinBox {
+    Q_OBJECT
+public:
+    explicit UpDown(QWidget* padre);
+};
+
+}  // namespace platform

@@ -1,0 +1,156 @@
+#include "platform/desktop.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QWidget>
+
+namespace platform {
+
+namespace {
+
+std::function<int(const Messaggio&)>& risponditore_in_forza() {
+    static std::function<int(const Messaggio&)> risponditore;
+    return risponditore;
+}
+
+int puntatore = 0;
+int lavori = 0;
+QPointer<QWidget> bloccata;
+
+/// Swallows input while a long job runs.
+class Filtro : public QObject {
+public:
+    bool eventFilter(QObject* oggetto, QEvent* evento) override {
+        switch (evento->type()) {
+            case QEvent::MouseButtonPress:
+            case QEvent::MouseButtonRelease:
+            case QEvent::MouseButtonDblClick:
+            case QEvent::Wheel:
+            case QEvent::KeyPress:
+            case QEvent::KeyRelease:
+            case QEvent::Shortcut:
+            case QEvent::ShortcutOverride:
+            case QEvent::ContextMenu:
+            case QEvent::TouchBegin:
+            case QEvent::TouchUpdate:
+            case QEvent::TouchEnd:
+            case QEvent::Drop:
+                return true;
+            default:
+                return QObject::eventFilter(oggetto, evento);
+        }
+    }
+};
+
+Filtro& filtro() {
+    static Filtro unico;
+    return unico;
+}
+
+}  // namespace
+
+int MsgBox(QWidget* padre, const Messaggio& messaggio) {
+    if (risponditore_in_forza())
+        return risponditore_in_forza()(messaggio);
+    // A frozen window or an hourglass under a box would look like a program that hangs.
+    LockWindowUpdate(nullptr);
+    const int prima = MousePointer();
+    MousePointer(0);
+    QMessageBox box(padre);
+    box.setWindowTitle(messaggio.titolo);
+    box.setText(messaggio.testo);
+    box.setTextFormat(Qt::PlainText);
+    if (messaggio.icona == Icona::informazione)
+        box.setIcon(QMessageBox::Information);
+    if (messaggio.pulsanti == Pulsanti::ok) {
+        box.setStandardButtons(QMessageBox::Ok);
+    } else {
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        if (messaggio.pulsanti == Pulsanti::si_no_annulla) {
+            box.addButton(QMessageBox::Cancel)->setText(QStringLiteral("Annulla"));
+        }
+        box.button(QMessageBox::Yes)->setText(QStringLiteral("&Sì"));
+        box.button(QMessageBox::No)->setText(QStringLiteral("&No"));
+        box.setDefaultButton(QMessageBox::Yes);
+    }
+    const int risposta = box.exec();
+    MousePointer(prima);
+    switch (risposta) {
+        case QMessageBox::Yes:
+            return vbYes;
+        case QMessageBox::No:
+            return vbNo;
+        case QMessageBox::Ok:
+            return vbOK;
+        default:
+            // The close box of a question without "Annulla" must not count as a consent.
+            return messaggio.pulsanti == Pulsanti::ok      ? vbOK
+                   : messaggio.pulsanti == Pulsanti::si_no ? vbNo
+                                                           : vbCancel;
+    }
+}
+
+void rispondi_con(std::function<int(const Messaggio&)> risponditore) {
+    risponditore_in_forza() = std::move(risponditore);
+}
+
+void DoEvents() {
+    static QElapsedTimer orologio;
+    if (orologio.isValid() && orologio.elapsed() < 15)
+        return;
+    QCoreApplication::processEvents(LavoroLungo::in_corso() ? QEventLoop::AllEvents
+                                                            : QEventLoop::ExcludeUserInputEvents);
+    orologio.start();
+}
+
+void MousePointer(int valore) {
+    if (valore == puntatore)
+        return;
+    puntatore = valore;
+    if (valore == 11) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    } else {
+        QApplication::restoreOverrideCursor();
+    }
+}
+
+int MousePointer() {
+    return puntatore;
+}
+
+void LockWindowUpdate(QWidget* finestra) {
+    if (bloccata)
+        bloccata->setUpdatesEnabled(true);
+    bloccata = finestra;
+    if (bloccata)
+        bloccata->setUpdatesEnabled(false);
+}
+
+LavoroLungo::LavoroLungo() {
+    if (lavori++ == 0)
+        qApp->installEventFilter(&filtro());
+}
+
+LavoroLungo::~LavoroLungo() {
+    if (--lavori == 0)
+        qApp->removeEventFilter(&filtro());
+}
+
+bool LavoroLungo::in_corso() {
+    return lavori > 0;
+}
+
+bool cestina(const QString& nome) {
+    return QFile::moveToTrash(nome);
+}
+
+void centra(QWidget* finestra, const QWidget* sotto) {
+    const QPoint centro = sotto->mapToGlobal(sotto->rect().center());
+    finestra->move(centro - QPoint(finestra->width() / 2, finestra->height() / 2));
+}
+
+}  // namespace platform

@@ -1,0 +1,76 @@
+// The desktop: message boxes, pending events, pointer, frozen windows, the trash.
+#pragma once
+
+#include <functional>
+
+#include <QString>
+
+class QWidget;
+
+namespace platform {
+
+/// Answers of a message box, with their classic values.
+inline constexpr int vbOK = 1;
+inline constexpr int vbCancel = 2;
+inline constexpr int vbYes = 6;
+inline constexpr int vbNo = 7;
+
+enum class Pulsanti { ok, si_no, si_no_annulla };
+enum class Icona { nessuna, informazione };
+
+struct Messaggio {
+    QString testo;
+    Pulsanti pulsanti = Pulsanti::ok;
+    QString titolo;
+    Icona icona = Icona::nessuna;
+};
+
+/// Shows a modal box over `padre` (may be null) and returns the answer. Every box of the program
+/// goes through here.
+int MsgBox(QWidget* padre, const Messaggio& messaggio);
+
+/// Puts `risponditore` in place of the boxes; an empty one brings them back.
+void rispondi_con(std::function<int(const Messaggio&)> risponditore);
+
+/// Lets pending events run, at most every 15 ms; input waits, but for a closing during a
+/// `LavoroLungo`.
+void DoEvents();
+
+/// Pointer values: 0 is the default, 11 the hourglass.
+void MousePointer(int valore);
+int MousePointer();
+
+/// Freezes the painting of `finestra`; null releases the one frozen.
+void LockWindowUpdate(QWidget* finestra);
+
+/// While one lives, keys and mouse go nowhere, so that nothing re-enters a running job; painting
+/// and the close box work on.
+class LavoroLungo {
+public:
+    LavoroLungo();
+    ~LavoroLungo();
+    LavoroLungo(const LavoroLungo&) = delete;
+    LavoroLungo& operator=(const LavoroLungo&) = delete;
+    static bool in_corso();
+};
+
+/// Moves a file to the desktop's trash; false when it could not, and then it stays.
+bool cestina(const QString& nome);
+
+/// Centres `finestra` on the client area of `sotto`.
+void centra(QWidget* finestra, const QWidget* sotto);
+
+/// Pixels of a length in twips (15 to the pixel).
+constexpr int px(int twips) {
+    return (twips * 2 + 15) / 30;
+}
+
+/// Text between the logic's UTF-8 and the screen.
+inline QString q(const std::string& testo) {
+    return QString::fromStdString(testo);
+}
+inline std::string s(const QString& testo) {
+    return testo.toStdString();
+}
+
+}  // namespace platform

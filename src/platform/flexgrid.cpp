@@ -1,0 +1,259 @@
+#include "platform/flexgrid.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+
+#include "platform/desktop.h"
+
+namespace platform {
+
+namespace {
+
+/// Paints a cell by its own colours alone, with a border on the current one.
+class Disegno : public QStyledItemDelegate {
+public:
+    explicit Disegno(MSFlexGrid* griglia) : QStyledItemDelegate(griglia), griglia_(griglia) {}
+
+    void paint(QPainter* pittore, const QStyleOptionViewItem& opzione,
+               const QModelIndex& indice) const override {
+        const QVariant sfondo = indice.data(Qt::BackgroundRole);
+        pittore->fillRect(opzione.rect,
+                          sfondo.isValid() ? sfondo.value<QBrush>() : QBrush(Qt::white));
+        const QVariant inchiostro = indice.data(Qt::ForegroundRole);
+        pittore->setPen(inchiostro.isValid() ? inchiostro.value<QBrush>().color()
+                                             : opzione.palette.color(QPalette::Text));
+        const QVariant verso = indice.data(Qt::TextAlignmentRole);
+        const int allineamento = verso.isValid() ? verso.toInt() : int(Qt::AlignCenter);
+        const QVariant carattere = indice.data(Qt::FontRole);
+        pittore->setFont(carattere.isValid() ? carattere.value<QFont>() : opzione.font);
+        const bool ai_lati = (allineamento & Qt::AlignHCenter) == 0;
+        pittore->drawText(opzione.rect.adjusted(ai_lati ? 6 : 0, 0, ai_lati ? -6 : 0, 0),
+                          allineamento | int(Qt::AlignVCenter), indice.data().toString());
+        if (griglia_->cursore() && indice.row() == griglia_->Row() &&
+            indice.column() == griglia_->Col()) {
+            pittore->setPen(QPen(QColor(0xE0, 0x7B, 0x00), 2));
+            pittore->setBrush(Qt::NoBrush);
+            pittore->drawRect(opzione.rect.adjusted(1, 1, -1, -1));
+        }
+    }
+
+private:
+    MSFlexGrid* griglia_;
+};
+
+}  // namespace
+
+MSFlexGrid::MSFlexGrid(QWidget* padre) : QTableWidget(padre) {
+    horizontalHeader()->hide();
+    verticalHeader()->hide();
+    horizontalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->setMinimumSectionSize(1);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(NoSelection);
+    setTabKeyNavigation(false);
+    setHorizontalScrollMode(ScrollPerItem);
+    setVerticalScrollMode(ScrollPerItem);
+    setItemDelegate(new Disegno(this));
+    connect(this, &QTableWidget::currentCellChanged, this, [this] { viewport()->update(); });
+}
+
+void MSFlexGrid::set_Rows(int righe) {
+    const QScopedValueRollback guardia(da_codice_, true);
+    setRowCount(qMax(0, righe));
+    completa_voci();
+    if (riga_ >= righe)
+        riga_ = 0;
+}
+
+void MSFlexGrid::set_Cols(int colonne) {
+    const QScopedValueRollback guardia(da_codice_, true);
+    setColumnCount(qMax(0, colonne));
+    completa_voci();
+    if (colonna_ >= colonne)
+        colonna_ = 0;
+}
+
+void MSFlexGrid::completa_voci() {
+    for (int r = 0; r < rowCount(); ++r) {
+        for (int c = 0; c < columnCount(); ++c) {
+            if (item(r, c) != nullptr)
+                continue;
+            auto* nuova = new QTableWidgetItem;
+            nuova->setBackground(Qt::white);
+            nuova->setTextAlignment(Qt::AlignCenter);
+            setItem(r, c, nuova);
+        }
+    }
+}
+
+QTableWidgetItem* MSFlexGrid::voce(int riga, int colonna) {
+    return riga < 0 || colonna < 0 ? nullptr : item(riga, colonna);
+}
+
+bool MSFlexGrid::set_Row(int riga) {
+    if (riga < 0 || riga >= rowCount())
+        return false;
+    riga_ = riga;
+    sposta();
+    return true;
+}
+
+bool MSFlexGrid::set_Col(int colonna) {
+    if (colonna < 0 || colonna >= columnCount())
+        return false;
+    colonna_ = colonna;
+    sposta();
+    return true;
+}
+
+void MSFlexGrid::sposta() {
+    const QScopedValueRollback guardia(da_codice_, true);
+    setCurrentCell(riga_, colonna_);
+}
+
+void MSFlexGrid::set_Text(const QString& testo) {
+    set_testo(riga_, colonna_, testo);
+}
+
+QString MSFlexGrid::testo(int riga, int colonna) const {
+    const QTableWidgetItem* v = riga < 0 || colonna < 0 ? nullptr : item(riga, colonna);
+    return v != nullptr ? v->text() : QString();
+}
+
+void MSFlexGrid::set_testo(int riga, int colonna, const QString& testo) {
+    if (QTableWidgetItem* v = voce(riga, colonna))
+        v->setText(testo);
+}
+
+void MSFlexGrid::ColWidth(int colonna, int twips) {
+    setColumnWidth(colonna, px(twips));
+}
+
+void MSFlexGrid::RowHeight(int riga, int twips) {
+    setRowHeight(riga, px(twips));
+}
+
+void MSFlexGrid::CellBackColor(const QColor& colore) {
+    if (QTableWidgetItem* v = voce(riga_, colonna_))
+        v->setBackground(colore);
+}
+
+void MSFlexGrid::set_sfondo(int riga, int colonna, const QColor& colore) {
+    if (QTableWidgetItem* v = voce(riga, colonna))
+        v->setBackground(colore);
+}
+
+QColor MSFlexGrid::sfondo(int riga, int colonna) const {
+    const QTableWidgetItem* v = riga < 0 || colonna < 0 ? nullptr : item(riga, colonna);
+    return v != nullptr ? v->background().color() : QColor();
+}
+
+void MSFlexGrid::misura(QSize misura) {
+    resize(misura);
+    const int dx = qMax(0, misura.width() - 2 - horizontalHeader()->length());
+    const int dy = qMax(0, misura.height() - 2 - verticalHeader()->length());
+    // The table sets its own margins anew at every layout; padding is left alone.
+    setStyleSheet(QStringLiteral("QTableView { padding: %1px %2px %3px %4px; }")
+                      .arg(dy / 2)
+                      .arg(dx - dx / 2)
+                      .arg(dy - dy / 2)
+                      .arg(dx / 2));
+}
+
+void MSFlexGrid::CellForeColor(const QColor& colore) {
+    if (QTableWidgetItem* v = voce(riga_, colonna_))
+        v->setForeground(colore);
+}
+
+void MSFlexGrid::CellAlignment(Qt::Alignment verso) {
+    if (QTableWidgetItem* v = voce(riga_, colonna_))
+        v->setTextAlignment(verso);
+}
+
+void MSFlexGrid::currentChanged(const QModelIndex& ora, const QModelIndex& prima) {
+    QTableWidget::currentChanged(ora, prima);
+    if (da_codice_ || !ora.isValid())
+        return;
+    riga_ = ora.row();
+    colonna_ = ora.column();
+    if (!dal_mouse_)
+        Q_EMIT SelChange();
+}
+
+void MSFlexGrid::mousePressEvent(QMouseEvent* evento) {
+    {
+        const QScopedValueRollback guardia(dal_mouse_, true);
+        QTableWidget::mousePressEvent(evento);
+    }
+    // Choosing the cell that is current already counts too.
+    if (evento->button() == Qt::LeftButton && indexAt(evento->pos()).isValid())
+        Q_EMIT SelChange();
+}
+
+void MSFlexGrid::keyPressEvent(QKeyEvent* evento) {
+    // Keys that are no moves belong to the form, above all Canc and the mnemonics.
+    switch (evento->key()) {
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_Home:
+        case Qt::Key_End:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+            QTableWidget::keyPressEvent(evento);
+            break;
+        default:
+            evento->ignore();
+    }
+}
+
+void MSFlexGrid::barra_esterna() {
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    barra_ = new QScrollBar(Qt::Vertical, parentWidget());
+    barra_->setFocusPolicy(Qt::NoFocus);
+    QScrollBar* interna = verticalScrollBar();
+    connect(interna, &QScrollBar::rangeChanged, this, [this](int da, int a) {
+        barra_->setRange(da, a);
+        barra_->setPageStep(verticalScrollBar()->pageStep());
+        sistema_barra();
+    });
+    barra_->setRange(interna->minimum(), interna->maximum());
+    connect(interna, &QScrollBar::valueChanged, barra_, &QScrollBar::setValue);
+    connect(barra_, &QScrollBar::valueChanged, interna, &QScrollBar::setValue);
+    sistema_barra();
+}
+
+void MSFlexGrid::sistema_barra() {
+    if (barra_ == nullptr)
+        return;
+    barra_->setGeometry(x() + width() + 2, y(), 12, height());
+    barra_->setVisible(isVisible() && barra_->maximum() > barra_->minimum());
+}
+
+void MSFlexGrid::resizeEvent(QResizeEvent* evento) {
+    QTableWidget::resizeEvent(evento);
+    sistema_barra();
+}
+
+void MSFlexGrid::moveEvent(QMoveEvent* evento) {
+    QTableWidget::moveEvent(evento);
+    sistema_barra();
+}
+
+void MSFlexGrid::showEvent(QShowEvent* evento) {
+    QTableWidget::showEvent(evento);
+    sistema_barra();
+}
+
+void MSFlexGrid::hideEvent(QHideEvent* evento) {
+    QTableWidget::hideEvent(evento);
+    sistema_barra();
+}
+
+}  // namespace platform

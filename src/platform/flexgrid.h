@@ -1,0 +1,79 @@
+// Grid of texts with a current cell on which the cell properties act.
+#pragma once
+
+#include <QTableWidget>
+
+class QScrollBar;
+
+namespace platform {
+
+class MSFlexGrid : public QTableWidget {
+    Q_OBJECT
+public:
+    explicit MSFlexGrid(QWidget* padre);
+
+    [[nodiscard]] int Rows() const { return rowCount(); }
+    [[nodiscard]] int Cols() const { return columnCount(); }
+    void set_Rows(int righe);
+    void set_Cols(int colonne);
+
+    /// Current cell; an assignment outside the grid fails and leaves it.
+    [[nodiscard]] int Row() const { return riga_; }
+    [[nodiscard]] int Col() const { return colonna_; }
+    bool set_Row(int riga);
+    bool set_Col(int colonna);
+    bool cella(int riga, int colonna) { return set_Row(riga) && set_Col(colonna); }
+
+    [[nodiscard]] QString Text() const { return testo(riga_, colonna_); }
+    void set_Text(const QString& testo);
+    /// Text of any cell, empty outside the grid; the current cell stays.
+    [[nodiscard]] QString testo(int riga, int colonna) const;
+    void set_testo(int riga, int colonna, const QString& testo);
+
+    /// Widths and heights in twips.
+    void ColWidth(int colonna, int twips);
+    void RowHeight(int riga, int twips);
+
+    void CellBackColor(const QColor& colore);
+    /// Background of any cell; the current cell stays.
+    void set_sfondo(int riga, int colonna, const QColor& colore);
+    [[nodiscard]] QColor sfondo(int riga, int colonna) const;
+    void CellForeColor(const QColor& colore);
+    void CellAlignment(Qt::Alignment verso);
+
+    /// Gives the grid a size and centres the cells in what is left of it.
+    void misura(QSize misura);
+    /// Marks the current cell with a border of its own.
+    void cursore_visibile(bool visibile) { cursore_ = visibile; }
+    [[nodiscard]] bool cursore() const { return cursore_; }
+    /// Puts the vertical scroll bar outside, on the right, so that it covers no column.
+    void barra_esterna();
+
+Q_SIGNALS:
+    /// The user chose a cell, by mouse or keyboard; code that moves the cursor raises nothing.
+    void SelChange();
+
+protected:
+    void currentChanged(const QModelIndex& ora, const QModelIndex& prima) override;
+    void mousePressEvent(QMouseEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
+    void moveEvent(QMoveEvent* evento) override;
+    void showEvent(QShowEvent* evento) override;
+    void hideEvent(QHideEvent* evento) override;
+
+private:
+    QTableWidgetItem* voce(int riga, int colonna);
+    void completa_voci();
+    void sposta();
+    void sistema_barra();
+
+    int riga_ = 0;
+    int colonna_ = 0;
+    bool da_codice_ = false;
+    bool dal_mouse_ = false;
+    bool cursore_ = false;
+    QScrollBar* barra_ = nullptr;
+};
+
+}  // namespace platform

@@ -1,0 +1,151 @@
+#include "platform/listview.h"
+
+#include <algorithm>
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QSignalBlocker>
+
+#include "platform/desktop.h"
+#include "platform/runtime.h"
+
+namespace platform {
+
+ListView::ListView(QWidget* padre) : QTreeWidget(padre) {
+    setRootIsDecorated(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setColumnCount(0);
+    header()->setStretchLastSection(false);
+    header()->setSectionsClickable(true);
+    header()->setHighlightSections(false);
+    connect(header(), &QHeaderView::sectionClicked, this, &ListView::ColumnClick);
+    connect(this, &QTreeWidget::itemClicked, this, [this] { Q_EMIT Click(); });
+}
+
+void ListView::add_colonna(const QString& titolo, int twips, Qt::Alignment verso) {
+    const int colonna = static_cast<int>(larghezze_.size());
+    setColumnCount(colonna + 1);
+    larghezze_.append(twips);
+    versi_.append(verso);
+    headerItem()->setText(colonna, titolo);
+    headerItem()->setTextAlignment(colonna, verso | Qt::AlignVCenter);
+    set_larghezza(colonna, twips);
+}
+
+void ListView::set_titolo(int colonna, const QString& testo) {
+    headerItem()->setText(colonna, testo);
+}
+
+QString ListView::titolo(int colonna) const {
+    return headerItem()->text(colonna);
+}
+
+void ListView::set_larghezza(int colonna, int twips) {
+    larghezze_[colonna] = twips;
+    setColumnWidth(colonna, px(twips));
+}
+
+int ListView::larghezza(int colonna) const {
+    return larghezze_.value(colonna);
+}
+
+QTreeWidgetItem* ListView::add_voce(const QStringList& testi) {
+    auto* voce = new QTreeWidgetItem(this, testi);
+    for (int c = 0; c < versi_.size(); ++c) {
+        voce->setTextAlignment(c, versi_[c] | Qt::AlignVCenter);
+    }
+    set_tag_voce(voce, testi.value(0));
+    return voce;
+}
+
+void ListView::svuota() {
+    clear();
+}
+
+QString ListView::tag_voce(const QTreeWidgetItem* voce) {
+    return voce == nullptr ? QString() : voce->data(0, Qt::UserRole).toString();
+}
+
+void ListView::set_tag_voce(QTreeWidgetItem* voce, const QString& testo) {
+    if (voce != nullptr)
+        voce->setData(0, Qt::UserRole, testo);
+}
+
+QTreeWidgetItem* ListView::selezionata() const {
+    const QList<QTreeWidgetItem*> scelte = selectedItems();
+    return scelte.isEmpty() ? nullptr : scelte.first();
+}
+
+void ListView::contextMenuEvent(QContextMenuEvent* evento) {
+    Q_EMIT TastoDestro(evento->globalPos());
+}
+
+void ListView::keyPressEvent(QKeyEvent* evento) {
+    const QTreeWidgetItem* prima = currentItem();
+    QTreeWidget::keyPressEvent(evento);
+    if (currentItem() != prima)
+        Q_EMIT Click();
+}
+
+void ListView::ordina(int colonna, Qt::SortOrder verso) {
+    colonna_ordine_ = colonna;
+    verso_ordine_ = verso;
+    riordina();
+}
+
+void ListView::riordina() {
+    if (colonna_ordine_ < 0)
+        return;
+    QTreeWidgetItem* scelta = selezionata();
+    QList<QTreeWidgetItem*> voci;
+    while (topLevelItemCount() > 0) voci.append(takeTopLevelItem(0));
+    const auto chiave = [this](const QTreeWidgetItem* voce) {
+        return LCase(s(voce->text(colonna_ordine_)));
+    };
+    std::stable_sort(voci.begin(), voci.end(),
+                     [&](const QTreeWidgetItem* a, const QTreeWidgetItem* b) {
+                         return verso_ordine_ == Qt::AscendingOrder ? chiave(a) < chiave(b)
+                                                                    : chiave(b) < chiave(a);
+                     });
+    addTopLevelItems(voci);
+    if (scelta != nullptr)
+        setCurrentItem(scelta);
+}
+
+TabStrip::TabStrip(QWidget* padre) : QTabBar(padre) {
+    setDrawBase(true);
+    setExpanding(false);
+    connect(this, &QTabBar::currentChanged, this, [this](int indice) {
+        if (indice >= 0)
+            Q_EMIT Click(tabData(indice).toInt());
+    });
+}
+
+void TabStrip::add_scheda(int numero, const QString& testo) {
+    const QSignalBlocker muto(this);
+    setTabData(addTab(testo), numero);
+}
+
+void TabStrip::rimuovi_scheda(int numero) {
+    const QSignalBlocker muto(this);
+    for (int i = count() - 1; i >= 0; --i) {
+        if (tabData(i).toInt() == numero)
+            removeTab(i);
+    }
+}
+
+void TabStrip::seleziona(int numero) {
+    const QSignalBlocker muto(this);
+    for (int i = 0; i < count(); ++i) {
+        if (tabData(i).toInt() == numero)
+            setCurrentIndex(i);
+    }
+}
+
+int TabStrip::selezionata() const {
+    return tabData(currentIndex()).toInt();
+}
+
+}  // namespace platform

@@ -1,0 +1,69 @@
+// Report list with columns, sortable by text, and a strip of tabs.
+#pragma once
+
+#include <QTabBar>
+#include <QTreeWidget>
+
+namespace platform {
+
+class ListView : public QTreeWidget {
+    Q_OBJECT
+public:
+    explicit ListView(QWidget* padre);
+
+    /// Adds a column; width in twips.
+    void add_colonna(const QString& titolo, int twips, Qt::Alignment verso);
+    void set_titolo(int colonna, const QString& testo);
+    [[nodiscard]] QString titolo(int colonna) const;
+    void set_larghezza(int colonna, int twips);
+    /// Width as it was assigned, in twips.
+    [[nodiscard]] int larghezza(int colonna) const;
+
+    /// Adds a row; the tag of the item is its first text. Returns the item, owned by the list.
+    QTreeWidgetItem* add_voce(const QStringList& testi);
+    void svuota();
+    /// Tag of an item, empty for a null one.
+    [[nodiscard]] static QString tag_voce(const QTreeWidgetItem* voce);
+    static void set_tag_voce(QTreeWidgetItem* voce, const QString& testo);
+    [[nodiscard]] QTreeWidgetItem* selezionata() const;
+
+    /// Sorts by the text of a column, case ignored; rows of equal text keep their order.
+    void ordina(int colonna, Qt::SortOrder verso);
+    /// Sorts again as last asked, after rows were added; nothing before the first sorting.
+    void riordina();
+
+Q_SIGNALS:
+    void ColumnClick(int colonna);
+    /// An item was clicked, or chosen with the keyboard.
+    void Click();
+    /// Right button, or the context menu key; position in screen coordinates.
+    void TastoDestro(const QPoint& dove);
+
+protected:
+    void contextMenuEvent(QContextMenuEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
+
+private:
+    QList<int> larghezze_;
+    QList<Qt::Alignment> versi_;
+    int colonna_ordine_ = -1;
+    Qt::SortOrder verso_ordine_ = Qt::AscendingOrder;
+};
+
+/// Tabs told by a number that outlives the removal of another tab.
+class TabStrip : public QTabBar {
+    Q_OBJECT
+public:
+    explicit TabStrip(QWidget* padre);
+    /// Adds a tab of the given number, from 1.
+    void add_scheda(int numero, const QString& testo);
+    void rimuovi_scheda(int numero);
+    /// Selects without raising `Click`.
+    void seleziona(int numero);
+    [[nodiscard]] int selezionata() const;
+
+Q_SIGNALS:
+    void Click(int numero);
+};
+
+}  // namespace platform

@@ -1,0 +1,193 @@
+#include "systems/form2.h"
+
+#include <QShowEvent>
+
+#include "app/form1.h"
+#include "platform/application.h"
+#include "platform/desktop.h"
+#include "platform/disk.h"
+#include "platform/runtime.h"
+#include "systems/elenco.h"
+#include "systems/file_sistema.h"
+
+namespace systems {
+
+using platform::App;
+using platform::DoEvents;
+using platform::LockWindowUpdate;
+using platform::MsgBox;
+using platform::Pulsanti;
+using platform::q;
+
+namespace {
+
+constexpr int colonna_dimensione = 1;
+constexpr int colonna_data = 2;
+
+QString cartella_programma() { return q(App().Path) + "/"; }
+
+}  // namespace
+
+void Form2::Form_Load() {
+    platform::set_Tag(this, cartella_programma());
+    ListView1->add_colonna(tr("Nome del sistema"), 1600, Qt::AlignLeft);
+    ListView1->add_colonna(form1_.lotto ? tr("Sviluppo in") : tr("Dimensione"), 1500,
+                           Qt::AlignHCenter);
+    TabStrip1->seleziona(form1_.lotto ? 2 : 1);
+    ListView1->add_colonna(tr("Data"), 1500, Qt::AlignHCenter);
+    trova_sistemi(cartella_programma());
+}
+
+void Form2::trova_sistemi(const QString& cartella) {
+    ListView1->svuota();
+    numero_sistemi_ = 0;
+    for (const Voce& voce :
+         systems::trova_sistemi(platform::s(cartella), App().Path, form1_.lotto)) {
+        QTreeWidgetItem* nuova =
+            ListView1->add_voce({q(voce.nome), q(voce.dimensione), q(voce.data)});
+        nuova->setToolTip(0, q(voce.nome));
+        ++numero_sistemi_;
+    }
+    ListView1->riordina();
+    // From nine systems on the scroll bar needs the room.
+    ListView1->set_larghezza(colonna_data, numero_sistemi_ < 9 ? 1500 : 1250);
+    platform::set_Tag(ListView1, QString::number(numero_sistemi_));
+}
+
+void Form2::ListView1_ColumnClick(int colonna) {
+    const bool discendente = ordine_[colonna] == "ASC";
+    ListView1->ordina(colonna, discendente ? Qt::DescendingOrder : Qt::AscendingOrder);
+    ordine_[colonna] = discendente ? "DESC" : "ASC";
+}
+
+void Form2::TabStrip1_Click(int Index) {
+    const bool abilitato = Index == 1 ? form1_.Image8->isEnabled() : form1_.Image10->isEnabled();
+    if (!abilitato || form1_.in_elaborazione()) return;
+    ListView1->set_titolo(colonna_dimensione, Index == 1 ? tr("Dimensione") : tr("Sistemi in"));
+    ListView1->svuota();
+    if (Index == 1) {
+        form1_.Image8_Click();
+    } else {
+        form1_.Image10_Click();
+    }
+    trova_sistemi(cartella_programma());
+}
+
+void Form2::ListView1_Click() {
+    QTreeWidgetItem* scelta = ListView1->selezionata();
+    if (Frame2->isVisible() && scelta != nullptr) {
+        platform::ListView::set_tag_voce(scelta, scelta->text(0));
+    }
+}
+
+bool Form2::sovrascrittura_negata(const QString& nome) {
+    const std::string cercato = platform::LCase(platform::s(nome));
+    for (int i = 0; i < ListView1->topLevelItemCount(); ++i) {
+        const QString testo = ListView1->topLevelItem(i)->text(0);
+        if (testo.isEmpty()) return false;
+        if (platform::LCase(platform::s(testo)) != cercato) continue;
+        if (MsgBox(this, {"Esiste già un sistema con questo nome. Sovrascrivere?",
+                          Pulsanti::si_no, "Tabellino"}) != platform::vbYes) {
+            return true;
+        }
+        // The old development goes first: it must never stand beside another crossword.
+        platform::Kill(App().Path + "/" + platform::s(nome) +
+                       development::estensione_sviluppo(form1_.lotto));
+        return false;
+    }
+    return false;
+}
+
+void Form2::cmdsalva_Click() {
+    const QString nome = Text1->text();
+    if (nome.isEmpty()) {
+        MsgBox(this, {"Inserire il nome del sistema.", Pulsanti::ok, "Tabellino",
+                      platform::Icona::informazione});
+        Text1->setFocus();
+        return;
+    }
+    if (!nome_ammesso(platform::s(nome)) || sovrascrittura_negata(nome)) return;
+    scrivi_sistema(App().Path, platform::s(nome), form1_.sistema_a_schermo(), form1_.lotto);
+    form1_.sistema_in_linea(nome);
+    form1_.salvato = true;
+    close();
+}
+
+void Form2::apri_dimensioni(int ultima_colonna, int ultima_riga) {
+    const int primo = form1_.lotto ? 4 : 5;
+    form1_.Combo1->set_ListIndex(ultima_colonna - primo);
+    form1_.Combo2->set_ListIndex(ultima_riga - primo);
+}
+
+void Form2::Command5_Click() {
+    if (platform::Val(platform::s(platform::Tag(ListView1))) == 0) return;
+    const QString nome = platform::ListView::tag_voce(ListView1->selezionata());
+    if (nome.isEmpty() || !nome_ammesso(platform::s(nome)) || form1_.in_elaborazione()) return;
+    const Sistema sistema = leggi_sistema(App().Path, platform::s(nome), form1_.lotto);
+    if (form1_.lotto) {
+        platform::set_Tag(form1_.Frame9, QString::number(sistema.forma));
+        form1_.Imageb_Click(sistema.forma - 3);
+    }
+    apri_dimensioni(sistema.matrice.ubound(1), sistema.matrice.ubound(2));
+    form1_.Combo3->set_ListIndex(sistema.tipo_righe);
+    form1_.Combo4->set_ListIndex(sistema.tipo_colonne);
+    form1_.Combo5->set_ListIndex(sistema.tipo_diagonali);
+    form1_.matrice = sistema.matrice;
+    for (int x = 0; x <= sistema.matrice.ubound(1); ++x) {
+        for (int y = 0; y <= sistema.matrice.ubound(2); ++y) {
+            form1_.MSFlexGrid1->set_testo(y, x, QString::number(sistema.matrice(x, y)));
+        }
+    }
+    const std::int32_t quante = sistema.senza_ripetizioni;
+    form1_.MSFlexGrid2->set_testo(5, 3, q(platform::Format(quante, platform::Modello::interi)));
+    form1_.lblimportotot->setText(form1_.calcolo_importo(quante));
+    form1_.MSFlexGrid1->cella(0, 0);
+    form1_.abilita_disabilita(0, 0);
+    form1_.sistema_in_linea(nome);
+    form1_.lblngioco->setText(QString::number(form1_.aggiorna_lista()));
+    form1_.salvato = true;
+    close();
+}
+
+void Form2::esci_congelando() {
+    hide();
+    DoEvents();
+    LockWindowUpdate(&form1_);
+    close();
+    DoEvents();
+    LockWindowUpdate(nullptr);
+}
+
+void Form2::modo_salva() {
+    mostra(pic_salva);
+    TabStrip1->rimuovi_scheda(form1_.lotto ? 1 : 2);
+    cmdsalva->setDefault(true);
+    Text1->setFocus();
+}
+
+void Form2::modo_apri() {
+    setWindowTitle("Tabellino");
+    mostra(Frame2);
+    Command5->setDefault(true);
+    ListView1->setFocus();
+}
+
+void Form2::modo_utility() {
+    setWindowTitle("Utility");
+    mostra(PicUtility);
+    ListView1->setFocus();
+}
+
+void Form2::mostra(platform::Frame* gruppo) {
+    for (platform::Frame* f : {Frame2, PicUtility, pic_salva, picimporta, picduplica}) {
+        f->setVisible(f == gruppo);
+    }
+    gruppo->raise();
+}
+
+void Form2::showEvent(QShowEvent* evento) {
+    QDialog::showEvent(evento);
+    if (!evento->spontaneous()) platform::centra(this, &form1_);
+}
+
+}  // namespace systems

@@ -1,0 +1,92 @@
+// Manager of the saved systems.
+#pragma once
+
+#include <QAction>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+
+#include "platform/controls.h"
+#include "platform/listview.h"
+
+namespace app {
+class Form1;
+}
+
+namespace systems {
+
+class Form2 : public QDialog {
+    Q_OBJECT
+public:
+    /// Loads the list of the game in force; `form1` outlives the manager.
+    explicit Form2(app::Form1& form1);
+
+    /// The three modes; one of them is called once, before the form is shown.
+    void modo_salva();
+    void modo_apri();
+    void modo_utility();
+
+    /// Empties the list and fills it from a folder given with or without a final separator.
+    void trova_sistemi(const QString& cartella);
+    [[nodiscard]] std::int32_t numero_sistemi() const { return numero_sistemi_; }
+
+    platform::ListView* ListView1 = nullptr;
+    platform::TabStrip* TabStrip1 = nullptr;
+    platform::Frame* Frame2 = nullptr;
+    platform::Frame* PicUtility = nullptr;
+    platform::Frame* pic_salva = nullptr;
+    platform::Frame* picimporta = nullptr;
+    platform::Frame* picduplica = nullptr;
+    platform::Frame* frmduplica = nullptr;
+    QPushButton* Command1 = nullptr;
+    QPushButton* Command2 = nullptr;
+    QPushButton* Command5 = nullptr;
+    QPushButton* cmdsalva = nullptr;
+    QPushButton* cmdeffacer1 = nullptr;
+    QPushButton* cmdimporta = nullptr;
+    QPushButton* cmdannul = nullptr;
+    QPushButton* cmddup_conferma = nullptr;
+    QPushButton* cmddup_annulla = nullptr;
+    QLineEdit* Text1 = nullptr;
+    QLineEdit* txtduplica = nullptr;
+    QMenu* mnuutlituy = nullptr;
+    QAction* mnuduplica = nullptr;
+    QAction* mnurinomina = nullptr;
+    QAction* mnuinvia = nullptr;
+    QAction* mnuimporta = nullptr;
+    QAction* mnuelimina = nullptr;
+    QAction* mnueliminatutti = nullptr;
+
+protected:
+    void showEvent(QShowEvent* evento) override;
+
+private:
+    void Form_Load();
+    void crea_lista();
+    void crea_apri();
+    void crea_utility();
+    void crea_salva();
+    void crea_importa();
+    void crea_duplica();
+    void crea_menu();
+    void collega();
+    void mostra(platform::Frame* gruppo);
+
+    void TabStrip1_Click(int Index);
+    void ListView1_ColumnClick(int colonna);
+    void ListView1_Click();
+    void cmdsalva_Click();
+    void Command5_Click();
+    /// Hides, thaws and unloads the form.
+    void esci_congelando();
+    [[nodiscard]] bool sovrascrittura_negata(const QString& nome);
+    void apri_dimensioni(int ultima_colonna, int ultima_riga);
+
+    app::Form1& form1_;
+    std::int32_t numero_sistemi_ = 0;
+    QStringList ordine_{QString(), QString(), QString()};
+};
+
+}  // namespace systems

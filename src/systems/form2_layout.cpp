@@ -1,0 +1,179 @@
+// Where everything stands on the manager. The list shows eight rows.
+#include <QValidator>
+
+#include "app/form1.h"
+#include "platform/desktop.h"
+#include "systems/elenco.h"
+#include "systems/form2.h"
+
+namespace systems {
+
+using platform::Frame;
+
+namespace {
+
+constexpr int larghezza = 330;
+constexpr int y_gruppo = 256;
+constexpr int h_gruppo = 108;
+constexpr QRect dove_gruppo(8, y_gruppo, larghezza - 16, h_gruppo);
+
+/// Refuses, also in pasted text, what is no digit or letter, and turns capitals to lower case.
+class FiltroNome : public QValidator {
+public:
+    using QValidator::QValidator;
+    State validate(QString& testo, int& /*posizione*/) const override {
+        for (QChar& c : testo) {
+            const int tasto = tasto_nome(c.unicode());
+            if (tasto == 0) return Invalid;
+            c = QChar(tasto);
+        }
+        return Acceptable;
+    }
+};
+
+QPushButton* pulsante(const QString& nome, const QString& testo, QRect dove, QWidget* padre) {
+    auto* b = new QPushButton(testo, padre);
+    b->setObjectName(nome);
+    b->setGeometry(dove);
+    b->setAutoDefault(false);
+    return b;
+}
+
+Frame* gruppo(const QString& nome, const QString& titolo, QRect dove, QWidget* padre) {
+    auto* f = new Frame(titolo, padre);
+    f->setObjectName(nome);
+    f->setGeometry(dove);
+    return f;
+}
+
+void spiega(const QString& testo, QRect dove, QWidget* padre) {
+    auto* e = new QLabel(testo, padre);
+    e->setGeometry(dove);
+    e->setWordWrap(true);
+    e->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+}
+
+QLineEdit* casella(const QString& nome, const QString& scopo, QRect dove, QWidget* padre) {
+    auto* t = new QLineEdit(padre);
+    t->setObjectName(nome);
+    t->setAccessibleName(scopo);
+    t->setGeometry(dove);
+    t->setValidator(new FiltroNome(t));
+    return t;
+}
+
+}  // namespace
+
+Form2::Form2(app::Form1& form1) : QDialog(&form1), form1_(form1) {
+    setObjectName("Form2");
+    setWindowTitle("Tabellino");
+    setAttribute(Qt::WA_DeleteOnClose);
+    setFixedSize(larghezza, y_gruppo + h_gruppo + 8);
+    crea_lista();
+    crea_apri();
+    crea_utility();
+    crea_salva();
+    crea_importa();
+    crea_duplica();
+    crea_menu();
+    collega();
+    Form_Load();
+}
+
+void Form2::crea_lista() {
+    TabStrip1 = new platform::TabStrip(this);
+    TabStrip1->setObjectName("TabStrip1");
+    TabStrip1->setAccessibleName(tr("Gioco"));
+    TabStrip1->setGeometry(8, 8, larghezza - 16, 28);
+    TabStrip1->add_scheda(1, "SuperEnalotto");
+    TabStrip1->add_scheda(2, "Lotto");
+    ListView1 = new platform::ListView(this);
+    ListView1->setObjectName("ListView1");
+    ListView1->setAccessibleName(tr("Sistemi"));
+    ListView1->setGeometry(8, 40, larghezza - 16, 206);
+    ListView1->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+}
+
+void Form2::crea_apri() {
+    Frame2 = gruppo("Frame2", QString(), dove_gruppo, this);
+    spiega(tr("Selezionare un sistema dalla lista e cliccare su Apri"), {12, 14, 290, 36}, Frame2);
+    Command5 = pulsante("Command5", tr("Apri"), {106, 66, 96, 28}, Frame2);
+    Command2 = pulsante("Command2", tr("Esci"), {210, 66, 96, 28}, Frame2);
+}
+
+void Form2::crea_utility() {
+    PicUtility = gruppo("PicUtility", QString(), dove_gruppo, this);
+    spiega(tr("Per accedere alle utility relative ai sistemi, cliccare con il tasto destro sulla "
+              "lista dei sistemi"),
+           {12, 14, 290, 48}, PicUtility);
+    Command1 = pulsante("Command1", tr("Esci"), {210, 66, 96, 28}, PicUtility);
+}
+
+void Form2::crea_salva() {
+    pic_salva = gruppo("pic_salva", QString(), dove_gruppo, this);
+    spiega(tr("Inserire il nome del sistema"), {12, 10, 290, 18}, pic_salva);
+    spiega(tr("Nome del sistema"), {12, 37, 100, 20}, pic_salva);
+    Text1 = casella("Text1", tr("Nome del sistema"), {118, 34, 188, 24}, pic_salva);
+    cmdsalva = pulsante("cmdsalva", tr("Salva"), {106, 68, 96, 28}, pic_salva);
+    cmdeffacer1 = pulsante("cmdeffacer1", tr("Annulla"), {210, 68, 96, 28}, pic_salva);
+    setTabOrder(Text1, cmdsalva);
+}
+
+void Form2::crea_importa() {
+    picimporta = gruppo("picimporta", QString(), dove_gruppo, this);
+    spiega(tr("Selezionare il sistema che si vuole importare e cliccare su Importa"),
+           {12, 14, 290, 36}, picimporta);
+    cmdimporta = pulsante("cmdimporta", tr("Importa"), {106, 66, 96, 28}, picimporta);
+    cmdannul = pulsante("cmdannul", tr("annulla"), {210, 66, 96, 28}, picimporta);
+    picimporta->hide();
+}
+
+void Form2::crea_duplica() {
+    picduplica = gruppo("picduplica", QString(), dove_gruppo, this);
+    spiega(QStringLiteral("Insérer le nom du système"), {12, 12, 290, 20}, picduplica);
+    txtduplica = casella("txtduplica", tr("Nome della copia"), {12, 34, 294, 24}, picduplica);
+    cmddup_conferma = pulsante("cmddup_conferma", tr("Conferma"), {106, 68, 96, 28}, picduplica);
+    cmddup_annulla = pulsante("cmddup_annulla", tr("Annulla"), {210, 68, 96, 28}, picduplica);
+    picduplica->hide();
+    frmduplica = gruppo("frmduplica", QString(), {24, 96, larghezza - 48, 72}, this);
+    auto* avviso = new QLabel(tr("Copia dei file in corso. Attendere Prego"), frmduplica);
+    avviso->setGeometry(8, 8, frmduplica->width() - 16, 56);
+    avviso->setAlignment(Qt::AlignCenter);
+    frmduplica->hide();
+}
+
+void Form2::crea_menu() {
+    mnuutlituy = new QMenu(this);
+    mnuutlituy->setObjectName("mnuutlituy");
+    const auto voce = [this](const QString& nome, const QString& testo) {
+        QAction* a = mnuutlituy->addAction(testo);
+        a->setObjectName(nome);
+        return a;
+    };
+    mnuduplica = voce("mnuduplica", "Duplica");
+    mnurinomina = voce("mnurinomina", "Rinomina");
+    mnuinvia = voce("mnuinvia", "Invia a . . . ");
+    mnuimporta = voce("mnuimporta", "Importa");
+    mnuutlituy->addSeparator();
+    mnuelimina = voce("mnuelimina", "Elimina Sistema Selezionato");
+    mnueliminatutti = voce("mnueliminatutti", "Elimna Tutti i Sistemi della Lista");
+}
+
+void Form2::collega() {
+    connect(ListView1, &platform::ListView::ColumnClick, this, &Form2::ListView1_ColumnClick);
+    connect(ListView1, &platform::ListView::Click, this, &Form2::ListView1_Click);
+    connect(ListView1, &platform::ListView::TastoDestro, this,
+            [this](const QPoint& dove) { mnuutlituy->popup(dove); });
+    connect(TabStrip1, &platform::TabStrip::Click, this, &Form2::TabStrip1_Click);
+    connect(cmdsalva, &QPushButton::clicked, this, &Form2::cmdsalva_Click);
+    connect(Command5, &QPushButton::clicked, this, &Form2::Command5_Click);
+    connect(ListView1, &QTreeWidget::itemDoubleClicked, this, [this] {
+        if (Frame2->isVisible()) Command5_Click();
+    });
+    connect(Command2, &QPushButton::clicked, this, &QDialog::close);
+    connect(cmdannul, &QPushButton::clicked, this, &QDialog::close);
+    connect(Command1, &QPushButton::clicked, this, &Form2::esci_congelando);
+    connect(cmdeffacer1, &QPushButton::clicked, this, &Form2::esci_congelando);
+}
+
+}  // namespace systems

@@ -1,0 +1,33 @@
+// Price of a single column.
+#pragma once
+
+#include <QDialog>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace app {
+class Form1;
+}
+
+namespace viewer {
+
+class formeuro : public QDialog {
+    Q_OBJECT
+public:
+    explicit formeuro(app::Form1& form1);
+
+    QLineEdit* Text1 = nullptr;
+    QPushButton* Command1 = nullptr;
+    QPushButton* Command2 = nullptr;
+    QPushButton* Command3 = nullptr;
+    QPushButton* Command4 = nullptr;
+
+protected:
+    void showEvent(QShowEvent* evento) override;
+
+private:
+    void Command2_Click();
+    app::Form1& form1_;
+};
+
+}  // namespace viewer
