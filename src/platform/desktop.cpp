@@ -1,5 +1,6 @@
 #include "platform/desktop.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
@@ -99,9 +100,14 @@ void rispondi_con(std::function<int(const Messaggio&)> risponditore) {
 }
 
 void DoEvents() {
+    // Counted from the moment the event loop handed over: a short handler needs no events run in
+    // its middle, where they would find its work half done.
     static QElapsedTimer orologio;
-    if (orologio.isValid() && orologio.elapsed() < 15)
-        return;
+    static const QMetaObject::Connection risveglio = QObject::connect(
+        QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, qApp,
+        [] { orologio.start(); });
+    if (!orologio.isValid()) orologio.start();
+    if (orologio.elapsed() < 15) return;
     QCoreApplication::processEvents(LavoroLungo::in_corso() ? QEventLoop::AllEvents
                                                             : QEventLoop::ExcludeUserInputEvents);
     orologio.start();
