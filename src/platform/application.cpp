@@ -25,8 +25,7 @@ std::string variabile(const char* nome) {
 std::string dati_utente() {
     const std::string xdg = variabile("XDG_DATA_HOME");
     // The desktop's rule: a relative path there is invalid and counts as unset.
-    if (!xdg.empty() && xdg.front() == '/')
-        return xdg;
+    if (!xdg.empty() && xdg.front() == '/') return xdg;
     std::string casa = variabile("HOME");
     if (casa.empty() || casa.front() != '/') {
         const passwd* utente = ::getpwuid(::getuid());
@@ -39,21 +38,16 @@ std::string dati_utente() {
 bool copia_cartella(const std::string& da, const std::string& a) {
     crea_cartella(a);
     for (const std::string& nome : Dir(a, "temp-*")) {
-        if (e_nome_di_lavoro(nome))
-            Kill(a + "/" + nome);
+        if (e_nome_di_lavoro(nome)) Kill(a + "/" + nome);
     }
     const std::string lavoro = nome_di_lavoro(a);
     for (const std::string& nome : Dir(da, "*")) {
-        if (esiste_file(a + "/" + nome))
-            continue;
+        if (esiste_file(a + "/" + nome)) continue;
         // By way of another name, so that a copy cut short is never taken for the file.
         Esito esito = FileCopy(da + "/" + nome, lavoro);
-        if (esito == Esito::ok)
-            esito = Name(lavoro, a + "/" + nome);
-        if (esito != Esito::ok)
-            Kill(lavoro);
-        if (esito == Esito::disco_pieno)
-            return false;
+        if (esito == Esito::ok) esito = Name(lavoro, a + "/" + nome);
+        if (esito != Esito::ok) Kill(lavoro);
+        if (esito == Esito::disco_pieno) return false;
     }
     return true;
 }
@@ -65,8 +59,7 @@ std::string nome_blocco(const std::string& percorso) {
     const std::string impronta = esiste ? std::to_string(s.st_dev) + "-" + std::to_string(s.st_ino)
                                         : std::to_string(std::hash<std::string>{}(percorso));
     std::string cartella = variabile("XDG_RUNTIME_DIR");
-    if (!cartella_scrivibile(cartella))
-        cartella = "/tmp";
+    if (!cartella_scrivibile(cartella)) cartella = "/tmp";
     return cartella + "/tabellino-" + std::to_string(::getuid()) + "-" + impronta;
 }
 
@@ -77,13 +70,11 @@ std::string Application::versione() const {
 }
 
 bool Application::PrevInstance() {
-    if (blocco_ >= 0)
-        return false;
+    if (blocco_ >= 0) return false;
     // The lock lives with the process, so that a killed program never bars the next start.
     const int fd =
         ::open(nome_blocco(Path).c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
-    if (fd < 0)
-        return false;
+    if (fd < 0) return false;
     if (::flock(fd, LOCK_EX | LOCK_NB) != 0) {
         ::close(fd);
         return true;
@@ -93,8 +84,7 @@ bool Application::PrevInstance() {
 }
 
 Application::~Application() {
-    if (blocco_ >= 0)
-        ::close(blocco_);
+    if (blocco_ >= 0) ::close(blocco_);
 }
 
 Application& App() {
@@ -121,8 +111,7 @@ std::string trova_cartella(const std::string& eseguibile, const std::string& con
             completa = completa && copia_cartella(condivisi + "/" + parte, utente + "/" + parte);
         }
         // Made last, so that a first start cut short is taken up again by the next.
-        if (completa)
-            crea_cartella(cartella);
+        if (completa) crea_cartella(cartella);
     }
     return cartella;
 }
@@ -130,8 +119,7 @@ std::string trova_cartella(const std::string& eseguibile, const std::string& con
 std::string cartella_eseguibile() {
     std::array<char, 4096> nome{};
     const ssize_t n = ::readlink("/proc/self/exe", nome.data(), nome.size());
-    if (n <= 0)
-        return "";
+    if (n <= 0) return "";
     const std::string percorso(nome.data(), static_cast<std::size_t>(n));
     return percorso.substr(0, percorso.rfind('/'));
 }

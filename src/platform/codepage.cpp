@@ -29,11 +29,9 @@ void aggiungi_utf8(std::string& testo, std::uint32_t c) {
 /// Reads one character at `i` and moves `i` past it; 0xFFFD when it is no UTF-8.
 std::uint32_t leggi_utf8(std::string_view testo, std::size_t& i) {
     const auto primo = static_cast<unsigned char>(testo[i++]);
-    if (primo < 0x80)
-        return primo;
+    if (primo < 0x80) return primo;
     const int seguito = primo >= 0xF0 ? 3 : primo >= 0xE0 ? 2 : primo >= 0xC0 ? 1 : 0;
-    if (seguito == 0 || primo > 0xF4)
-        return 0xFFFD;
+    if (seguito == 0 || primo > 0xF4) return 0xFFFD;
     std::uint32_t c = primo & (0x3FU >> seguito);
     for (int k = 0; k < seguito; ++k) {
         if (i >= testo.size() || (static_cast<unsigned char>(testo[i]) & 0xC0) != 0x80) {
@@ -47,11 +45,9 @@ std::uint32_t leggi_utf8(std::string_view testo, std::size_t& i) {
 }
 
 char byte_di(std::uint32_t c) {
-    if (c < 0x80 || (c >= 0xA0 && c <= 0xFF))
-        return static_cast<char>(c);
+    if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<char>(c);
     for (std::size_t k = 0; k < alti.size(); ++k) {
-        if (c != 0xFFFD && alti[k] == c)
-            return static_cast<char>(0x80 + k);
+        if (c != 0xFFFD && alti[k] == c) return static_cast<char>(0x80 + k);
     }
     return '?';
 }

@@ -43,17 +43,14 @@ Syscalls di_sistema;
 Syscalls* in_forza = &di_sistema;
 
 Esito da_errno(int errore) {
-    if (errore == ENOENT)
-        return Esito::assente;
-    if (errore == ENOSPC || errore == EDQUOT)
-        return Esito::disco_pieno;
+    if (errore == ENOENT) return Esito::assente;
+    if (errore == ENOSPC || errore == EDQUOT) return Esito::disco_pieno;
     return Esito::errore;
 }
 
 std::string cartella_di(const std::string& nome) {
     const std::size_t barra = nome.rfind('/');
-    if (barra == std::string::npos)
-        return ".";
+    if (barra == std::string::npos) return ".";
     return barra == 0 ? "/" : nome.substr(0, barra);
 }
 
@@ -71,8 +68,7 @@ bool stato(const std::string& nome, struct stat& s) {
 /// Entry of `cartella` whose name equals `nome` but for case; empty when there is none.
 std::string voce_senza_caso(const std::string& cartella, std::string_view nome) {
     DIR* d = ::opendir(cartella.c_str());
-    if (d == nullptr)
-        return "";
+    if (d == nullptr) return "";
     const std::string cercato = LCase(nome);
     std::string trovato;
     while (const dirent* voce = ::readdir(d)) {
@@ -111,8 +107,7 @@ public:
     [[nodiscard]] int fd() const { return fd_; }
     /// A signal during the closing leaves the file closed all the same.
     bool chiudi() {
-        if (fd_ < 0)
-            return true;
+        if (fd_ < 0) return true;
         const int esito = syscalls().close(fd_);
         fd_ = -1;
         return esito == 0 || errno == EINTR;
@@ -125,12 +120,9 @@ private:
 Esito scrivi_tutto(int fd, std::string_view dati) {
     while (!dati.empty()) {
         const ssize_t n = syscalls().write(fd, dati.data(), dati.size());
-        if (n < 0 && errno == EINTR)
-            continue;
-        if (n < 0)
-            return da_errno(errno);
-        if (n == 0)
-            return Esito::disco_pieno;
+        if (n < 0 && errno == EINTR) continue;
+        if (n < 0) return da_errno(errno);
+        if (n == 0) return Esito::disco_pieno;
         dati.remove_prefix(static_cast<std::size_t>(n));
     }
     return Esito::ok;
@@ -141,16 +133,12 @@ Esito travasa(const File& sorgente, const File& copia) {
     std::string blocco(std::size_t{1} << 18, '\0');
     for (;;) {
         const ssize_t n = syscalls().read(sorgente.fd(), blocco.data(), blocco.size());
-        if (n < 0 && errno == EINTR)
-            continue;
-        if (n < 0)
-            return da_errno(errno);
-        if (n == 0)
-            return Esito::ok;
+        if (n < 0 && errno == EINTR) continue;
+        if (n < 0) return da_errno(errno);
+        if (n == 0) return Esito::ok;
         const Esito esito = scrivi_tutto(
             copia.fd(), std::string_view(blocco).substr(0, static_cast<std::size_t>(n)));
-        if (esito != Esito::ok)
-            return esito;
+        if (esito != Esito::ok) return esito;
     }
 }
 
@@ -164,8 +152,7 @@ Esito sincronizza(const File& file) {
 
 /// Closes `file`, whose earlier steps ended with `esito`, and returns the outcome of all.
 Esito concludi(File& file, Esito esito) {
-    if (!file.chiudi() && esito == Esito::ok)
-        return da_errno(errno);
+    if (!file.chiudi() && esito == Esito::ok) return da_errno(errno);
     return esito;
 }
 
@@ -179,8 +166,7 @@ Esito crea_di_lavoro(const std::string& cartella, File& file, std::string& nome)
             nome = prova;
             return Esito::ok;
         }
-        if (errno != EEXIST)
-            return da_errno(errno);
+        if (errno != EEXIST) return da_errno(errno);
     }
     return Esito::errore;
 }
@@ -188,8 +174,7 @@ Esito crea_di_lavoro(const std::string& cartella, File& file, std::string& nome)
 /// Makes a rename outlive a power cut; a file system without folder sync loses nothing by it.
 void sincronizza_cartella(const std::string& cartella) {
     const int fd = syscalls().open(cartella.c_str(), O_RDONLY | O_DIRECTORY, 0);
-    if (fd < 0)
-        return;
+    if (fd < 0) return;
     syscalls().fsync(fd);
     syscalls().close(fd);
 }
@@ -209,10 +194,8 @@ Syscalls* cambia_syscalls(Syscalls* nuove) {
 std::string nome_su_disco(const std::string& nome) {
     struct stat s {};
     // The system would cut the name at a null and hit another file.
-    if (nome.find('\0') != std::string::npos)
-        return "";
-    if (nome.empty() || nome.size() >= PATH_MAX || ::lstat(nome.c_str(), &s) == 0)
-        return nome;
+    if (nome.find('\0') != std::string::npos) return "";
+    if (nome.empty() || nome.size() >= PATH_MAX || ::lstat(nome.c_str(), &s) == 0) return nome;
     if (nome.back() == '/') {
         const std::size_t fine = nome.find_last_not_of('/');
         return fine == std::string::npos ? nome : nome_su_disco(nome.substr(0, fine + 1)) + "/";
@@ -223,8 +206,7 @@ std::string nome_su_disco(const std::string& nome) {
         barra == std::string::npos ? "." : nome_su_disco(cartella_di(nome));
     const std::string voce = voce_senza_caso(cartella, ultimo);
     const std::string finale = voce.empty() ? ultimo : voce;
-    if (barra == std::string::npos)
-        return finale;
+    if (barra == std::string::npos) return finale;
     return cartella.back() == '/' ? cartella + finale : cartella + "/" + finale;
 }
 
@@ -243,21 +225,17 @@ bool cartella_scrivibile(const std::string& nome) {
 }
 
 bool crea_cartella(const std::string& nome) {
-    if (esiste_cartella(nome))
-        return true;
-    if (nome.empty() || nome.size() >= PATH_MAX)
-        return false;
+    if (esiste_cartella(nome)) return true;
+    if (nome.empty() || nome.size() >= PATH_MAX) return false;
     const std::string sopra = cartella_di(nome);
-    if (sopra != nome && sopra != "." && !crea_cartella(sopra))
-        return false;
+    if (sopra != nome && sopra != "." && !crea_cartella(sopra)) return false;
     ::mkdir(nome_su_disco(nome).c_str(), 0777);
     return esiste_cartella(nome);
 }
 
 std::optional<std::int64_t> dimensione_file(const std::string& nome) {
     struct stat s {};
-    if (!stato(nome, s) || !S_ISREG(s.st_mode))
-        return std::nullopt;
+    if (!stato(nome, s) || !S_ISREG(s.st_mode)) return std::nullopt;
     return s.st_size;
 }
 
@@ -274,8 +252,7 @@ std::string testo_data_ora(std::int64_t secondi) {
     const auto istante = static_cast<time_t>(secondi);
     std::tm parti{};
     char testo[32] = "";
-    if (::localtime_r(&istante, &parti) == nullptr)
-        return "";
+    if (::localtime_r(&istante, &parti) == nullptr) return "";
     return std::string(testo, std::strftime(testo, sizeof testo, "%d/%m/%y %H.%M.%S", &parti));
 }
 
@@ -311,11 +288,9 @@ std::vector<std::string> Dir(const std::string& cartella, std::string_view model
     std::vector<std::string> nomi;
     const std::string reale = nome_su_disco(cartella.empty() ? "." : cartella);
     DIR* d = ::opendir(reale.c_str());
-    if (d == nullptr)
-        return nomi;
+    if (d == nullptr) return nomi;
     while (const dirent* voce = ::readdir(d)) {
-        if (!corrisponde(voce->d_name, modello))
-            continue;
+        if (!corrisponde(voce->d_name, modello)) continue;
         struct stat s {};
         if (::stat((reale + "/" + voce->d_name).c_str(), &s) == 0 && S_ISREG(s.st_mode)) {
             nomi.emplace_back(voce->d_name);
@@ -333,10 +308,8 @@ std::vector<std::string> Dir(const std::string& cartella, std::string_view model
 Esito Kill(const std::string& nome) {
     struct stat s {};
     const std::string reale = nome_su_disco(nome);
-    if (::lstat(reale.c_str(), &s) != 0)
-        return da_errno(errno);
-    if (!collegamento_o_file(s))
-        return Esito::errore;
+    if (::lstat(reale.c_str(), &s) != 0) return da_errno(errno);
+    if (!collegamento_o_file(s)) return Esito::errore;
     return syscalls().unlink(reale.c_str()) == 0 ? Esito::ok : da_errno(errno);
 }
 
@@ -344,13 +317,10 @@ Esito Name(const std::string& vecchio, const std::string& nuovo) {
     const std::string da = nome_su_disco(vecchio);
     const std::string a = nome_su_disco(nuovo);
     struct stat s {};
-    if (::lstat(da.c_str(), &s) != 0)
-        return da_errno(errno);
-    if (!collegamento_o_file(s))
-        return Esito::errore;
+    if (::lstat(da.c_str(), &s) != 0) return da_errno(errno);
+    if (!collegamento_o_file(s)) return Esito::errore;
     // The same file under another case takes the new case; any other file in the way stays.
-    if (a != da && ::lstat(a.c_str(), &s) == 0)
-        return Esito::errore;
+    if (a != da && ::lstat(a.c_str(), &s) == 0) return Esito::errore;
     const std::string arrivo =
         a == da ? cartella_di(a) + "/" + nuovo.substr(nuovo.rfind('/') + 1) : a;
     return syscalls().rename(da.c_str(), arrivo.c_str()) == 0 ? Esito::ok : da_errno(errno);
@@ -361,50 +331,37 @@ Esito FileCopy(const std::string& vecchio, const std::string& nuovo) {
     const std::string a = nome_su_disco(nuovo);
     struct stat s1 {};
     struct stat s2 {};
-    if (::stat(da.c_str(), &s1) != 0)
-        return da_errno(errno);
-    if (!S_ISREG(s1.st_mode))
-        return Esito::errore;
+    if (::stat(da.c_str(), &s1) != 0) return da_errno(errno);
+    if (!S_ISREG(s1.st_mode)) return Esito::errore;
     const bool nuova = ::lstat(a.c_str(), &s2) != 0;
-    if (!nuova && s1.st_dev == s2.st_dev && s1.st_ino == s2.st_ino)
-        return Esito::ok;
-    if (!nuova && !S_ISREG(s2.st_mode))
-        return Esito::errore;
+    if (!nuova && s1.st_dev == s2.st_dev && s1.st_ino == s2.st_ino) return Esito::ok;
+    if (!nuova && !S_ISREG(s2.st_mode)) return Esito::errore;
     const File sorgente(da, O_RDONLY);
-    if (!sorgente.aperto())
-        return da_errno(errno);
+    if (!sorgente.aperto()) return da_errno(errno);
     File copia;
     if (nuova) {
-        if (!copia.apri(a, O_WRONLY | O_CREAT | O_EXCL))
-            return da_errno(errno);
+        if (!copia.apri(a, O_WRONLY | O_CREAT | O_EXCL)) return da_errno(errno);
         Esito esito = travasa(sorgente, copia);
-        if (esito == Esito::ok)
-            esito = sincronizza(copia);
+        if (esito == Esito::ok) esito = sincronizza(copia);
         return concludi(copia, esito);
     }
     std::string lavoro;
     Esito esito = crea_di_lavoro(cartella_di(a), copia, lavoro);
-    if (esito == Esito::ok)
-        esito = concludi(copia, travasa(sorgente, copia));
-    if (esito == Esito::ok)
-        esito = pubblica(lavoro, a, s1.st_size);
-    if (esito != Esito::ok && !lavoro.empty())
-        syscalls().unlink(lavoro.c_str());
+    if (esito == Esito::ok) esito = concludi(copia, travasa(sorgente, copia));
+    if (esito == Esito::ok) esito = pubblica(lavoro, a, s1.st_size);
+    if (esito != Esito::ok && !lavoro.empty()) syscalls().unlink(lavoro.c_str());
     return esito;
 }
 
 Esito aggiungi(const std::string& nome, std::string_view dati) {
     const std::string reale = nome_su_disco(nome);
-    if (!libero_o_file(reale))
-        return Esito::errore;
+    if (!libero_o_file(reale)) return Esito::errore;
     File file(reale, O_WRONLY | O_CREAT | O_APPEND | O_NOFOLLOW);
     struct stat s {};
-    if (!file.aperto() || ::fstat(file.fd(), &s) != 0)
-        return da_errno(errno);
+    if (!file.aperto() || ::fstat(file.fd(), &s) != 0) return da_errno(errno);
     const Esito esito = scrivi_tutto(file.fd(), dati);
     // Half an append would leave a torn line for the next one to join.
-    if (esito != Esito::ok && ::ftruncate(file.fd(), s.st_size) != 0)
-        return esito;
+    if (esito != Esito::ok && ::ftruncate(file.fd(), s.st_size) != 0) return esito;
     return concludi(file, esito);
 }
 
@@ -415,43 +372,28 @@ Esito scrivi(const std::string& nome, std::string_view dati) {
         return S_ISREG(s.st_mode) ? sostituisci(nome, dati) : Esito::errore;
     }
     File file(reale, O_WRONLY | O_CREAT | O_EXCL);
-    if (!file.aperto())
-        return da_errno(errno);
-    Esito esito = scrivi_tutto(file.fd(), dati);
-    if (esito == Esito::ok)
-        esito = sincronizza(file);
-    esito = concludi(file, esito);
-    if (esito != Esito::ok)
-        syscalls().unlink(reale.c_str());
-    return esito;
-}
-
-Esito sincronizza(const std::string& nome) {
-    File file(nome_su_disco(nome), O_RDONLY);
     if (!file.aperto()) return da_errno(errno);
-    return syscalls().fsync(file.fd()) == 0 ? Esito::ok : da_errno(errno);
+    Esito esito = scrivi_tutto(file.fd(), dati);
+    if (esito == Esito::ok) esito = sincronizza(file);
+    esito = concludi(file, esito);
+    if (esito != Esito::ok) syscalls().unlink(reale.c_str());
+    return esito;
 }
 
 std::optional<std::string> leggi_tutto(const std::string& nome, std::int64_t limite) {
     struct stat s {};
     const std::string reale = nome_su_disco(nome);
-    if (::stat(reale.c_str(), &s) != 0 || !S_ISREG(s.st_mode))
-        return std::nullopt;
+    if (::stat(reale.c_str(), &s) != 0 || !S_ISREG(s.st_mode)) return std::nullopt;
     const File file(reale, O_RDONLY);
-    if (!file.aperto() || ::fstat(file.fd(), &s) != 0 || !S_ISREG(s.st_mode))
-        return std::nullopt;
-    if (s.st_size > limite)
-        return std::nullopt;
+    if (!file.aperto() || ::fstat(file.fd(), &s) != 0 || !S_ISREG(s.st_mode)) return std::nullopt;
+    if (s.st_size > limite) return std::nullopt;
     std::string dati(static_cast<std::size_t>(s.st_size), '\0');
     std::size_t letti = 0;
     while (letti < dati.size()) {
         const ssize_t n = syscalls().read(file.fd(), dati.data() + letti, dati.size() - letti);
-        if (n < 0 && errno == EINTR)
-            continue;
-        if (n < 0)
-            return std::nullopt;
-        if (n == 0)
-            break;
+        if (n < 0 && errno == EINTR) continue;
+        if (n < 0) return std::nullopt;
+        if (n == 0) break;
         letti += static_cast<std::size_t>(n);
     }
     dati.resize(letti);
@@ -462,25 +404,19 @@ Esito pubblica(const std::string& lavoro, const std::string& nome, std::int64_t 
     const std::string partenza = nome_su_disco(lavoro);
     const std::string arrivo = nome_su_disco(nome);
     struct stat s {};
-    if (::lstat(arrivo.c_str(), &s) == 0 && !collegamento_o_file(s))
-        return Esito::errore;
-    if (::lstat(partenza.c_str(), &s) != 0)
-        return da_errno(errno);
-    if (!S_ISREG(s.st_mode))
-        return Esito::errore;
+    if (::lstat(arrivo.c_str(), &s) == 0 && !collegamento_o_file(s)) return Esito::errore;
+    if (::lstat(partenza.c_str(), &s) != 0) return da_errno(errno);
+    if (!S_ISREG(s.st_mode)) return Esito::errore;
     File file(partenza, O_RDONLY | O_NOFOLLOW);
-    if (!file.aperto())
-        return da_errno(errno);
+    if (!file.aperto()) return da_errno(errno);
     Esito esito = sincronizza(file);
     // A full disk can pass unnoticed through write and sync; the size cannot lie.
     if (esito == Esito::ok && (::fstat(file.fd(), &s) != 0 || s.st_size != dimensione)) {
         esito = Esito::disco_pieno;
     }
     esito = concludi(file, esito);
-    if (esito != Esito::ok)
-        return esito;
-    if (syscalls().rename(partenza.c_str(), arrivo.c_str()) != 0)
-        return da_errno(errno);
+    if (esito != Esito::ok) return esito;
+    if (syscalls().rename(partenza.c_str(), arrivo.c_str()) != 0) return da_errno(errno);
     sincronizza_cartella(cartella_di(arrivo));
     return Esito::ok;
 }
@@ -488,17 +424,14 @@ Esito pubblica(const std::string& lavoro, const std::string& nome, std::int64_t 
 Esito sostituisci(const std::string& nome, std::string_view dati) {
     const std::string arrivo = nome_su_disco(nome);
     struct stat s {};
-    if (::lstat(arrivo.c_str(), &s) == 0 && !collegamento_o_file(s))
-        return Esito::errore;
+    if (::lstat(arrivo.c_str(), &s) == 0 && !collegamento_o_file(s)) return Esito::errore;
     File file;
     std::string lavoro;
     Esito esito = crea_di_lavoro(cartella_di(arrivo), file, lavoro);
-    if (esito == Esito::ok)
-        esito = concludi(file, scrivi_tutto(file.fd(), dati));
+    if (esito == Esito::ok) esito = concludi(file, scrivi_tutto(file.fd(), dati));
     if (esito == Esito::ok)
         esito = pubblica(lavoro, arrivo, static_cast<std::int64_t>(dati.size()));
-    if (esito != Esito::ok && !lavoro.empty())
-        syscalls().unlink(lavoro.c_str());
+    if (esito != Esito::ok && !lavoro.empty()) syscalls().unlink(lavoro.c_str());
     return esito;
 }
 
@@ -507,10 +440,8 @@ std::string nome_di_lavoro(const std::string& cartella) {
 }
 
 bool e_nome_di_lavoro(std::string_view nome) {
-    if (!nome.starts_with("temp-") || !nome.ends_with(".nuovo"))
-        return false;
-    if (nome.size() < 12)
-        return false;
+    if (!nome.starts_with("temp-") || !nome.ends_with(".nuovo")) return false;
+    if (nome.size() < 12) return false;
     const std::string_view numeri = nome.substr(5, nome.size() - 11);
     return numeri.find_first_not_of("0123456789-") == std::string_view::npos && numeri[0] != '-';
 }

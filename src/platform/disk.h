@@ -76,8 +76,6 @@ Esito aggiungi(const std::string& nome, std::string_view dati);
 /// Writes all of `dati` to the file and syncs it; on failure an old file stays as it was and a new
 /// one is not left behind.
 Esito scrivi(const std::string& nome, std::string_view dati);
-/// Syncs a finished file to the disk.
-Esito sincronizza(const std::string& nome);
 /// Reads a whole file of at most `limite` bytes.
 std::optional<std::string> leggi_tutto(const std::string& nome,
                                        std::int64_t limite = std::int64_t{1} << 30);

@@ -29,15 +29,12 @@ std::size_t prefisso_numerico(const std::string& s) {
         cifre += fine - i - 1;
         i = fine;
     }
-    if (cifre == 0)
-        return 0;
+    if (cifre == 0) return 0;
     if (i < s.size() && (s[i] == 'e' || s[i] == 'E')) {
         std::size_t j = i + 1;
-        if (j < s.size() && (s[j] == '+' || s[j] == '-'))
-            ++j;
+        if (j < s.size() && (s[j] == '+' || s[j] == '-')) ++j;
         const std::size_t fine = salta_cifre(s, j);
-        if (fine > j)
-            i = fine;
+        if (fine > j) i = fine;
     }
     return i;
 }
@@ -49,16 +46,14 @@ double fuori_misura(std::string_view prefisso) {
     const bool grande = e != std::string_view::npos
                             ? prefisso.substr(e + 1, 1) != "-"
                             : intera.find_first_of("123456789") != std::string_view::npos;
-    if (!grande)
-        return 0;
+    if (!grande) return 0;
     const double infinito = std::numeric_limits<double>::infinity();
     return prefisso.front() == '-' ? -infinito : infinito;
 }
 
 template <typename T>
 std::optional<T> converti(double valore) {
-    if (!std::isfinite(valore))
-        return std::nullopt;
+    if (!std::isfinite(valore)) return std::nullopt;
     const double arrotondato = std::nearbyint(valore);
     if (arrotondato < static_cast<double>(std::numeric_limits<T>::min()) ||
         arrotondato > static_cast<double>(std::numeric_limits<T>::max())) {
@@ -83,8 +78,7 @@ Decimale decimale(double valore) {
     d.cifre = std::string(1, s[0]) + std::string(s.substr(2, e - 2));
     int esponente = 0;
     const char* da = s.data() + e + 1;
-    if (*da == '+')
-        ++da;
+    if (*da == '+') ++da;
     std::from_chars(da, s.data() + s.size(), esponente);
     d.punto = esponente + 1;
     return d;
@@ -94,8 +88,7 @@ Decimale decimale(double valore) {
 std::string cifre_arrotondate(double valore, int decimali) {
     Decimale d = decimale(valore);
     const int tenute = d.punto + decimali;
-    if (tenute < 0)
-        return "";
+    if (tenute < 0) return "";
     std::string cifre = d.cifre;
     if (static_cast<std::size_t>(tenute) >= cifre.size()) {
         cifre.append(static_cast<std::size_t>(tenute) - cifre.size(), '0');
@@ -122,12 +115,10 @@ double Val(std::string_view testo) {
     std::string s;
     s.reserve(testo.size());
     for (const char c : testo) {
-        if (c != ' ' && c != '\t' && c != '\r' && c != '\n')
-            s.push_back(c);
+        if (c != ' ' && c != '\t' && c != '\r' && c != '\n') s.push_back(c);
     }
     const std::size_t lunghezza = prefisso_numerico(s);
-    if (lunghezza == 0)
-        return 0;
+    if (lunghezza == 0) return 0;
     const char* da = s.data() + (s[0] == '+' ? 1 : 0);
     double valore = 0;
     const auto esito = std::from_chars(da, s.data() + lunghezza, valore);
@@ -152,15 +143,13 @@ std::optional<std::int32_t> CLng(double valore) {
 }
 
 std::string Format(double valore, Modello modello) {
-    if (!std::isfinite(valore))
-        return "";
+    if (!std::isfinite(valore)) return "";
     const int decimali = modello == Modello::interi ? 0 : 2;
     std::string cifre = cifre_arrotondate(valore, decimali);
     std::string frazione;
     if (decimali > 0) {
         const std::size_t minimo = modello == Modello::decimali_zero ? 3 : 2;
-        if (cifre.size() < minimo)
-            cifre.insert(0, minimo - cifre.size(), '0');
+        if (cifre.size() < minimo) cifre.insert(0, minimo - cifre.size(), '0');
         frazione = "," + cifre.substr(cifre.size() - 2);
         cifre.resize(cifre.size() - 2);
     }
@@ -170,10 +159,8 @@ std::string Format(double valore, Modello modello) {
 }
 
 std::string CStr(double valore) {
-    if (!std::isfinite(valore))
-        return "";
-    if (valore == 0)
-        return "0";
+    if (!std::isfinite(valore)) return "";
+    if (valore == 0) return "0";
     char testo[40];
     const auto fine =
         std::to_chars(testo, testo + sizeof testo, valore, std::chars_format::general, 15);
@@ -183,8 +170,7 @@ std::string CStr(double valore) {
 
 std::int32_t leggi_numero(std::string_view testo) {
     const std::size_t punto = testo.find('.');
-    if (punto == std::string_view::npos)
-        return CLng(std::trunc(Val(testo))).value_or(0);
+    if (punto == std::string_view::npos) return CLng(std::trunc(Val(testo))).value_or(0);
     std::string unito(testo.substr(0, punto));
     unito += testo.substr(punto + 1);
     return CLng(Val(unito)).value_or(0);
@@ -193,8 +179,7 @@ std::int32_t leggi_numero(std::string_view testo) {
 std::string Replace(std::string_view testo, char vecchio, char nuovo) {
     std::string risultato(testo);
     for (char& c : risultato) {
-        if (c == vecchio)
-            c = nuovo;
+        if (c == vecchio) c = nuovo;
     }
     return risultato;
 }

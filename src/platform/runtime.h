@@ -25,8 +25,7 @@ std::optional<std::int32_t> CLng(double valore);
 /// Sets `destinazione` when `esito` holds a value, else leaves it; false when it was left.
 template <typename T>
 bool assegna(T& destinazione, const std::optional<T>& esito) {
-    if (esito)
-        destinazione = *esito;
+    if (esito) destinazione = *esito;
     return esito.has_value();
 }
 

@@ -27,8 +27,7 @@ bool fine(int c) {
 }
 
 void accoda(std::string& testo, int c) {
-    if (testo.size() < limite_testo)
-        testo.push_back(static_cast<char>(c));
+    if (testo.size() < limite_testo) testo.push_back(static_cast<char>(c));
 }
 
 template <typename T>
@@ -53,11 +52,9 @@ bool TextReader::apri(const std::string& nome) {
     // A pipe or device of that name must neither block the program nor be opened at all.
     const std::string reale = nome_su_disco(nome);
     struct stat s {};
-    if (::stat(reale.c_str(), &s) != 0 || !S_ISREG(s.st_mode))
-        return false;
+    if (::stat(reale.c_str(), &s) != 0 || !S_ISREG(s.st_mode)) return false;
     const int fd = syscalls().open(reale.c_str(), O_RDONLY | O_NONBLOCK, 0);
-    if (fd < 0)
-        return false;
+    if (fd < 0) return false;
     if (::fstat(fd, &s) != 0 || !S_ISREG(s.st_mode)) {
         syscalls().close(fd);
         return false;
@@ -68,8 +65,7 @@ bool TextReader::apri(const std::string& nome) {
 }
 
 void TextReader::chiudi() {
-    if (fd_ >= 0)
-        syscalls().close(fd_);
+    if (fd_ >= 0) syscalls().close(fd_);
     fd_ = -1;
     posizione_ = 0;
     pieno_ = 0;
@@ -77,8 +73,7 @@ void TextReader::chiudi() {
 }
 
 bool TextReader::riempi() {
-    if (fd_ < 0)
-        return false;
+    if (fd_ < 0) return false;
     base_ += static_cast<std::int64_t>(pieno_);
     posizione_ = 0;
     pieno_ = 0;
@@ -86,15 +81,13 @@ bool TextReader::riempi() {
     do {
         n = syscalls().read(fd_, dati_.data(), dati_.size());
     } while (n < 0 && errno == EINTR);
-    if (n <= 0)
-        return false;
+    if (n <= 0) return false;
     pieno_ = static_cast<std::size_t>(n);
     return true;
 }
 
 bool TextReader::seek(std::int64_t posizione) {
-    if (fd_ < 0 || posizione < 1 || ::lseek(fd_, posizione - 1, SEEK_SET) < 0)
-        return false;
+    if (fd_ < 0 || posizione < 1 || ::lseek(fd_, posizione - 1, SEEK_SET) < 0) return false;
     base_ = posizione - 1;
     posizione_ = 0;
     pieno_ = 0;
@@ -102,13 +95,11 @@ bool TextReader::seek(std::int64_t posizione) {
 }
 
 void TextReader::fine_riga(char primo) {
-    if (primo == '\r' && byte() == '\n')
-        ++posizione_;
+    if (primo == '\r' && byte() == '\n') ++posizione_;
 }
 
 bool TextReader::campo(std::string& destinazione) {
-    if (eof())
-        return false;
+    if (eof()) return false;
     std::string testo;
     int c = byte();
     while (bianco(c)) {
@@ -125,14 +116,12 @@ bool TextReader::campo(std::string& destinazione) {
     }
     while ((c = byte()) >= 0) {
         ++posizione_;
-        if (c == ',')
-            break;
+        if (c == ',') break;
         if (fine(c)) {
             fine_riga(static_cast<char>(c));
             break;
         }
-        if (!virgolette)
-            accoda(testo, c);
+        if (!virgolette) accoda(testo, c);
     }
     if (!virgolette) {
         while (!testo.empty() && bianco(testo.back())) testo.pop_back();
@@ -149,8 +138,7 @@ bool TextReader::cifre(std::int32_t& valore) {
     while (i < pieno_ && i - posizione_ < 6 && dati_[i] >= '0' && dati_[i] <= '9') {
         n = n * 10 + (dati_[i++] - '0');
     }
-    if (i == posizione_ || i + 1 >= pieno_)
-        return false;
+    if (i == posizione_ || i + 1 >= pieno_) return false;
     const char c = dati_[i];
     if (c == ',' || c == '\n') {
         posizione_ = i + 1;
@@ -170,8 +158,7 @@ bool TextReader::numero(double& destinazione) {
         return true;
     }
     std::string testo;
-    if (!campo(testo))
-        return false;
+    if (!campo(testo)) return false;
     destinazione = Val(testo);
     return true;
 }
@@ -193,8 +180,7 @@ bool TextReader::intero(std::int32_t& destinazione) {
 }
 
 bool TextReader::riga(std::string& destinazione) {
-    if (eof())
-        return false;
+    if (eof()) return false;
     std::string testo;
     int c = 0;
     while ((c = byte()) >= 0) {
@@ -210,8 +196,7 @@ bool TextReader::riga(std::string& destinazione) {
 }
 
 bool TextReader::salta_riga() {
-    if (eof())
-        return false;
+    if (eof()) return false;
     int c = 0;
     while ((c = byte()) >= 0) {
         ++posizione_;
@@ -224,8 +209,7 @@ bool TextReader::salta_riga() {
 }
 
 void Record::separa() {
-    if (!primo_)
-        testo_.push_back(',');
+    if (!primo_) testo_.push_back(',');
     primo_ = false;
 }
 

@@ -50,7 +50,8 @@ public:
     /// Copies the built tables into this root.
     void con_tabelle() const {
         std::filesystem::copy(SUITE_DIR "/ridotti", radice_ + "/ridotti",
-                              std::filesystem::copy_options::overwrite_existing);
+                              std::filesystem::copy_options::recursive |
+                                  std::filesystem::copy_options::overwrite_existing);
     }
 
 private:

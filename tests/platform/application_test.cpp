@@ -1,0 +1,352 @@
+#include "platform/application.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/file.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "platform/disk.h"
+#include "support/cartella.h"
+
+using namespace platform;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Sets a variable of the environment for the time of a test.
+class Variabile {
+public:
+    Variabile(const char* nome, const std::string& valore) : nome_(nome) {
+        const char* prima = std::getenv(nome);
+        c_era_ = prima != nullptr;
+        if (c_era_) {
+            prima_ = prima;
+        }
+        ::setenv(nome, valore.c_str(), 1);
+    }
+    Variabile(const Variabile&) = delete;
+    Variabile& operator=(const Variabile&) = delete;
+    ~Variabile() {
+        if (c_era_) {
+            ::setenv(nome_, prima_.c_str(), 1);
+        } else {
+            ::unsetenv(nome_);
+        }
+    }
+
+private:
+    const char* nome_;
+    std::string prima_;
+    bool c_era_ = false;
+};
+
+/// An installed program: an executable's folder, shared files, and a user without any.
+class TrovaCartella : public testing::Test {
+protected:
+    TrovaCartella() : dati_("XDG_DATA_HOME", cartella_.radice() + "/casa/dati") {
+        for (const char* parte : {"ridotti", "skin", "archivio"}) {
+            fs::create_directories(condivisi() + "/" + parte);
+        }
+        metti(condivisi() + "/ridotti/sn0600.rid", "1,2,3,4,5,6\r\n");
+        metti(condivisi() + "/ridotti/sn0700.rid", std::string(300000, 'x'));
+        metti(condivisi() + "/skin/skn.dat", "1");
+        metti(condivisi() + "/archivio/drawit.mdb", "archivio");
+    }
+    [[nodiscard]] std::string condivisi() const { return cartella_.radice() + "/share"; }
+    [[nodiscard]] std::string utente() const {
+        return cartella_.radice() + "/casa/dati/sortivario";
+    }
+    std::string trova() const { return trova_cartella("/usr/bin", condivisi()); }
+    static void metti(const std::string& nome, const std::string& dati) {
+        std::ofstream(nome, std::ios::binary) << dati;
+    }
+    static std::string leggi(const std::string& nome) {
+        return leggi_tutto(nome).value_or("<manca>");
+    }
+    [[nodiscard]] bool completa() const {
+        for (const char* nome : {"/ridotti/sn0600.rid", "/ridotti/sn0700.rid", "/skin/skn.dat",
+                                 "/archivio/drawit.mdb"}) {
+            if (leggi(utente() + nome) != leggi(condivisi() + nome)) {
+                return false;
+            }
+        }
+        return Dir(utente() + "/ridotti", "*").size() == 2;
+    }
+
+    support::Cartella cartella_;
+    Variabile dati_;
+};
+
+TEST(Radice, is_found_by_cutting_text) {
+    EXPECT_EQ(radice("/a/b/cruciverba"), "/a/b/");
+    EXPECT_EQ(radice("/a/CRUCIVERBA"), "/a/");
+    EXPECT_EQ(radice("/suite/giochi/altro"), "/suite/gi");
+    EXPECT_EQ(radice("breve"), "");
+}
+
+TEST(ApplicationTest, tells_its_version_and_names_its_files) {
+    Application app;
+    app.Major = 2;
+    app.Minor = 10;
+    app.Revision = 3;
+    app.Path = "/x/cruciverba";
+    EXPECT_EQ(app.versione(), "2.10.3");
+    EXPECT_EQ(app.file("cst"), "/x/cruciverba/cst");
+}
+
+TEST(ApplicationTest, knows_the_folder_of_the_executable) {
+    const std::string cartella = cartella_eseguibile();
+    EXPECT_EQ(cartella, fs::read_symlink("/proc/self/exe").parent_path().string());
+}
+
+TEST_F(TrovaCartella, a_writable_cruciverba_holds_everything_itself) {
+    EXPECT_EQ(trova_cartella(cartella_.programma(), condivisi()), cartella_.programma());
+    EXPECT_FALSE(esiste_cartella(utente()));
+}
+
+TEST_F(TrovaCartella, an_executable_elsewhere_uses_the_folder_of_the_user) {
+    EXPECT_EQ(trova(), utente() + "/cruciverba");
+    EXPECT_EQ(trova_cartella(cartella_.radice(), condivisi()), utente() + "/cruciverba");
+    EXPECT_EQ(trova_cartella(cartella_.radice() + "/manca/cruciverba", condivisi()),
+              utente() + "/cruciverba");
+    EXPECT_EQ(trova_cartella("", condivisi()), utente() + "/cruciverba");
+}
+
+TEST_F(TrovaCartella, a_cruciverba_that_cannot_be_written_is_not_used) {
+    fs::permissions(cartella_.radice(), fs::perms::all);
+    fs::permissions(cartella_.programma(), fs::perms::owner_read | fs::perms::owner_exec |
+                                               fs::perms::others_read | fs::perms::others_exec);
+    const pid_t figlio = ::fork();
+    if (figlio == 0) {
+        // Root may write everywhere, so the question is asked as somebody else.
+        if (::geteuid() == 0 && ::setuid(65534) != 0) {
+            ::_exit(2);
+        }
+        const std::string trovata = trova_cartella(cartella_.programma(), condivisi());
+        ::_exit(trovata == utente() + "/cruciverba" && esiste_cartella(trovata) ? 0 : 1);
+    }
+    int stato = 0;
+    ASSERT_EQ(::waitpid(figlio, &stato, 0), figlio);
+    EXPECT_TRUE(WIFEXITED(stato) && WEXITSTATUS(stato) == 0) << stato;
+    fs::permissions(cartella_.programma(), fs::perms::owner_all);
+}
+
+TEST_F(TrovaCartella, without_a_data_folder_it_lies_below_the_home) {
+    const Variabile casa("HOME", cartella_.radice() + "/io");
+    // Relative to the working folder, where a faulty program would make it.
+    const std::string relativa = "relativa" + fs::path(cartella_.radice()).filename().string();
+    for (const std::string& xdg : {std::string(), relativa}) {
+        const Variabile dati("XDG_DATA_HOME", xdg);
+        EXPECT_EQ(trova(), cartella_.radice() + "/io/.local/share/sortivario/cruciverba");
+    }
+    EXPECT_FALSE(fs::exists(relativa));
+}
+
+TEST_F(TrovaCartella, the_first_start_copies_tables_and_skins) {
+    const std::string trovata = trova();
+    EXPECT_TRUE(esiste_cartella(trovata));
+    EXPECT_TRUE(completa());
+    EXPECT_TRUE(Dir(trovata, "*").empty());
+    EXPECT_EQ(radice(trovata), utente() + "/");
+}
+
+TEST_F(TrovaCartella, a_later_start_copies_nothing) {
+    trova();
+    Kill(utente() + "/ridotti/sn0600.rid");
+    metti(utente() + "/skin/skn.dat", "2");
+    trova();
+    EXPECT_FALSE(esiste_file(utente() + "/ridotti/sn0600.rid"));
+    EXPECT_EQ(leggi(utente() + "/skin/skn.dat"), "2");
+}
+
+TEST_F(TrovaCartella, the_first_start_leaves_what_the_suite_put_there) {
+    fs::create_directories(utente() + "/archivio");
+    metti(utente() + "/archivio/drawit.mdb", "archivio nuovo");
+    trova();
+    EXPECT_EQ(leggi(utente() + "/archivio/drawit.mdb"), "archivio nuovo");
+    EXPECT_EQ(leggi(utente() + "/skin/skn.dat"), "1");
+}
+
+TEST_F(TrovaCartella, works_without_shared_files) {
+    EXPECT_EQ(trova_cartella("/usr/bin", cartella_.radice() + "/manca"), utente() + "/cruciverba");
+    EXPECT_TRUE(esiste_cartella(utente() + "/cruciverba"));
+    EXPECT_TRUE(esiste_cartella(utente() + "/ridotti"));
+}
+
+/// A disk on which only so many bytes find room, or a process that dies at a given call.
+class Disco : public Syscalls {
+public:
+    std::int64_t spazio = std::int64_t{1} << 40;
+    int vita = -1;
+    int open(const char* nome, int modo, mode_t permessi) override {
+        passo();
+        return Syscalls::open(nome, modo, permessi);
+    }
+    ssize_t write(int fd, const void* dati, std::size_t quanti) override {
+        passo();
+        if (spazio <= 0) {
+            errno = ENOSPC;
+            return -1;
+        }
+        const auto n = Syscalls::write(
+            fd, dati, std::min({quanti, std::size_t{40000}, static_cast<std::size_t>(spazio)}));
+        spazio -= n;
+        return n;
+    }
+    int fsync(int) override {
+        passo();
+        return 0;
+    }
+    int rename(const char* vecchio, const char* nuovo) override {
+        passo();
+        return Syscalls::rename(vecchio, nuovo);
+    }
+
+private:
+    void passo() {
+        if (vita > 0 && --vita == 0) {
+            ::raise(SIGKILL);
+        }
+    }
+};
+
+TEST_F(TrovaCartella, a_first_start_cut_short_by_a_full_disk_is_taken_up_again) {
+    for (const std::int64_t spazio : {0, 5, 13, 100000, 300000}) {
+        Disco disco;
+        disco.spazio = spazio;
+        Syscalls* prima = cambia_syscalls(&disco);
+        trova();
+        cambia_syscalls(prima);
+        EXPECT_FALSE(completa()) << spazio;
+        EXPECT_FALSE(esiste_cartella(utente() + "/cruciverba")) << spazio;
+        trova();
+        EXPECT_TRUE(completa()) << spazio;
+        fs::remove_all(utente());
+    }
+}
+
+TEST_F(TrovaCartella, a_first_start_killed_at_any_step_is_taken_up_again) {
+    int uccisi = 0;
+    for (int vita = 1;; ++vita) {
+        const pid_t figlio = ::fork();
+        if (figlio == 0) {
+            Disco disco;
+            disco.vita = vita;
+            cambia_syscalls(&disco);
+            trova();
+            ::_exit(0);
+        }
+        int stato = 0;
+        ASSERT_EQ(::waitpid(figlio, &stato, 0), figlio);
+        trova();
+        ASSERT_TRUE(completa()) << vita;
+        fs::remove_all(utente());
+        if (!WIFSIGNALED(stato)) {
+            break;
+        }
+        ++uccisi;
+    }
+    EXPECT_GT(uccisi, 15);
+}
+
+/// Two programs: this one and one that runs in a child process.
+class PrevInstanceTest : public testing::Test {
+protected:
+    PrevInstanceTest() : runtime_("XDG_RUNTIME_DIR", cartella_.radice()) {}
+
+    /// What another process is told that starts on `percorso`.
+    static bool altra(const std::string& percorso) {
+        const pid_t figlio = ::fork();
+        if (figlio == 0) {
+            Application app;
+            app.Path = percorso;
+            ::_exit(app.PrevInstance() ? 1 : 0);
+        }
+        int stato = 0;
+        ::waitpid(figlio, &stato, 0);
+        return WIFEXITED(stato) && WEXITSTATUS(stato) == 1;
+    }
+
+    support::Cartella cartella_;
+    Variabile runtime_;
+};
+
+TEST_F(PrevInstanceTest, a_second_program_on_the_folder_sees_the_first) {
+    Application app;
+    app.Path = cartella_.programma();
+    EXPECT_FALSE(altra(app.Path));
+    EXPECT_FALSE(app.PrevInstance());
+    EXPECT_TRUE(altra(app.Path));
+    EXPECT_TRUE(altra(app.Path));
+}
+
+TEST_F(PrevInstanceTest, the_instance_itself_may_ask_again) {
+    Application app;
+    app.Path = cartella_.programma();
+    EXPECT_FALSE(app.PrevInstance());
+    EXPECT_FALSE(app.PrevInstance());
+}
+
+TEST_F(PrevInstanceTest, the_same_folder_by_another_path_is_the_same) {
+    Application app;
+    app.Path = cartella_.programma();
+    EXPECT_FALSE(app.PrevInstance());
+    fs::create_directory_symlink(cartella_.radice(), cartella_.radice() + "/via");
+    EXPECT_TRUE(altra(cartella_.radice() + "/via/cruciverba"));
+}
+
+TEST_F(PrevInstanceTest, another_folder_has_its_own_instance) {
+    Application app;
+    app.Path = cartella_.programma();
+    EXPECT_FALSE(app.PrevInstance());
+    EXPECT_FALSE(altra(cartella_.radice() + "/ridotti"));
+    EXPECT_FALSE(altra(cartella_.radice() + "/manca"));
+}
+
+TEST_F(PrevInstanceTest, a_program_that_ended_or_was_killed_bars_nobody) {
+    {
+        Application app;
+        app.Path = cartella_.programma();
+        EXPECT_FALSE(app.PrevInstance());
+    }
+    EXPECT_FALSE(altra(cartella_.programma()));
+    int canale[2];
+    ASSERT_EQ(::pipe(canale), 0);
+    const pid_t figlio = ::fork();
+    if (figlio == 0) {
+        Application app;
+        app.Path = cartella_.programma();
+        const char esito = app.PrevInstance() ? '1' : '0';
+        if (::write(canale[1], &esito, 1) != 1) {
+            ::_exit(2);
+        }
+        for (;;) {
+            ::pause();
+        }
+    }
+    ::close(canale[1]);
+    char esito = '?';
+    ASSERT_EQ(::read(canale[0], &esito, 1), 1);
+    EXPECT_EQ(esito, '0');
+    EXPECT_TRUE(altra(cartella_.programma()));
+    ::kill(figlio, SIGKILL);
+    ::waitpid(figlio, nullptr, 0);
+    EXPECT_FALSE(altra(cartella_.programma()));
+    ::close(canale[0]);
+}
+
+TEST_F(PrevInstanceTest, leaves_nothing_in_the_program_folder) {
+    Application app;
+    app.Path = cartella_.programma();
+    EXPECT_FALSE(app.PrevInstance());
+    EXPECT_TRUE(fs::is_empty(cartella_.programma()));
+}
+
+}  // namespace

@@ -1,0 +1,405 @@
+#include "platform/disk.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include "support/cartella.h"
+
+using namespace platform;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class DiskTest : public testing::Test {
+protected:
+    [[nodiscard]] std::string f(const std::string& nome) const { return cartella_.file(nome); }
+    [[nodiscard]] std::vector<std::string> tutti() const {
+        std::vector<std::string> nomi;
+        for (const auto& voce : fs::directory_iterator(cartella_.programma())) {
+            nomi.push_back(voce.path().filename());
+        }
+        std::sort(nomi.begin(), nomi.end());
+        return nomi;
+    }
+    using Nomi = std::vector<std::string>;
+    support::Cartella cartella_;
+};
+
+TEST_F(DiskTest, a_name_in_another_case_is_found_in_every_component) {
+    fs::create_directories(f("Sotto/Ancora"));
+    cartella_.scrivi("Sotto/Ancora/Prova.SEN", "x");
+    EXPECT_EQ(nome_su_disco(f("sOTTO/aNCORA/pROVA.sen")), f("Sotto/Ancora/Prova.SEN"));
+    EXPECT_EQ(nome_su_disco(f("SOTTO/nuovo.sen")), f("Sotto/nuovo.sen"));
+    EXPECT_EQ(nome_su_disco(f("sotto//ancora/")), f("Sotto/Ancora/"));
+    EXPECT_TRUE(esiste_file(f("sotto/ancora/PROVA.sen")));
+    EXPECT_TRUE(esiste_cartella(f("sotto/ANCORA")));
+    EXPECT_EQ(dimensione_file(f("sotto/ancora/prova.sen")), 1);
+}
+
+TEST_F(DiskTest, accented_letters_match_without_case_too) {
+    cartella_.scrivi("Città È.sen", "x");
+    EXPECT_TRUE(esiste_file(f("CITTÀ è.SEN")));
+}
+
+TEST_F(DiskTest, a_name_that_is_not_there_stays_as_it_is) {
+    EXPECT_EQ(nome_su_disco(f("Nuovo.sen")), f("Nuovo.sen"));
+    EXPECT_EQ(nome_su_disco("/manca/del/Tutto"), "/manca/del/Tutto");
+    EXPECT_EQ(nome_su_disco("Relativo"), "Relativo");
+    EXPECT_EQ(nome_su_disco(""), "");
+    EXPECT_EQ(nome_su_disco("/"), "/");
+    EXPECT_EQ(nome_su_disco("/TMP/Manca"), "/tmp/Manca");
+}
+
+TEST_F(DiskTest, of_two_names_that_differ_in_case_the_exact_one_is_meant) {
+    cartella_.scrivi("a.sen", "1");
+    cartella_.scrivi("A.sen", "2");
+    EXPECT_EQ(leggi_tutto(f("a.sen")), "1");
+    EXPECT_EQ(leggi_tutto(f("A.sen")), "2");
+    EXPECT_EQ(leggi_tutto(f("A.SEN")), "2");
+}
+
+TEST_F(DiskTest, impossible_names_hit_no_file) {
+    cartella_.scrivi("a", "x");
+    const std::string nullo = f("a") + std::string(1, '\0') + ".sen";
+    const std::string lungo = f(std::string(300, 'a'));
+    std::string profondo = cartella_.programma();
+    while (profondo.size() < 1'000'000) {
+        profondo += "/x";
+    }
+    for (const std::string& nome : {nullo, lungo, profondo, std::string()}) {
+        EXPECT_FALSE(esiste_file(nome));
+        EXPECT_FALSE(esiste_cartella(nome));
+        EXPECT_FALSE(crea_cartella(nome));
+        EXPECT_FALSE(leggi_tutto(nome));
+        EXPECT_FALSE(data_creazione(nome));
+        EXPECT_NE(Kill(nome), Esito::ok);
+        EXPECT_NE(Name(nome, f("b")), Esito::ok);
+        EXPECT_NE(Name(f("a"), nome), Esito::ok);
+        EXPECT_NE(FileCopy(f("a"), nome), Esito::ok);
+        EXPECT_NE(aggiungi(nome, "y"), Esito::ok);
+        EXPECT_NE(scrivi(nome, "y"), Esito::ok);
+        EXPECT_NE(sostituisci(nome, "y"), Esito::ok);
+        EXPECT_NE(pubblica(f("a"), nome, 1), Esito::ok);
+    }
+    EXPECT_EQ(tutti(), Nomi{"a"});
+    EXPECT_EQ(cartella_.leggi("a"), "x");
+}
+
+TEST_F(DiskTest, a_file_is_no_folder_and_a_folder_no_file) {
+    cartella_.scrivi("a", "x");
+    EXPECT_TRUE(esiste_file(f("a")));
+    EXPECT_FALSE(esiste_cartella(f("a")));
+    EXPECT_FALSE(esiste_file(cartella_.programma()));
+    EXPECT_TRUE(esiste_cartella(cartella_.programma()));
+    EXPECT_FALSE(dimensione_file(cartella_.programma()));
+    EXPECT_FALSE(dimensione_file(f("manca")));
+    EXPECT_FALSE(esiste_file(f("manca")));
+}
+
+TEST_F(DiskTest, folders_are_made_with_those_above_them) {
+    EXPECT_TRUE(crea_cartella(f("Uno/due/tre")));
+    EXPECT_TRUE(crea_cartella(f("Uno/due/tre")));
+    EXPECT_TRUE(crea_cartella(f("uno/DUE/quattro/")));
+    EXPECT_TRUE(fs::is_directory(f("Uno/due/quattro")));
+    EXPECT_EQ(tutti(), Nomi{"Uno"});
+    cartella_.scrivi("file", "x");
+    EXPECT_FALSE(crea_cartella(f("file")));
+    EXPECT_FALSE(crea_cartella(f("file/sotto")));
+}
+
+TEST_F(DiskTest, a_folder_is_writable_when_files_can_be_made_in_it) {
+    EXPECT_TRUE(cartella_scrivibile(cartella_.programma()));
+    EXPECT_FALSE(cartella_scrivibile(f("manca")));
+    cartella_.scrivi("file", "x");
+    EXPECT_FALSE(cartella_scrivibile(f("file")));
+    EXPECT_FALSE(cartella_scrivibile(""));
+}
+
+TEST_F(DiskTest, a_file_has_a_creation_date) {
+    const std::int64_t prima = ::time(nullptr);
+    cartella_.scrivi("Prova.sen", "x");
+    const auto data = data_creazione(f("prova.sen"));
+    ASSERT_TRUE(data);
+    EXPECT_LE(std::abs(*data - prima), 60);
+    EXPECT_FALSE(data_creazione(f("manca")));
+}
+
+TEST(DiskDate, is_text_of_day_month_and_two_digit_year) {
+    ::setenv("TZ", "UTC", 1);
+    ::tzset();
+    EXPECT_EQ(testo_data_ora(1087040415), "12/06/04 11.40.15");
+    EXPECT_EQ(testo_data_ora(0), "01/01/70 00.00.00");
+    ::unsetenv("TZ");
+    ::tzset();
+    EXPECT_LE(testo_data_ora(std::int64_t{1} << 62).size(), 40U);
+}
+
+TEST(DiskPattern, knows_star_and_question_mark_without_case) {
+    EXPECT_TRUE(corrisponde("Prova.SEN", "*.sen"));
+    EXPECT_TRUE(corrisponde(".sen", "*.sen"));
+    EXPECT_FALSE(corrisponde("prova.sen2", "*.sen"));
+    EXPECT_FALSE(corrisponde("provasen", "*.sen"));
+    EXPECT_TRUE(corrisponde("TEMPO.col", "temp*"));
+    EXPECT_FALSE(corrisponde("atemp", "temp*"));
+    EXPECT_TRUE(corrisponde("ab", "a?"));
+    EXPECT_FALSE(corrisponde("a", "a?"));
+    EXPECT_TRUE(corrisponde("aXbXc", "a*b*c"));
+    EXPECT_TRUE(corrisponde("", "*"));
+    EXPECT_TRUE(corrisponde("", ""));
+    EXPECT_FALSE(corrisponde("a", ""));
+    EXPECT_TRUE(corrisponde("aaab", "*ab"));
+}
+
+TEST(DiskPattern, a_question_mark_stands_for_one_letter_not_one_byte) {
+    EXPECT_TRUE(corrisponde("è.sen", "?.sen"));
+    EXPECT_TRUE(corrisponde("caffè.sen", "*?.SEN"));
+    EXPECT_FALSE(corrisponde("è.sen", "??.sen"));
+}
+
+TEST(DiskPattern, of_many_stars_ends) {
+    EXPECT_FALSE(corrisponde(std::string(255, 'a'), std::string(100, '*') + "b"));
+    std::string stelle;
+    for (int i = 0; i < 100; ++i) {
+        stelle += "*a";
+    }
+    EXPECT_FALSE(corrisponde(std::string(255, 'a'), stelle + "b"));
+}
+
+TEST_F(DiskTest, a_directory_lists_regular_files_in_order_of_name) {
+    for (const char* nome :
+         {"b.sen", "B2.sen", "A.sen", "c.SEN", "a.sen", ".sen", "10.sen", "2.sen", "x.sel"}) {
+        cartella_.scrivi(nome, "");
+    }
+    fs::create_directories(f("cartella.sen"));
+    ASSERT_EQ(::mkfifo(f("fifo.sen").c_str(), 0600), 0);
+    fs::create_symlink("b.sen", f("link.sen"));
+    fs::create_symlink("manca", f("rotto.sen"));
+    const Nomi attesi = {".sen",  "10.sen", "2.sen", "A.sen",   "a.sen",
+                         "b.sen", "B2.sen", "c.SEN", "link.sen"};
+    EXPECT_EQ(Dir(cartella_.programma(), "*.sen"), attesi);
+    EXPECT_EQ(Dir(cartella_.radice() + "/CRUCIVERBA", "*.SEN"), attesi);
+    EXPECT_EQ(Dir(cartella_.programma(), "x.sel"), Nomi{"x.sel"});
+    EXPECT_TRUE(Dir(cartella_.programma(), "y*").empty());
+    EXPECT_TRUE(Dir(f("manca"), "*").empty());
+}
+
+TEST_F(DiskTest, kill_deletes_one_file_without_case) {
+    cartella_.scrivi("Prova.sen", "x");
+    cartella_.scrivi("Prova.col", "x");
+    EXPECT_EQ(Kill(f("pROVA.SEN")), Esito::ok);
+    EXPECT_EQ(tutti(), Nomi{"Prova.col"});
+    EXPECT_EQ(Kill(f("prova.sen")), Esito::assente);
+}
+
+TEST_F(DiskTest, kill_takes_a_link_and_leaves_what_it_leads_to) {
+    cartella_.scrivi("a", "x");
+    fs::create_symlink("a", f("link"));
+    EXPECT_EQ(Kill(f("link")), Esito::ok);
+    EXPECT_EQ(tutti(), Nomi{"a"});
+}
+
+TEST_F(DiskTest, name_renames_without_case_and_never_overwrites) {
+    cartella_.scrivi("Vecchio.sen", "v");
+    cartella_.scrivi("Altro.sen", "a");
+    EXPECT_EQ(Name(f("vecchio.SEN"), f("altro.SEN")), Esito::errore);
+    EXPECT_EQ(cartella_.leggi("Altro.sen"), "a");
+    EXPECT_EQ(cartella_.leggi("Vecchio.sen"), "v");
+    EXPECT_EQ(Name(f("vecchio.SEN"), f("Nuovo.sen")), Esito::ok);
+    EXPECT_EQ(cartella_.leggi("Nuovo.sen"), "v");
+    EXPECT_EQ(Name(f("vecchio.sen"), f("x")), Esito::assente);
+    EXPECT_EQ(Name(f("Nuovo.sen"), f("manca/x")), Esito::assente);
+    EXPECT_EQ(tutti(), (Nomi{"Altro.sen", "Nuovo.sen"}));
+}
+
+TEST_F(DiskTest, name_gives_a_file_the_new_case_of_its_own_name) {
+    cartella_.scrivi("prova.sen", "v");
+    EXPECT_EQ(Name(f("prova.sen"), cartella_.radice() + "/CRUCIVERBA/Prova.SEN"), Esito::ok);
+    EXPECT_EQ(tutti(), Nomi{"Prova.SEN"});
+    EXPECT_EQ(Name(f("prova.sen"), f("Prova.SEN")), Esito::ok);
+    EXPECT_EQ(cartella_.leggi("Prova.SEN"), "v");
+}
+
+TEST_F(DiskTest, a_copy_has_the_same_content) {
+    const std::string dati(1'000'000, 'q');
+    cartella_.scrivi("Da.col", dati);
+    EXPECT_EQ(FileCopy(f("da.COL"), f("A.col")), Esito::ok);
+    EXPECT_TRUE(cartella_.leggi("A.col") == dati);
+    EXPECT_EQ(FileCopy(f("manca"), f("b")), Esito::assente);
+    EXPECT_FALSE(cartella_.esiste("b"));
+}
+
+TEST_F(DiskTest, a_copy_onto_another_file_replaces_it_under_its_own_case) {
+    cartella_.scrivi("da.col", "nuovo");
+    cartella_.scrivi("Arrivo.COL", "vecchio e lungo");
+    EXPECT_EQ(FileCopy(f("da.col"), f("arrivo.col")), Esito::ok);
+    EXPECT_EQ(cartella_.leggi("Arrivo.COL"), "nuovo");
+    EXPECT_EQ(tutti(), (Nomi{"Arrivo.COL", "da.col"}));
+}
+
+TEST_F(DiskTest, a_copy_onto_itself_in_another_case_leaves_the_file) {
+    cartella_.scrivi("da.col", "dati");
+    struct stat prima {};
+    struct stat dopo {};
+    ASSERT_EQ(::stat(f("da.col").c_str(), &prima), 0);
+    EXPECT_EQ(FileCopy(f("da.col"), f("DA.col")), Esito::ok);
+    EXPECT_EQ(FileCopy(f("da.col"), f("da.col")), Esito::ok);
+    ASSERT_EQ(::stat(f("da.col").c_str(), &dopo), 0);
+    EXPECT_EQ(dopo.st_ino, prima.st_ino);
+    EXPECT_EQ(cartella_.leggi("da.col"), "dati");
+    EXPECT_EQ(tutti(), Nomi{"da.col"});
+}
+
+TEST_F(DiskTest, appending_makes_the_file_and_adds_to_it) {
+    EXPECT_EQ(aggiungi(f("Temp.col"), "1,2\r\n"), Esito::ok);
+    EXPECT_EQ(aggiungi(f("tEMP.col"), "3,4\r\n"), Esito::ok);
+    EXPECT_EQ(aggiungi(f("tEMP.col"), ""), Esito::ok);
+    EXPECT_EQ(cartella_.leggi("Temp.col"), "1,2\r\n3,4\r\n");
+    EXPECT_EQ(tutti(), Nomi{"Temp.col"});
+}
+
+TEST_F(DiskTest, writing_makes_the_file_or_empties_it_first) {
+    EXPECT_EQ(scrivi(f("Cst"), "lungo"), Esito::ok);
+    EXPECT_EQ(cartella_.leggi("Cst"), "lungo");
+    EXPECT_EQ(scrivi(f("cST"), "x"), Esito::ok);
+    EXPECT_EQ(cartella_.leggi("Cst"), "x");
+    EXPECT_EQ(scrivi(f("cST"), ""), Esito::ok);
+    EXPECT_EQ(dimensione_file(f("Cst")), 0);
+    EXPECT_EQ(tutti(), Nomi{"Cst"});
+}
+
+TEST_F(DiskTest, replacing_keeps_the_case_on_disk_and_leaves_no_working_file) {
+    EXPECT_EQ(sostituisci(f("Prova.sen"), "uno"), Esito::ok);
+    EXPECT_EQ(sostituisci(cartella_.radice() + "/Cruciverba/PROVA.sen", "due"), Esito::ok);
+    EXPECT_EQ(cartella_.leggi("Prova.sen"), "due");
+    EXPECT_EQ(tutti(), Nomi{"Prova.sen"});
+    EXPECT_EQ(sostituisci(f("manca/x"), "due"), Esito::assente);
+}
+
+TEST_F(DiskTest, replacing_a_link_leaves_what_it_leads_to) {
+    cartella_.scrivi("meta", "m");
+    fs::create_symlink("meta", f("link"));
+    EXPECT_EQ(sostituisci(f("link"), "nuovo"), Esito::ok);
+    EXPECT_EQ(cartella_.leggi("meta"), "m");
+    EXPECT_EQ(cartella_.leggi("link"), "nuovo");
+}
+
+TEST_F(DiskTest, publishing_moves_a_file_of_the_told_size_only) {
+    cartella_.scrivi("temp.col", "12345");
+    cartella_.scrivi("Finale.col", "vecchio");
+    EXPECT_EQ(pubblica(f("temp.col"), f("finale.col"), 6), Esito::disco_pieno);
+    EXPECT_EQ(cartella_.leggi("Finale.col"), "vecchio");
+    EXPECT_EQ(cartella_.leggi("temp.col"), "12345");
+    EXPECT_EQ(pubblica(f("TEMP.col"), f("finale.col"), 5), Esito::ok);
+    EXPECT_EQ(cartella_.leggi("Finale.col"), "12345");
+    EXPECT_EQ(tutti(), Nomi{"Finale.col"});
+    EXPECT_EQ(pubblica(f("temp.col"), f("finale.col"), 5), Esito::assente);
+}
+
+TEST_F(DiskTest, a_leftover_working_file_of_another_life_is_not_touched) {
+    const std::string resto = "temp-" + std::to_string(::getpid()) + "-0.nuovo";
+    cartella_.scrivi(resto, "resto");
+    EXPECT_EQ(sostituisci(f("a"), "x"), Esito::ok);
+    EXPECT_EQ(cartella_.leggi(resto), "resto");
+    EXPECT_EQ(cartella_.leggi("a"), "x");
+}
+
+TEST_F(DiskTest, the_working_file_of_a_long_job_survives_a_replacement) {
+    const std::string lavoro = nome_di_lavoro(cartella_.programma());
+    EXPECT_EQ(scrivi(lavoro, "sviluppo"), Esito::ok);
+    EXPECT_EQ(sostituisci(f("cst"), "x"), Esito::ok);
+    EXPECT_EQ(leggi_tutto(lavoro), "sviluppo");
+}
+
+TEST_F(DiskTest, working_names_are_known_again_and_players_names_are_not) {
+    EXPECT_EQ(nome_di_lavoro("/x").substr(0, 8), "/x/temp-");
+    EXPECT_TRUE(e_nome_di_lavoro(nome_di_lavoro("").substr(1)));
+    EXPECT_TRUE(e_nome_di_lavoro("temp-12.nuovo"));
+    EXPECT_TRUE(e_nome_di_lavoro("temp-12-3.nuovo"));
+    for (const char* nome :
+         {"tempo.sen", "temp.col", "temp-.nuovo", "temp-a.nuovo", "temp--1.nuovo",
+          "temp-1.nuovo.sen", "temp.nuovo", "temp-nuovo", "", "atemp-1.nuovo"}) {
+        EXPECT_FALSE(e_nome_di_lavoro(nome)) << nome;
+    }
+}
+
+TEST_F(DiskTest, a_whole_file_is_read_up_to_the_limit) {
+    cartella_.scrivi("A.rid", "12345");
+    EXPECT_EQ(leggi_tutto(f("a.RID")), "12345");
+    EXPECT_EQ(leggi_tutto(f("a.rid"), 5), "12345");
+    EXPECT_FALSE(leggi_tutto(f("a.rid"), 4));
+    EXPECT_FALSE(leggi_tutto(f("manca")));
+    cartella_.scrivi("vuoto", "");
+    EXPECT_EQ(leggi_tutto(f("vuoto")), "");
+}
+
+/// Every step that could write onto, remove or wait for what is no plain file.
+void nessuno_tocca(const std::string& nome, const std::string& sorgente) {
+    EXPECT_EQ(scrivi(nome, "x"), Esito::errore) << nome;
+    EXPECT_EQ(aggiungi(nome, "x"), Esito::errore) << nome;
+    EXPECT_EQ(sostituisci(nome, "x"), Esito::errore) << nome;
+    EXPECT_EQ(pubblica(sorgente, nome, 1), Esito::errore) << nome;
+    EXPECT_EQ(FileCopy(sorgente, nome), Esito::errore) << nome;
+    EXPECT_EQ(FileCopy(nome, sorgente), Esito::errore) << nome;
+    EXPECT_EQ(Name(sorgente, nome), Esito::errore) << nome;
+    EXPECT_EQ(Name(nome, sorgente + "2"), Esito::errore) << nome;
+    EXPECT_EQ(pubblica(nome, sorgente, 0), Esito::errore) << nome;
+    EXPECT_EQ(Kill(nome), Esito::errore) << nome;
+    EXPECT_FALSE(leggi_tutto(nome)) << nome;
+    EXPECT_FALSE(esiste_file(nome)) << nome;
+}
+
+TEST_F(DiskTest, folders_pipes_and_sockets_are_neither_written_nor_waited_for) {
+    cartella_.scrivi("sorgente", "s");
+    fs::create_directories(f("cartella"));
+    ASSERT_EQ(::mkfifo(f("fifo").c_str(), 0600), 0);
+    sockaddr_un indirizzo{};
+    indirizzo.sun_family = AF_UNIX;
+    const std::string presa = f("presa");
+    std::copy(presa.begin(), presa.end(), indirizzo.sun_path);
+    const int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    ASSERT_EQ(::bind(fd, reinterpret_cast<sockaddr*>(&indirizzo), sizeof indirizzo), 0);
+    for (const char* nome : {"cartella", "fifo", "presa"}) {
+        nessuno_tocca(f(nome), f("sorgente"));
+    }
+    ::close(fd);
+    EXPECT_EQ(tutti(), (Nomi{"cartella", "fifo", "presa", "sorgente"}));
+    EXPECT_EQ(cartella_.leggi("sorgente"), "s");
+    EXPECT_TRUE(fs::is_fifo(f("fifo")));
+}
+
+TEST_F(DiskTest, device_nodes_are_left_alone) {
+    // A node of its own, so that a faulty program run as root harms no real device.
+    if (::mknod(f("nulla").c_str(), S_IFCHR | 0600, static_cast<dev_t>((1 << 8) | 3)) != 0) {
+        GTEST_SKIP() << "device nodes cannot be made here";
+    }
+    cartella_.scrivi("sorgente", "s");
+    nessuno_tocca(f("nulla"), f("sorgente"));
+    EXPECT_TRUE(fs::is_character_file(f("nulla")));
+    EXPECT_EQ(tutti(), (Nomi{"nulla", "sorgente"}));
+}
+
+TEST_F(DiskTest, nothing_is_written_through_a_link) {
+    cartella_.scrivi("meta", "m");
+    cartella_.scrivi("sorgente", "s");
+    fs::create_symlink("meta", f("link"));
+    fs::create_symlink("manca", f("rotto"));
+    for (const char* nome : {"link", "rotto"}) {
+        EXPECT_EQ(scrivi(f(nome), "x"), Esito::errore);
+        EXPECT_EQ(aggiungi(f(nome), "x"), Esito::errore);
+        EXPECT_EQ(FileCopy(f("sorgente"), f(nome)), Esito::errore);
+        EXPECT_TRUE(fs::is_symlink(f(nome)));
+    }
+    EXPECT_EQ(cartella_.leggi("meta"), "m");
+    EXPECT_FALSE(cartella_.esiste("manca"));
+}
+
+}  // namespace

@@ -1,0 +1,262 @@
+#include "platform/runtime.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+#include <set>
+
+using namespace platform;
+
+namespace {
+
+constexpr double infinito = std::numeric_limits<double>::infinity();
+
+TEST(Val, takes_the_longest_numeric_prefix) {
+    EXPECT_EQ(Val("12"), 12);
+    EXPECT_EQ(Val("-3.25x"), -3.25);
+    EXPECT_EQ(Val("+7"), 7);
+    EXPECT_EQ(Val("24 a 57"), 24);
+    EXPECT_EQ(Val(".5"), 0.5);
+    EXPECT_EQ(Val("5."), 5);
+    EXPECT_EQ(Val("1e3"), 1000);
+    EXPECT_EQ(Val("1E-2x"), 0.01);
+}
+
+TEST(Val, stops_at_a_comma_and_at_a_second_point) {
+    EXPECT_EQ(Val("0,50"), 0);
+    EXPECT_EQ(Val("86.086.00"), 86.086);
+    EXPECT_EQ(Val("..5"), 0);
+}
+
+TEST(Val, ignores_blanks_anywhere) {
+    EXPECT_EQ(Val("  1 2\t3\r\n4"), 1234);
+    EXPECT_EQ(Val(" - 5"), -5);
+}
+
+TEST(Val, is_zero_without_a_number) {
+    for (const char* testo :
+         {"", " ", "abc", "-", "+.", "e5", "\"4\"", "#2004-06-12#", "nan", "inf"}) {
+        EXPECT_EQ(Val(testo), 0) << testo;
+    }
+}
+
+TEST(Val, leaves_an_exponent_without_digits_alone) {
+    EXPECT_EQ(Val("2e"), 2);
+    EXPECT_EQ(Val("2e+"), 2);
+    EXPECT_EQ(Val("2ex"), 2);
+}
+
+TEST(Val, of_a_number_beyond_all_measure_fits_no_conversion) {
+    EXPECT_EQ(Val("1e999"), infinito);
+    EXPECT_EQ(Val("-1e999"), -infinito);
+    EXPECT_EQ(Val(std::string(400, '9')), infinito);
+    EXPECT_EQ(Val("1e-999"), 0);
+    EXPECT_EQ(Val("0." + std::string(400, '0') + "1"), 0);
+    EXPECT_FALSE(CLng(Val("1e999")));
+}
+
+TEST(Str, puts_a_blank_before_a_number_without_sign) {
+    EXPECT_EQ(Str(0), " 0");
+    EXPECT_EQ(Str(12), " 12");
+    EXPECT_EQ(Str(-12), "-12");
+}
+
+TEST(Conversion, rounds_half_to_even) {
+    EXPECT_EQ(CInt(0.5), 0);
+    EXPECT_EQ(CInt(1.5), 2);
+    EXPECT_EQ(CInt(2.5), 2);
+    EXPECT_EQ(CInt(-1.5), -2);
+    EXPECT_EQ(CInt(-2.5), -2);
+    EXPECT_EQ(CInt(2.51), 3);
+}
+
+TEST(Conversion, fails_out_of_range) {
+    EXPECT_EQ(CByte(255.4), 255);
+    EXPECT_EQ(CByte(254.5), 254);
+    EXPECT_EQ(CByte(-0.5), 0);
+    EXPECT_FALSE(CByte(255.5));
+    EXPECT_FALSE(CByte(-1));
+    EXPECT_EQ(CInt(32767), 32767);
+    EXPECT_EQ(CInt(-32768), -32768);
+    EXPECT_FALSE(CInt(32768));
+    EXPECT_FALSE(CInt(-32769));
+    EXPECT_EQ(CLng(2147483647.4), 2147483647);
+    EXPECT_EQ(CLng(-2147483648.0), std::numeric_limits<std::int32_t>::min());
+    EXPECT_FALSE(CLng(2147483647.5));
+    EXPECT_FALSE(CLng(-2147483649.0));
+    EXPECT_FALSE(CLng(std::nan("")));
+    EXPECT_FALSE(CLng(infinito));
+}
+
+TEST(Conversion, a_failed_one_leaves_its_target) {
+    std::uint8_t n = 7;
+    EXPECT_FALSE(assegna(n, CByte(300)));
+    EXPECT_EQ(n, 7);
+    EXPECT_TRUE(assegna(n, CByte(30)));
+    EXPECT_EQ(n, 30);
+}
+
+TEST(Format, groups_thousands_with_points) {
+    EXPECT_EQ(Format(172172, Modello::interi), "172.172");
+    EXPECT_EQ(Format(999, Modello::interi), "999");
+    EXPECT_EQ(Format(1000, Modello::interi), "1.000");
+    EXPECT_EQ(Format(1234567, Modello::interi), "1.234.567");
+    EXPECT_EQ(Format(-1234, Modello::interi), "-1.234");
+    EXPECT_EQ(Format(86086, Modello::decimali), "86.086,00");
+}
+
+TEST(Format, of_whole_numbers_shows_zero_as_empty) {
+    EXPECT_EQ(Format(0, Modello::interi), "");
+    EXPECT_EQ(Format(0.4, Modello::interi), "");
+    EXPECT_EQ(Format(-0.4, Modello::interi), "");
+    EXPECT_EQ(Format(0.5, Modello::interi), "1");
+}
+
+TEST(Format, without_forced_zero_begins_with_the_comma) {
+    EXPECT_EQ(Format(0.5, Modello::decimali), ",50");
+    EXPECT_EQ(Format(0, Modello::decimali), ",00");
+    EXPECT_EQ(Format(0.05, Modello::decimali), ",05");
+    EXPECT_EQ(Format(0.004, Modello::decimali), ",00");
+    EXPECT_EQ(Format(-0.5, Modello::decimali), "-,50");
+}
+
+TEST(Format, with_forced_zero_begins_with_a_digit) {
+    EXPECT_EQ(Format(0.5, Modello::decimali_zero), "0,50");
+    EXPECT_EQ(Format(0, Modello::decimali_zero), "0,00");
+    EXPECT_EQ(Format(86.086, Modello::decimali_zero), "86,09");
+    EXPECT_EQ(Format(1234.5, Modello::decimali_zero), "1.234,50");
+}
+
+TEST(Format, of_what_rounds_to_nothing_has_no_sign) {
+    EXPECT_EQ(Format(-0.001, Modello::decimali), ",00");
+    EXPECT_EQ(Format(-0.001, Modello::decimali_zero), "0,00");
+    EXPECT_EQ(Format(-0.0, Modello::decimali_zero), "0,00");
+}
+
+TEST(Format, rounds_half_away_from_zero) {
+    EXPECT_EQ(Format(58.0 / 16, Modello::decimali), "3,63");
+    EXPECT_EQ(Format(-58.0 / 16, Modello::decimali), "-3,63");
+    EXPECT_EQ(Format(2.5, Modello::interi), "3");
+    EXPECT_EQ(Format(0.125, Modello::decimali_zero), "0,13");
+    EXPECT_EQ(Format(999.995, Modello::decimali), "1.000,00");
+    EXPECT_EQ(Format(0.995, Modello::decimali), "1,00");
+}
+
+TEST(Format, looks_at_fifteen_significant_digits) {
+    // 1.005 is a little less in binary, and half at fifteen digits.
+    EXPECT_EQ(Format(1.005, Modello::decimali), "1,01");
+    EXPECT_EQ(Format(0.285, Modello::decimali), ",29");
+    EXPECT_EQ(Format(1.00499999999999, Modello::decimali), "1,00");
+}
+
+TEST(Format, takes_any_magnitude) {
+    EXPECT_EQ(Format(1e15, Modello::interi), "1.000.000.000.000.000");
+    EXPECT_EQ(Format(1e-300, Modello::decimali), ",00");
+    EXPECT_EQ(Format(1e300, Modello::interi).size(), 301U + 100U);
+    EXPECT_EQ(Format(infinito, Modello::interi), "");
+    EXPECT_EQ(Format(std::nan(""), Modello::decimali), "");
+}
+
+TEST(CStr, has_a_decimal_comma_and_no_padding) {
+    EXPECT_EQ(CStr(86086), "86086");
+    EXPECT_EQ(CStr(0.5), "0,5");
+    EXPECT_EQ(CStr(-2.25), "-2,25");
+    EXPECT_EQ(CStr(0), "0");
+    EXPECT_EQ(CStr(-0.0), "0");
+    EXPECT_EQ(CStr(0.1 + 0.2), "0,3");
+    EXPECT_EQ(CStr(123456789012345), "123456789012345");
+    EXPECT_EQ(CStr(1e20), "1E+20");
+    EXPECT_EQ(CStr(infinito), "");
+}
+
+TEST(LeggiNumero, cuts_the_first_point_only) {
+    EXPECT_EQ(leggi_numero("172.172"), 172172);
+    EXPECT_EQ(leggi_numero("980"), 980);
+    EXPECT_EQ(leggi_numero(""), 0);
+    EXPECT_EQ(leggi_numero("1.234.567"), 1235);
+    EXPECT_EQ(leggi_numero("1.234,9"), 1234);
+    EXPECT_EQ(leggi_numero("-1.234"), -1234);
+}
+
+TEST(LeggiNumero, is_zero_beyond_32_bits) {
+    EXPECT_EQ(leggi_numero("2147483647"), 2147483647);
+    EXPECT_EQ(leggi_numero("2147483648"), 0);
+    EXPECT_EQ(leggi_numero("9.999999999"), 0);
+    EXPECT_EQ(leggi_numero(std::string(500, '9')), 0);
+}
+
+TEST(Text, replace_changes_every_occurrence) {
+    EXPECT_EQ(Replace("1,2,3", ',', '.'), "1.2.3");
+    EXPECT_EQ(Replace("", ',', '.'), "");
+}
+
+TEST(Text, trim_takes_blanks_at_both_ends) {
+    EXPECT_EQ(Trim("  a b "), "a b");
+    EXPECT_EQ(Trim("   "), "");
+    EXPECT_EQ(Trim(""), "");
+    EXPECT_EQ(Trim("a"), "a");
+}
+
+TEST(Text, lower_case_knows_the_accented_letters) {
+    EXPECT_EQ(LCase("Sistema@1"), "sistema@1");
+    EXPECT_EQ(LCase("ÀÈÉÌÒÙÇÑÖÞ"), "àèéìòùçñöþ");
+    EXPECT_EQ(LCase("×÷ß"), "×÷ß");
+    EXPECT_EQ(LCase("ŠŽŒŸ"), "šžœÿ");
+    EXPECT_EQ(LCase("šžœÿ"), "šžœÿ");
+}
+
+TEST(Text, lower_case_survives_bytes_that_are_no_utf8) {
+    EXPECT_EQ(LCase("\xC3"), "\xC3");
+    EXPECT_EQ(LCase("\xC3"
+                    "A\xC5"
+                    "B"),
+              "\xC3"
+              "a\xC5"
+              "b");
+}
+
+TEST(Rnd, begins_as_the_classic_generator_does) {
+    Rnd rnd;
+    EXPECT_NEAR(rnd.prossimo() / 16777216.0, 0.7055475, 5e-8);
+    EXPECT_NEAR(rnd.prossimo() / 16777216.0, 0.5334240, 5e-8);
+    EXPECT_NEAR(rnd.prossimo() / 16777216.0, 0.5795186, 5e-8);
+}
+
+TEST(Rnd, follows_its_formula_over_the_whole_period) {
+    Rnd rnd;
+    std::uint64_t x = 327680;
+    for (int i = 0; i < 1 << 24; ++i) {
+        x = (x * 1140671485U + 12820163U) % (1U << 24);
+        const std::uint32_t y = rnd.prossimo();
+        if (y != x) {
+            FAIL() << "step " << i;
+        }
+    }
+    EXPECT_EQ(x, 327680U);
+}
+
+TEST(Rnd, every_start_gives_the_same_sequence) {
+    Rnd a;
+    Rnd b;
+    for (int i = 0; i < 100; ++i) {
+        EXPECT_EQ(a.prossimo(), b.prossimo());
+    }
+}
+
+TEST(Rnd, draws_every_number_from_one_up_and_no_other) {
+    Rnd rnd;
+    Rnd stesso;
+    std::set<std::int32_t> viste;
+    for (int i = 0; i < 10000; ++i) {
+        const std::int32_t n = rnd.fino_a(90);
+        ASSERT_EQ(n,
+                  static_cast<std::int32_t>(std::floor(stesso.prossimo() / 16777216.0 * 90)) + 1);
+        viste.insert(n);
+    }
+    EXPECT_EQ(viste.size(), 90U);
+    EXPECT_EQ(*viste.begin(), 1);
+    EXPECT_EQ(*viste.rbegin(), 90);
+    EXPECT_EQ(Rnd().fino_a(90), 64);
+}
+
+}  // namespace

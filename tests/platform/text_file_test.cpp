@@ -1,0 +1,404 @@
+#include "platform/text_file.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <limits>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/disk.h"
+#include "support/cartella.h"
+
+using platform::Record;
+using platform::TextReader;
+
+namespace {
+
+constexpr std::size_t blocco = 65536;
+
+/// A folder with one file to read.
+class TextReaderTest : public testing::Test {
+protected:
+    void apri(const std::string& dati) {
+        cartella_.scrivi("f", dati);
+        ASSERT_TRUE(lettore_.apri(cartella_.file("f")));
+    }
+    std::string campo() {
+        std::string testo = "lasciato";
+        return lettore_.campo(testo) ? testo : "<fine>";
+    }
+    std::string riga() {
+        std::string testo = "lasciata";
+        return lettore_.riga(testo) ? testo : "<fine>";
+    }
+    double numero() {
+        double n = -1;
+        return lettore_.numero(n) ? n : -2;
+    }
+
+    support::Cartella cartella_;
+    TextReader lettore_;
+};
+
+TEST_F(TextReaderTest, a_field_ends_at_a_comma_or_at_the_line_end) {
+    apri("1,due\r\n3\n4\r5");
+    for (const char* atteso : {"1", "due", "3", "4", "5", "<fine>"}) {
+        EXPECT_EQ(campo(), atteso);
+    }
+}
+
+TEST_F(TextReaderTest, blanks_around_a_field_are_trimmed) {
+    apri("  a b \t, \"c\"  ,\t d\r\n");
+    for (const char* atteso : {"a b", "c", "d", "<fine>"}) {
+        EXPECT_EQ(campo(), atteso);
+    }
+}
+
+TEST_F(TextReaderTest, quotes_are_stripped_and_keep_what_they_hold) {
+    apri("\"0,50\",\"Euro\"\r\n\" a \",\"\",\"x\r\ny\"z,8");
+    for (const char* atteso : {"0,50", "Euro", " a ", "", "x\r\ny", "8", "<fine>"}) {
+        EXPECT_EQ(campo(), atteso);
+    }
+}
+
+TEST_F(TextReaderTest, a_quote_that_never_closes_takes_the_rest) {
+    apri("1,\"abc,2\r\n3");
+    EXPECT_EQ(campo(), "1");
+    EXPECT_EQ(campo(), "abc,2\r\n3");
+    EXPECT_EQ(campo(), "<fine>");
+    EXPECT_TRUE(lettore_.eof());
+}
+
+TEST_F(TextReaderTest, a_trailing_comma_leaves_an_empty_field_that_ends_the_line) {
+    apri("1,12,\r\n45,56,\r\n");
+    for (const char* atteso : {"1", "12", "", "45", "56", "", "<fine>"}) {
+        EXPECT_EQ(campo(), atteso);
+    }
+}
+
+TEST_F(TextReaderTest, a_trailing_comma_at_the_end_of_the_file_leaves_no_field) {
+    apri("1,");
+    EXPECT_EQ(numero(), 1);
+    EXPECT_TRUE(lettore_.eof());
+    EXPECT_EQ(campo(), "<fine>");
+}
+
+TEST_F(TextReaderTest, a_read_past_the_end_leaves_its_target) {
+    apri("7\r\n");
+    std::int32_t n = 0;
+    EXPECT_TRUE(lettore_.intero(n));
+    EXPECT_TRUE(lettore_.eof());
+    EXPECT_FALSE(lettore_.intero(n));
+    EXPECT_EQ(n, 7);
+    double d = 5;
+    EXPECT_FALSE(lettore_.numero(d));
+    EXPECT_EQ(d, 5);
+    std::string s = "x";
+    EXPECT_FALSE(lettore_.campo(s));
+    EXPECT_FALSE(lettore_.riga(s));
+    EXPECT_EQ(s, "x");
+    EXPECT_FALSE(lettore_.salta_riga());
+}
+
+TEST_F(TextReaderTest, an_empty_file_is_at_its_end) {
+    apri("");
+    EXPECT_TRUE(lettore_.eof());
+    EXPECT_EQ(lettore_.seek(), 1);
+    EXPECT_EQ(riga(), "<fine>");
+}
+
+TEST_F(TextReaderTest, a_last_line_without_end_is_read_whole) {
+    apri("1\r\n23");
+    EXPECT_EQ(numero(), 1);
+    EXPECT_FALSE(lettore_.eof());
+    EXPECT_EQ(numero(), 23);
+    EXPECT_TRUE(lettore_.eof());
+}
+
+TEST_F(TextReaderTest, a_field_that_is_no_number_reads_as_zero) {
+    apri("abc,,\"4\",12x,-3,2.5\r\n,\r\n");
+    for (const double atteso : {0.0, 0.0, 4.0, 12.0, -3.0, 2.5, 0.0, 0.0, -2.0}) {
+        EXPECT_EQ(numero(), atteso);
+    }
+}
+
+TEST_F(TextReaderTest, whole_numbers_out_of_range_leave_their_target_and_the_reading_goes_on) {
+    apri("256,255,-1,32768,-32768,99999999999,1e999,2.5,3.5\r\n");
+    std::uint8_t b = 9;
+    EXPECT_FALSE(lettore_.intero(b));
+    EXPECT_EQ(b, 9);
+    EXPECT_TRUE(lettore_.intero(b));
+    EXPECT_EQ(b, 255);
+    EXPECT_FALSE(lettore_.intero(b));
+    EXPECT_EQ(b, 255);
+    std::int16_t s = 8;
+    EXPECT_FALSE(lettore_.intero(s));
+    EXPECT_EQ(s, 8);
+    EXPECT_TRUE(lettore_.intero(s));
+    EXPECT_EQ(s, -32768);
+    std::int32_t l = 7;
+    EXPECT_FALSE(lettore_.intero(l));
+    EXPECT_FALSE(lettore_.intero(l));
+    EXPECT_EQ(l, 7);
+    EXPECT_TRUE(lettore_.intero(l));
+    EXPECT_EQ(l, 2);
+    EXPECT_TRUE(lettore_.intero(l));
+    EXPECT_EQ(l, 4);
+}
+
+TEST_F(TextReaderTest, quick_and_general_number_reading_agree) {
+    const std::string dati = "1,12\r\n123456\n1234567,7 ,\r8,9\r\r\n 10,011\r\n3\r4,0";
+    apri(dati);
+    for (const double atteso :
+         {1., 12., 123456., 1234567., 7., 0., 8., 9., 0., 10., 11., 3., 4., 0., -2.}) {
+        EXPECT_EQ(numero(), atteso);
+    }
+}
+
+TEST_F(TextReaderTest, lines_end_with_any_of_the_three_ends) {
+    apri("a,\"b\" \r\n\nc\r\rd\n\r\ne");
+    for (const char* atteso : {"a,\"b\" ", "", "c", "", "d", "", "e", "<fine>"}) {
+        EXPECT_EQ(riga(), atteso);
+    }
+}
+
+TEST_F(TextReaderTest, skipping_a_line_leads_to_the_next_one) {
+    apri("1,2\r\n3\n4\r5");
+    EXPECT_EQ(numero(), 1);
+    EXPECT_TRUE(lettore_.salta_riga());
+    EXPECT_EQ(riga(), "3");
+    EXPECT_TRUE(lettore_.salta_riga());
+    EXPECT_EQ(numero(), 5);
+    EXPECT_FALSE(lettore_.salta_riga());
+}
+
+TEST_F(TextReaderTest, texts_come_out_as_utf8) {
+    apri("\"citt\xE0\"\r\n\x80\r\n");
+    EXPECT_EQ(campo(), "città");
+    EXPECT_EQ(riga(), "€");
+}
+
+TEST_F(TextReaderTest, positions_taken_in_one_pass_are_line_starts_in_the_next) {
+    std::string dati;
+    for (int i = 0; i < 20000; ++i) {
+        dati += std::to_string(i) + "," + std::to_string(i % 90 + 1) + "\r\n";
+    }
+    apri(dati);
+    std::vector<std::int64_t> inizi;
+    while (!lettore_.eof()) {
+        inizi.push_back(lettore_.seek());
+        ASSERT_TRUE(lettore_.salta_riga());
+    }
+    ASSERT_EQ(inizi.size(), 20000U);
+    EXPECT_EQ(inizi.front(), 1);
+    EXPECT_EQ(lettore_.seek(), static_cast<std::int64_t>(dati.size()) + 1);
+    for (std::size_t i = inizi.size(); i-- > 0;) {
+        ASSERT_TRUE(lettore_.seek(inizi[i]));
+        ASSERT_EQ(lettore_.seek(), inizi[i]);
+        ASSERT_EQ(numero(), static_cast<double>(i));
+        ASSERT_EQ(numero(), static_cast<double>(i % 90 + 1));
+    }
+}
+
+TEST_F(TextReaderTest, seek_refuses_what_is_no_position) {
+    apri("123");
+    EXPECT_TRUE(lettore_.seek(2));
+    EXPECT_FALSE(lettore_.seek(0));
+    EXPECT_FALSE(lettore_.seek(-5));
+    EXPECT_EQ(numero(), 23);
+    EXPECT_TRUE(lettore_.seek(1000));
+    EXPECT_TRUE(lettore_.eof());
+    EXPECT_EQ(campo(), "<fine>");
+    EXPECT_TRUE(lettore_.seek(3));
+    EXPECT_EQ(numero(), 3);
+    lettore_.chiudi();
+    EXPECT_FALSE(lettore_.seek(1));
+}
+
+TEST_F(TextReaderTest, fields_across_the_edge_of_the_buffer_are_whole) {
+    const std::string campi = "1234,\"due, tre\" ,56\r\n78\n9\r10,\r\n";
+    const std::vector<std::string> attesi = {"1234", "due, tre", "56", "78", "9", "10", ""};
+    for (std::size_t indietro = 0; indietro <= campi.size(); ++indietro) {
+        const std::string riempimento(blocco - indietro - 2, 'x');
+        apri(riempimento + "\r\n" + campi);
+        ASSERT_TRUE(lettore_.salta_riga());
+        for (const std::string& atteso : attesi) {
+            ASSERT_EQ(campo(), atteso) << indietro;
+        }
+        ASSERT_TRUE(lettore_.eof()) << indietro;
+    }
+}
+
+TEST_F(TextReaderTest, numbers_and_lines_across_the_edge_of_the_buffer_are_whole) {
+    const std::string righe = "123456,78\r\n90,1234567\r\n5\n";
+    for (std::size_t indietro = 0; indietro <= righe.size(); ++indietro) {
+        apri(std::string(blocco - indietro - 1, 'x') + "\n" + righe);
+        ASSERT_TRUE(lettore_.salta_riga());
+        const std::int64_t inizio = lettore_.seek();
+        for (const double atteso : {123456., 78., 90., 1234567., 5., -2.}) {
+            ASSERT_EQ(numero(), atteso) << indietro;
+        }
+        ASSERT_TRUE(lettore_.seek(inizio));
+        for (const char* attesa : {"123456,78", "90,1234567", "5", "<fine>"}) {
+            ASSERT_EQ(riga(), attesa) << indietro;
+        }
+    }
+}
+
+TEST_F(TextReaderTest, a_line_of_ten_megabytes_comes_whole) {
+    const std::string lunga(10'000'000, 'a');
+    apri(lunga + "\r\nb");
+    EXPECT_TRUE(riga() == lunga);
+    EXPECT_EQ(riga(), "b");
+    lettore_.seek(1);
+    EXPECT_TRUE(campo() == lunga);
+    lettore_.seek(1);
+    EXPECT_TRUE(lettore_.salta_riga());
+    EXPECT_EQ(riga(), "b");
+}
+
+TEST_F(TextReaderTest, of_an_endless_line_the_memory_holds_a_part_only) {
+    constexpr std::int64_t lunghezza = 20'000'000;
+    const std::string nome = cartella_.file("f");
+    cartella_.scrivi("f", "\"");
+    ASSERT_EQ(::truncate(nome.c_str(), lunghezza), 0);
+    std::ofstream(nome, std::ios::app) << "\"\r\n7";
+    ASSERT_TRUE(lettore_.apri(nome));
+    EXPECT_EQ(campo().size(), std::size_t{1} << 24);
+    EXPECT_EQ(numero(), 7);
+    lettore_.seek(1);
+    EXPECT_EQ(riga().size(), std::size_t{1} << 24);
+    EXPECT_EQ(riga(), "7");
+}
+
+TEST_F(TextReaderTest, any_bytes_are_read_to_their_end) {
+    std::string dati;
+    std::uint32_t x = 1;
+    for (int i = 0; i < 200000; ++i) {
+        x = x * 1664525U + 1013904223U;
+        dati.push_back("\",\r\n\0 19\xE0-"[(x >> 20) % 10]);
+    }
+    apri(dati);
+    int passi = 0;
+    std::int64_t prima = 0;
+    while (!lettore_.eof()) {
+        ASSERT_GT(lettore_.seek(), prima);
+        prima = lettore_.seek();
+        if (++passi % 3 == 0) {
+            numero();
+        } else if (passi % 3 == 1) {
+            campo();
+        } else {
+            riga();
+        }
+    }
+    EXPECT_EQ(lettore_.seek(), static_cast<std::int64_t>(dati.size()) + 1);
+}
+
+TEST_F(TextReaderTest, a_file_that_is_not_there_reads_as_ended) {
+    EXPECT_FALSE(lettore_.apri(cartella_.file("manca")));
+    EXPECT_FALSE(lettore_.aperto());
+    EXPECT_TRUE(lettore_.eof());
+    EXPECT_FALSE(lettore_.seek(1));
+    EXPECT_EQ(campo(), "<fine>");
+    EXPECT_EQ(riga(), "<fine>");
+}
+
+TEST_F(TextReaderTest, folders_pipes_and_devices_do_not_open) {
+    EXPECT_FALSE(lettore_.apri(cartella_.programma()));
+    ASSERT_EQ(::mkfifo(cartella_.file("fifo").c_str(), 0600), 0);
+    EXPECT_FALSE(lettore_.apri(cartella_.file("fifo")));
+    EXPECT_FALSE(lettore_.apri("/dev/zero"));
+}
+
+TEST_F(TextReaderTest, names_are_matched_without_case) {
+    cartella_.scrivi("Prova.SEN", "5");
+    ASSERT_TRUE(lettore_.apri(cartella_.file("pROVA.sen")));
+    EXPECT_EQ(numero(), 5);
+}
+
+TEST_F(TextReaderTest, opening_anew_begins_at_the_start) {
+    apri("1,2");
+    EXPECT_EQ(numero(), 1);
+    apri("3");
+    EXPECT_EQ(lettore_.seek(), 1);
+    EXPECT_EQ(numero(), 3);
+}
+
+/// Reads come in pieces, broken by signals, and fail for good after a while.
+class Capricci : public platform::Syscalls {
+public:
+    explicit Capricci(std::int64_t leggibili) : leggibili_(leggibili) {}
+    ssize_t read(int fd, void* dati, std::size_t quanti) override {
+        if (++chiamate_ % 2 == 0) {
+            errno = EINTR;
+            return -1;
+        }
+        if (leggibili_ <= 0) {
+            errno = EIO;
+            return -1;
+        }
+        const ssize_t n = platform::Syscalls::read(fd, dati, std::min<std::size_t>(quanti, 3));
+        leggibili_ -= n;
+        return n;
+    }
+
+private:
+    std::int64_t leggibili_;
+    int chiamate_ = 0;
+};
+
+TEST_F(TextReaderTest, short_and_interrupted_reads_change_nothing) {
+    Capricci capricci(std::numeric_limits<std::int64_t>::max());
+    platform::Syscalls* prima = platform::cambia_syscalls(&capricci);
+    apri("1234,\"due, tre\" ,56\r\n78\n9\r10,\r\n");
+    for (const char* atteso : {"1234", "due, tre", "56", "78", "9", "10", "", "<fine>"}) {
+        EXPECT_EQ(campo(), atteso);
+    }
+    platform::cambia_syscalls(prima);
+}
+
+TEST_F(TextReaderTest, a_disk_that_cannot_be_read_further_ends_the_file) {
+    Capricci capricci(6);
+    platform::Syscalls* prima = platform::cambia_syscalls(&capricci);
+    apri("1,2\r\n345\r\n");
+    EXPECT_EQ(numero(), 1);
+    EXPECT_EQ(numero(), 2);
+    EXPECT_EQ(numero(), 3);
+    EXPECT_TRUE(lettore_.eof());
+    EXPECT_EQ(campo(), "<fine>");
+    platform::cambia_syscalls(prima);
+}
+
+TEST(RecordTest, quotes_strings_and_leaves_numbers_bare) {
+    EXPECT_EQ(Record().scrivi(1200).scrivi(2).scrivi("2").scrivi(-1).testo(),
+              "1200,2,\"2\",-1\r\n");
+    EXPECT_EQ(Record().scrivi("0,50").scrivi("Euro").testo(), "\"0,50\",\"Euro\"\r\n");
+    EXPECT_EQ(Record().scrivi("").testo(), "\"\"\r\n");
+}
+
+TEST(RecordTest, writes_dates_between_number_signs) {
+    EXPECT_EQ(Record().data(2004, 6, 12).testo(), "#2004-06-12#\r\n");
+    EXPECT_EQ(Record().scrivi(1).data(999, 12, 1).testo(), "1,#0999-12-01#\r\n");
+}
+
+TEST(RecordTest, an_empty_record_is_a_line_end) {
+    EXPECT_EQ(Record().testo(), "\r\n");
+}
+
+TEST(RecordTest, writes_single_bytes_and_no_escapes) {
+    EXPECT_EQ(Record().scrivi("città \"x\"").testo(), "\"citt\xE0 \"x\"\"\r\n");
+}
+
+TEST_F(TextReaderTest, what_a_record_writes_is_read_back) {
+    apri(Record().scrivi("0,50").scrivi("perché").scrivi(-32768).data(2004, 6, 12).testo());
+    EXPECT_EQ(campo(), "0,50");
+    EXPECT_EQ(campo(), "perché");
+    EXPECT_EQ(numero(), -32768);
+    EXPECT_EQ(campo(), "#2004-06-12#");
+    EXPECT_TRUE(lettore_.eof());
+}
+
+}  // namespace

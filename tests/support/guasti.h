@@ -1,0 +1,71 @@
+// A disk that fails when told to, in force as long as the object lives.
+#pragma once
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdint>
+#include <limits>
+#include <signal.h>
+
+#include "platform/disk.h"
+
+namespace support {
+
+class Disco : public platform::Syscalls {
+public:
+    Disco() : prima_(platform::cambia_syscalls(this)) {}
+    Disco(const Disco&) = delete;
+    Disco& operator=(const Disco&) = delete;
+    ~Disco() override { platform::cambia_syscalls(prima_); }
+
+    std::int64_t spazio = std::numeric_limits<std::int64_t>::max();  ///< bytes that still fit
+    bool perde = false;  ///< what finds no room is lost without a word
+    bool rename_fallisce = false;
+    bool fsync_fallisce = false;
+    int vita = 0;  ///< the process dies before this call, counted from 1
+    int sync = 0;  ///< calls of fsync
+
+    int open(const char* nome, int modo, mode_t permessi) override {
+        passo();
+        return Syscalls::open(nome, modo, permessi);
+    }
+    ssize_t write(int fd, const void* dati, std::size_t quanti) override {
+        passo();
+        if (spazio <= 0) {
+            errno = ENOSPC;
+            return perde ? static_cast<ssize_t>(quanti) : -1;
+        }
+        const std::size_t n = std::min(quanti, static_cast<std::size_t>(spazio));
+        spazio -= static_cast<std::int64_t>(n);
+        return Syscalls::write(fd, dati, n);
+    }
+    int fsync(int fd) override {
+        passo();
+        ++sync;
+        errno = EIO;
+        return fsync_fallisce ? -1 : Syscalls::fsync(fd);
+    }
+    int close(int fd) override {
+        passo();
+        return Syscalls::close(fd);
+    }
+    int rename(const char* vecchio, const char* nuovo) override {
+        passo();
+        errno = EIO;
+        return rename_fallisce ? -1 : Syscalls::rename(vecchio, nuovo);
+    }
+    int unlink(const char* nome) override {
+        passo();
+        return Syscalls::unlink(nome);
+    }
+
+private:
+    void passo() {
+        if (++chiamate_ == vita)
+            ::raise(SIGKILL);
+    }
+    platform::Syscalls* prima_;
+    int chiamate_ = 0;
+};
+
+}  // namespace support
