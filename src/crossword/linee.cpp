@@ -21,8 +21,10 @@ private:
     int c_;
 };
 
+/// A damaged file can hold numbers that fit no byte: they must not pass for others.
 std::uint8_t cella(const Matrice& matrice, int x, int y) {
-    return static_cast<std::uint8_t>(matrice(x, y));
+    const int n = matrice(x, y);
+    return n < 0 || n > 255 ? std::uint8_t{0} : static_cast<std::uint8_t>(n);
 }
 
 /// Cells (x, y) with x = y + scarto.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <utility>
 
 #include "crossword/linee.h"
@@ -69,8 +70,8 @@ void Elaborazione::aggiungi_righe(const std::vector<std::uint8_t>& linea,
     for (std::size_t i = 0; i < t.posizioni.size(); i += k) {
         for (std::size_t j = 0; j < k; ++j) {
             const Pezzo& parte = pezzi[t.posizioni[i + j] - 1U];
-            p = std::copy(parte.testo.begin(), parte.testo.end(), p) -
-                static_cast<std::ptrdiff_t>(parte.testo.size() - parte.lunghezza);
+            std::memcpy(p, parte.testo.data(), parte.testo.size());
+            p += parte.lunghezza;
         }
         p[-1] = '\r';
         *p++ = '\n';
@@ -113,6 +114,9 @@ Conclusione Elaborazione::sviluppa() {
     }
     if (!esiste_)
         return Conclusione::senza_file;
+    // A full disk can pass unnoticed through the writing; the size cannot lie.
+    if (platform::dimensione_file(file_temporaneo()) != byte_scritti_)
+        guasta_ = true;
     return guasta_ ? Conclusione::guasta : Conclusione::completa;
 }
 

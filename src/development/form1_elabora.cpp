@@ -75,7 +75,6 @@ Conclusione Form1::sviluppa_in(const QString& finale) {
     }
     if (!mnuRipetizioniSenza->isChecked()) {
         const bool riuscita =
-            platform::sincronizza(lavoro.file_temporaneo()) == platform::Esito::ok &&
             development::completa_sviluppo(lavoro.file_temporaneo(), arrivo, lavoro.byte_scritti());
         if (!riuscita)
             platform::Kill(arrivo);
@@ -182,6 +181,9 @@ void Form1::sviluppo() {
             return;
         }
         cmd_elabora();
+        // Closed from its close box, the form asks for nothing more.
+        if (!isVisible())
+            return;
     }
     bool esiste = false;
     controlo_colonne(Tag(), esiste);
@@ -220,6 +222,8 @@ void Form1::verifica_spoglio(bool& pronto) {
             return;
         }
         cmd_elabora();
+        if (!isVisible())
+            return;
     }
     bool esiste = false;
     controlo_colonne(Tag(), esiste);
@@ -230,6 +234,8 @@ void Form1::verifica_spoglio(bool& pronto) {
             return;
         }
         cmd_elabora();
+        if (!isVisible())
+            return;
     }
     pronto = true;
 }

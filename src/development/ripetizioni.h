@@ -16,8 +16,9 @@ struct SenzaRipetizioni {
 };
 
 /// Writes to `nuovo` the lines of the development `vecchio`, each once, at the place of its
-/// first appearance. Nothing when `vecchio` cannot be read, the disk refuses `nuovo`, or
-/// `avanzamento` (which may be empty) asks to stop.
+/// first appearance; lines are compared with their ends, which the engine writes all alike.
+/// `nuovo` is replaced and not synced. Nothing when `vecchio` cannot be read, the disk refuses
+/// `nuovo`, or `avanzamento` (which may be empty) asks to stop.
 std::optional<SenzaRipetizioni> togli_ripetizioni(const std::string& vecchio,
                                                   const std::string& nuovo,
                                                   const Avanzamento& avanzamento);

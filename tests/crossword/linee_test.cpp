@@ -1,0 +1,272 @@
+#include "crossword/linee.h"
+
+#include <algorithm>
+#include <functional>
+#include <gtest/gtest.h>
+#include <set>
+#include <utility>
+
+using namespace crossword;
+
+namespace {
+
+/// Predicate of the cells (x, y) of one line.
+using Sta = std::function<bool(int, int)>;
+
+/// Lines of a grid by their equations, in the order in which a development lists them.
+struct Equazione {
+    Gruppo gruppo;
+    Sta sta;
+};
+
+std::vector<Equazione> equazioni(int c, int r, bool adiacenti) {
+    std::vector<Equazione> e;
+    const int n = c - 1;
+    const auto differenza = [&e](int d) {
+        e.push_back({Gruppo::diagonali, [d](int x, int y) { return x - y == d; }});
+    };
+    const auto somma = [&e](int s) {
+        e.push_back({Gruppo::diagonali, [s](int x, int y) { return x + y == s; }});
+    };
+    for (int k = 0; k < r; ++k) {
+        e.push_back({Gruppo::orizzontali, [k](int, int y) { return y == k; }});
+    }
+    if (c == r)
+        differenza(0);
+    if (c == r && c >= 7 && adiacenti)
+        differenza(1);
+    if (c == r && c >= 7 && adiacenti)
+        differenza(-1);
+    for (int k = 0; k < c; ++k) {
+        e.push_back({Gruppo::verticali, [k](int x, int) { return x == k; }});
+    }
+    if (c == r)
+        somma(n);
+    if (c == r && c >= 7 && adiacenti)
+        somma(n - 1);
+    if (c == r && c >= 7 && adiacenti)
+        somma(n + 1);
+    return e;
+}
+
+/// A grid whose cells all differ, up to 90 of them, then start again.
+Matrice numerata(int c, int r, int da = 0) {
+    Matrice m(c, r);
+    for (int y = 0; y < r; ++y) {
+        for (int x = 0; x < c; ++x) {
+            m.scrivi(x, y, static_cast<std::int16_t>((y * c + x + da) % 90 + 1));
+        }
+    }
+    return m;
+}
+
+std::bitset<91> vietati_per_definizione(const Matrice& m, int r, int c) {
+    std::bitset<91> vietati;
+    for (const Equazione& linea : equazioni(m.colonne(), m.righe(), true)) {
+        if (!linea.sta(c, r))
+            continue;
+        for (int y = 0; y < m.righe(); ++y) {
+            for (int x = 0; x < m.colonne(); ++x) {
+                if (linea.sta(x, y) && !(x == c && y == r)) {
+                    vietati.set(static_cast<std::size_t>(m(x, y)));
+                }
+            }
+        }
+    }
+    return vietati;
+}
+
+/// Cells that bar their number from the cell of row `r`, column `c`.
+std::set<std::pair<int, int>> caselle(int lato_x, int lato_y, int r, int c) {
+    std::set<std::pair<int, int>> trovate;
+    for (int y = 0; y < lato_y; ++y) {
+        for (int x = 0; x < lato_x; ++x) {
+            Matrice m(lato_x, lato_y);
+            m.scrivi(x, y, 33);
+            if (numeri_sulle_linee(m, r, c).test(33))
+                trovate.insert({x, y});
+        }
+    }
+    return trovate;
+}
+
+TEST(NumeriSulleLinee, come_la_definizione_in_ogni_casella_di_ogni_misura) {
+    for (int c = 5; c <= 15; ++c) {
+        for (int r = 5; r <= 15; ++r) {
+            // Three numberings, so that grids of more than 90 cells hide nothing.
+            for (const int da : {0, 37, 61}) {
+                const Matrice m = numerata(c, r, da);
+                for (int y = 0; y < r; ++y) {
+                    for (int x = 0; x < c; ++x) {
+                        ASSERT_EQ(numeri_sulle_linee(m, y, x), vietati_per_definizione(m, y, x))
+                            << c << " x " << r << ", column " << x << ", row " << y;
+                    }
+                }
+            }
+        }
+    }
+}
+
+TEST(NumeriSulleLinee, nella_sei_per_sei_riga_colonna_e_diagonale_soltanto) {
+    std::set<std::pair<int, int>> attese;
+    for (int i = 0; i < 6; ++i) {
+        attese.insert({2, i});
+        attese.insert({i, 2});
+        attese.insert({i, i});
+    }
+    attese.erase({2, 2});
+    EXPECT_EQ(caselle(6, 6, 2, 2), attese);
+}
+
+TEST(NumeriSulleLinee, nella_sette_per_sette_anche_la_diagonale_adiacente) {
+    std::set<std::pair<int, int>> attese;
+    for (int i = 0; i < 7; ++i) {
+        attese.insert({3, i});
+        attese.insert({i, 2});
+        if (i < 6)
+            attese.insert({i + 1, i});
+        if (i < 6)
+            attese.insert({i, 5 - i});
+    }
+    attese.erase({3, 2});
+    EXPECT_EQ(caselle(7, 7, 2, 3), attese);
+}
+
+TEST(NumeriSulleLinee, nella_sei_per_otto_nessuna_diagonale) {
+    std::set<std::pair<int, int>> attese;
+    for (int y = 0; y < 8; ++y) attese.insert({2, y});
+    for (int x = 0; x < 6; ++x) attese.insert({x, 2});
+    attese.erase({2, 2});
+    EXPECT_EQ(caselle(6, 8, 2, 2), attese);
+}
+
+TEST(NumeriSulleLinee, una_casella_su_piu_linee_le_subisce_tutte) {
+    // The middle cell of a 7 x 7 grid lies on both long diagonals.
+    const auto viste = caselle(7, 7, 3, 3);
+    EXPECT_EQ(viste.size(), 24U);
+    EXPECT_TRUE(viste.contains({0, 0}));
+    EXPECT_TRUE(viste.contains({6, 0}));
+}
+
+TEST(NumeriSulleLinee, il_numero_della_casella_stessa_resta_permesso) {
+    Matrice m(7, 7);
+    m.scrivi(3, 2, 18);
+    EXPECT_FALSE(numeri_sulle_linee(m, 2, 3).test(18));
+    m.scrivi(3, 6, 18);
+    EXPECT_TRUE(numeri_sulle_linee(m, 2, 3).test(18));
+}
+
+TEST(NumeriSulleLinee, una_casella_vuota_segna_lo_zero) {
+    EXPECT_TRUE(numeri_sulle_linee(Matrice(6, 6), 0, 0).test(0));
+    EXPECT_FALSE(numeri_sulle_linee(numerata(6, 6), 0, 0).test(0));
+}
+
+TEST(NumeriSulleLinee, numeri_guasti_e_caselle_inesistenti_non_fanno_danno) {
+    Matrice m(7, 7);
+    m.scrivi(1, 0, 91);
+    m.scrivi(2, 0, -1);
+    m.scrivi(3, 0, 32767);
+    EXPECT_EQ(numeri_sulle_linee(m, 0, 0).count(), 1U);
+    EXPECT_EQ(numeri_sulle_linee(numerata(7, 7), 40, -3), std::bitset<91>(1));
+    EXPECT_TRUE(numeri_sulle_linee(Matrice(), 0, 0).none());
+}
+
+TEST(LineeSviluppo, come_la_definizione_in_ogni_misura_e_gioco) {
+    for (const bool lotto : {false, true}) {
+        for (int c = 5; c <= 15; ++c) {
+            for (int r = 5; r <= 15; ++r) {
+                const Matrice m = numerata(c, r);
+                const auto linee = linee_sviluppo(m, lotto);
+                const auto attese = equazioni(c, r, !lotto);
+                ASSERT_EQ(linee.size(), attese.size()) << c << " x " << r;
+                for (std::size_t i = 0; i < linee.size(); ++i) {
+                    std::multiset<int> numeri;
+                    for (int y = 0; y < r; ++y) {
+                        for (int x = 0; x < c; ++x) {
+                            if (attese[i].sta(x, y))
+                                numeri.insert(m(x, y));
+                        }
+                    }
+                    ASSERT_EQ(std::multiset<int>(linee[i].numeri.begin(), linee[i].numeri.end()),
+                              numeri);
+                    ASSERT_EQ(linee[i].gruppo, attese[i].gruppo);
+                }
+            }
+        }
+    }
+}
+
+/// Lines of each group, in the order in which groups follow one another.
+std::vector<std::pair<Gruppo, int>> gruppi(const std::vector<Linea>& linee) {
+    std::vector<std::pair<Gruppo, int>> trovati;
+    for (const Linea& linea : linee) {
+        if (trovati.empty() || trovati.back().first != linea.gruppo) {
+            trovati.emplace_back(linea.gruppo, 0);
+        }
+        ++trovati.back().second;
+    }
+    return trovati;
+}
+
+using Gruppi = std::vector<std::pair<Gruppo, int>>;
+constexpr auto o = Gruppo::orizzontali;
+constexpr auto v = Gruppo::verticali;
+constexpr auto d = Gruppo::diagonali;
+
+TEST(LineeSviluppo, venti_nella_sette_per_sette_del_superenalotto) {
+    const auto linee = linee_sviluppo(numerata(7, 7), false);
+    EXPECT_EQ(linee.size(), 20U);
+    EXPECT_EQ(gruppi(linee), (Gruppi{{o, 7}, {d, 3}, {v, 7}, {d, 3}}));
+}
+
+TEST(LineeSviluppo, sedici_nella_sette_per_sette_del_lotto) {
+    const auto linee = linee_sviluppo(numerata(7, 7), true);
+    EXPECT_EQ(linee.size(), 16U);
+    EXPECT_EQ(gruppi(linee), (Gruppi{{o, 7}, {d, 1}, {v, 7}, {d, 1}}));
+}
+
+TEST(LineeSviluppo, nessuna_adiacente_nella_sei_per_sei) {
+    EXPECT_EQ(gruppi(linee_sviluppo(numerata(6, 6), false)),
+              (Gruppi{{o, 6}, {d, 1}, {v, 6}, {d, 1}}));
+}
+
+TEST(LineeSviluppo, rettangolare_righe_da_sei_e_colonne_da_otto) {
+    const auto linee = linee_sviluppo(numerata(6, 8), false);
+    EXPECT_EQ(gruppi(linee), (Gruppi{{o, 8}, {v, 6}}));
+    for (const Linea& linea : linee) EXPECT_EQ(linea.numeri.size(), linea.gruppo == o ? 6U : 8U);
+}
+
+TEST(LineeSviluppo, diagonali_intere_e_adiacenti_con_i_loro_numeri) {
+    Matrice m(7, 7);
+    for (int y = 0; y < 7; ++y) {
+        for (int x = 0; x < 7; ++x) m.scrivi(x, y, static_cast<std::int16_t>(10 * x + y + 1));
+    }
+    const auto linee = linee_sviluppo(m, false);
+    using Numeri = std::vector<std::uint8_t>;
+    const auto ordinati = [&linee](std::size_t i) {
+        Numeri numeri = linee[i].numeri;
+        std::sort(numeri.begin(), numeri.end());
+        return numeri;
+    };
+    EXPECT_EQ(ordinati(7), (Numeri{1, 12, 23, 34, 45, 56, 67}));
+    EXPECT_EQ(ordinati(8), (Numeri{11, 22, 33, 44, 55, 66}));
+    EXPECT_EQ(ordinati(9), (Numeri{2, 13, 24, 35, 46, 57}));
+    EXPECT_EQ(ordinati(17), (Numeri{7, 16, 25, 34, 43, 52, 61}));
+    EXPECT_EQ(ordinati(18), (Numeri{6, 15, 24, 33, 42, 51}));
+    EXPECT_EQ(ordinati(19), (Numeri{17, 26, 35, 44, 53, 62}));
+}
+
+TEST(LineeSviluppo, numeri_che_non_sono_byte_non_passano_per_altri) {
+    Matrice m(6, 6);
+    m.scrivi(0, 0, 300);
+    m.scrivi(1, 0, -1);
+    m.scrivi(2, 0, 255);
+    EXPECT_EQ(linee_sviluppo(m, false)[0].numeri, (std::vector<std::uint8_t>{0, 0, 255, 0, 0, 0}));
+}
+
+TEST(LineeSviluppo, una_matrice_cancellata_non_ha_linee) {
+    EXPECT_TRUE(linee_sviluppo(Matrice(), false).empty());
+    EXPECT_TRUE(linee_sviluppo(Matrice(), true).empty());
+}
+
+}  // namespace

@@ -1,0 +1,171 @@
+#include "systems/elenco.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <random>
+
+#include "platform/disk.h"
+#include "support/cartella.h"
+
+using namespace systems;
+
+namespace {
+
+class Elenco : public testing::Test {
+protected:
+    std::vector<Voce> trova(bool lotto = false) {
+        return trova_sistemi(cartella.programma(), cartella.programma(), lotto);
+    }
+    /// Second column of the only system, whose file has this head.
+    std::string dimensione(const std::string& testa, bool lotto = false) {
+        cartella.scrivi(lotto ? "a.sel" : "a.sen", testa + "\r\n");
+        const auto voci = trova(lotto);
+        return voci.size() == 1 ? voci[0].dimensione : "?";
+    }
+    support::Cartella cartella;
+};
+
+std::vector<std::string> nomi(const std::vector<Voce>& voci) {
+    std::vector<std::string> tutti;
+    for (const Voce& voce : voci) tutti.push_back(voce.nome);
+    return tutti;
+}
+
+TEST_F(Elenco, una_cartella_vuota_non_ha_sistemi) {
+    EXPECT_TRUE(trova(false).empty());
+    EXPECT_TRUE(trova(true).empty());
+    EXPECT_TRUE(trova_sistemi(cartella.file("manca"), cartella.programma(), false).empty());
+}
+
+TEST_F(Elenco, soltanto_i_sistemi_del_gioco) {
+    for (const char* nome : {"uno.sen", "due.sel", "tre.col", "quattro.lot", "temp.txt"}) {
+        cartella.scrivi(nome, "0,5,5,\"2\",0,0,0,5,0\r\n");
+    }
+    EXPECT_EQ(nomi(trova(false)), (std::vector<std::string>{"uno"}));
+    EXPECT_EQ(nomi(trova(true)), (std::vector<std::string>{"due"}));
+}
+
+TEST_F(Elenco, il_nome_tiene_le_maiuscole_e_perde_quattro_caratteri) {
+    cartella.scrivi("Mio.Sistema.SEN", "0,5,5\r\n");
+    cartella.scrivi("perch\xC3\xA9.sen", "0,5,5\r\n");
+    EXPECT_EQ(nomi(trova()), (std::vector<std::string>{"Mio.Sistema", "perch\xC3\xA9"}));
+}
+
+TEST_F(Elenco, le_cartelle_non_sono_sistemi) {
+    std::filesystem::create_directory(cartella.file("a.sen"));
+    EXPECT_TRUE(trova().empty());
+}
+
+TEST_F(Elenco, righe_per_colonne_nel_superenalotto) {
+    EXPECT_EQ(dimensione("86,7,5,\"\",0,0,0,0"), "8 x 6");
+    EXPECT_EQ(dimensione("0,14,9,\"\",0,0,0,0"), "15 x 10");
+    EXPECT_EQ(dimensione("0,255,255,\"\",0,0,0,0"), "256 x 256");
+}
+
+TEST_F(Elenco, la_forma_nel_lotto) {
+    EXPECT_EQ(dimensione("0,5,5,\"2\",0,0,0,3,0", true), "Terzine");
+    EXPECT_EQ(dimensione("0,5,5,\"2\",0,0,0,4,0", true), "Quartine");
+    EXPECT_EQ(dimensione("0,5,5,\"2\",0,0,0,5,0", true), "Cinquine");
+    for (const char* altra : {"0", "2", "6", "255", "x"}) {
+        EXPECT_EQ(dimensione(std::string("0,5,5,\"2\",0,0,0,") + altra + ",0", true), "") << altra;
+    }
+}
+
+TEST_F(Elenco, i_campi_non_tenuti_non_fermano_la_lettura) {
+    EXPECT_EQ(dimensione("999999999999,5,5,\"molto\",70000,-70000,1e400,4,0", true), "Quartine");
+    EXPECT_EQ(dimensione("-1e400,5,7,\"molto\"", false), "6 x 8");
+}
+
+TEST_F(Elenco, un_file_illeggibile_tiene_i_valori_di_prima_o_uno_per_uno) {
+    cartella.scrivi("a.sen", "");
+    cartella.scrivi("b.sen", "0,7,5,\"\",0,0,0,0\r\n");
+    cartella.scrivi("c.sen", "");
+    cartella.scrivi("d.sen", "0,9");
+    cartella.scrivi("e.sen", "0,x,y\r\n");
+    const auto voci = trova();
+    ASSERT_EQ(voci.size(), 5U);
+    EXPECT_EQ(voci[0].dimensione, "1 x 1");
+    EXPECT_EQ(voci[1].dimensione, "8 x 6");
+    EXPECT_EQ(voci[2].dimensione, "8 x 6");
+    EXPECT_EQ(voci[3].dimensione, "10 x 6");
+    EXPECT_EQ(voci[4].dimensione, "1 x 1");
+}
+
+TEST_F(Elenco, la_forma_di_un_file_corto_e_quella_di_prima) {
+    cartella.scrivi("a.sel", "0,5,5\r\n");
+    cartella.scrivi("b.sel", "0,5,5,\"2\",0,0,0,3,0\r\n");
+    cartella.scrivi("c.sel", "0,5,5\r\n");
+    const auto voci = trova(true);
+    ASSERT_EQ(voci.size(), 3U);
+    EXPECT_EQ(voci[0].dimensione, "");
+    EXPECT_EQ(voci[1].dimensione, "Terzine");
+    EXPECT_EQ(voci[2].dimensione, "Terzine");
+}
+
+TEST_F(Elenco, la_testa_e_la_data_vengono_dalla_cartella_del_programma) {
+    const std::string altra = cartella.radice() + "/altra";
+    std::filesystem::create_directory(altra);
+    cartella.scrivi("a.sen", "0,7,5\r\n");
+    std::ofstream(altra + "/a.sen") << "0,9,9\r\n";
+    std::ofstream(altra + "/b.sen") << "0,9,9\r\n";
+    const auto voci = trova_sistemi(altra, cartella.programma(), false);
+    ASSERT_EQ(voci.size(), 2U);
+    EXPECT_EQ(voci[0].dimensione, "8 x 6");
+    EXPECT_EQ(voci[1].nome, "b");
+    EXPECT_EQ(voci[1].dimensione, "8 x 6");
+    EXPECT_EQ(voci[1].data, voci[0].data);
+    const auto sola = trova_sistemi(altra, cartella.file("manca"), false);
+    EXPECT_EQ(sola[0].dimensione, "1 x 1");
+    EXPECT_EQ(sola[0].data, "");
+}
+
+TEST_F(Elenco, la_data_ha_otto_caratteri_giorno_mese_anno) {
+    cartella.scrivi("a.sen", "0,5,5\r\n");
+    const auto voci = trova();
+    ASSERT_EQ(voci.size(), 1U);
+    EXPECT_EQ(voci[0].data.size(), 8U);
+    const auto creata = platform::data_creazione(cartella.file("a.sen"));
+    ASSERT_TRUE(creata.has_value());
+    EXPECT_EQ(voci[0].data, platform::testo_data_ora(*creata).substr(0, 8));
+    EXPECT_EQ(ShowFileInfo(cartella.file("a.sen")), platform::testo_data_ora(*creata));
+    EXPECT_EQ(ShowFileInfo(cartella.file("manca.sen")), "");
+}
+
+TEST_F(Elenco, byte_a_caso_non_fanno_danno) {
+    std::mt19937 caso(17);
+    for (int giro = 0; giro < 200; ++giro) {
+        std::string testo(caso() % 100, '\0');
+        for (char& c : testo) c = static_cast<char>(caso());
+        cartella.scrivi("a.sen", testo);
+        cartella.scrivi("a.sel", testo);
+        ASSERT_EQ(trova(false).size(), 1U);
+        ASSERT_EQ(trova(true).size(), 1U);
+        ASSERT_NE(trova(false)[0].dimensione.find(" x "), std::string::npos);
+    }
+}
+
+TEST(TastoNome, cifre_e_minuscole_soltanto) {
+    for (int codice = -300; codice <= 70000; ++codice) {
+        int atteso = 0;
+        if (codice == 8 || (codice >= 48 && codice <= 57) || (codice >= 97 && codice <= 122)) {
+            atteso = codice;
+        } else if (codice >= 65 && codice <= 90) {
+            atteso = codice + 32;
+        }
+        ASSERT_EQ(tasto_nome(codice), atteso) << codice;
+    }
+}
+
+TEST(NomeAmmesso, nessun_nome_esce_dalla_cartella) {
+    for (const char* buono : {"a", "mio sistema", "perch\xC3\xA9", "a.b", "..."}) {
+        EXPECT_TRUE(nome_ammesso(buono)) << buono;
+    }
+    for (const std::string_view cattivo :
+         {std::string_view(""), std::string_view("."), std::string_view(".."),
+          std::string_view("a/b"), std::string_view("/a"), std::string_view("a\\b"),
+          std::string_view("a\0b", 3)}) {
+        EXPECT_FALSE(nome_ammesso(cattivo)) << cattivo;
+    }
+}
+
+}  // namespace
