@@ -1,7 +1,9 @@
 #include "app/dialoghi_qt.h"
 
 #include "app/form1.h"
+#include "platform/desktop.h"
 #include "systems/form2.h"
+#include "viewer/form3.h"
 #include "viewer/formeuro.h"
 
 namespace app {
@@ -22,8 +24,10 @@ void DialoghiQt::gestore_salva(Form1& form1) {
     auto* form2 = new systems::Form2(form1);
     gestore_ = form2;
     form2->modo_salva();
+    QPointer<QWidget> questo = form2;
     form2->exec();
-    chiudi(gestore_);
+    // An import or a send from its menu has put another manager in its place, which stays.
+    chiudi(questo);
 }
 
 void DialoghiQt::gestore_apri(Form1& form1) {
@@ -49,7 +53,18 @@ void DialoghiQt::importo_colonna(Form1& form1) {
     form->show();
 }
 
-void DialoghiQt::visualizza_sviluppo(Form1& /*form1*/) {}
+void DialoghiQt::visualizza_sviluppo(Form1& form1) {
+    chiudi(sviluppo_);
+    platform::LockWindowUpdate(&form1);
+    auto* form3 = new viewer::Form3(form1);
+    sviluppo_ = form3;
+    platform::set_Tag(form3, form1.Tag());
+    form3->show();
+    platform::DoEvents();
+    platform::LockWindowUpdate(nullptr);
+    form3->iniz();
+}
+
 void DialoghiQt::spoglio(Form1& /*form1*/) {}
 void DialoghiQt::stampa(Form1& /*form1*/) {}
 void DialoghiQt::informazioni(Form1& /*form1*/) {}
@@ -59,6 +74,7 @@ void DialoghiQt::sito(Form1& /*form1*/) {}
 void DialoghiQt::chiudi_tutti() {
     chiudi(gestore_);
     chiudi(importo_);
+    chiudi(sviluppo_);
 }
 
 }  // namespace app

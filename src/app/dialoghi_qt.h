@@ -26,6 +26,7 @@ public:
 private:
     QPointer<QWidget> gestore_;
     QPointer<QWidget> importo_;
+    QPointer<QWidget> sviluppo_;
 };
 
 }  // namespace app

@@ -167,6 +167,9 @@ void Form1::Image3_Click(int Index) {
         case 4:
             Form_KeyDown_Canc();
             break;
+        case 5:
+            completa_con_scelti();
+            break;
         case 6: {
             platform::MousePointer(11);
             bool pronto = false;

@@ -79,6 +79,7 @@ public:
     void cruciverba_completo(bool& esito) const;
     std::int16_t aggiorna_lista();
     void List1_Click();
+    void completa_con_scelti();
 
     // Types and counts.
     void carica_combo(bool game, std::uint8_t& quale, std::int16_t N);
@@ -178,6 +179,7 @@ private:
     void UpDown2_Change();
     void carica_dimensioni(int da);
     void tipo_riga(int riga, int n, int indice);
+    [[nodiscard]] bool completa_cella(const std::vector<int>& scelti);
 
     // Steps of the elaboration.
     [[nodiscard]] bool nome_per_elaborare(const QString& domanda, const QString& titolo);

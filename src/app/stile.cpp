@@ -81,7 +81,9 @@ QTableView:focus { border: 1px solid #E07B00; }
 QListView, QTreeView { background: white; border: 1px solid #B9CBE0; border-radius: 3px; }
 QListView:focus, QTreeView:focus { border-color: #E07B00; }
 QListView::item { padding: 1px 8px 1px 2px; }
-QListView::item:selected, QTreeView::item:selected { background: #000080; color: white; }
+QListView, QTreeView { outline: 0; }
+QListView::item:selected, QTreeView::item:selected { background: #BFDDF8; color: #000080; }
+QTreeView::item:hover { background: #EEF6FD; }
 QTreeView::item { height: 22px; }
 QHeaderView::section { background: #000080; color: white; border: 0; padding: 4px;
     border-right: 1px solid #5C6FA8; }
@@ -93,6 +95,10 @@ QTabBar::tab { background: #D5E2F0; border: 1px solid #A9BCD6; border-bottom: 0;
     border-top-left-radius: 4px; border-top-right-radius: 4px; margin-right: 2px; }
 QTabBar::tab:selected { background: white; color: #000080; font-weight: bold;
     border-top: 2px solid #E07B00; }
+QTreeView[sviluppo="true"] { border: 0; border-radius: 0; alternate-background-color: #EFF5FB; }
+QTreeView[sviluppo="true"]::item { height: 17px; }
+QFrame[fondo="true"] { background: #000080; border-radius: 4px; }
+QLabel[su_fondo="true"] { color: white; font-weight: bold; }
 QProgressBar { background: #D5E2F0; border: 0; border-radius: 4px; }
 QProgressBar::chunk { background: #000080; border-radius: 4px; }
 )";

@@ -74,11 +74,10 @@ Conclusione Form1::sviluppa_in(const QString& finale) {
         return esito;
     }
     if (!mnuRipetizioniSenza->isChecked()) {
-        const bool riuscita =
-            development::completa_sviluppo(lavoro.file_temporaneo(), arrivo, lavoro.byte_scritti());
-        if (!riuscita)
-            platform::Kill(arrivo);
-        return riuscita ? esito : Conclusione::guasta;
+        return development::completa_sviluppo(lavoro.file_temporaneo(), arrivo,
+                                              lavoro.byte_scritti())
+                   ? esito
+                   : Conclusione::guasta;
     }
     return esito;
 }

@@ -151,7 +151,8 @@ void Image::paintEvent(QPaintEvent* /*evento*/) {
             pittore.drawLine(QPointF(4, height() - 1.5), QPointF(width() - 4, height() - 1.5));
         }
     }
-    const QPointF angolo((width() - misura_.width()) / 2, (height() - misura_.height()) / 2);
+    const QSize resto = (size() - misura_) / 2;
+    const QPointF angolo(resto.width(), resto.height());
     const QPointF giu = isDown() ? QPointF(1, 1) : QPointF(0, 0);
     disegno_->render(&pittore, QRectF(angolo + giu, QSizeF(misura_)));
     if (hasFocus() && !visibile) {
@@ -209,6 +210,27 @@ UpDown::UpDown(QWidget* padre) : QSpinBox(padre) {
     // Only the arrows belong to this control: the number has a label of its own.
     lineEdit()->hide();
     setKeyboardTracking(false);
+}
+
+bool UpDown::event(QEvent* evento) {
+    if (evento->type() == QEvent::ShortcutOverride) {
+        evento->ignore();
+        return false;
+    }
+    return QSpinBox::event(evento);
+}
+
+void UpDown::keyPressEvent(QKeyEvent* evento) {
+    switch (evento->key()) {
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+            QSpinBox::keyPressEvent(evento);
+            break;
+        default:
+            evento->ignore();
+    }
 }
 
 }  // namespace platform

@@ -115,6 +115,11 @@ class UpDown : public QSpinBox {
     Q_OBJECT
 public:
     explicit UpDown(QWidget* padre);
+
+protected:
+    /// Without a text to edit, only the keys that step the number belong to the control.
+    bool event(QEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
 };
 
 }  // namespace platform

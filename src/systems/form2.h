@@ -9,7 +9,9 @@
 #include <QPushButton>
 
 #include "platform/controls.h"
+#include "platform/desktop.h"
 #include "platform/listview.h"
+#include "systems/operazioni.h"
 
 namespace app {
 class Form1;
@@ -82,9 +84,32 @@ private:
     /// Hides, thaws and unloads the form.
     void esci_congelando();
     [[nodiscard]] bool sovrascrittura_negata(const QString& nome);
+
+    // Operations of the pop-up menu.
+    void collega_operazioni();
+    void mnurinomina_Click();
+    void ListView1_AfterLabelEdit(QTreeWidgetItem* voce, const QString& nuovo);
+    void mnuduplica_Click();
+    void cmddup_annulla_Click();
+    void cmddup_conferma_Click();
+    void mnuelimina_Click();
+    void mnueliminatutti_Click();
+    void mnuimporta_Click();
+    void cmdimporta_Click();
+    void mnuinvia_Click();
+    [[nodiscard]] Coppia coppia(const QString& cartella, const QString& nome) const;
+    [[nodiscard]] QString nome_scelto() const;
+    /// Brings the panel and the notice of a copy to front, painted before the copy starts.
+    void mostra_avviso();
+    void mostra_avanti(platform::Frame* gruppo, QPushButton* predefinito);
+    void nascondi_duplica();
+    int chiedi(const QString& domanda);
+    void avverti(const QString& testo, platform::Icona icona = platform::Icona::nessuna);
+
     void apri_dimensioni(int ultima_colonna, int ultima_riga);
 
     app::Form1& form1_;
+    QPushButton* predefinito_ = nullptr;
     std::int32_t numero_sistemi_ = 0;
     QStringList ordine_{QString(), QString(), QString()};
 };

@@ -139,6 +139,11 @@ void Form2::crea_duplica() {
     auto* avviso = new QLabel(tr("Copia dei file in corso. Attendere Prego"), frmduplica);
     avviso->setGeometry(8, 8, frmduplica->width() - 16, 56);
     avviso->setAlignment(Qt::AlignCenter);
+    avviso->setProperty("titolo", true);
+    QPalette evidenza = frmduplica->palette();
+    evidenza.setColor(QPalette::Base, QColor("#FFF8EC"));
+    evidenza.setColor(QPalette::Mid, QColor("#E07B00"));
+    frmduplica->setPalette(evidenza);
     frmduplica->hide();
 }
 
@@ -174,6 +179,7 @@ void Form2::collega() {
     connect(cmdannul, &QPushButton::clicked, this, &QDialog::close);
     connect(Command1, &QPushButton::clicked, this, &Form2::esci_congelando);
     connect(cmdeffacer1, &QPushButton::clicked, this, &Form2::esci_congelando);
+    collega_operazioni();
 }
 
 }  // namespace systems

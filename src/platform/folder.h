@@ -1,0 +1,21 @@
+// Choice of a folder.
+#pragma once
+
+#include <functional>
+
+#include <QString>
+
+class QWidget;
+
+namespace platform {
+
+/// Lets the user choose a folder, in a modal dialog of that title that opens at `inizio`.
+/// Returns its path, empty when cancelled. Every choice of a folder goes through here.
+QString scegli_cartella(QWidget* proprietario, const QString& titolo, const QString& inizio);
+
+/// What answers in place of the dialog.
+using SceltaCartella = std::function<QString(const QString& titolo, const QString& inizio)>;
+/// Puts `scelta` in place of the dialog; an empty one brings it back.
+void scegli_con(SceltaCartella scelta);
+
+}  // namespace platform

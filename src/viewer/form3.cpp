@@ -1,0 +1,204 @@
+#include "viewer/form3.h"
+
+#include <QKeyEvent>
+#include <QShowEvent>
+#include <QWheelEvent>
+
+#include "app/form1.h"
+#include "development/elaborazione.h"
+#include "platform/application.h"
+#include "platform/desktop.h"
+#include "platform/runtime.h"
+#include "systems/elenco.h"
+#include "systems/file_sistema.h"
+
+namespace viewer {
+
+using platform::App;
+using platform::px;
+using platform::q;
+using platform::s;
+
+namespace {
+
+// One notch of a wheel, in the eighths of a degree that the events tell.
+constexpr int scatto = 120;
+
+}  // namespace
+
+std::string Form3::file_sviluppo() const {
+    const std::string nome = s(platform::Tag(this));
+    return systems::nome_ammesso(nome)
+               ? App().file(nome + development::estensione_sviluppo(form1_.lotto))
+               : "";
+}
+
+void Form3::iniz() {
+    generagriglie();
+    platform::set_Tag(HScroll1, QString::number(HScroll1->value()));
+    const std::string nome = s(platform::Tag(this));
+    std::int32_t conteggio = 0;
+    if (systems::nome_ammesso(nome)) {
+        platform::assegna(conteggio, systems::leggi_conteggio(App().Path, nome, form1_.lotto));
+    }
+    pagine_ = pagine_di(conteggio);
+    // A bar without a range would show the busy pattern.
+    ProgressBar1->setRange(0, qMax(1, conteggio));
+    platform::DoEvents();
+    popola_griglia2();
+    ProgressBar1->setRange(0, qMax(0, pagine_) + 2);
+    HScroll1->setRange(1, qMax(1, pagine_));
+    ProgressBar1->hide();
+    pronto_ = true;
+    {
+        // The bar may stand on 1 already, and then it would not tell a change.
+        const QSignalBlocker muto(HScroll1);
+        HScroll1->setValue(1);
+    }
+    HScroll1_Change();
+    HScroll1->setEnabled(true);
+    platform::LockWindowUpdate(this);
+    lblsistema->setText(platform::Tag(this));
+    lblpag[0]->setText("1");
+    lblpag[1]->setText(QString::number(pagine_));
+    lbltot->setText(q(platform::Format(conteggio, platform::Modello::interi)));
+    Frame1->hide();
+    Frame2->show();
+    setFixedSize(px(9135), px(7600));
+    platform::centra(this, &form1_);
+    Command1->setFocus();
+    platform::DoEvents();
+    platform::LockWindowUpdate(nullptr);
+}
+
+void Form3::generagriglie() {
+    for (platform::ListView* colonne : {ListView1, ListView2}) {
+        colonne->add_colonna("x1", 0, Qt::AlignLeft);
+        for (int i = 2; i <= 7; ++i) {
+            colonne->add_colonna("x" + QString::number(i), 500, Qt::AlignHCenter);
+        }
+    }
+    for (platform::ListView* numeri : {ListView3, ListView4}) {
+        numeri->add_colonna("x1", 0, Qt::AlignLeft);
+        numeri->add_colonna("x2", 1000, Qt::AlignHCenter);
+    }
+}
+
+void Form3::popola_griglia2() {
+    posizioni_.costruisci(file_sviluppo(), pagine_, [this](std::int32_t righe) {
+        ProgressBar1->setValue(qMin(righe, ProgressBar1->maximum()));
+        platform::DoEvents();
+    });
+}
+
+void Form3::popola_griglia(std::int32_t page, bool avanti) {
+    // Frozen, so that the empty lists never flash between two pages.
+    Frame2->setUpdatesEnabled(false);
+    for (platform::ListView* l : {ListView1, ListView2, ListView3, ListView4}) l->svuota();
+    platform::DoEvents();
+    const int numeri = numeri_per_riga(form1_.lotto, s(platform::Tag(form1_.Frame9)));
+    const Pagina pagina = leggi_pagina(file_sviluppo(), posizioni_.posizione(page), numeri);
+    int linea = 0;
+    for (const Riga& riga : pagina.righe) {
+        ++linea;
+        if (pronto_)
+            mostra_riga(riga, numeri, linea, page);
+    }
+    if (pagina.seguente && avanti && HScroll1->value() < HScroll1->maximum()) {
+        posizioni_.ricorda(HScroll1->value() + 1, *pagina.seguente);
+    }
+    Frame2->setUpdatesEnabled(true);
+}
+
+void Form3::mostra_riga(const Riga& riga, int numeri, int linea, std::int32_t page) {
+    QStringList testi{QString()};
+    for (int i = 0; i < numeri; ++i) {
+        testi.append(QString::number(riga[static_cast<std::size_t>(i)]));
+    }
+    const bool sinistra = linea <= righe_blocco;
+    (sinistra ? ListView1 : ListView2)->add_voce(testi);
+    const qint64 numero = (qint64{page} - 1) * righe_pagina + linea;
+    (sinistra ? ListView3 : ListView4)->add_voce({QString(), QString::number(numero)});
+}
+
+void Form3::HScroll1_Change() {
+    const int valore = HScroll1->value();
+    const bool avanti = valore >= platform::Tag(HScroll1).toInt();
+    popola_griglia(valore, avanti);
+    platform::set_Tag(HScroll1, QString::number(valore));
+    lblpag[0]->setText(QString::number(valore));
+    if (pronto_)
+        Command1->setFocus();
+}
+
+bool Form3::tasto_di_pagina(const QKeyEvent* evento) {
+    if (!HScroll1->isEnabled())
+        return false;
+    switch (evento->key()) {
+        case Qt::Key_PageUp:
+            HScroll1->setValue(HScroll1->value() - 1);
+            return true;
+        case Qt::Key_PageDown:
+            HScroll1->setValue(HScroll1->value() + 1);
+            return true;
+        case Qt::Key_Home:
+            HScroll1->setValue(HScroll1->minimum());
+            return true;
+        case Qt::Key_End:
+            HScroll1->setValue(HScroll1->maximum());
+            return true;
+        default:
+            return false;
+    }
+}
+
+void Form3::rotella(const QWheelEvent* evento) {
+    if (!HScroll1->isEnabled())
+        return;
+    const QPoint giro = evento->angleDelta();
+    const int quanto = giro.y() != 0 ? giro.y() : giro.x();
+    if ((quanto < 0) != (resto_rotella_ < 0))
+        resto_rotella_ = 0;
+    // A fine wheel or a touch pad tells its turn in small parts.
+    resto_rotella_ += quanto;
+    const int pagine = resto_rotella_ / scatto;
+    resto_rotella_ %= scatto;
+    if (pagine != 0)
+        HScroll1->setValue(HScroll1->value() - pagine);
+}
+
+bool Form3::eventFilter(QObject* oggetto, QEvent* evento) {
+    // The lists and the bar have uses of their own for these, none of which turns one page.
+    if (evento->type() == QEvent::KeyPress && tasto_di_pagina(static_cast<QKeyEvent*>(evento))) {
+        return true;
+    }
+    if (evento->type() == QEvent::Wheel) {
+        rotella(static_cast<QWheelEvent*>(evento));
+        return true;
+    }
+    return QDialog::eventFilter(oggetto, evento);
+}
+
+void Form3::keyPressEvent(QKeyEvent* evento) {
+    if (!tasto_di_pagina(evento))
+        QDialog::keyPressEvent(evento);
+}
+
+void Form3::wheelEvent(QWheelEvent* evento) {
+    rotella(evento);
+    evento->accept();
+}
+
+void Form3::showEvent(QShowEvent* evento) {
+    QDialog::showEvent(evento);
+    if (!evento->spontaneous())
+        platform::centra(this, &form1_);
+}
+
+void Form3::hideEvent(QHideEvent* evento) {
+    QDialog::hideEvent(evento);
+    if (!evento->spontaneous())
+        pronto_ = false;
+}
+
+}  // namespace viewer

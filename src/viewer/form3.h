@@ -1,0 +1,84 @@
+// Paged view of a development of any size.
+#pragma once
+
+#include <array>
+
+#include <QDialog>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScrollBar>
+
+#include "platform/controls.h"
+#include "platform/listview.h"
+#include "viewer/indice.h"
+
+namespace app {
+class Form1;
+}
+
+namespace viewer {
+
+/// Shows the development of the system named by its `Tag`; `form1` outlives the viewer.
+class Form3 : public QDialog {
+    Q_OBJECT
+public:
+    explicit Form3(app::Form1& form1);
+
+    /// Builds the index and shows page 1; called once, when the form is shown.
+    void iniz();
+    /// Clears the lists and shows a page; `avanti` also keeps the position of the next one.
+    void popola_griglia(std::int32_t page, bool avanti);
+
+    [[nodiscard]] std::int32_t pagine() const { return pagine_; }
+    [[nodiscard]] bool pronto() const { return pronto_; }
+    [[nodiscard]] const Indice& posizioni() const { return posizioni_; }
+
+    platform::Frame* Frame1 = nullptr;
+    platform::Frame* Frame2 = nullptr;
+    QFrame* Shape1 = nullptr;
+    QProgressBar* ProgressBar1 = nullptr;
+    QLabel* Label4 = nullptr;
+    std::array<QLabel*, 4> Label1{};
+    std::array<QLabel*, 2> Label2{};
+    std::array<QLabel*, 2> Label3{};
+    std::array<QLabel*, 2> lblpag{};
+    QLabel* lblsistema = nullptr;
+    QLabel* lbltot = nullptr;
+    platform::ListView* ListView1 = nullptr;
+    platform::ListView* ListView2 = nullptr;
+    platform::ListView* ListView3 = nullptr;
+    platform::ListView* ListView4 = nullptr;
+    QScrollBar* HScroll1 = nullptr;
+    QPushButton* Command1 = nullptr;
+
+protected:
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
+    void wheelEvent(QWheelEvent* evento) override;
+    void showEvent(QShowEvent* evento) override;
+    void hideEvent(QHideEvent* evento) override;
+
+private:
+    void crea_lettura();
+    void crea_dati();
+    void crea_liste();
+    void crea_pagina();
+    platform::ListView* lista(const QString& nome, QRect dove, const QString& scopo);
+
+    void generagriglie();
+    void popola_griglia2();
+    void HScroll1_Change();
+    void mostra_riga(const Riga& riga, int numeri, int linea, std::int32_t page);
+    [[nodiscard]] std::string file_sviluppo() const;
+    [[nodiscard]] bool tasto_di_pagina(const QKeyEvent* evento);
+    void rotella(const QWheelEvent* evento);
+
+    app::Form1& form1_;
+    Indice posizioni_;
+    std::int32_t pagine_ = 0;
+    bool pronto_ = false;
+    int resto_rotella_ = 0;
+};
+
+}  // namespace viewer
