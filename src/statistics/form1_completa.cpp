@@ -1,0 +1,44 @@
+// Completion of the crossword on the screen with the numbers already chosen.
+#include "app/form1.h"
+#include "platform/desktop.h"
+#include "statistics/completamento.h"
+
+namespace app {
+
+using platform::DoEvents;
+using platform::LockWindowUpdate;
+
+bool Form1::completa_cella(const std::vector<int>& scelti) {
+    abilita_disabilita(static_cast<std::int16_t>(MSFlexGrid1->Row()),
+                       static_cast<std::int16_t>(MSFlexGrid1->Col()));
+    for (const int numero : scelti) {
+        if (!CMDnum[static_cast<std::size_t>(numero)]->isEnabled()) continue;
+        CMDnum_Click(numero);
+        return true;
+    }
+    return false;
+}
+
+void Form1::completa_con_scelti() {
+    if (in_elaborazione_) return;
+    const std::vector<int> scelti = statistics::numeri_scelti(matrice);
+    MSFlexGrid1->cella(0, 0);
+    Frame3->hide();
+    DoEvents();
+    bool completato = true;
+    for (int r = 0; r < righe() && completato; ++r) {
+        for (int c = 0; c < colonne() && completato; ++c) {
+            MSFlexGrid1->cella(r, c);
+            if (MSFlexGrid1->Text().isEmpty()) completato = completa_cella(scelti);
+        }
+    }
+    Frame3->show();
+    DoEvents();
+    LockWindowUpdate(nullptr);
+    if (completato) return;
+    platform::MsgBox(this, {"Impossibile completare il Cruciverba con i nuemeri scelti.\r\n"
+                            "Inserire un altro numero nel tabellone.",
+                            platform::Pulsanti::ok, "Tabellino"});
+}
+
+}  // namespace app
