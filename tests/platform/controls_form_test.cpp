@@ -1,0 +1,336 @@
+// Controls with the classic semantics, and the desktop services under them.
+#include <QMessageBox>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+#include <QWheelEvent>
+#include <gtest/gtest.h>
+
+#include "platform/controls.h"
+#include "platform/desktop.h"
+#include "platform/flexgrid.h"
+#include "platform/listview.h"
+
+using platform::ComboBox;
+using platform::ListBox;
+using platform::ListView;
+using platform::MSFlexGrid;
+using platform::TabStrip;
+using platform::UpDown;
+
+namespace {
+
+void mostra(QWidget& w) {
+    w.show();
+    w.activateWindow();
+    QApplication::processEvents();
+}
+
+void riempi(ComboBox& combo) {
+    for (const char* testo : {"uno", "due", "tre"}) combo.AddItem(testo);
+}
+
+/// Answers the box on the screen by pressing a button of it, or closes it when `testo` is null.
+struct Osservata {
+    QString titolo;
+    QString testo;
+    QMessageBox::Icon icona = QMessageBox::NoIcon;
+    QStringList pulsanti;
+};
+
+Osservata rispondi(const platform::Messaggio& messaggio, const QString& pulsante, int& risposta) {
+    Osservata vista;
+    QTimer::singleShot(0, qApp, [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        vista = {box->windowTitle(), box->text(), box->icon(), {}};
+        QAbstractButton* premere = nullptr;
+        for (QAbstractButton* b : box->buttons()) {
+            const QString testo = QString(b->text()).remove('&');
+            vista.pulsanti << testo;
+            if (testo == pulsante) premere = b;
+        }
+        vista.pulsanti.sort();
+        if (premere != nullptr) {
+            QTest::mouseClick(premere, Qt::LeftButton);
+        } else {
+            QTest::keyClick(box, Qt::Key_Escape);
+            if (box->isVisible()) box->done(QDialog::Rejected);
+        }
+    });
+    risposta = platform::MsgBox(nullptr, messaggio);
+    return vista;
+}
+
+}  // namespace
+
+TEST(Combo, NullaEScelto) {
+    ComboBox combo(nullptr);
+    riempi(combo);
+    EXPECT_EQ(combo.ListIndex(), -1);
+    EXPECT_EQ(combo.Text(), "");
+}
+
+TEST(Combo, AssegnareAlzaSempreClick) {
+    ComboBox combo(nullptr);
+    riempi(combo);
+    const QSignalSpy click(&combo, &ComboBox::Click);
+    EXPECT_TRUE(combo.set_ListIndex(1));
+    EXPECT_TRUE(combo.set_ListIndex(1));
+    EXPECT_TRUE(combo.set_Text("tre"));
+    EXPECT_EQ(combo.ListIndex(), 2);
+    EXPECT_EQ(click.count(), 3);
+}
+
+TEST(Combo, AssegnareCioCheNonCESiSalta) {
+    ComboBox combo(nullptr);
+    riempi(combo);
+    combo.set_ListIndex(1);
+    const QSignalSpy click(&combo, &ComboBox::Click);
+    EXPECT_FALSE(combo.set_ListIndex(3));
+    EXPECT_FALSE(combo.set_ListIndex(-1));
+    EXPECT_FALSE(combo.set_Text("quattro"));
+    EXPECT_EQ(combo.ListIndex(), 1);
+    EXPECT_EQ(click.count(), 0);
+}
+
+TEST(Combo, RiscegliereLaStessaVoceAlzaClick) {
+    ComboBox combo(nullptr);
+    riempi(combo);
+    combo.set_ListIndex(1);
+    mostra(combo);
+    const QSignalSpy click(&combo, &ComboBox::Click);
+    combo.showPopup();
+    QTest::keyClick(combo.view(), Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_EQ(combo.ListIndex(), 1);
+    EXPECT_EQ(click.count(), 1);
+    QTest::keyClick(&combo, Qt::Key_Down);
+    EXPECT_EQ(combo.ListIndex(), 2);
+    EXPECT_EQ(click.count(), 2);
+}
+
+TEST(Combo, LaRotellaNonCambiaNulla) {
+    ComboBox combo(nullptr);
+    riempi(combo);
+    combo.set_ListIndex(0);
+    mostra(combo);
+    QWheelEvent giro({5, 5}, combo.mapToGlobal(QPointF(5, 5)), {0, 0}, {0, -120}, Qt::NoButton,
+                     Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&combo, &giro);
+    EXPECT_EQ(combo.ListIndex(), 0);
+}
+
+TEST(Combo, SvuotareNonAlzaClick) {
+    ComboBox combo(nullptr);
+    riempi(combo);
+    combo.set_ListIndex(0);
+    const QSignalSpy click(&combo, &ComboBox::Click);
+    combo.Clear();
+    EXPECT_EQ(combo.ListIndex(), -1);
+    EXPECT_EQ(click.count(), 0);
+}
+
+TEST(Lista, ClickDalMouseEDallaTastiera) {
+    ListBox lista(nullptr);
+    lista.AddItem("uno");
+    lista.AddItem("due");
+    mostra(lista);
+    const QSignalSpy click(&lista, &ListBox::Click);
+    QTest::mouseClick(lista.viewport(), Qt::LeftButton, {},
+                      lista.visualItemRect(lista.item(0)).center());
+    EXPECT_EQ(click.count(), 1);
+    QTest::keyClick(&lista, Qt::Key_Down);
+    EXPECT_EQ(lista.currentRow(), 1);
+    EXPECT_EQ(click.count(), 2);
+    QTest::keyClick(&lista, Qt::Key_Down);
+    EXPECT_EQ(click.count(), 2);
+    QTest::keyClick(&lista, Qt::Key_Space);
+    EXPECT_EQ(click.count(), 3);
+}
+
+TEST(Frecce, PassoUnoDaUnoANovecentonovantanove) {
+    UpDown frecce(nullptr);
+    mostra(frecce);
+    EXPECT_EQ(frecce.value(), 1);
+    QTest::keyClick(&frecce, Qt::Key_Up);
+    EXPECT_EQ(frecce.value(), 2);
+    QTest::keyClick(&frecce, Qt::Key_Down);
+    QTest::keyClick(&frecce, Qt::Key_Down);
+    EXPECT_EQ(frecce.value(), 1);
+    EXPECT_EQ(frecce.maximum(), 999);
+    QTest::keyClicks(&frecce, "77");
+    EXPECT_EQ(frecce.value(), 1);
+}
+
+TEST(Griglia, IlCodiceNonAlzaSelChangeIlMouseSi) {
+    MSFlexGrid griglia(nullptr);
+    griglia.set_Rows(4);
+    griglia.set_Cols(4);
+    mostra(griglia);
+    const QSignalSpy scelta(&griglia, &MSFlexGrid::SelChange);
+    EXPECT_TRUE(griglia.cella(2, 1));
+    EXPECT_EQ(scelta.count(), 0);
+    const QPoint dove = griglia.visualRect(griglia.model()->index(2, 1)).center();
+    QTest::mouseClick(griglia.viewport(), Qt::LeftButton, {}, dove);
+    EXPECT_EQ(scelta.count(), 1);
+    QTest::keyClick(&griglia, Qt::Key_Up);
+    EXPECT_EQ(griglia.Row(), 1);
+    EXPECT_EQ(scelta.count(), 2);
+}
+
+TEST(Griglia, UnaCasellaFuoriNonSposta) {
+    MSFlexGrid griglia(nullptr);
+    griglia.set_Rows(3);
+    griglia.set_Cols(2);
+    griglia.cella(1, 1);
+    EXPECT_FALSE(griglia.set_Row(3));
+    EXPECT_FALSE(griglia.set_Col(-1));
+    EXPECT_FALSE(griglia.set_Col(2));
+    EXPECT_EQ(griglia.Row(), 1);
+    EXPECT_EQ(griglia.Col(), 1);
+    griglia.set_testo(9, 9, "x");
+    EXPECT_EQ(griglia.testo(9, 9), "");
+    EXPECT_EQ(griglia.testo(-1, 0), "");
+    griglia.set_sfondo(-1, 7, Qt::red);
+    EXPECT_FALSE(griglia.sfondo(-1, 7).isValid());
+}
+
+TEST(Griglia, TestoEColoriDellaCasellaCorrente) {
+    MSFlexGrid griglia(nullptr);
+    griglia.set_Rows(3);
+    griglia.set_Cols(3);
+    griglia.cella(2, 0);
+    griglia.set_Text("42");
+    griglia.CellBackColor(platform::colore(255));
+    griglia.CellAlignment(Qt::AlignRight);
+    EXPECT_EQ(griglia.Text(), "42");
+    EXPECT_EQ(griglia.testo(2, 0), "42");
+    EXPECT_EQ(griglia.sfondo(2, 0), QColor(255, 0, 0));
+    EXPECT_EQ(griglia.sfondo(0, 2), QColor(Qt::white));
+    EXPECT_EQ(griglia.item(2, 0)->textAlignment(), int(Qt::AlignRight));
+}
+
+TEST(Elenco, SelezioneTagEOrdineSenzaMaiuscole) {
+    ListView elenco(nullptr);
+    elenco.add_colonna("Nome", 1600, Qt::AlignLeft);
+    elenco.add_colonna("Altro", 1500, Qt::AlignHCenter);
+    EXPECT_EQ(ListView::tag_voce(nullptr), "");
+    EXPECT_EQ(elenco.selezionata(), nullptr);
+    elenco.add_voce({"b", "1"});
+    elenco.add_voce({"A", "1"});
+    elenco.add_voce({"c", "0"});
+    EXPECT_EQ(ListView::tag_voce(elenco.topLevelItem(1)), "A");
+    elenco.setCurrentItem(elenco.topLevelItem(0));
+    elenco.ordina(0, Qt::AscendingOrder);
+    EXPECT_EQ(elenco.topLevelItem(0)->text(0), "A");
+    EXPECT_EQ(elenco.selezionata()->text(0), "b");
+    elenco.ordina(1, Qt::AscendingOrder);
+    EXPECT_EQ(elenco.topLevelItem(0)->text(0), "c");
+    EXPECT_EQ(elenco.topLevelItem(1)->text(0), "A");
+    elenco.ordina(1, Qt::DescendingOrder);
+    EXPECT_EQ(elenco.topLevelItem(2)->text(0), "c");
+    EXPECT_EQ(elenco.columnWidth(0), 107);
+    EXPECT_EQ(elenco.larghezza(1), 1500);
+}
+
+TEST(Schede, IlNumeroRestaQuandoUnAltraSparisce) {
+    TabStrip schede(nullptr);
+    schede.add_scheda(1, "uno");
+    schede.add_scheda(2, "due");
+    const QSignalSpy click(&schede, &TabStrip::Click);
+    schede.seleziona(2);
+    EXPECT_EQ(schede.selezionata(), 2);
+    EXPECT_EQ(click.count(), 0);
+    mostra(schede);
+    QTest::mouseClick(&schede, Qt::LeftButton, {}, schede.tabRect(0).center());
+    ASSERT_EQ(click.count(), 1);
+    EXPECT_EQ(click.at(0).at(0).toInt(), 1);
+    schede.rimuovi_scheda(1);
+    EXPECT_EQ(schede.count(), 1);
+    EXPECT_EQ(schede.selezionata(), 2);
+    EXPECT_EQ(click.count(), 1);
+}
+
+TEST(Scatola, PulsantiTitoloIconaERisposte) {
+    int risposta = 0;
+    Osservata vista = rispondi({"Testo\nsu due righe", platform::Pulsanti::si_no_annulla, "Tabellino",
+                                platform::Icona::nessuna},
+                               "Sì", risposta);
+    EXPECT_EQ(vista.titolo, "Tabellino");
+    EXPECT_EQ(vista.testo, "Testo\nsu due righe");
+    EXPECT_EQ(vista.icona, QMessageBox::NoIcon);
+    EXPECT_EQ(vista.pulsanti, QStringList({"Annulla", "No", "Sì"}));
+    EXPECT_EQ(risposta, 6);
+    rispondi({"x", platform::Pulsanti::si_no_annulla, "t"}, "No", risposta);
+    EXPECT_EQ(risposta, 7);
+    rispondi({"x", platform::Pulsanti::si_no_annulla, "t"}, "Annulla", risposta);
+    EXPECT_EQ(risposta, 2);
+    rispondi({"x", platform::Pulsanti::si_no_annulla, "t"}, {}, risposta);
+    EXPECT_EQ(risposta, 2);
+    vista = rispondi({"x", platform::Pulsanti::si_no, "t"}, "Sì", risposta);
+    EXPECT_EQ(vista.pulsanti, QStringList({"No", "Sì"}));
+    EXPECT_EQ(risposta, 6);
+    rispondi({"x", platform::Pulsanti::si_no, "t"}, {}, risposta);
+    EXPECT_EQ(risposta, 7);
+    vista = rispondi({"x", platform::Pulsanti::ok, "t", platform::Icona::informazione}, "OK",
+                     risposta);
+    EXPECT_EQ(vista.icona, QMessageBox::Information);
+    EXPECT_EQ(vista.pulsanti, QStringList{"OK"});
+    EXPECT_EQ(risposta, 1);
+}
+
+TEST(Scatola, SottoNonRestanoFinestreBloccateNePuntatoreDAttesa) {
+    QWidget finestra;
+    mostra(finestra);
+    platform::LockWindowUpdate(&finestra);
+    platform::MousePointer(11);
+    int durante = -1;
+    QTimer::singleShot(0, qApp, [&durante] {
+        durante = platform::MousePointer();
+        QApplication::activeModalWidget()->close();
+    });
+    platform::MsgBox(&finestra, {"x", platform::Pulsanti::ok, "t"});
+    EXPECT_EQ(durante, 0);
+    EXPECT_TRUE(finestra.updatesEnabled());
+    EXPECT_EQ(platform::MousePointer(), 11);
+    platform::MousePointer(0);
+}
+
+TEST(Blocco, NeEsisteUnoSolo) {
+    QWidget a;
+    QWidget b;
+    platform::LockWindowUpdate(&a);
+    EXPECT_FALSE(a.updatesEnabled());
+    platform::LockWindowUpdate(&b);
+    EXPECT_TRUE(a.updatesEnabled());
+    EXPECT_FALSE(b.updatesEnabled());
+    platform::LockWindowUpdate(nullptr);
+    EXPECT_TRUE(b.updatesEnabled());
+}
+
+TEST(LavoroLungo, TastiEMouseNonArrivano) {
+    ComboBox combo(nullptr);
+    riempi(combo);
+    combo.set_ListIndex(0);
+    mostra(combo);
+    {
+        const platform::LavoroLungo lavoro;
+        EXPECT_TRUE(platform::LavoroLungo::in_corso());
+        QTest::keyClick(&combo, Qt::Key_Down);
+        EXPECT_EQ(combo.ListIndex(), 0);
+    }
+    EXPECT_FALSE(platform::LavoroLungo::in_corso());
+    QTest::keyClick(&combo, Qt::Key_Down);
+    EXPECT_EQ(combo.ListIndex(), 1);
+}
+
+TEST(Misure, TwipsEColori) {
+    EXPECT_EQ(platform::px(15), 1);
+    EXPECT_EQ(platform::px(360), 24);
+    EXPECT_EQ(platform::px(3045), 203);
+    EXPECT_EQ(platform::colore(8388608), QColor(0, 0, 128));
+    EXPECT_EQ(platform::colore(65535), QColor(255, 255, 0));
+    EXPECT_EQ(platform::colore(16707288), QColor(216, 238, 254));
+    EXPECT_EQ(platform::membro("CMDnum", 7), "CMDnum(7)");
+}

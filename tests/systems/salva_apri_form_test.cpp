@@ -1,0 +1,354 @@
+// Saving and opening through the manager: names, overwriting, what comes back on the screen.
+#include <QClipboard>
+
+#include "platform/disk.h"
+#include "support/programma.h"
+#include "support/riferimento.h"
+
+using support::Icona;
+using support::Mostrato;
+using support::Programma;
+using support::Pulsanti;
+using support::vbNo;
+using support::vbYes;
+using systems::Form2;
+
+namespace {
+
+const Mostrato senza_nome{"Inserire il nome del sistema.", "Tabellino", Pulsanti::ok,
+                          Icona::informazione};
+const Mostrato esiste_gia{"Esiste già un sistema con questo nome. Sovrascrivere?", "Tabellino",
+                          Pulsanti::si_no, Icona::nessuna};
+using Mostrati = std::vector<Mostrato>;
+
+/// Clicks the row of a system in the list.
+void scegli_voce(Form2& form2, const QString& nome) {
+    const QList<QTreeWidgetItem*> voci = form2.ListView1->findItems(nome, Qt::MatchExactly);
+    ASSERT_EQ(voci.size(), 1) << nome.toStdString();
+    QTest::mouseClick(form2.ListView1->viewport(), Qt::LeftButton, {},
+                      form2.ListView1->visualItemRect(voci.first()).center());
+}
+
+/// Opens a system by the menu, the list and the button.
+void apri(Programma& p, const QString& nome) {
+    Programma::voce(p.form1.mnuapri);
+    Form2* form2 = Programma::gestore();
+    ASSERT_NE(form2, nullptr);
+    scegli_voce(*form2, nome);
+    Programma::clic(form2->Command5);
+    EXPECT_EQ(Programma::gestore(), nullptr);
+}
+
+/// A crossword of one number a cell, 1 upwards, for a file.
+std::string righe_file(int colonne, int righe) {
+    std::string testo;
+    for (int y = 0; y < righe; ++y) {
+        for (int x = 0; x < colonne; ++x) testo += std::to_string((y * colonne + x) % 90 + 1) + ",";
+        testo += "\r\n";
+    }
+    return testo;
+}
+
+void salva_con_nome(Programma& p, const std::function<void(Form2&)>& fare) {
+    p.nel_gestore(fare);
+    Programma::voce(p.form1.mnusalvanome);
+}
+
+}  // namespace
+
+TEST(Nome, VuotoChiedeERidaLaCasella) {
+    Programma p;
+    p.riempi();
+    salva_con_nome(p, [&p](Form2& form2) {
+        form2.cmdsalva->setFocus();
+        Programma::clic(form2.cmdsalva);
+        EXPECT_EQ(p.mostrati(), Mostrati{senza_nome});
+        EXPECT_EQ(form2.focusWidget(), form2.Text1);
+        EXPECT_TRUE(form2.isVisible());
+        Programma::clic(form2.cmdeffacer1);
+    });
+    EXPECT_EQ(p.form1.Tag(), "");
+    EXPECT_TRUE(platform::Dir(p.cartella.programma(), "*.sen").empty());
+}
+
+TEST(Nome, SoloCifreELettereMinuscole) {
+    Programma p;
+    p.riempi();
+    salva_con_nome(p, [](Form2& form2) {
+        EXPECT_EQ(form2.focusWidget(), form2.Text1);
+        QTest::keyClicks(form2.Text1, "aZ09");
+        EXPECT_EQ(form2.Text1->text(), "az09");
+        for (const char rifiutato : std::string(" !\"#$%&'()*+,-./:;<=>?@[\\]^_`{|}~")) {
+            QTest::keyClick(form2.Text1, rifiutato);
+        }
+        for (const char* lettera : {"è", "À", "ß"}) {
+            QTest::sendKeyEvent(QTest::Click, form2.Text1, Qt::Key_unknown, QString(lettera),
+                                Qt::NoModifier);
+        }
+        EXPECT_EQ(form2.Text1->text(), "az09");
+        QTest::keyClick(form2.Text1, Qt::Key_Backspace);
+        EXPECT_EQ(form2.Text1->text(), "az0");
+        QApplication::clipboard()->setText("../x");
+        form2.Text1->paste();
+        EXPECT_EQ(form2.Text1->text(), "az0");
+        QTest::keyClicks(form2.txtduplica, "Bc-D");
+        EXPECT_EQ(form2.txtduplica->text(), "bcd");
+        Programma::clic(form2.cmdsalva);
+    });
+    EXPECT_EQ(p.form1.Tag(), "az0");
+    EXPECT_TRUE(p.cartella.esiste("az0.sen"));
+}
+
+TEST(Nome, InvioNellaCasellaSalva) {
+    Programma p;
+    p.riempi();
+    salva_con_nome(p, [](Form2& form2) {
+        QTest::keyClicks(form2.Text1, "invio");
+        QTest::keyClick(form2.Text1, Qt::Key_Return);
+    });
+    EXPECT_EQ(p.form1.Tag(), "invio");
+}
+
+TEST(Sovrascrivi, NoLasciaTuttoELaFinestraAperta) {
+    Programma p;
+    p.cartella.scrivi("uno.sen", "0,5,5,\"6\",0,0,0,0\r\n");
+    p.cartella.scrivi("uno.col", "1,2,3,4,5,6\r\n");
+    p.riempi();
+    p.risposte = {vbNo};
+    salva_con_nome(p, [](Form2& form2) {
+        QTest::keyClicks(form2.Text1, "uno");
+        Programma::clic(form2.cmdsalva);
+        EXPECT_TRUE(form2.isVisible());
+        Programma::clic(form2.cmdeffacer1);
+    });
+    EXPECT_EQ(p.mostrati(), Mostrati{esiste_gia});
+    EXPECT_EQ(p.cartella.leggi("uno.sen"), "0,5,5,\"6\",0,0,0,0\r\n");
+    EXPECT_TRUE(p.cartella.esiste("uno.col"));
+    EXPECT_EQ(p.form1.Tag(), "");
+    EXPECT_FALSE(p.form1.salvato);
+}
+
+TEST(Sovrascrivi, SiTogliLoSviluppoDelGioco) {
+    Programma p;
+    p.cartella.scrivi("uno.sen", "0,5,5,\"6\",0,0,0,0\r\n");
+    p.cartella.scrivi("uno.col", "1,2,3,4,5,6\r\n");
+    p.cartella.scrivi("uno.lot", "1,2,3,4,5\r\n");
+    p.riempi();
+    p.risposte = {vbYes};
+    p.scrivi_nel_gestore("uno");
+    Programma::voce(p.form1.mnusalva);
+    EXPECT_EQ(p.mostrati(), Mostrati{esiste_gia});
+    EXPECT_FALSE(p.cartella.esiste("uno.col"));
+    EXPECT_TRUE(p.cartella.esiste("uno.lot"));
+    EXPECT_EQ(p.cartella.leggi("uno.sen"),
+              support::come_sistema("14,5,5,\"6\",0,0,0,0", p.griglia()));
+    EXPECT_TRUE(p.form1.salvato);
+}
+
+TEST(Sovrascrivi, NelLottoTogliLotELasciaCol) {
+    Programma p;
+    p.cartella.scrivi("uno.sel", "0,4,4,\"2\",0,0,0,5,0\r\n");
+    p.cartella.scrivi("uno.col", "1,2,3,4,5,6\r\n");
+    p.cartella.scrivi("uno.lot", "1,2,3,4,5\r\n");
+    Programma::clic(p.form1.Image10);
+    p.riempi();
+    p.risposte = {vbYes};
+    p.scrivi_nel_gestore("uno");
+    Programma::voce(p.form1.mnusalva);
+    EXPECT_EQ(p.mostrati(), Mostrati{esiste_gia});
+    EXPECT_TRUE(p.cartella.esiste("uno.col"));
+    EXPECT_FALSE(p.cartella.esiste("uno.lot"));
+}
+
+TEST(Sovrascrivi, SoloLeMaiuscoleDiversoELoStessoNome) {
+    Programma p;
+    p.cartella.scrivi("Uno.sen", "0,5,5,\"6\",0,0,0,0\r\n");
+    p.riempi();
+    p.risposte = {vbYes};
+    p.scrivi_nel_gestore("uno");
+    Programma::voce(p.form1.mnusalva);
+    EXPECT_EQ(p.mostrati(), Mostrati{esiste_gia});
+    EXPECT_EQ(platform::Dir(p.cartella.programma(), "*.sen").size(), 1U);
+}
+
+TEST(Sovrascrivi, UnNomeNuovoNelLottoLasciaStareIlSen) {
+    Programma p;
+    p.cartella.scrivi("uno.sen", "0,5,5,\"6\",0,0,0,0\r\n");
+    Programma::clic(p.form1.Image10);
+    p.riempi();
+    p.scrivi_nel_gestore("uno");
+    Programma::voce(p.form1.mnusalva);
+    EXPECT_TRUE(p.mostrati().empty());
+    EXPECT_EQ(p.cartella.leggi("uno.sen"), "0,5,5,\"6\",0,0,0,0\r\n");
+    EXPECT_TRUE(p.cartella.esiste("uno.sel"));
+}
+
+TEST(ApriSistema, RidaTuttoQuelloCheEraSalvato) {
+    Programma p(true);
+    p.dimensioni(9, 7);
+    Programma::scegli(p.form1.Combo3, 2);
+    Programma::scegli(p.form1.Combo4, 0);
+    p.riempi_e_salva("ampio");
+    p.comando(1);
+    const auto numeri = p.griglia();
+    const QString senza = p.riepilogo(5, 3);
+    const QString prezzo = p.form1.lblimportotot->text();
+    ASSERT_NE(senza, "");
+    Programma::voce(p.form1.mnunuovo);
+    p.mostrati();
+    apri(p, "ampio");
+    EXPECT_TRUE(p.mostrati().empty());
+    EXPECT_EQ(p.griglia(), numeri);
+    EXPECT_EQ(p.form1.Combo1->Text(), "9");
+    EXPECT_EQ(p.form1.Combo2->Text(), "7");
+    EXPECT_EQ(p.form1.Combo3->ListIndex(), 2);
+    EXPECT_EQ(p.form1.Combo4->ListIndex(), 0);
+    EXPECT_EQ(p.form1.Combo5->ListIndex(), -1);
+    EXPECT_EQ(p.riepilogo(1, 3), "3");
+    EXPECT_EQ(p.riepilogo(4, 3), "84");
+    EXPECT_EQ(p.riepilogo(5, 3), senza);
+    EXPECT_EQ(p.form1.lblimportotot->text(), prezzo);
+    EXPECT_EQ(p.form1.Tag(), "ampio");
+    EXPECT_EQ(platform::Tag(&p.form1), "ampio");
+    EXPECT_EQ(p.form1.lblngioco->text(), QString::number(p.form1.List1->count()));
+    EXPECT_GT(p.form1.List1->count(), 0);
+    EXPECT_TRUE(p.form1.salvato);
+    EXPECT_EQ(p.form1.MSFlexGrid1->Row(), 0);
+    EXPECT_EQ(p.form1.MSFlexGrid1->Col(), 0);
+    // The first cell is current, so the number beside it is refused.
+    EXPECT_FALSE(p.form1.CMDnum[static_cast<std::size_t>(numeri[1][0])]->isEnabled());
+    EXPECT_TRUE(p.form1.CMDnum[static_cast<std::size_t>(numeri[0][0])]->isEnabled());
+}
+
+TEST(ApriSistema, ConContoZeroRigaCinqueVuotaEPrezzoDiNessunaColonna) {
+    Programma p;
+    p.riempi_e_salva("mai");
+    Programma::voce(p.form1.mnunuovo);
+    apri(p, "mai");
+    EXPECT_EQ(p.riepilogo(5, 3), "");
+    EXPECT_EQ(p.form1.lblimportotot->text(), ",00");
+    EXPECT_EQ(p.form1.lblquote->text(), ",00");
+    EXPECT_EQ(p.riepilogo(4, 3), "14");
+}
+
+TEST(ApriSistema, LottoSceglieLaForma) {
+    for (int forma = 3; forma <= 5; ++forma) {
+        Programma p;
+        p.cartella.scrivi("voce.sel", "0,5,5,\"2\",1,1,1," + std::to_string(forma) + ",1234\r\n" +
+                                          righe_file(6, 6));
+        Programma::clic(p.form1.Image10);
+        apri(p, "voce");
+        EXPECT_EQ(platform::Tag(p.form1.Frame9), QString::number(forma));
+        const auto k = static_cast<std::size_t>(forma - 3);
+        EXPECT_TRUE(p.form1.Imagey[k]->isVisible());
+        EXPECT_FALSE(p.form1.Imageb[k]->isVisible());
+        const std::array<const char*, 3> titoli = {"Tabellino - Lotto (Sistemi in Terzine)",
+                                                   "Tabellino - Lotto (Sistemi in Quartine)",
+                                                   "Tabellino - Lotto (Sistemi in Cinquine)"};
+        EXPECT_EQ(p.form1.windowTitle(), titoli[k]);
+        EXPECT_EQ(p.form1.Combo1->Text(), "6");
+        EXPECT_EQ(p.form1.Combo3->ListIndex(), 1);
+        EXPECT_EQ(p.riepilogo(5, 3), "1.234");
+        EXPECT_EQ(p.form1.lblimportotot->text(), "617,00");
+    }
+}
+
+TEST(ApriSistema, LaPrimaMisuraDellElencoDipendeDalGioco) {
+    Programma p;
+    p.cartella.scrivi("sei.sen", "0,6,8,\"\",0,0,-1,0\r\n" + righe_file(9, 7));
+    p.cartella.scrivi("sei.sel", "0,6,8,\"\",0,0,-1,5,0\r\n" + righe_file(9, 7));
+    apri(p, "sei");
+    EXPECT_EQ(p.form1.Combo1->Text(), "9");
+    EXPECT_EQ(p.form1.Combo2->Text(), "7");
+    Programma::clic(p.form1.Image10);
+    apri(p, "sei");
+    EXPECT_EQ(p.form1.Combo1->Text(), "9");
+    EXPECT_EQ(p.form1.Combo2->Text(), "7");
+}
+
+TEST(ApriSistema, IlPrimoCampoNonConta) {
+    Programma p;
+    p.cartella.scrivi("falso.sen", "999999,5,5,\"6\",0,0,0,7\r\n" + righe_file(6, 6));
+    apri(p, "falso");
+    EXPECT_EQ(p.riepilogo(4, 3), "14");
+    EXPECT_EQ(p.riepilogo(5, 3), "7");
+}
+
+TEST(ApriSistema, UnElencoVuotoNonFaNulla) {
+    Programma p;
+    p.riempi(2);
+    p.risposte = {vbNo};
+    Programma::voce(p.form1.mnuapri);
+    Form2* form2 = Programma::gestore();
+    ASSERT_NE(form2, nullptr);
+    Programma::clic(form2->Command5);
+    EXPECT_TRUE(form2->isVisible());
+    EXPECT_EQ(p.form1.List1->count(), 2);
+}
+
+TEST(ApriSistema, SenzaScegliereNonFaNulla) {
+    Programma p;
+    p.riempi_e_salva("uno");
+    Programma::voce(p.form1.mnuapri);
+    Form2* form2 = Programma::gestore();
+    ASSERT_NE(form2, nullptr);
+    form2->ListView1->clearSelection();
+    Programma::clic(form2->Command5);
+    EXPECT_TRUE(form2->isVisible());
+}
+
+TEST(ApriSistema, FileSparitoOCortoVaAvantiConGliZeri) {
+    Programma p;
+    p.cartella.scrivi("corto.sen", "14,5,5,\"6\",0,0,0,3\r\n1,2,3,4,5,6,\r\n7,8,");
+    p.cartella.scrivi("sparito.sen", "14,5,5,\"6\",0,0,0,3\r\n");
+    apri(p, "corto");
+    EXPECT_EQ(p.form1.matrice(5, 0), 6);
+    EXPECT_EQ(p.form1.matrice(1, 1), 8);
+    EXPECT_EQ(p.form1.matrice(2, 1), 0);
+    EXPECT_EQ(p.form1.lblngioco->text(), "8");
+    bool completo = true;
+    p.form1.cruciverba_completo(completo);
+    EXPECT_FALSE(completo);
+    Programma::voce(p.form1.mnuapri);
+    Form2* form2 = Programma::gestore();
+    ASSERT_NE(form2, nullptr);
+    scegli_voce(*form2, "sparito");
+    std::filesystem::remove(p.cartella.file("sparito.sen"));
+    Programma::clic(form2->Command5);
+    EXPECT_EQ(p.form1.Tag(), "sparito");
+    EXPECT_TRUE(p.mostrati().empty());
+}
+
+TEST(ApriSistema, MisureOltreGliElenchiLascianoQuelleDiPrima) {
+    Programma p;
+    p.cartella.scrivi("enorme.sen", "0,250,254,\"6\",0,0,0,0\r\n1,2,3\r\n");
+    p.cartella.scrivi("fuori.sen", "0,99999,-3,\"6\",9,-7,x,99999999999\r\n1,2,3\r\n");
+    p.dimensioni(7, 8);
+    p.form1.salvato = true;
+    for (const char* nome : {"enorme", "fuori"}) {
+        apri(p, nome);
+        EXPECT_EQ(p.form1.Combo1->Text(), "7") << nome;
+        EXPECT_EQ(p.form1.Combo2->Text(), "8") << nome;
+        EXPECT_EQ(p.form1.MSFlexGrid1->Cols(), 7);
+        EXPECT_EQ(p.form1.Combo3->ListIndex(), 0);
+        EXPECT_LE(p.form1.matrice.ubound(1), 255);
+        EXPECT_EQ(p.form1.Tag(), nome);
+        p.cella(0, 0);
+        p.numero(90);
+        p.form1.salvato = true;
+    }
+}
+
+TEST(ApriSistema, DoppioClicApre) {
+    Programma p;
+    p.riempi_e_salva("uno");
+    Programma::voce(p.form1.mnunuovo);
+    Programma::voce(p.form1.mnuapri);
+    Form2* form2 = Programma::gestore();
+    ASSERT_NE(form2, nullptr);
+    const QPoint dove =
+        form2->ListView1->visualItemRect(form2->ListView1->topLevelItem(0)).center();
+    QTest::mouseClick(form2->ListView1->viewport(), Qt::LeftButton, {}, dove);
+    QTest::mouseDClick(form2->ListView1->viewport(), Qt::LeftButton, {}, dove);
+    EXPECT_EQ(p.form1.Tag(), "uno");
+}
