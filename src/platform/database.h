@@ -1,0 +1,38 @@
+// The archive as a database: one file, read by one of two engines.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/recordset.h"
+
+namespace platform {
+
+namespace interno {
+struct Aperto;
+}
+
+/// A handle; copies share one opening. A table is read when it is first asked for and kept.
+class Database {
+public:
+    /// Opens a table by its name, or one of the queries of `query.h`, at its first record. On
+    /// failure the target stays as it was.
+    Err OpenRecordset(std::string_view sorgente, Recordset& destinazione);
+    /// Ends the opening: its recordsets fail from now on, those of another opening do not.
+    Err Close();
+
+private:
+    friend Err OpenDatabase(const std::string& nome, bool esclusivo, bool sola_lettura,
+                            Database& destinazione);
+    int tabella(std::string_view nome, std::shared_ptr<const Tabella>& destinazione);
+    std::shared_ptr<interno::Aperto> aperto_;
+};
+
+/// Opens the Jet file `nome`, or, where there is none, the SQLite file that bears the same name
+/// with the ending ".sqlite". Nothing is ever written, whether `sola_lettura` is asked for or not.
+/// On failure the target stays as it was.
+Err OpenDatabase(const std::string& nome, bool esclusivo, bool sola_lettura,
+                 Database& destinazione);
+
+}  // namespace platform

@@ -1,0 +1,28 @@
+// Jet files, read by a child process whose death harms nobody.
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "platform/tabella.h"
+
+namespace platform {
+
+/// The child and how long it is waited for; a test sets its own.
+struct LettoreJet {
+    std::string programma;  ///< empty: "leggi_mdb" beside the running program
+    /// A good file yields something all the time; one that does not for so long is damaged.
+    std::chrono::milliseconds attesa_muta{2000};
+    std::chrono::milliseconds attesa_totale{10000};
+    std::size_t uscita_massima = std::size_t{256} << 20;
+};
+LettoreJet& lettore_jet();
+
+/// Tells whether the file is a Jet database with a catalogue; 0 or DAO's number of the error.
+int verifica_jet(const std::string& file);
+/// Reads a whole table in stored order; 0 or DAO's number of the error.
+int leggi_jet(const std::string& file, std::string_view nome, Tabella& tabella);
+
+}  // namespace platform

@@ -1,0 +1,165 @@
+#include "platform/tabella.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <chrono>
+#include <cstdio>
+#include <limits>
+#include <numeric>
+
+#include "platform/runtime.h"
+
+namespace platform {
+
+namespace {
+
+using std::chrono::sys_days;
+
+constexpr sys_days epoca = std::chrono::year{1899} / std::chrono::December / std::chrono::day{30};
+
+/// The whole of `testo` as a number; nothing when it is none.
+std::optional<int> cifre(std::string_view testo) {
+    int n = 0;
+    const auto [fine, errore] = std::from_chars(testo.data(), testo.data() + testo.size(), n);
+    if (errore != std::errc() || fine != testo.data() + testo.size()) return std::nullopt;
+    return n;
+}
+
+}  // namespace
+
+std::int32_t seriale(const Data& data) {
+    const std::chrono::year_month_day giorno{std::chrono::year{data.anno},
+                                             std::chrono::month{static_cast<unsigned>(data.mese)},
+                                             std::chrono::day{static_cast<unsigned>(data.giorno)}};
+    return static_cast<std::int32_t>((sys_days{giorno} - epoca).count());
+}
+
+Data da_seriale(std::int32_t giorni) {
+    const std::chrono::year_month_day giorno{epoca + std::chrono::days{giorni}};
+    return {static_cast<int>(giorno.year()),
+            static_cast<int>(static_cast<unsigned>(giorno.month())),
+            static_cast<int>(static_cast<unsigned>(giorno.day()))};
+}
+
+std::optional<Data> da_iso(std::string_view testo) {
+    if (testo.size() < 10 || testo[4] != '-' || testo[7] != '-' ||
+        (testo.size() > 10 && testo[10] != ' ' && testo[10] != 'T')) {
+        return std::nullopt;
+    }
+    const auto anno = cifre(testo.substr(0, 4));
+    const auto mese = cifre(testo.substr(5, 2));
+    const auto giorno = cifre(testo.substr(8, 2));
+    if (!anno || !mese || !giorno || *anno < 100 || *mese < 1 || *giorno < 1) return std::nullopt;
+    const Data data{*anno, *mese, *giorno};
+    // A day that the calendar lacks comes back as another.
+    if (*mese > 12 || *giorno > 31 || da_seriale(seriale(data)) != data) return std::nullopt;
+    return data;
+}
+
+std::optional<std::int32_t> Valore::intero() const {
+    if (const auto* numero = std::get_if<std::int32_t>(&valore_)) return *numero;
+    if (const auto* testo = std::get_if<std::string>(&valore_)) return cifre(Trim(*testo));
+    return std::nullopt;
+}
+
+std::optional<std::string> Valore::testo() const {
+    if (const auto* numero = std::get_if<std::int32_t>(&valore_)) return std::to_string(*numero);
+    if (const auto* testo = std::get_if<std::string>(&valore_)) return *testo;
+    if (const auto* data = std::get_if<Data>(&valore_)) {
+        std::array<char, 40> scritta{};
+        std::snprintf(scritta.data(), scritta.size(), "%02d/%02d/%04d", data->giorno, data->mese,
+                      data->anno);
+        return scritta.data();
+    }
+    return std::nullopt;
+}
+
+std::optional<Data> Valore::data() const {
+    if (const auto* data = std::get_if<Data>(&valore_)) return *data;
+    return std::nullopt;
+}
+
+void Tabella::aggiungi_colonna(std::string nome, Tipo tipo) {
+    Colonna colonna;
+    colonna.nome = std::move(nome);
+    colonna.tipo = tipo;
+    colonna.valori.resize(righe());
+    colonna.nulli.resize(righe(), true);
+    colonne_.push_back(std::move(colonna));
+}
+
+void Tabella::riserva(std::size_t righe) {
+    for (Colonna& colonna : colonne_) colonna.valori.reserve(righe);
+}
+
+void Tabella::accoda_nullo(std::size_t colonna) {
+    Colonna& c = colonne_[colonna];
+    c.valori.push_back(0);
+    c.nulli.resize(c.valori.size());
+    c.nulli.back() = true;
+}
+
+void Tabella::accoda(std::size_t colonna, std::int32_t valore) {
+    colonne_[colonna].valori.push_back(valore);
+}
+
+void Tabella::accoda(std::size_t colonna, std::string_view testo) {
+    Colonna& c = colonne_[colonna];
+    auto posto = c.posti.find(testo);
+    if (posto == c.posti.end()) {
+        posto = c.posti.emplace(testo, static_cast<std::int32_t>(c.testi.size())).first;
+        c.testi.emplace_back(testo);
+    }
+    c.valori.push_back(posto->second);
+}
+
+std::optional<std::size_t> Tabella::colonna(std::string_view nome) const {
+    const std::string cercato = LCase(nome);
+    for (std::size_t i = 0; i < colonne_.size(); ++i) {
+        if (LCase(colonne_[i].nome) == cercato) return i;
+    }
+    return std::nullopt;
+}
+
+Valore Tabella::valore(std::size_t colonna, std::size_t riga) const {
+    if (nullo(colonna, riga)) return {};
+    const std::int32_t numero = grezzo(colonna, riga);
+    switch (tipo(colonna)) {
+        case Tipo::testo:
+            return Valore(testi(colonna)[static_cast<std::size_t>(numero)]);
+        case Tipo::data:
+            return Valore(da_seriale(numero));
+        default:
+            return Valore(numero);
+    }
+}
+
+std::vector<std::uint32_t> Tabella::in_ordine(std::size_t colonna) const {
+    // Ranks stand for the texts, so that every comparison is one of numbers.
+    const std::vector<std::string>& diversi = testi(colonna);
+    std::vector<std::int32_t> rango(diversi.size());
+    if (tipo(colonna) == Tipo::testo) {
+        std::vector<std::string> ordinati;
+        for (const std::string& testo : diversi) ordinati.push_back(LCase(testo));
+        std::sort(ordinati.begin(), ordinati.end());
+        for (std::size_t i = 0; i < diversi.size(); ++i) {
+            rango[i] = static_cast<std::int32_t>(
+                std::lower_bound(ordinati.begin(), ordinati.end(), LCase(diversi[i])) -
+                ordinati.begin());
+        }
+    }
+    const auto chiave = [&](std::uint32_t riga) -> std::int64_t {
+        if (nullo(colonna, riga)) return std::numeric_limits<std::int64_t>::min();
+        const std::int32_t numero = grezzo(colonna, riga);
+        return tipo(colonna) == Tipo::testo ? rango[static_cast<std::size_t>(numero)] : numero;
+    };
+    const auto prima = [&](std::uint32_t a, std::uint32_t b) { return chiave(a) < chiave(b); };
+    std::vector<std::uint32_t> ordine(righe());
+    std::iota(ordine.begin(), ordine.end(), 0U);
+    if (!std::is_sorted(ordine.begin(), ordine.end(), prima))
+        std::stable_sort(ordine.begin(), ordine.end(), prima);
+    return ordine;
+}
+
+}  // namespace platform

@@ -1,0 +1,411 @@
+#include "platform/database.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "platform/disk.h"
+#include "platform/query.h"
+#include "platform/runtime.h"
+#include "support/archivio.h"
+#include "support/cartella.h"
+
+using namespace platform;
+using support::apri;
+using support::errore_apertura;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The same draws for both engines: "jet/drawit.mdb" and "sqlite/drawit.sqlite".
+class DatabaseTest : public testing::Test {
+protected:
+    DatabaseTest() {
+        support::lettore_costruito();
+        fs::create_directories(cartella_.file("jet"));
+        fs::create_directories(cartella_.file("sqlite"));
+        fs::copy_file(support::fixture_jet + "drawit.mdb", jet_);
+        support::scrivi_sqlite(cartella_.file("sqlite/drawit.sqlite"), attese_);
+    }
+    ~DatabaseTest() override { lettore_jet() = {}; }
+
+    support::Cartella cartella_;
+    const support::Estrazioni attese_ = support::da_csv();
+    const std::string jet_ = cartella_.file("jet/drawit.mdb");
+    const std::string sqlite_ = cartella_.file("sqlite/drawit.mdb");
+};
+
+TEST_F(DatabaseTest, both_engines_give_the_same_rows) {
+    ASSERT_EQ(attese_.archivio.size(), 1000U);
+    for (const std::string& nome : {jet_, sqlite_}) {
+        const Database db = apri(nome);
+        EXPECT_EQ(support::tutte(apri(db, "archivio")), attese_.archivio) << nome;
+        EXPECT_EQ(support::tutte(apri(db, "archivion")), attese_.archivion) << nome;
+        EXPECT_EQ(support::tutte(apri(db, "archivios")), attese_.archivios) << nome;
+    }
+}
+
+TEST_F(DatabaseTest, both_engines_have_the_columns_that_are_read_by_name) {
+    for (const std::string& nome : {jet_, sqlite_}) {
+        const Database db = apri(nome);
+        const Recordset lotto = apri(db, "archivio");
+        EXPECT_EQ(LCase(lotto.Fields(1).Name()), "ruota");
+        EXPECT_EQ(LCase(lotto.Fields(7).Name()), "concorso");
+        EXPECT_TRUE(lotto.Fields(0).Value().data().has_value());
+        const Recordset se = apri(db, "archivios");
+        for (int i = 1; i <= 6; ++i) {
+            const std::string estratto = std::to_string(i) + "°estratto";
+            EXPECT_EQ(se.Fields(estratto).Value(), se.Fields(i).Value()) << nome;
+            EXPECT_EQ(se.Fields(i).Name(), estratto);
+        }
+        EXPECT_EQ(support::testo(se.Fields("Jolly").Value()), attese_.archivios[0][7]);
+        EXPECT_TRUE(se.Fields("superstar").Value().nullo());
+        EXPECT_EQ(LCase(se.Fields(9).Name()), "concorso");
+    }
+}
+
+TEST_F(DatabaseTest, a_table_is_found_without_case) {
+    for (const std::string& nome : {jet_, sqlite_}) {
+        const Database db = apri(nome);
+        EXPECT_EQ(apri(db, "ARCHIVION").RecordCount(), 50);
+        EXPECT_EQ(apri(db, " Archivios ").RecordCount(), 200);
+    }
+}
+
+TEST_F(DatabaseTest, a_table_that_is_not_there_is_told_and_the_target_stays) {
+    for (const std::string& nome : {jet_, sqlite_}) {
+        Database db = apri(nome);
+        Recordset rs = apri(db, "archivion");
+        EXPECT_EQ(db.OpenRecordset("altra", rs).Number, 3078) << nome;
+        EXPECT_EQ(db.OpenRecordset("select * from altra order by n", rs).Number, 3078) << nome;
+        EXPECT_EQ(db.OpenRecordset("MSysObjects", rs).Number, 3078) << nome;
+        EXPECT_EQ(db.OpenRecordset("", rs).Number, 3078) << nome;
+        EXPECT_EQ(rs.RecordCount(), 50);
+    }
+}
+
+TEST_F(DatabaseTest, the_query_of_a_table_is_ordered_and_is_no_table) {
+    for (const std::string& nome : {jet_, sqlite_}) {
+        const Database db = apri(nome);
+        for (const char* testo : {"SELECT ALL* FROM ARCHIVION ORDER BY [CONCORSO]",
+                                  "select * from archivion order by concorso"}) {
+            Recordset rs = apri(db, testo);
+            EXPECT_EQ(rs.RecordCount(), 1);
+            EXPECT_EQ(support::tutte(rs), attese_.archivion) << nome << testo;
+        }
+    }
+}
+
+TEST_F(DatabaseTest, the_query_of_a_wheel_gives_its_rows) {
+    support::Righe torino;
+    for (const auto& riga : attese_.archivio) {
+        if (riga[1] == "TO") torino.push_back(riga);
+    }
+    for (const std::string& nome : {jet_, sqlite_}) {
+        const Database db = apri(nome);
+        const std::string prima = "SELECT ALL* FROM ARCHIVIO WHERE RUOTA = \"";
+        const std::string dopo = "\" ORDER BY [CONCORSO]";
+        EXPECT_EQ(support::tutte(apri(db, prima + "TO" + dopo)), torino) << nome;
+        EXPECT_EQ(support::tutte(apri(db, prima + "to" + dopo)), torino) << nome;
+        EXPECT_TRUE(apri(db, prima + dopo).eof()) << nome;
+        EXPECT_TRUE(apri(db, prima + "T" + dopo).eof()) << nome;
+    }
+}
+
+TEST_F(DatabaseTest, the_query_of_a_concorso_gives_its_row) {
+    for (const std::string& nome : {jet_, sqlite_}) {
+        const Database db = apri(nome);
+        const std::string prima = "select * from archivion where concorso = ";
+        EXPECT_EQ(support::tutte(apri(db, prima + "60 order by concorso")),
+                  support::Righe{attese_.archivion.at(9)});
+        EXPECT_TRUE(apri(db, prima + "50 order by concorso").eof()) << nome;
+    }
+}
+
+TEST_F(DatabaseTest, a_descending_file_is_put_in_order_where_the_query_says_so) {
+    const Database db = apri(support::fixture_jet + "descending.mdb");
+    Recordset tabella = apri(db, "archivios");
+    EXPECT_EQ(support::record(tabella), attese_.archivios.back());
+    EXPECT_EQ(support::tutte(apri(db, "select * from archivios order by concorso")),
+              attese_.archivios);
+    tabella.Index("concorso");
+    EXPECT_EQ(support::tutte(tabella), attese_.archivios);
+    EXPECT_TRUE(tabella.Seek("=", 17).ok());
+    EXPECT_EQ(support::record(tabella), attese_.archivios[16]);
+}
+
+TEST_F(DatabaseTest, a_walk_back_by_draws_meets_every_row_of_the_index) {
+    for (const std::string& nome : {jet_, sqlite_}) {
+        Recordset rs = apri(apri(nome), "archivio");
+        rs.Index("concorso");
+        rs.MoveLast();
+        rs.Move(-9);
+        for (int i = 0; i < 10; ++i, rs.MoveNext())
+            EXPECT_EQ(support::record(rs), attese_.archivio.at(990 + static_cast<std::size_t>(i)));
+        EXPECT_TRUE(rs.eof());
+        EXPECT_TRUE(rs.Move(-11).ok());
+        EXPECT_EQ(support::record(rs), attese_.archivio[989]);
+        EXPECT_TRUE(rs.Seek("=", 42).ok());
+        EXPECT_EQ(support::record(rs), attese_.archivio[410]);
+    }
+}
+
+TEST_F(DatabaseTest, queries_of_another_shape_are_refused) {
+    Database db = apri(sqlite_);
+    Recordset rs;
+    for (const char* testo :
+         {"select", "select *", "select * from", "select * from archivio",
+          "select * from archivio;", "select * from archivio order by concorso;",
+          "select n from archivio order by concorso",
+          "select * from archivio order by concorso desc", "select * from archivio order concorso",
+          "select * from archivio where order by concorso",
+          "select * from archivio where concorso order by concorso",
+          "select * from archivio where concorso = order by concorso",
+          "select * from archivio where concorso = 1x order by concorso",
+          "select * from archivio where concorso = 99999999999 order by concorso",
+          "select * from archivio where ruota = \"BA order by concorso",
+          "select * from archivio where ruota = 'BA' order by concorso",
+          "select * from [archivio order by concorso", "select * from [] order by concorso"}) {
+        EXPECT_EQ(db.OpenRecordset(testo, rs).Number, 3075) << testo;
+    }
+    EXPECT_EQ(rs.MoveFirst().Number, 91);
+}
+
+TEST_F(DatabaseTest, blanks_and_brackets_do_not_matter_in_a_query) {
+    const Database db = apri(sqlite_);
+    EXPECT_EQ(support::tutte(apri(db,
+                                  "  Select All *\r\n\tFrom [archivion]Where[concorso]=60 "
+                                  "Order By [Concorso] ")),
+              support::Righe{attese_.archivion.at(9)});
+    EXPECT_FALSE(analizza_query("archivio").has_value());
+    EXPECT_FALSE(e_una_query("selected"));
+}
+
+TEST_F(DatabaseTest, unknown_fields_and_other_types_in_a_query_are_told) {
+    Database db = apri(sqlite_);
+    Recordset rs;
+    EXPECT_EQ(db.OpenRecordset("select * from archivio order by altro", rs).Number, 3061);
+    EXPECT_EQ(
+        db.OpenRecordset("select * from archivio where altro = 1 order by concorso", rs).Number,
+        3061);
+    EXPECT_EQ(
+        db.OpenRecordset("select * from archivio where ruota = 1 order by concorso", rs).Number,
+        3464);
+    EXPECT_EQ(
+        db.OpenRecordset("select * from archivio where concorso = \"1\" order by concorso", rs)
+            .Number,
+        3464);
+    EXPECT_EQ(
+        db.OpenRecordset("select * from archivio where data = 1 order by concorso", rs).Number,
+        3464);
+}
+
+TEST_F(DatabaseTest, the_jet_file_goes_before_the_other) {
+    support::scrivi_file(cartella_.file("sqlite/drawit.mdb"), "non è un database");
+    EXPECT_EQ(errore_apertura(sqlite_), 3343);
+    fs::remove(cartella_.file("sqlite/drawit.mdb"));
+    EXPECT_EQ(errore_apertura(sqlite_), 0);
+}
+
+TEST_F(DatabaseTest, file_names_are_found_without_case) {
+    fs::rename(jet_, cartella_.file("jet/DrawIt.MDB"));
+    EXPECT_EQ(errore_apertura(jet_), 0);
+    fs::rename(cartella_.file("sqlite/drawit.sqlite"), cartella_.file("sqlite/DRAWIT.SQLITE"));
+    EXPECT_EQ(errore_apertura(sqlite_), 0);
+}
+
+TEST_F(DatabaseTest, a_missing_file_is_told_and_the_target_stays) {
+    Database db = apri(sqlite_);
+    EXPECT_EQ(OpenDatabase(cartella_.file("altro.mdb"), false, true, db).Number, 3024);
+    EXPECT_EQ(apri(db, "archivion").RecordCount(), 50);
+    EXPECT_EQ(errore_apertura(cartella_.file("nessuna/drawit.mdb")), 3024);
+    EXPECT_EQ(errore_apertura(""), 3024);
+}
+
+TEST_F(DatabaseTest, what_is_no_regular_file_is_not_found) {
+    fs::create_directory(cartella_.file("cartella.mdb"));
+    EXPECT_EQ(errore_apertura(cartella_.file("cartella.mdb")), 3024);
+    ASSERT_EQ(::mkfifo(cartella_.file("tubo.mdb").c_str(), 0600), 0);
+    EXPECT_EQ(errore_apertura(cartella_.file("tubo.mdb")), 3024);
+    fs::create_symlink("anello.mdb", cartella_.file("anello.mdb"));
+    EXPECT_EQ(errore_apertura(cartella_.file("anello.mdb")), 3024);
+}
+
+/// Every opening of a file fails with one error.
+class Rifiuto : public Syscalls {
+public:
+    explicit Rifiuto(int errore) : errore_(errore), prima_(cambia_syscalls(this)) {}
+    Rifiuto(const Rifiuto&) = delete;
+    Rifiuto& operator=(const Rifiuto&) = delete;
+    ~Rifiuto() override { cambia_syscalls(prima_); }
+    int open(const char*, int, mode_t) override {
+        errno = errore_;
+        return -1;
+    }
+
+private:
+    int errore_;
+    Syscalls* prima_;
+};
+
+TEST_F(DatabaseTest, the_reason_of_a_refused_file_is_told) {
+    const std::vector<std::pair<int, int>> casi = {{EACCES, 3051},  {EPERM, 3051}, {EBUSY, 3356},
+                                                   {ETXTBSY, 3356}, {EIO, 3043},   {ENOENT, 3024}};
+    for (const auto& [errore, numero] : casi) {
+        const Rifiuto rifiuto(errore);
+        EXPECT_EQ(errore_apertura(jet_), numero) << errore;
+        EXPECT_EQ(errore_apertura(sqlite_), numero) << errore;
+    }
+}
+
+TEST_F(DatabaseTest, a_file_without_permission_is_told) {
+    if (::geteuid() == 0) GTEST_SKIP() << "root may read everything";
+    for (const std::string& nome : {jet_, cartella_.file("sqlite/drawit.sqlite")}) {
+        fs::permissions(nome, fs::perms::none);
+        EXPECT_EQ(errore_apertura(fs::path(nome).replace_extension(".mdb")), 3051);
+    }
+}
+
+TEST_F(DatabaseTest, a_file_that_cannot_be_written_is_read) {
+    for (const char* nome : {"jet/drawit.mdb", "sqlite/drawit.sqlite"})
+        fs::permissions(cartella_.file(nome), fs::perms::owner_read);
+    EXPECT_EQ(apri(apri(jet_), "archivion").RecordCount(), 50);
+    EXPECT_EQ(apri(apri(sqlite_), "archivion").RecordCount(), 50);
+}
+
+/// Another process that holds a lock on a file until it is told to go.
+class Altro {
+public:
+    template <typename Blocca>
+    explicit Altro(const std::string& file, Blocca blocca) {
+        int pronto[2];
+        int basta[2];
+        EXPECT_EQ(::pipe(pronto), 0);
+        EXPECT_EQ(::pipe(basta), 0);
+        figlio_ = ::fork();
+        if (figlio_ == 0) {
+            ::close(basta[1]);
+            const int fd = ::open(file.c_str(), O_RDWR);
+            const char esito = blocca(fd) ? '1' : '0';
+            char c = 0;
+            const bool detto = ::write(pronto[1], &esito, 1) == 1;
+            ::_exit(detto && ::read(basta[0], &c, 1) == 0 ? 0 : 1);
+        }
+        ::close(basta[0]);
+        ::close(pronto[1]);
+        char esito = '0';
+        EXPECT_EQ(::read(pronto[0], &esito, 1), 1);
+        EXPECT_EQ(esito, '1');
+        ::close(pronto[0]);
+        basta_ = basta[1];
+    }
+    Altro(const Altro&) = delete;
+    Altro& operator=(const Altro&) = delete;
+    ~Altro() {
+        ::close(basta_);
+        ::waitpid(figlio_, nullptr, 0);
+    }
+
+private:
+    pid_t figlio_ = -1;
+    int basta_ = -1;
+};
+
+bool blocca_tratto(int fd, short tipo, off_t da, off_t quanti) {
+    struct flock blocco {};
+    blocco.l_type = tipo;
+    blocco.l_whence = SEEK_SET;
+    blocco.l_start = da;
+    blocco.l_len = quanti;
+    return ::fcntl(fd, F_SETLK, &blocco) == 0;
+}
+
+TEST_F(DatabaseTest, a_file_held_exclusively_by_another_is_told) {
+    {
+        const Altro altro(jet_, [](int fd) { return ::flock(fd, LOCK_EX) == 0; });
+        EXPECT_EQ(errore_apertura(jet_), 3356);
+    }
+    {
+        const Altro altro(jet_, [](int fd) { return blocca_tratto(fd, F_WRLCK, 0, 0); });
+        EXPECT_EQ(errore_apertura(jet_), 3356);
+    }
+    EXPECT_EQ(errore_apertura(jet_), 0);
+}
+
+TEST_F(DatabaseTest, a_file_shared_with_another_is_opened) {
+    {
+        const Altro altro(jet_, [](int fd) { return ::flock(fd, LOCK_SH) == 0; });
+        EXPECT_EQ(errore_apertura(jet_), 0);
+        EXPECT_EQ(errore_apertura(jet_, true), 3356);
+    }
+    {
+        const Altro altro(jet_, [](int fd) { return blocca_tratto(fd, F_RDLCK, 0, 0); });
+        EXPECT_EQ(errore_apertura(jet_), 0);
+    }
+    // Marks of users stand far beyond the content.
+    const Altro altro(jet_, [](int fd) { return blocca_tratto(fd, F_WRLCK, 0x10000000, 1); });
+    EXPECT_EQ(errore_apertura(jet_), 0);
+}
+
+TEST_F(DatabaseTest, an_exclusive_opening_keeps_others_out_until_it_is_closed) {
+    Database sola;
+    ASSERT_EQ(OpenDatabase(jet_, true, true, sola).Number, 0);
+    EXPECT_EQ(errore_apertura(jet_), 3356);
+    EXPECT_TRUE(sola.Close().ok());
+    EXPECT_EQ(errore_apertura(jet_), 0);
+    {
+        Database altra;
+        ASSERT_EQ(OpenDatabase(jet_, true, true, altra).Number, 0);
+    }
+    EXPECT_EQ(errore_apertura(jet_), 0);
+}
+
+TEST_F(DatabaseTest, closing_ends_the_recordsets_of_this_opening_only) {
+    Database db = apri(sqlite_);
+    Recordset rs = apri(db, "archivion");
+    Database altra = apri(sqlite_);
+    Recordset altro = apri(altra, "archivion");
+    EXPECT_TRUE(db.Close().ok());
+    EXPECT_EQ(rs.MoveLast().Number, 3420);
+    EXPECT_EQ(db.OpenRecordset("archivion", rs).Number, 3420);
+    EXPECT_EQ(db.Close().Number, 3420);
+    EXPECT_TRUE(altro.MoveLast().ok());
+    EXPECT_EQ(Database().Close().Number, 91);
+    EXPECT_EQ(Database().OpenRecordset("archivion", rs).Number, 91);
+}
+
+TEST_F(DatabaseTest, a_handle_that_is_replaced_leaves_its_recordsets_alone) {
+    Database db = apri(sqlite_);
+    Recordset rs = apri(db, "archivion");
+    db = apri(jet_);
+    EXPECT_TRUE(rs.MoveLast().ok());
+    EXPECT_EQ(support::record(rs), attese_.archivion.back());
+}
+
+TEST_F(DatabaseTest, a_table_is_read_when_it_is_first_opened_and_kept) {
+    Database db = apri(sqlite_);
+    const std::string file = cartella_.file("sqlite/drawit.sqlite");
+    support::esegui_sql(file, "DELETE FROM archivion");
+    EXPECT_EQ(apri(db, "archivion").RecordCount(), 0);
+    support::esegui_sql(file, "DELETE FROM archivios");
+    fs::remove(file);
+    EXPECT_EQ(apri(db, "archivion").RecordCount(), 0);
+    Recordset rs;
+    EXPECT_NE(db.OpenRecordset("archivios", rs).Number, 0);
+    EXPECT_EQ(apri(apri(jet_), "archivion").RecordCount(), 50);
+}
+
+TEST_F(DatabaseTest, a_later_opening_sees_what_was_written_since) {
+    EXPECT_EQ(apri(apri(sqlite_), "archivion").RecordCount(), 50);
+    support::esegui_sql(cartella_.file("sqlite/drawit.sqlite"),
+                        "DELETE FROM archivion WHERE concorso > 90");
+    EXPECT_EQ(apri(apri(sqlite_), "archivion").RecordCount(), 40);
+}
+
+}  // namespace
