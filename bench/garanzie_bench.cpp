@@ -25,8 +25,7 @@ const std::vector<Prova>& prove() {
         for (const std::string& file : platform::Dir(SUITE_DIR "/ridotti", "*.rid")) {
             const auto nome = leggi_nome(file);
             const auto garanzia = nome ? garanzia_dichiarata(*nome) : std::nullopt;
-            if (!garanzia)
-                continue;
+            if (!garanzia) continue;
             std::ifstream f(SUITE_DIR "/ridotti/" + file, std::ios::binary);
             const std::string testo{std::istreambuf_iterator<char>(f), {}};
             lette.push_back({*nome, leggi_rigorosa(testo, nome->n, nome->k()).tabella, *garanzia});
@@ -37,20 +36,17 @@ const std::vector<Prova>& prove() {
 }
 
 bool mancano_tabelle(benchmark::State& stato) {
-    if (prove().size() == 136)
-        return false;
+    if (prove().size() == 136) return false;
     stato.SkipWithError("the suite folder has not its 136 tables");
     return true;
 }
 
 void prova_tutte_le_garanzie(benchmark::State& stato) {
-    if (mancano_tabelle(stato))
-        return;
+    if (mancano_tabelle(stato)) return;
     for (auto _ : stato) {
         for (const Prova& prova : prove()) {
             const Buchi mancati = buchi(prova.tabella, prova.garanzia, 1);
-            if (mancati.quanti > 0)
-                stato.SkipWithError("a guarantee fails");
+            if (mancati.quanti > 0) stato.SkipWithError("a guarantee fails");
         }
     }
     stato.counters["tabelle"] = static_cast<double>(prove().size());
@@ -58,8 +54,7 @@ void prova_tutte_le_garanzie(benchmark::State& stato) {
 BENCHMARK(prova_tutte_le_garanzie)->Unit(benchmark::kMillisecond);
 
 void tutte_le_tavole_delle_vincite(benchmark::State& stato) {
-    if (mancano_tabelle(stato))
-        return;
+    if (mancano_tabelle(stato)) return;
     for (auto _ : stato) {
         for (const Prova& prova : prove()) {
             benchmark::DoNotOptimize(tutte_le_vincite(prova.tabella));

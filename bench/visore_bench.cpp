@@ -59,8 +59,7 @@ void indice_di_172172_righe(benchmark::State& stato) {
     for (auto _ : stato) {
         indice.costruisci(file.nome(), pagine_di(righe_massime), [](std::int32_t) {});
     }
-    if (indice.pagine() != 4305)
-        stato.SkipWithError("wrong number of pages");
+    if (indice.pagine() != 4305) stato.SkipWithError("wrong number of pages");
 }
 BENCHMARK(indice_di_172172_righe)->Unit(benchmark::kMillisecond);
 

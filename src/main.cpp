@@ -14,8 +14,7 @@ int main(int argc, char** argv) {
     app.Revision = TABELLINO_REVISION;
     const std::string eseguibile = platform::cartella_eseguibile();
     app.Path = platform::trova_cartella(eseguibile, eseguibile + "/../share/tabellino");
-    if (app.PrevInstance())
-        return 0;
+    if (app.PrevInstance()) return 0;
 
     QApplication qt(argc, argv);
     QApplication::setApplicationName("tabellino");

@@ -12,8 +12,7 @@ namespace {
 
 /// Each dialog is loaded anew for each use; one that is open already makes room.
 void chiudi(QPointer<QWidget>& finestra) {
-    if (finestra)
-        finestra->close();
+    if (finestra) finestra->close();
     delete finestra;
 }
 

@@ -149,8 +149,7 @@ void Form1::aggiorna_lblngioco() {
 }
 
 void Form1::Image3_Click(int Index) {
-    if (Index != 8)
-        Image3[static_cast<std::size_t>(Index)]->a_riposo();
+    if (Index != 8) Image3[static_cast<std::size_t>(Index)]->a_riposo();
     switch (Index) {
         case 0:
             nuovo_cruciverba();
@@ -174,8 +173,7 @@ void Form1::Image3_Click(int Index) {
             platform::MousePointer(11);
             bool pronto = false;
             verifica_spoglio(pronto);
-            if (pronto)
-                dialoghi_.spoglio(*this);
+            if (pronto) dialoghi_.spoglio(*this);
             platform::MousePointer(0);
             break;
         }

@@ -44,11 +44,9 @@ void Form1::salva_sistema(bool& esito) {
         esito = false;
         return;
     }
-    if (Tag().isEmpty())
-        mnusalvanome_Click();
+    if (Tag().isEmpty()) mnusalvanome_Click();
     esito = true;
-    if (Tag().isEmpty())
-        return;
+    if (Tag().isEmpty()) return;
     systems::scrivi_sistema(platform::App().Path, platform::s(Tag()), sistema_a_schermo(), lotto);
     salvato = true;
 }
@@ -75,13 +73,11 @@ void Form1::mnuapri_Click() {
             MsgBox(this, {"Sono state apportate delle modifiche al sistema in linea.\n"
                           "Salvare il Sistema?",
                           Pulsanti::si_no_annulla, "Tabellino"});
-        if (risposta == platform::vbCancel)
-            return;
+        if (risposta == platform::vbCancel) return;
         if (risposta == platform::vbYes) {
             bool esito = false;
             salva_sistema(esito);
-            if (!esito)
-                return;
+            if (!esito) return;
         }
     }
     dialoghi_.gestore_apri(*this);
@@ -96,8 +92,7 @@ void Form1::controllo_salvataggio() {
         const int risposta = MsgBox(this, {"Il sistema in linea è stato modificato.\n"
                                            "Si desidera salvarlo?",
                                            Pulsanti::si_no_annulla, "Tabellino"});
-        if (risposta == platform::vbCancel)
-            return;
+        if (risposta == platform::vbCancel) return;
         if (risposta == platform::vbYes) {
             bool esito = false;
             salva_sistema(esito);

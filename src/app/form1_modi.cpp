@@ -63,11 +63,9 @@ void Form1::Image10_Click() {
 }
 
 void Form1::Imageb_Click(int Index) {
-    if (Index < 0 || Index > 2)
-        return;
+    if (Index < 0 || Index > 2) return;
     // The development of the old form is void, even when the form does not change.
-    if (!Tag().isEmpty())
-        platform::Kill(App().file(platform::s(Tag()) + ".lot"));
+    if (!Tag().isEmpty()) platform::Kill(App().file(platform::s(Tag()) + ".lot"));
     static const std::array<const char*, 3> titoli = {"Tabellino - Lotto (Sistemi in Terzine)",
                                                       "Tabellino - Lotto (Sistemi in Quartine)",
                                                       "Tabellino - Lotto (Sistemi in Cinquine)"};
@@ -122,10 +120,8 @@ void Form1::nuovo_cruciverba() {
         MsgBox(this, {"Sono state apportate delle modifiche al sistema attualmente in linea.\n"
                       "Si desidera salvare ora il sistema?",
                       Pulsanti::si_no_annulla, "Tabellino"});
-    if (risposta == platform::vbNo)
-        resetta();
-    if (risposta != platform::vbYes)
-        return;
+    if (risposta == platform::vbNo) resetta();
+    if (risposta != platform::vbYes) return;
     bool completo = false;
     cruciverba_completo(completo);
     if (completo) {

@@ -56,13 +56,11 @@ frmSplash::frmSplash(std::function<void()> carica, std::function<void()> mostra)
 
 void frmSplash::Timer1_Timer() {
     Image1_0->setVisible(!Image1_0->isVisible());
-    if (++battiti_ == battiti_totali)
-        Command1_Click();
+    if (++battiti_ == battiti_totali) Command1_Click();
 }
 
 void frmSplash::Command1_Click() {
-    if (!Timer1->isActive())
-        return;
+    if (!Timer1->isActive()) return;
     Timer1->stop();
     platform::scrivi(platform::App().file("act"), "");
     platform::MousePointer(11);
@@ -74,8 +72,7 @@ void frmSplash::Command1_Click() {
 }
 
 void frmSplash::keyPressEvent(QKeyEvent* /*evento*/) {
-    if (!Timer1->isActive())
-        return;
+    if (!Timer1->isActive()) return;
     Timer1->stop();
     hide();
     carica_();

@@ -53,8 +53,7 @@ void Form1::Inizializza1() {
     for (int r = 0; r < 6; ++r) {
         MSFlexGrid2->set_testo(r, 0, righe_titolo[static_cast<std::size_t>(r)]);
         for (int c = 0; c < 4; ++c) {
-            if (r > 0 && c > 0)
-                continue;
+            if (r > 0 && c > 0) continue;
             MSFlexGrid2->cella(r, c);
             MSFlexGrid2->CellBackColor(platform::colore(8388608));
             MSFlexGrid2->CellForeColor(platform::colore(16777215));

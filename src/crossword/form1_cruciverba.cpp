@@ -20,8 +20,7 @@ constexpr int bianco = 16777215;
 
 /// Size of the grid for so many cells, in twips: at most ten rows show at a time.
 int altezza_griglia(int righe, int colonne) {
-    if (righe < 11 && colonne >= 11)
-        return righe * 300 + 45;
+    if (righe < 11 && colonne >= 11) return righe * 300 + 45;
     return righe < 10 ? righe * 300 + 105 : 3045;
 }
 
@@ -95,8 +94,7 @@ void Form1::colore_griglia() {
 }
 
 void Form1::CMDnum_Click(int Index) {
-    if (in_elaborazione_)
-        return;
+    if (in_elaborazione_) return;
     MousePointer(11);
     DoEvents();
     LockWindowUpdate(this);
@@ -120,8 +118,7 @@ void Form1::CMDnum_Click(int Index) {
 }
 
 void Form1::rimuovi() {
-    if (in_elaborazione_)
-        return;
+    if (in_elaborazione_) return;
     salvato = false;
     MSFlexGrid1->set_Text(QString());
     matrice.scrivi(MSFlexGrid1->Col(), MSFlexGrid1->Row(), 0);
@@ -137,11 +134,9 @@ void Form1::abilita_disabilita(std::int16_t riga, std::int16_t colonna) {
     for (std::size_t i = 0; i <= 90; ++i) {
         QPushButton* numero = CMDnum[i];
         const bool vietato = vietati.test(i);
-        if (numero->isEnabled() == vietato)
-            numero->setEnabled(!vietato);
+        if (numero->isEnabled() == vietato) numero->setEnabled(!vietato);
         platform::set_Tag(numero, vietato ? "0" : QString());
-        if (i > 0)
-            numero->setVisible(true);
+        if (i > 0) numero->setVisible(true);
     }
     MousePointer(0);
     DoEvents();
@@ -163,13 +158,11 @@ std::int16_t Form1::aggiorna_lista() {
 }
 
 void Form1::List1_Click() {
-    if (List1->currentItem() == nullptr)
-        return;
+    if (List1->currentItem() == nullptr) return;
     const double numero = platform::Val(platform::s(List1->currentItem()->text()));
     const int passo = platform::Tag(List1).toInt();
     const int nuovo = passo < 6 ? passo + 1 : 1;
-    if (nuovo == 1)
-        colore_griglia();
+    if (nuovo == 1) colore_griglia();
     platform::set_Tag(List1, QString::number(nuovo));
     const QColor evidenza = platform::colore(colori_lista[static_cast<std::size_t>(nuovo - 1)]);
     for (int r = 0; r < MSFlexGrid1->Rows(); ++r) {

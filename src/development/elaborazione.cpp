@@ -31,8 +31,7 @@ Pezzo pezzo(int numero) {
 }  // namespace
 
 void ordina_controlli(std::vector<std::uint8_t>& v, std::size_t da, std::size_t a) {
-    if (da >= v.size() || a < da)
-        return;
+    if (da >= v.size() || a < da) return;
     const auto inizio = v.begin() + static_cast<std::ptrdiff_t>(da);
     const auto fine = v.begin() + static_cast<std::ptrdiff_t>(std::min(a, v.size() - 1)) + 1;
     std::sort(inizio, fine);
@@ -48,8 +47,7 @@ std::string Elaborazione::file_temporaneo() const {
 const TabellaPosizioni& Elaborazione::tabella(int n, int tipo) {
     const std::string nome = nome_tabella(richiesta_.lotto, richiesta_.forma, n, tipo);
     const auto nota = tabelle_.find(nome);
-    if (nota != tabelle_.end())
-        return nota->second;
+    if (nota != tabelle_.end()) return nota->second;
     TabellaPosizioni letta;
     if (!nome.empty() && tipo >= 0) {
         letta = leggi_tabella(richiesta_.ridotti + "/" + nome,
@@ -84,12 +82,10 @@ void Elaborazione::aggiungi_righe(const std::vector<std::uint8_t>& linea,
 }
 
 bool Elaborazione::elabora(std::vector<std::uint8_t> linea, int tipo) {
-    if (linea.empty())
-        return false;
+    if (linea.empty()) return false;
     ordina_controlli(linea, 0, linea.size() - 1);
     const TabellaPosizioni& t = tabella(static_cast<int>(linea.size()), tipo);
-    if (!t.letta)
-        return false;
+    if (!t.letta) return false;
     aggiungi_righe(linea, t);
     esiste_ = true;
     byte_scritti_ += static_cast<std::int64_t>(testo_.size());
@@ -107,16 +103,12 @@ Conclusione Elaborazione::sviluppa() {
                          : linea.gruppo == crossword::Gruppo::verticali ? richiesta_.tipo_colonne
                                                                         : richiesta_.tipo_diagonali;
         elabora(linea.numeri, tipo);
-        if (avanzamento_ && !interrotta_ && !avanzamento_(righe_scritte_))
-            interrotta_ = true;
-        if (interrotta_)
-            return Conclusione::interrotta;
+        if (avanzamento_ && !interrotta_ && !avanzamento_(righe_scritte_)) interrotta_ = true;
+        if (interrotta_) return Conclusione::interrotta;
     }
-    if (!esiste_)
-        return Conclusione::senza_file;
+    if (!esiste_) return Conclusione::senza_file;
     // A full disk can pass unnoticed through the writing; the size cannot lie.
-    if (platform::dimensione_file(file_temporaneo()) != byte_scritti_)
-        guasta_ = true;
+    if (platform::dimensione_file(file_temporaneo()) != byte_scritti_) guasta_ = true;
     return guasta_ ? Conclusione::guasta : Conclusione::completa;
 }
 
@@ -137,8 +129,7 @@ void elimina_temporanei(const std::string& cartella,
 
 bool completa_sviluppo(const std::string& temporaneo, const std::string& finale,
                        std::int64_t dimensione) {
-    if (platform::pubblica(temporaneo, finale, dimensione) == platform::Esito::ok)
-        return true;
+    if (platform::pubblica(temporaneo, finale, dimensione) == platform::Esito::ok) return true;
     // An old development must not stand beside a crossword that it no longer belongs to.
     platform::Kill(finale);
     return false;

@@ -33,8 +33,7 @@ QString schema_incompleto() {
 }  // namespace
 
 bool Form1::nome_per_elaborare(const QString& domanda, const QString& titolo) {
-    if (MsgBox(this, {domanda, Pulsanti::si_no, titolo}) != vbYes)
-        return false;
+    if (MsgBox(this, {domanda, Pulsanti::si_no, titolo}) != vbYes) return false;
     dialoghi_.gestore_salva(*this);
     return !Tag().isEmpty();
 }
@@ -53,8 +52,7 @@ development::Richiesta Form1::richiesta() const {
 }
 
 bool Form1::avanza(std::int32_t righe, bool muovi) {
-    if (muovi)
-        ProgressBar1->setValue(qMin<int>(righe, ProgressBar1->maximum()));
+    if (muovi) ProgressBar1->setValue(qMin<int>(righe, ProgressBar1->maximum()));
     platform::DoEvents();
     return !chiusura_chiesta_;
 }
@@ -64,8 +62,7 @@ Conclusione Form1::sviluppa_in(const QString& finale) {
     development::Elaborazione lavoro(richiesta(),
                                      [this](std::int32_t n) { return avanza(n, !lotto); });
     const Conclusione esito = lavoro.sviluppa();
-    if (esito == Conclusione::interrotta)
-        return esito;
+    if (esito == Conclusione::interrotta) return esito;
     const std::string arrivo = platform::s(finale);
     if (esito != Conclusione::completa) {
         // Lines that the disk refused are lost: what is left must not pass for a development.
@@ -83,8 +80,7 @@ Conclusione Form1::sviluppa_in(const QString& finale) {
 }
 
 void Form1::cmd_elabora() {
-    if (in_elaborazione_)
-        return;
+    if (in_elaborazione_) return;
     bool completo = false;
     cruciverba_completo(completo);
     if (!completo) {
@@ -93,18 +89,15 @@ void Form1::cmd_elabora() {
         return;
     }
     const QString domanda = "Per elaborare il sistema occore prima salvarlo.Vuoi salvare ora?";
-    if (lblsistema->text().isEmpty() && !nome_per_elaborare(domanda, "Cruciverba"))
-        return;
+    if (lblsistema->text().isEmpty() && !nome_per_elaborare(domanda, "Cruciverba")) return;
     if (!salvato) {
-        if (MsgBox(this, {domanda, Pulsanti::si_no, "Cruciverba"}) != vbYes)
-            return;
+        if (MsgBox(this, {domanda, Pulsanti::si_no, "Cruciverba"}) != vbYes) return;
         bool esito = false;
         salva_sistema(esito);
     }
     development::elimina_temporanei(
         App().Path, [](const std::string& nome) { return platform::cestina(platform::q(nome)); });
-    if (!esegui_elaborazione())
-        return;
+    if (!esegui_elaborazione()) return;
     salvato = true;
     bool esito = false;
     salva_sistema(esito);
@@ -126,8 +119,7 @@ bool Form1::esegui_elaborazione() {
     ProgressBar1->hide();
     for (QAction* menu : menuBar()->actions()) menu->setEnabled(true);
     in_elaborazione_ = false;
-    if (!chiusura_chiesta_)
-        return true;
+    if (!chiusura_chiesta_) return true;
     chiusura_chiesta_ = false;
     close();
     return false;
@@ -139,8 +131,7 @@ void Form1::controllo_ripetizioni(std::uint8_t /*lunghezza*/, const QString& est
     ProgressBar1->setValue(0);
     const auto tolte = development::togli_ripetizioni(
         lavoro, unici, [this](std::int32_t n) { return avanza(n, true); });
-    if (chiusura_chiesta_)
-        return;
+    if (chiusura_chiesta_) return;
     ProgressBar1->setValue(ProgressBar1->maximum());
     const std::string finale = App().file(platform::s(lblsistema->text() + estensione));
     const bool fatto = tolte && development::completa_sviluppo(unici, finale, tolte->byte);
@@ -157,8 +148,7 @@ void Form1::controllo_ripetizioni(std::uint8_t /*lunghezza*/, const QString& est
 }
 
 void Form1::sviluppo() {
-    if (in_elaborazione_)
-        return;
+    if (in_elaborazione_) return;
     bool completo = false;
     cruciverba_completo(completo);
     if (!completo) {
@@ -181,8 +171,7 @@ void Form1::sviluppo() {
         }
         cmd_elabora();
         // Closed from its close box, the form asks for nothing more.
-        if (!isVisible())
-            return;
+        if (!isVisible()) return;
     }
     bool esiste = false;
     controlo_colonne(Tag(), esiste);
@@ -196,8 +185,7 @@ void Form1::sviluppo() {
 
 void Form1::verifica_spoglio(bool& pronto) {
     pronto = false;
-    if (in_elaborazione_)
-        return;
+    if (in_elaborazione_) return;
     bool completo = false;
     cruciverba_completo(completo);
     if (!completo) {
@@ -221,8 +209,7 @@ void Form1::verifica_spoglio(bool& pronto) {
             return;
         }
         cmd_elabora();
-        if (!isVisible())
-            return;
+        if (!isVisible()) return;
     }
     bool esiste = false;
     controlo_colonne(Tag(), esiste);
@@ -233,8 +220,7 @@ void Form1::verifica_spoglio(bool& pronto) {
             return;
         }
         cmd_elabora();
-        if (!isVisible())
-            return;
+        if (!isVisible()) return;
     }
     pronto = true;
 }
@@ -242,8 +228,7 @@ void Form1::verifica_spoglio(bool& pronto) {
 void Form1::mnuRipetizioniCon_Click() {
     mnuRipetizioniSenza->setChecked(false);
     mnuRipetizioniCon->setChecked(true);
-    if (!platform::esiste_file(App().file("rip.dat")))
-        platform::scrivi(App().file("rip.dat"), "");
+    if (!platform::esiste_file(App().file("rip.dat"))) platform::scrivi(App().file("rip.dat"), "");
 }
 
 void Form1::mnuRipetizioniSenza_Click() {

@@ -35,8 +35,7 @@ void conta_gruppo(Vincite& v, const std::uint32_t* conti) {
         almeno += conti[j];
         v.minime[j] = std::min(v.minime[j], almeno);
         v.righe[j] += conti[j];
-        if (conti[j] != 0)
-            migliore = std::max(migliore, j);
+        if (conti[j] != 0) migliore = std::max(migliore, j);
     }
     ++v.migliore[migliore];
 }
@@ -51,8 +50,7 @@ std::vector<std::uint32_t> trasformata(const Tabella& tabella) {
     for (int posizione = 0; posizione < tabella.n; ++posizione) {
         const std::size_t suo = std::size_t{1} << posizione;
         for (std::size_t s = 0; s < insiemi; ++s) {
-            if ((s & suo) != 0)
-                continue;
+            if ((s & suo) != 0) continue;
             std::uint32_t* senza = &conti[s * livelli];
             std::uint32_t* con = &conti[(s | suo) * livelli];
             std::uint32_t precedente = 0;
@@ -91,8 +89,7 @@ Vincite per_enumerazione(const Tabella& tabella, int p, std::uint64_t prima, std
             ++conti[static_cast<std::size_t>(std::popcount(riga & gruppo))];
         }
         conta_gruppo(v, conti.data());
-        if (avanzamento && v.gruppi % passo_avanzamento == 0)
-            avanzamento(prima + v.gruppi, totale);
+        if (avanzamento && v.gruppi % passo_avanzamento == 0) avanzamento(prima + v.gruppi, totale);
     });
     return v;
 }
@@ -100,8 +97,7 @@ Vincite per_enumerazione(const Tabella& tabella, int p, std::uint64_t prima, std
 }  // namespace
 
 std::uint64_t binomiale(int n, int k) {
-    if (k < 0 || k > n)
-        return 0;
+    if (k < 0 || k > n) return 0;
     std::vector<std::uint64_t> riga(static_cast<std::size_t>(k) + 1, 0);
     riga[0] = 1;
     for (int i = 0; i < n; ++i) {
@@ -132,8 +128,7 @@ std::vector<Vincite> tutte_le_vincite(const Tabella& tabella, const Avanzamento&
     }
     const auto certa = std::find_if(tutte.begin(), tutte.end(),
                                     [&](const Vincite& v) { return v.garantito() == tabella.k; });
-    if (certa != tutte.end())
-        tutte.erase(certa + 1, tutte.end());
+    if (certa != tutte.end()) tutte.erase(certa + 1, tutte.end());
     return tutte;
 }
 
@@ -152,27 +147,23 @@ Buchi buchi(const Tabella& tabella, const Garanzia& garanzia, std::size_t limite
         }
         if (buone < garanzia.righe && !(garanzia.oppure && superiore)) {
             ++esito.quanti;
-            if (esito.primi.size() < limite)
-                esito.primi.push_back(gruppo);
+            if (esito.primi.size() < limite) esito.primi.push_back(gruppo);
         }
-        if (avanzamento && ++fatti % passo_avanzamento == 0)
-            avanzamento(fatti, totale);
+        if (avanzamento && ++fatti % passo_avanzamento == 0) avanzamento(fatti, totale);
     });
     return esito;
 }
 
 int Vincite::garantito() const {
     for (std::size_t j = minime.size(); j-- > 0;) {
-        if (minime[j] > 0)
-            return static_cast<int>(j);
+        if (minime[j] > 0) return static_cast<int>(j);
     }
     return 0;
 }
 
 bool Vincite::vale(const Garanzia& garanzia) const {
     const auto t = static_cast<std::size_t>(garanzia.t);
-    if (garanzia.p != p || gruppi == 0 || garanzia.t < 0 || t >= minime.size())
-        return false;
+    if (garanzia.p != p || gruppi == 0 || garanzia.t < 0 || t >= minime.size()) return false;
     return (garanzia.oppure ? senza_superiori : minime)[t] >=
            static_cast<std::uint64_t>(garanzia.righe);
 }

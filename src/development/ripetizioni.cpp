@@ -126,10 +126,8 @@ std::optional<SenzaRipetizioni> togli_ripetizioni(const std::string& vecchio,
                                                   const std::string& nuovo,
                                                   const Avanzamento& avanzamento) {
     auto testo = platform::leggi_tutto(vecchio);
-    if (!testo)
-        return std::nullopt;
-    if (!testo->empty() && testo->back() != '\n')
-        testo->append("\r\n");
+    if (!testo) return std::nullopt;
+    if (!testo->empty() && testo->back() != '\n') testo->append("\r\n");
     Insieme viste(*testo, static_cast<std::size_t>(std::count(testo->begin(), testo->end(), '\n')));
     SenzaRipetizioni esito;
     std::vector<std::string_view> tratti;
@@ -143,15 +141,13 @@ std::optional<SenzaRipetizioni> togli_ripetizioni(const std::string& vecchio,
                 allunga(tratti, riga);
                 ++esito.combinazioni;
             }
-            if (++lette % passo == 0 && avanzamento && !avanzamento(lette))
-                return std::nullopt;
+            if (++lette % passo == 0 && avanzamento && !avanzamento(lette)) return std::nullopt;
         }
     }
     esito.byte = static_cast<std::int64_t>(compatta(*testo, tratti));
     // Syncing is left to the step that gives the file its name.
     platform::Kill(nuovo);
-    if (platform::aggiungi(nuovo, *testo) == platform::Esito::ok)
-        return esito;
+    if (platform::aggiungi(nuovo, *testo) == platform::Esito::ok) return esito;
     platform::Kill(nuovo);
     return std::nullopt;
 }

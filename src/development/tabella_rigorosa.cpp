@@ -36,8 +36,7 @@ std::vector<std::string_view> dividi(std::string_view testo, char separatore) {
     while (true) {
         const std::size_t dove = testo.find(separatore);
         parti.push_back(testo.substr(0, dove));
-        if (dove == std::string_view::npos)
-            return parti;
+        if (dove == std::string_view::npos) return parti;
         testo.remove_prefix(dove + 1);
     }
 }
@@ -58,14 +57,11 @@ std::string_view prossima_riga(std::string_view& resto, bool& finita) {
 
 /// What is wrong with one field of a row, empty when nothing is.
 std::string leggi_posizione(std::string_view campo, int n, int precedente, int& posizione) {
-    if (campo.empty())
-        return "manca una posizione";
+    if (campo.empty()) return "manca una posizione";
     for (const char c : campo) {
-        if (c >= '0' && c <= '9')
-            continue;
+        if (c >= '0' && c <= '9') continue;
         const auto codice = static_cast<unsigned char>(c);
-        if (codice > ' ' && codice < 127)
-            return std::string("carattere non ammesso: ") + c;
+        if (codice > ' ' && codice < 127) return std::string("carattere non ammesso: ") + c;
         return "carattere non ammesso: codice " + std::to_string(codice);
     }
     const int massima = n > 0 ? n : posizione_massima;
@@ -73,8 +69,7 @@ std::string leggi_posizione(std::string_view campo, int n, int precedente, int& 
         return "la posizione " + std::string(campo.substr(0, 20)) + " non sta fra 1 e " +
                std::to_string(massima);
     }
-    if (posizione == precedente)
-        return "la posizione " + std::to_string(posizione) + " è ripetuta";
+    if (posizione == precedente) return "la posizione " + std::to_string(posizione) + " è ripetuta";
     if (posizione < precedente) {
         return "posizioni non crescenti: dopo " + std::to_string(precedente) + " viene " +
                std::to_string(posizione);
@@ -85,15 +80,13 @@ std::string leggi_posizione(std::string_view campo, int n, int precedente, int& 
 /// What is wrong with one row, empty when nothing is; a `k` of 0 is set from the row.
 std::string leggi_riga(std::string_view riga, int n, int& k, Maschera& maschera) {
     maschera = 0;
-    if (riga.empty())
-        return "riga vuota";
+    if (riga.empty()) return "riga vuota";
     int precedente = 0;
     int quante = 0;
     for (const std::string_view campo : dividi(riga, ',')) {
         int posizione = 0;
         std::string errore = leggi_posizione(campo, n, precedente, posizione);
-        if (!errore.empty())
-            return errore;
+        if (!errore.empty()) return errore;
         maschera |= bit_di(posizione);
         precedente = posizione;
         ++quante;
@@ -115,8 +108,7 @@ std::string leggi_riga(std::string_view riga, int n, int& k, Maschera& maschera)
 
 int NomeTabella::k() const {
     for (const Gioco& gioco : giochi) {
-        if (prefisso == gioco.prefisso)
-            return gioco.k;
+        if (prefisso == gioco.prefisso) return gioco.k;
     }
     return 0;
 }
@@ -129,13 +121,10 @@ std::optional<NomeTabella> leggi_nome(std::string_view file) {
     const std::size_t cartella = file.find_last_of("/\\");
     std::string nome(cartella == std::string_view::npos ? file : file.substr(cartella + 1));
     for (char& c : nome) {
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c - 'A' + 'a');
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
     }
-    if (nome.ends_with(".rid"))
-        nome.resize(nome.size() - 4);
-    if (nome.size() < 6 || nome.size() > 7 || nome[4] != '0')
-        return std::nullopt;
+    if (nome.ends_with(".rid")) nome.resize(nome.size() - 4);
+    if (nome.size() < 6 || nome.size() > 7 || nome[4] != '0') return std::nullopt;
     NomeTabella parti{.prefisso = nome.substr(0, 2)};
     const std::string_view testo(nome);
     if (!intero(testo.substr(2, 2), parti.n) || !intero(testo.substr(5), parti.tipo) ||
@@ -163,10 +152,8 @@ Tabella integrale(int n, int k) {
 std::string posizioni(Maschera maschera) {
     std::string testo;
     for (int i = 1; i <= posizione_massima; ++i) {
-        if ((maschera & bit_di(i)) == 0)
-            continue;
-        if (!testo.empty())
-            testo += ',';
+        if ((maschera & bit_di(i)) == 0) continue;
+        if (!testo.empty()) testo += ',';
         testo += std::to_string(i);
     }
     return testo;
@@ -193,8 +180,7 @@ Lettura leggi_rigorosa(std::string_view contenuto, int n, int k) {
         std::string errore = leggi_riga(testo, n, k, maschera);
         if (errore.empty()) {
             const auto [vista, nuova] = viste.try_emplace(maschera, riga);
-            if (!nuova)
-                errore = "ripete la riga " + std::to_string(vista->second);
+            if (!nuova) errore = "ripete la riga " + std::to_string(vista->second);
         }
         if (!errore.empty()) {
             if (esito.errori.size() == errori_massimi) {
@@ -278,16 +264,13 @@ std::optional<Garanzia> garanzia_dichiarata(const NomeTabella& nome) {
                                                       {"cn", 2, 7, {3, 3}},
                                                       {"cn", 3, 7, {4, 4}}}};
     const int k = nome.k();
-    if (nome.n > lunghezza_massima)
-        return std::nullopt;
+    if (nome.n > lunghezza_massima) return std::nullopt;
     if (nome.tipo == 0) {
-        if (nome.n < 5)
-            return std::nullopt;
+        if (nome.n < 5) return std::nullopt;
         return Garanzia{k, k};
     }
     const auto trovata = particolari.find(nome.testo());
-    if (trovata != particolari.end())
-        return trovata->second;
+    if (trovata != particolari.end()) return trovata->second;
     for (const Famiglia& famiglia : famiglie) {
         if (nome.prefisso == famiglia.prefisso && nome.tipo == famiglia.tipo &&
             nome.n >= famiglia.da) {

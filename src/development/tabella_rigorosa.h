@@ -47,8 +47,7 @@ inline Maschera bit_di(int posizione) {
 /// Calls `f` with every set of `p` of the positions 1 to `n`, in lexicographic order.
 template <typename F>
 void per_ogni_gruppo(int n, int p, const F& f) {
-    if (p < 0 || p > n)
-        return;
+    if (p < 0 || p > n) return;
     std::vector<int> scelte(static_cast<std::size_t>(p));
     Maschera gruppo = 0;
     for (int i = 0; i < p; ++i) {
@@ -59,8 +58,7 @@ void per_ogni_gruppo(int n, int p, const F& f) {
         f(gruppo);
         int i = p - 1;
         while (i >= 0 && scelte[static_cast<std::size_t>(i)] == n - p + i + 1) --i;
-        if (i < 0)
-            return;
+        if (i < 0) return;
         int prossima = scelte[static_cast<std::size_t>(i)] + 1;
         for (; i < p; ++i) {
             gruppo ^= bit_di(scelte[static_cast<std::size_t>(i)]);

@@ -7,8 +7,7 @@ namespace development {
 std::string nome_tabella(bool lotto, int forma, int n, int tipo) {
     const char* prefisso = "cr";
     if (lotto) {
-        if (forma < 3 || forma > 5)
-            return "";
+        if (forma < 3 || forma > 5) return "";
         prefisso = forma == 3 ? "tr" : forma == 4 ? "qt" : "cn";
     }
     return prefisso + std::string(n < 10 ? "0" : "") + std::to_string(n) + "0" +
@@ -19,8 +18,7 @@ TabellaPosizioni leggi_tabella(const std::string& nome, int k, int n) {
     TabellaPosizioni tabella;
     tabella.k = k;
     platform::TextReader file;
-    if (k < 1 || !file.apri(nome))
-        return tabella;
+    if (k < 1 || !file.apri(nome)) return tabella;
     tabella.letta = true;
     while (!file.eof()) {
         const std::size_t inizio = tabella.posizioni.size();

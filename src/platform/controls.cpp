@@ -37,8 +37,7 @@ bool ComboBox::set_Text(const QString& testo) {
 }
 
 bool ComboBox::set_ListIndex(int indice) {
-    if (indice < 0 || indice >= count())
-        return false;
+    if (indice < 0 || indice >= count()) return false;
     setCurrentIndex(indice);
     adatta();
     Q_EMIT Click();
@@ -68,8 +67,7 @@ void ComboBox::resizeEvent(QResizeEvent* evento) {
 
 bool ComboBox::event(QEvent* evento) {
     const bool esito = QComboBox::event(evento);
-    if (evento->type() == QEvent::Polish)
-        adatta();
+    if (evento->type() == QEvent::Polish) adatta();
     return esito;
 }
 
@@ -119,8 +117,7 @@ void Image::a_riposo() {
 }
 
 void Image::enterEvent(QEnterEvent* evento) {
-    if (isEnabled())
-        solleva(true);
+    if (isEnabled()) solleva(true);
     QAbstractButton::enterEvent(evento);
 }
 
@@ -174,16 +171,14 @@ void Frame::set_caption(const QString& testo) {
 
 void Frame::paintEvent(QPaintEvent* evento) {
     QFrame::paintEvent(evento);
-    if (!bordo_)
-        return;
+    if (!bordo_) return;
     QPainter pittore(this);
     pittore.setRenderHint(QPainter::Antialiasing);
     const QRectF cornice(1.5, 1.5, width() - 3, height() - 3);
     pittore.setPen(QPen(palette().color(QPalette::Mid), 1));
     pittore.setBrush(palette().color(QPalette::Base));
     pittore.drawRoundedRect(cornice, 4, 4);
-    if (didascalia_.isEmpty())
-        return;
+    if (didascalia_.isEmpty()) return;
     QFont carattere = font();
     carattere.setPixelSize(11);
     carattere.setBold(true);
@@ -201,8 +196,7 @@ void ListBox::keyPressEvent(QKeyEvent* evento) {
     const int prima = currentRow();
     QListWidget::keyPressEvent(evento);
     const bool conferma = evento->key() == Qt::Key_Space || evento->key() == Qt::Key_Return;
-    if (currentRow() >= 0 && (currentRow() != prima || conferma))
-        Q_EMIT Click();
+    if (currentRow() >= 0 && (currentRow() != prima || conferma)) Q_EMIT Click();
 }
 
 UpDown::UpDown(QWidget* padre) : QSpinBox(padre) {

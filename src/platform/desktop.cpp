@@ -55,8 +55,7 @@ Filtro& filtro() {
 }  // namespace
 
 int MsgBox(QWidget* padre, const Messaggio& messaggio) {
-    if (risponditore_in_forza())
-        return risponditore_in_forza()(messaggio);
+    if (risponditore_in_forza()) return risponditore_in_forza()(messaggio);
     // A frozen window or an hourglass under a box would look like a program that hangs.
     LockWindowUpdate(nullptr);
     const int prima = MousePointer();
@@ -65,8 +64,7 @@ int MsgBox(QWidget* padre, const Messaggio& messaggio) {
     box.setWindowTitle(messaggio.titolo);
     box.setText(messaggio.testo);
     box.setTextFormat(Qt::PlainText);
-    if (messaggio.icona == Icona::informazione)
-        box.setIcon(QMessageBox::Information);
+    if (messaggio.icona == Icona::informazione) box.setIcon(QMessageBox::Information);
     if (messaggio.pulsanti == Pulsanti::ok) {
         box.setStandardButtons(QMessageBox::Ok);
     } else {
@@ -103,9 +101,9 @@ void DoEvents() {
     // Counted from the moment the event loop handed over: a short handler needs no events run in
     // its middle, where they would find its work half done.
     static QElapsedTimer orologio;
-    static const QMetaObject::Connection risveglio = QObject::connect(
-        QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, qApp,
-        [] { orologio.start(); });
+    static const QMetaObject::Connection risveglio =
+        QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake,
+                         qApp, [] { orologio.start(); });
     if (!orologio.isValid()) orologio.start();
     if (orologio.elapsed() < 15) return;
     QCoreApplication::processEvents(LavoroLungo::in_corso() ? QEventLoop::AllEvents
@@ -114,8 +112,7 @@ void DoEvents() {
 }
 
 void MousePointer(int valore) {
-    if (valore == puntatore)
-        return;
+    if (valore == puntatore) return;
     puntatore = valore;
     if (valore == 11) {
         QApplication::setOverrideCursor(Qt::WaitCursor);
@@ -129,21 +126,17 @@ int MousePointer() {
 }
 
 void LockWindowUpdate(QWidget* finestra) {
-    if (bloccata)
-        bloccata->setUpdatesEnabled(true);
+    if (bloccata) bloccata->setUpdatesEnabled(true);
     bloccata = finestra;
-    if (bloccata)
-        bloccata->setUpdatesEnabled(false);
+    if (bloccata) bloccata->setUpdatesEnabled(false);
 }
 
 LavoroLungo::LavoroLungo() {
-    if (lavori++ == 0)
-        qApp->installEventFilter(&filtro());
+    if (lavori++ == 0) qApp->installEventFilter(&filtro());
 }
 
 LavoroLungo::~LavoroLungo() {
-    if (--lavori == 0)
-        qApp->removeEventFilter(&filtro());
+    if (--lavori == 0) qApp->removeEventFilter(&filtro());
 }
 
 bool LavoroLungo::in_corso() {

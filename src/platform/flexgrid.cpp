@@ -65,23 +65,20 @@ void MSFlexGrid::set_Rows(int righe) {
     const QScopedValueRollback guardia(da_codice_, true);
     setRowCount(qMax(0, righe));
     completa_voci();
-    if (riga_ >= righe)
-        riga_ = 0;
+    if (riga_ >= righe) riga_ = 0;
 }
 
 void MSFlexGrid::set_Cols(int colonne) {
     const QScopedValueRollback guardia(da_codice_, true);
     setColumnCount(qMax(0, colonne));
     completa_voci();
-    if (colonna_ >= colonne)
-        colonna_ = 0;
+    if (colonna_ >= colonne) colonna_ = 0;
 }
 
 void MSFlexGrid::completa_voci() {
     for (int r = 0; r < rowCount(); ++r) {
         for (int c = 0; c < columnCount(); ++c) {
-            if (item(r, c) != nullptr)
-                continue;
+            if (item(r, c) != nullptr) continue;
             auto* nuova = new QTableWidgetItem;
             nuova->setBackground(Qt::white);
             nuova->setTextAlignment(Qt::AlignCenter);
@@ -95,16 +92,14 @@ QTableWidgetItem* MSFlexGrid::voce(int riga, int colonna) {
 }
 
 bool MSFlexGrid::set_Row(int riga) {
-    if (riga < 0 || riga >= rowCount())
-        return false;
+    if (riga < 0 || riga >= rowCount()) return false;
     riga_ = riga;
     sposta();
     return true;
 }
 
 bool MSFlexGrid::set_Col(int colonna) {
-    if (colonna < 0 || colonna >= columnCount())
-        return false;
+    if (colonna < 0 || colonna >= columnCount()) return false;
     colonna_ = colonna;
     sposta();
     return true;
@@ -125,8 +120,7 @@ QString MSFlexGrid::testo(int riga, int colonna) const {
 }
 
 void MSFlexGrid::set_testo(int riga, int colonna, const QString& testo) {
-    if (QTableWidgetItem* v = voce(riga, colonna))
-        v->setText(testo);
+    if (QTableWidgetItem* v = voce(riga, colonna)) v->setText(testo);
 }
 
 void MSFlexGrid::ColWidth(int colonna, int twips) {
@@ -138,13 +132,11 @@ void MSFlexGrid::RowHeight(int riga, int twips) {
 }
 
 void MSFlexGrid::CellBackColor(const QColor& colore) {
-    if (QTableWidgetItem* v = voce(riga_, colonna_))
-        v->setBackground(colore);
+    if (QTableWidgetItem* v = voce(riga_, colonna_)) v->setBackground(colore);
 }
 
 void MSFlexGrid::set_sfondo(int riga, int colonna, const QColor& colore) {
-    if (QTableWidgetItem* v = voce(riga, colonna))
-        v->setBackground(colore);
+    if (QTableWidgetItem* v = voce(riga, colonna)) v->setBackground(colore);
 }
 
 QColor MSFlexGrid::sfondo(int riga, int colonna) const {
@@ -165,23 +157,19 @@ void MSFlexGrid::misura(QSize misura) {
 }
 
 void MSFlexGrid::CellForeColor(const QColor& colore) {
-    if (QTableWidgetItem* v = voce(riga_, colonna_))
-        v->setForeground(colore);
+    if (QTableWidgetItem* v = voce(riga_, colonna_)) v->setForeground(colore);
 }
 
 void MSFlexGrid::CellAlignment(Qt::Alignment verso) {
-    if (QTableWidgetItem* v = voce(riga_, colonna_))
-        v->setTextAlignment(verso);
+    if (QTableWidgetItem* v = voce(riga_, colonna_)) v->setTextAlignment(verso);
 }
 
 void MSFlexGrid::currentChanged(const QModelIndex& ora, const QModelIndex& prima) {
     QTableWidget::currentChanged(ora, prima);
-    if (da_codice_ || !ora.isValid())
-        return;
+    if (da_codice_ || !ora.isValid()) return;
     riga_ = ora.row();
     colonna_ = ora.column();
-    if (!dal_mouse_)
-        Q_EMIT SelChange();
+    if (!dal_mouse_) Q_EMIT SelChange();
 }
 
 void MSFlexGrid::mousePressEvent(QMouseEvent* evento) {
@@ -190,8 +178,7 @@ void MSFlexGrid::mousePressEvent(QMouseEvent* evento) {
         QTableWidget::mousePressEvent(evento);
     }
     // Choosing the cell that is current already counts too.
-    if (evento->button() == Qt::LeftButton && indexAt(evento->pos()).isValid())
-        Q_EMIT SelChange();
+    if (evento->button() == Qt::LeftButton && indexAt(evento->pos()).isValid()) Q_EMIT SelChange();
 }
 
 void MSFlexGrid::keyPressEvent(QKeyEvent* evento) {
@@ -230,8 +217,7 @@ void MSFlexGrid::barra_esterna() {
 }
 
 void MSFlexGrid::sistema_barra() {
-    if (barra_ == nullptr)
-        return;
+    if (barra_ == nullptr) return;
     barra_->setGeometry(x() + width() + 2, y(), 12, height());
     barra_->setVisible(isVisible() && barra_->maximum() > barra_->minimum());
 }

@@ -31,8 +31,7 @@ bool uguali(const struct stat& a, const struct stat& b) {
 bool esce_dalla_cartella(const std::string& nome) {
     const std::string reale = nome_su_disco(nome);
     struct stat s {};
-    if (::lstat(reale.c_str(), &s) != 0 || !S_ISLNK(s.st_mode))
-        return false;
+    if (::lstat(reale.c_str(), &s) != 0 || !S_ISLNK(s.st_mode)) return false;
     const std::string meta = percorso_reale(reale);
     return meta.empty() || percorso_reale(sopra(meta)) != percorso_reale(sopra(reale));
 }
@@ -42,8 +41,7 @@ bool stesso_file(const std::string& origine, const std::string& arrivo) {
     const std::string a = nome_su_disco(arrivo);
     struct stat meta {};
     struct stat s {};
-    if (::lstat(a.c_str(), &meta) != 0)
-        return false;
+    if (::lstat(a.c_str(), &meta) != 0) return false;
     return (::lstat(da.c_str(), &s) == 0 && uguali(s, meta)) ||
            (::stat(da.c_str(), &s) == 0 && uguali(s, meta));
 }

@@ -69,8 +69,7 @@ QString ListView::tag_voce(const QTreeWidgetItem* voce) {
 }
 
 void ListView::set_tag_voce(QTreeWidgetItem* voce, const QString& testo) {
-    if (voce != nullptr)
-        voce->setData(0, Qt::UserRole, testo);
+    if (voce != nullptr) voce->setData(0, Qt::UserRole, testo);
 }
 
 QTreeWidgetItem* ListView::selezionata() const {
@@ -85,8 +84,7 @@ void ListView::contextMenuEvent(QContextMenuEvent* evento) {
 void ListView::keyPressEvent(QKeyEvent* evento) {
     const QTreeWidgetItem* prima = currentItem();
     QTreeWidget::keyPressEvent(evento);
-    if (currentItem() != prima)
-        Q_EMIT Click();
+    if (currentItem() != prima) Q_EMIT Click();
 }
 
 void ListView::ordina(int colonna, Qt::SortOrder verso) {
@@ -96,8 +94,7 @@ void ListView::ordina(int colonna, Qt::SortOrder verso) {
 }
 
 void ListView::riordina() {
-    if (colonna_ordine_ < 0)
-        return;
+    if (colonna_ordine_ < 0) return;
     QTreeWidgetItem* scelta = selezionata();
     QList<QTreeWidgetItem*> voci;
     while (topLevelItemCount() > 0) voci.append(takeTopLevelItem(0));
@@ -110,16 +107,14 @@ void ListView::riordina() {
                                                                     : chiave(b) < chiave(a);
                      });
     addTopLevelItems(voci);
-    if (scelta != nullptr)
-        setCurrentItem(scelta);
+    if (scelta != nullptr) setCurrentItem(scelta);
 }
 
 TabStrip::TabStrip(QWidget* padre) : QTabBar(padre) {
     setDrawBase(true);
     setExpanding(false);
     connect(this, &QTabBar::currentChanged, this, [this](int indice) {
-        if (indice >= 0)
-            Q_EMIT Click(tabData(indice).toInt());
+        if (indice >= 0) Q_EMIT Click(tabData(indice).toInt());
     });
 }
 
@@ -131,16 +126,14 @@ void TabStrip::add_scheda(int numero, const QString& testo) {
 void TabStrip::rimuovi_scheda(int numero) {
     const QSignalBlocker muto(this);
     for (int i = count() - 1; i >= 0; --i) {
-        if (tabData(i).toInt() == numero)
-            removeTab(i);
+        if (tabData(i).toInt() == numero) removeTab(i);
     }
 }
 
 void TabStrip::seleziona(int numero) {
     const QSignalBlocker muto(this);
     for (int i = 0; i < count(); ++i) {
-        if (tabData(i).toInt() == numero)
-            setCurrentIndex(i);
+        if (tabData(i).toInt() == numero) setCurrentIndex(i);
     }
 }
 

@@ -141,6 +141,7 @@ std::vector<std::uint32_t> Tabella::in_ordine(std::size_t colonna) const {
     std::vector<std::int32_t> rango(diversi.size());
     if (tipo(colonna) == Tipo::testo) {
         std::vector<std::string> ordinati;
+        ordinati.reserve(diversi.size());
         for (const std::string& testo : diversi) ordinati.push_back(LCase(testo));
         std::sort(ordinati.begin(), ordinati.end());
         for (std::size_t i = 0; i < diversi.size(); ++i) {

@@ -68,8 +68,8 @@ std::string testo_sistema(const Sistema& sistema, bool lotto) {
 
 bool scrivi_sistema(const std::string& cartella, const std::string& nome, const Sistema& sistema,
                     bool lotto) {
-    return platform::sostituisci(nome_file(cartella, nome, lotto),
-                                 testo_sistema(sistema, lotto)) == platform::Esito::ok;
+    return platform::sostituisci(nome_file(cartella, nome, lotto), testo_sistema(sistema, lotto)) ==
+           platform::Esito::ok;
 }
 
 Sistema leggi_sistema(const std::string& cartella, const std::string& nome, bool lotto) {

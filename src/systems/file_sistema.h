@@ -10,17 +10,19 @@
 namespace systems {
 
 /// Extension of a system file: ".sen", or ".sel" in Lotto.
-inline const char* estensione_sistema(bool lotto) { return lotto ? ".sel" : ".sen"; }
+inline const char* estensione_sistema(bool lotto) {
+    return lotto ? ".sel" : ".sen";
+}
 
 /// What one system file holds.
 struct Sistema {
-    std::int32_t totale = 0;              ///< combinations of the system; no reader relies on it
-    std::string diagonali;                ///< number of diagonals as shown
-    std::int32_t tipo_righe = -1;         ///< list indexes; -1 is no selection
+    std::int32_t totale = 0;       ///< combinations of the system; no reader relies on it
+    std::string diagonali;         ///< number of diagonals as shown
+    std::int32_t tipo_righe = -1;  ///< list indexes; -1 is no selection
     std::int32_t tipo_colonne = -1;
     std::int32_t tipo_diagonali = -1;
-    int forma = 5;                        ///< numbers of a Lotto combination; Lotto only
-    std::int32_t senza_ripetizioni = 0;   ///< combinations without repetitions
+    int forma = 5;                       ///< numbers of a Lotto combination; Lotto only
+    std::int32_t senza_ripetizioni = 0;  ///< combinations without repetitions
     crossword::Matrice matrice;
 };
 

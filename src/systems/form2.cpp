@@ -24,7 +24,9 @@ namespace {
 constexpr int colonna_dimensione = 1;
 constexpr int colonna_data = 2;
 
-QString cartella_programma() { return q(App().Path) + "/"; }
+QString cartella_programma() {
+    return q(App().Path) + "/";
+}
 
 }  // namespace
 
@@ -86,8 +88,8 @@ bool Form2::sovrascrittura_negata(const QString& nome) {
         const QString testo = ListView1->topLevelItem(i)->text(0);
         if (testo.isEmpty()) return false;
         if (platform::LCase(platform::s(testo)) != cercato) continue;
-        if (MsgBox(this, {"Esiste già un sistema con questo nome. Sovrascrivere?",
-                          Pulsanti::si_no, "Tabellino"}) != platform::vbYes) {
+        if (MsgBox(this, {"Esiste già un sistema con questo nome. Sovrascrivere?", Pulsanti::si_no,
+                          "Tabellino"}) != platform::vbYes) {
             return true;
         }
         // The old development goes first: it must never stand beside another crossword.

@@ -35,11 +35,9 @@ Esito rinomina_file(const std::string& vecchio, const std::string& nuovo) {
 }
 
 Esito copia_file(const std::string& origine, const std::string& arrivo) {
-    if (!platform::esiste_file(origine))
-        return Esito::assente;
+    if (!platform::esiste_file(origine)) return Esito::assente;
     // A link out of the folder would carry a stranger's file into the library, or out of it.
-    if (platform::esce_dalla_cartella(origine))
-        return Esito::errore;
+    if (platform::esce_dalla_cartella(origine)) return Esito::errore;
     return platform::FileCopy(origine, arrivo);
 }
 
@@ -69,8 +67,7 @@ bool controllo_sistemi_esistenti(const std::string& cartella, const std::string&
 
 Passi rinomina(const Coppia& vecchia, const std::string& nuovo) {
     const Coppia nuova{vecchia.cartella, nuovo, vecchia.lotto};
-    if (!ammesse(vecchia, nuova))
-        return rifiutati();
+    if (!ammesse(vecchia, nuova)) return rifiutati();
     Passi passi;
     passi.sviluppo = rinomina_file(vecchia.sviluppo(), nuova.sviluppo());
     passi.sistema = rinomina_file(vecchia.sistema(), nuova.sistema());
@@ -78,8 +75,7 @@ Passi rinomina(const Coppia& vecchia, const std::string& nuovo) {
 }
 
 Passi elimina(const Coppia& coppia) {
-    if (!nome_ammesso(coppia.nome))
-        return rifiutati();
+    if (!nome_ammesso(coppia.nome)) return rifiutati();
     Passi passi;
     passi.sviluppo = elimina_file(coppia.sviluppo());
     passi.sistema = elimina_file(coppia.sistema());
@@ -102,16 +98,14 @@ std::vector<std::string> elimina_tutti(const std::string& cartella, bool lotto) 
     for (const char* estensione :
          {development::estensione_sviluppo(lotto), estensione_sistema(lotto)}) {
         for (const std::string& nome : platform::Dir(cartella, std::string("*") + estensione)) {
-            if (platform::Kill(con_barra(cartella) + nome) != Esito::ok)
-                rimasti.push_back(nome);
+            if (platform::Kill(con_barra(cartella) + nome) != Esito::ok) rimasti.push_back(nome);
         }
     }
     return rimasti;
 }
 
 Passi duplica(const Coppia& origine, const Coppia& arrivo, const Pausa& pausa) {
-    if (!ammesse(origine, arrivo))
-        return rifiutati();
+    if (!ammesse(origine, arrivo)) return rifiutati();
     Passi passi;
     passi.sviluppo = copia_file(origine.sviluppo(), arrivo.sviluppo());
     pausa();
@@ -121,8 +115,7 @@ Passi duplica(const Coppia& origine, const Coppia& arrivo, const Pausa& pausa) {
 }
 
 Passi importa(const Coppia& origine, const Coppia& arrivo) {
-    if (!ammesse(origine, arrivo))
-        return rifiutati();
+    if (!ammesse(origine, arrivo)) return rifiutati();
     Passi passi;
     passi.sistema = copia_file(origine.sistema(), arrivo.sistema());
     passi.sviluppo = copia_file(origine.sviluppo(), arrivo.sviluppo());
@@ -130,8 +123,7 @@ Passi importa(const Coppia& origine, const Coppia& arrivo) {
 }
 
 Passi invia(const Coppia& origine, const Coppia& arrivo) {
-    if (!ammesse(origine, arrivo))
-        return rifiutati();
+    if (!ammesse(origine, arrivo)) return rifiutati();
     Passi passi;
     passi.sistema = copia_file(origine.sistema(), arrivo.sistema());
     if (!passi.disco_pieno()) {

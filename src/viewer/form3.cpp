@@ -101,8 +101,7 @@ void Form3::popola_griglia(std::int32_t page, bool avanti) {
     int linea = 0;
     for (const Riga& riga : pagina.righe) {
         ++linea;
-        if (pronto_)
-            mostra_riga(riga, numeri, linea, page);
+        if (pronto_) mostra_riga(riga, numeri, linea, page);
     }
     if (pagina.seguente && avanti && HScroll1->value() < HScroll1->maximum()) {
         posizioni_.ricorda(HScroll1->value() + 1, *pagina.seguente);
@@ -127,13 +126,11 @@ void Form3::HScroll1_Change() {
     popola_griglia(valore, avanti);
     platform::set_Tag(HScroll1, QString::number(valore));
     lblpag[0]->setText(QString::number(valore));
-    if (pronto_)
-        Command1->setFocus();
+    if (pronto_) Command1->setFocus();
 }
 
 bool Form3::tasto_di_pagina(const QKeyEvent* evento) {
-    if (!HScroll1->isEnabled())
-        return false;
+    if (!HScroll1->isEnabled()) return false;
     switch (evento->key()) {
         case Qt::Key_PageUp:
             HScroll1->setValue(HScroll1->value() - 1);
@@ -153,18 +150,15 @@ bool Form3::tasto_di_pagina(const QKeyEvent* evento) {
 }
 
 void Form3::rotella(const QWheelEvent* evento) {
-    if (!HScroll1->isEnabled())
-        return;
+    if (!HScroll1->isEnabled()) return;
     const QPoint giro = evento->angleDelta();
     const int quanto = giro.y() != 0 ? giro.y() : giro.x();
-    if ((quanto < 0) != (resto_rotella_ < 0))
-        resto_rotella_ = 0;
+    if ((quanto < 0) != (resto_rotella_ < 0)) resto_rotella_ = 0;
     // A fine wheel or a touch pad tells its turn in small parts.
     resto_rotella_ += quanto;
     const int pagine = resto_rotella_ / scatto;
     resto_rotella_ %= scatto;
-    if (pagine != 0)
-        HScroll1->setValue(HScroll1->value() - pagine);
+    if (pagine != 0) HScroll1->setValue(HScroll1->value() - pagine);
 }
 
 bool Form3::eventFilter(QObject* oggetto, QEvent* evento) {
@@ -180,8 +174,7 @@ bool Form3::eventFilter(QObject* oggetto, QEvent* evento) {
 }
 
 void Form3::keyPressEvent(QKeyEvent* evento) {
-    if (!tasto_di_pagina(evento))
-        QDialog::keyPressEvent(evento);
+    if (!tasto_di_pagina(evento)) QDialog::keyPressEvent(evento);
 }
 
 void Form3::wheelEvent(QWheelEvent* evento) {
@@ -191,14 +184,12 @@ void Form3::wheelEvent(QWheelEvent* evento) {
 
 void Form3::showEvent(QShowEvent* evento) {
     QDialog::showEvent(evento);
-    if (!evento->spontaneous())
-        platform::centra(this, &form1_);
+    if (!evento->spontaneous()) platform::centra(this, &form1_);
 }
 
 void Form3::hideEvent(QHideEvent* evento) {
     QDialog::hideEvent(evento);
-    if (!evento->spontaneous())
-        pronto_ = false;
+    if (!evento->spontaneous()) pronto_ = false;
 }
 
 }  // namespace viewer

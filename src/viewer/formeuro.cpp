@@ -23,8 +23,7 @@ public:
     using QValidator::QValidator;
     State validate(QString& testo, int& /*posizione*/) const override {
         for (const QChar c : testo) {
-            if (!tasto_prezzo(c.unicode()))
-                return Invalid;
+            if (!tasto_prezzo(c.unicode())) return Invalid;
         }
         return Acceptable;
     }
@@ -95,8 +94,7 @@ void formeuro::Command2_Click() {
 
 void formeuro::showEvent(QShowEvent* evento) {
     QDialog::showEvent(evento);
-    if (!evento->spontaneous())
-        platform::centra(this, &form1_);
+    if (!evento->spontaneous()) platform::centra(this, &form1_);
 }
 
 }  // namespace viewer

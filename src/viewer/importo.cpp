@@ -8,7 +8,9 @@ namespace viewer {
 
 namespace {
 
-std::string nome_file(const std::string& cartella) { return cartella + "/cst"; }
+std::string nome_file(const std::string& cartella) {
+    return cartella + "/cst";
+}
 
 }  // namespace
 

@@ -19,8 +19,7 @@ void Indice::costruisci(const std::string& file, std::int32_t pagine, const Pass
             ++righe;
         }
         passo(righe);
-        if (static_cast<std::int64_t>(posizioni_.size()) >= pagine)
-            return;
+        if (static_cast<std::int64_t>(posizioni_.size()) >= pagine) return;
         posizioni_.push_back(sviluppo.seek());
     }
 }
@@ -32,10 +31,8 @@ std::int64_t Indice::posizione(std::int32_t pagina) const {
 
 void Indice::ricorda(std::int32_t pagina, std::int64_t posizione) {
     const auto i = static_cast<std::size_t>(pagina);
-    if (pagina < 1 || i > posizioni_.size() + 1)
-        return;
-    if (i > posizioni_.size())
-        posizioni_.push_back(0);
+    if (pagina < 1 || i > posizioni_.size() + 1) return;
+    if (i > posizioni_.size()) posizioni_.push_back(0);
     posizioni_[i - 1] = posizione;
 }
 
@@ -44,23 +41,19 @@ std::int32_t pagine_di(std::int32_t conteggio) {
 }
 
 int numeri_per_riga(bool lotto, std::string_view forma) {
-    if (!lotto)
-        return 6;
-    if (forma == "3" || forma == "4" || forma == "5")
-        return forma.front() - '0';
+    if (!lotto) return 6;
+    if (forma == "3" || forma == "4" || forma == "5") return forma.front() - '0';
     return 0;
 }
 
 Pagina leggi_pagina(const std::string& file, std::int64_t posizione, int numeri) {
     Pagina pagina;
     platform::TextReader sviluppo(file);
-    if (numeri < 1 || numeri > 6 || !sviluppo.seek(posizione))
-        return pagina;
+    if (numeri < 1 || numeri > 6 || !sviluppo.seek(posizione)) return pagina;
     while (pagina.righe.size() < righe_pagina && !sviluppo.eof()) {
         Riga riga{};
         for (int i = 0; i < numeri; ++i) {
-            if (!sviluppo.intero(riga[static_cast<std::size_t>(i)]))
-                return pagina;
+            if (!sviluppo.intero(riga[static_cast<std::size_t>(i)])) return pagina;
         }
         pagina.righe.push_back(riga);
     }

@@ -22,8 +22,7 @@ std::string righe_da(int righe, int t) {
     std::string testo = righe == 1 ? "una riga" : std::to_string(righe) + " righe";
     testo += " con " + std::to_string(t);
     testo += t == 1 ? " numero indovinato" : " numeri indovinati";
-    if (t >= 2 && t <= 6)
-        testo += std::string(" (") + nomi[static_cast<std::size_t>(t)] + ")";
+    if (t >= 2 && t <= 6) testo += std::string(" (") + nomi[static_cast<std::size_t>(t)] + ")";
     return testo;
 }
 
@@ -53,8 +52,7 @@ Opzioni leggi_opzioni(const std::vector<std::string>& parole, bool con_garanzia)
             return opzioni;
         }
     }
-    if (opzioni.file.empty())
-        opzioni.errore = "manca il nome della tabella";
+    if (opzioni.file.empty()) opzioni.errore = "manca il nome della tabella";
     return opzioni;
 }
 
@@ -77,8 +75,7 @@ TabellaLetta leggi_tabella(const std::string& file) {
 void stampa_errori(const TabellaLetta& letta) {
     const auto una = [&](const ErroreRiga& errore, const char* prima) {
         std::string testo = letta.file + ":";
-        if (errore.riga > 0)
-            testo += std::to_string(errore.riga) + ":";
+        if (errore.riga > 0) testo += std::to_string(errore.riga) + ":";
         testo += std::string(" ") + prima + errore.testo + "\n";
         std::fputs(testo.c_str(), stderr);
     };
@@ -116,8 +113,7 @@ std::string json(std::string_view testo) {
 std::string json(const std::vector<ErroreRiga>& righe) {
     std::string uscita = "[";
     for (const ErroreRiga& errore : righe) {
-        if (uscita.size() > 1)
-            uscita += ",";
+        if (uscita.size() > 1) uscita += ",";
         uscita +=
             "{\"riga\":" + std::to_string(errore.riga) + ",\"testo\":" + json(errore.testo) + "}";
     }
@@ -141,8 +137,7 @@ std::string decimale(double valore, int decimali) {
     std::snprintf(cifre.data(), cifre.size(), "%.*f", decimali, valore);
     std::string testo(cifre.data());
     const std::size_t punto = testo.find('.');
-    if (punto != std::string::npos)
-        testo[punto] = ',';
+    if (punto != std::string::npos) testo[punto] = ',';
     return testo;
 }
 
@@ -159,8 +154,7 @@ std::string json_posizioni(development::Maschera maschera) {
 std::string json(const std::vector<std::uint64_t>& numeri) {
     std::string uscita = "[";
     for (const std::uint64_t numero : numeri) {
-        if (uscita.size() > 1)
-            uscita += ",";
+        if (uscita.size() > 1) uscita += ",";
         uscita += std::to_string(numero);
     }
     return uscita + "]";
@@ -169,8 +163,7 @@ std::string json(const std::vector<std::uint64_t>& numeri) {
 std::string in_parole(const Garanzia& garanzia) {
     std::string testo =
         "con " + estratti(garanzia.p) + " almeno " + righe_da(garanzia.righe, garanzia.t);
-    if (garanzia.oppure)
-        testo += ", oppure " + righe_da(1, garanzia.t + 1);
+    if (garanzia.oppure) testo += ", oppure " + righe_da(1, garanzia.t + 1);
     return testo;
 }
 
@@ -178,23 +171,19 @@ Progresso::Progresso(std::string titolo)
     : titolo_(std::move(titolo)), terminale_(::isatty(STDERR_FILENO) == 1) {}
 
 Progresso::~Progresso() {
-    if (ultimo_ >= 0)
-        std::fputs("\r\033[K", stderr);
+    if (ultimo_ >= 0) std::fputs("\r\033[K", stderr);
 }
 
 development::Avanzamento Progresso::avanzamento() {
-    if (!terminale_)
-        return {};
+    if (!terminale_) return {};
     return [this](std::uint64_t fatti, std::uint64_t totale) { mostra(fatti, totale); };
 }
 
 void Progresso::mostra(std::uint64_t fatti, std::uint64_t totale) {
-    if (totale == 0)
-        return;
+    if (totale == 0) return;
     const int parte =
         static_cast<int>(static_cast<double>(fatti) * 1000.0 / static_cast<double>(totale));
-    if (parte == ultimo_)
-        return;
+    if (parte == ultimo_) return;
     ultimo_ = parte;
     std::fprintf(stderr, "\r%s: %d,%d %%\033[K", titolo_.c_str(), parte / 10, parte % 10);
 }

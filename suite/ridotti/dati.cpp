@@ -29,16 +29,14 @@ std::vector<std::string> spezza(const std::string& testo, char separatore) {
             parte += c;
         }
     }
-    if (!parte.empty())
-        parti.push_back(parte);
+    if (!parte.empty()) parti.push_back(parte);
     return parti;
 }
 
 int numero(const std::string& testo) {
     int valore = 0;
     for (const char c : testo) {
-        if (c < '0' || c > '9' || valore > 100'000)
-            return 0;
+        if (c < '0' || c > '9' || valore > 100'000) return 0;
         valore = valore * 10 + (c - '0');
     }
     return valore;
@@ -60,15 +58,12 @@ std::string disegno(const std::string& cartella, const Voce& voce) {
     const int k = voce.nome.k();
     std::string nome = g.p == g.t ? "C" : "L";
     nome += std::to_string(voce.nome.n) + "_" + std::to_string(k);
-    if (g.p != g.t)
-        nome += "_" + std::to_string(g.p);
+    if (g.p != g.t) nome += "_" + std::to_string(g.p);
     nome += "_" + std::to_string(g.t) + "_" + std::to_string(voce.minimo.trovato) + ".txt";
     const std::string file = cartella + "/" + nome;
-    if (g.righe > 1 || !platform::esiste_file(file))
-        return "";
+    if (g.righe > 1 || !platform::esiste_file(file)) return "";
     const std::optional<std::string> contenuto = platform::leggi_tutto(file, elenco_massimo);
-    if (!contenuto)
-        return "";
+    if (!contenuto) return "";
     const development::Lettura lettura = development::leggi_rigorosa(*contenuto, voce.nome.n, k);
     const bool buono =
         lettura.errori.empty() &&
@@ -79,22 +74,18 @@ std::string disegno(const std::string& cartella, const Voce& voce) {
 
 /// Italian for the ways in which the list of minima obtains its bounds.
 std::string tipo_di_limite(const std::string& tipo) {
-    if (tipo == "counting")
-        return "conteggio";
-    if (tipo == "enumeration")
-        return "enumerazione";
+    if (tipo == "counting") return "conteggio";
+    if (tipo == "enumeration") return "enumerazione";
     return tipo;
 }
 
 bool leggi_minimi(const std::string& cartella, std::vector<Voce>& voci) {
     std::string contenuto;
-    if (!leggi(cartella + "/minimi.csv", contenuto))
-        return false;
+    if (!leggi(cartella + "/minimi.csv", contenuto)) return false;
     std::map<std::string, Minimo> minimi;
     for (const std::string& riga : spezza(contenuto, '\n')) {
         const std::vector<std::string> campi = spezza(riga, ',');
-        if (campi.size() != 5 || campi[0] == "table")
-            continue;
+        if (campi.size() != 5 || campi[0] == "table") continue;
         minimi[campi[0]] = {numero(campi[2]), numero(campi[3]), tipo_di_limite(campi[4]), ""};
     }
     for (Voce& voce : voci) {
@@ -123,8 +114,7 @@ bool leggi_minimi(const std::string& cartella, std::vector<Voce>& voci) {
 Maschera immagine(Maschera blocco, const std::vector<int>& permutazione) {
     Maschera altro = 0;
     for (std::size_t i = 0; i < permutazione.size(); ++i) {
-        if ((blocco >> i & 1U) != 0)
-            altro |= development::bit_di(permutazione[i]);
+        if ((blocco >> i & 1U) != 0) altro |= development::bit_di(permutazione[i]);
     }
     return altro;
 }
@@ -135,13 +125,11 @@ std::vector<int> permutazione_da(const std::string& cicli, int n) {
     for (int i = 0; i < n; ++i) dove[static_cast<std::size_t>(i)] = i + 1;
     for (const std::string& parte : spezza(cicli, ')')) {
         const std::size_t apre = parte.find('(');
-        if (apre == std::string::npos)
-            continue;
+        if (apre == std::string::npos) continue;
         std::vector<int> ciclo;
         for (const std::string& p : spezza(parte.substr(apre + 1), ' ')) {
             const int posizione = numero(p);
-            if (posizione >= 1 && posizione <= n)
-                ciclo.push_back(posizione);
+            if (posizione >= 1 && posizione <= n) ciclo.push_back(posizione);
         }
         for (std::size_t i = 0; i < ciclo.size(); ++i) {
             dove[static_cast<std::size_t>(ciclo[i] - 1)] = ciclo[(i + 1) % ciclo.size()];
@@ -164,8 +152,7 @@ bool base_giusta(const Base& base, const std::vector<Voce>& voci) {
         development::buchi(tabella, {4, 4}, 0).quanti > 0) {
         return false;
     }
-    if (base.nella_tabella.empty())
-        return true;
+    if (base.nella_tabella.empty()) return true;
     const auto voce = std::find_if(voci.begin(), voci.end(),
                                    [&](const Voce& v) { return v.nome.testo() == base.tabella; });
     if (voce == voci.end() || base.nella_tabella.size() != static_cast<std::size_t>(base.n)) {
@@ -180,8 +167,7 @@ bool base_giusta(const Base& base, const std::vector<Voce>& voci) {
 /// The text between two marks, empty when one is missing.
 std::string fra(const std::string& testo, const std::string& prima, const std::string& dopo) {
     const std::size_t da = testo.find(prima);
-    if (da == std::string::npos)
-        return "";
+    if (da == std::string::npos) return "";
     const std::size_t a = testo.find(dopo, da + prima.size());
     return a == std::string::npos ? "" : testo.substr(da + prima.size(), a - da - prima.size());
 }
@@ -201,8 +187,7 @@ bool leggi_basi(const std::string& cartella, const std::vector<Voce>& voci,
                 std::vector<Base>& basi) {
     std::string contenuto;
     const std::string file = cartella + "/basi_tabelle.txt";
-    if (!leggi(file, contenuto))
-        return false;
+    if (!leggi(file, contenuto)) return false;
     for (const std::string& riga : spezza(contenuto, '\n')) {
         if (riga.find("generator") != std::string::npos) {
             basi.push_back({riga.substr(0, riga.find('.')),
@@ -223,8 +208,7 @@ bool leggi_basi(const std::string& cartella, const std::vector<Voce>& voci,
         } else if (!basi.empty()) {
             for (const std::string& parte : spezza(riga, '}')) {
                 const std::size_t apre = parte.find('{');
-                if (apre == std::string::npos)
-                    continue;
+                if (apre == std::string::npos) continue;
                 basi.back().blocchi.push_back(blocco_da(parte.substr(apre + 1)));
             }
         }
@@ -242,8 +226,7 @@ int leggi_voce(const std::string& file, const NomeTabella& nome, const Garanzia&
                std::vector<Voce>& voci) {
     const TabellaLetta letta = leggi_tabella(file);
     stampa_errori(letta);
-    if (!letta.lettura.errori.empty())
-        return impossibile;
+    if (!letta.lettura.errori.empty()) return impossibile;
     Voce voce{nome, letta.lettura.tabella, garanzia, {}, {}, {}};
     voce.vincite = development::tutte_le_vincite(voce.tabella);
     if (development::buchi(voce.tabella, garanzia, 0).quanti > 0) {
@@ -257,14 +240,12 @@ int leggi_voce(const std::string& file, const NomeTabella& nome, const Garanzia&
 int leggi_ulteriori(const std::string& cartella, std::vector<Voce>& voci) {
     std::string contenuto;
     const std::string file = cartella + "/garanzie.csv";
-    if (!leggi(file, contenuto))
-        return impossibile;
+    if (!leggi(file, contenuto)) return impossibile;
     const development::ElencoGaranzie elenco = development::leggi_elenco(contenuto);
     for (const development::ErroreRiga& errore : elenco.errori) {
         lamenta(file + ":" + std::to_string(errore.riga) + ": " + errore.testo);
     }
-    if (!elenco.errori.empty())
-        return impossibile;
+    if (!elenco.errori.empty()) return impossibile;
     for (const development::GaranziaDiTabella& riga : elenco.voci) {
         const auto voce = std::find_if(voci.begin(), voci.end(), [&](const Voce& v) {
             return v.nome.testo() == riga.tabella;
@@ -304,8 +285,7 @@ int minimo_noto(int v, int k, const Garanzia& garanzia) {
         {6, 4, 7, {5, 7, 12, 20, 32, 41, 66, 80, 117}},
         {6, 5, 7, {6, 12, 30, 50, 100, 132, 245, 371, 578}},
     };
-    if (garanzia.p != garanzia.t || garanzia.righe != 1)
-        return 0;
+    if (garanzia.p != garanzia.t || garanzia.righe != 1) return 0;
     for (const Serie& s : serie) {
         const int indice = v - s.da;
         if (s.k == k && s.t == garanzia.t && indice >= 0 &&
@@ -319,22 +299,18 @@ int minimo_noto(int v, int k, const Garanzia& garanzia) {
 int raccogli(const std::string& tabelle, const std::string& minimi, Dati& dati) {
     for (const std::string& nome : platform::Dir(tabelle, "*.rid")) {
         const std::optional<NomeTabella> parti = development::leggi_nome(nome);
-        if (!parti || parti->tipo == 0)
-            continue;
+        if (!parti || parti->tipo == 0) continue;
         const std::optional<Garanzia> garanzia = development::garanzia_dichiarata(*parti);
-        if (!garanzia)
-            continue;
+        if (!garanzia) continue;
         const int codice = leggi_voce(tabelle + "/" + nome, *parti, *garanzia, dati.voci);
-        if (codice != riuscito)
-            return codice;
+        if (codice != riuscito) return codice;
     }
     if (dati.voci.empty()) {
         lamenta("nessuna tabella in " + tabelle);
         return impossibile;
     }
     const int codice = leggi_ulteriori(tabelle, dati.voci);
-    if (codice != riuscito)
-        return codice;
+    if (codice != riuscito) return codice;
     if (!leggi_minimi(minimi, dati.voci) || !leggi_basi(minimi, dati.voci, dati.basi))
         return impossibile;
     for (Voce& voce : dati.voci) {
@@ -343,8 +319,7 @@ int raccogli(const std::string& tabelle, const std::string& minimi, Dati& dati) 
                 return !base.nella_tabella.empty() && base.tabella == voce.nome.testo() &&
                        base.righe == voce.minimo.trovato;
             });
-        if (con_base)
-            voce.minimo.disegno = "basi_tabelle.txt";
+        if (con_base) voce.minimo.disegno = "basi_tabelle.txt";
     }
     return riuscito;
 }

@@ -26,8 +26,7 @@ std::string percento(double parte, double intero) {
 /// "4 → 3", and "4 → 4, 3 righe" when more than one row is promised.
 std::string freccia(const Garanzia& g) {
     std::string testo = std::to_string(g.p) + " → " + std::to_string(g.t);
-    if (g.righe > 1)
-        testo += ", " + righe(static_cast<std::uint64_t>(g.righe));
+    if (g.righe > 1) testo += ", " + righe(static_cast<std::uint64_t>(g.righe));
     return testo;
 }
 
@@ -57,8 +56,7 @@ std::string confronto(const Sezione& sezione, const std::vector<Voce>& voci) {
         "| N | tabella | righe | garanzia | integrale | % | minimo trovato | limite inferiore "
         "| minimo noto |\n|--:|---|--:|---|--:|--:|--:|---|--:|\n";
     for (const Voce& voce : voci) {
-        if (voce.nome.prefisso == sezione.prefisso)
-            uscita += riga_confronto(voce);
+        if (voce.nome.prefisso == sezione.prefisso) uscita += riga_confronto(voce);
     }
     return uscita + "\n";
 }
@@ -72,11 +70,9 @@ std::string tavola_vincite(const Sezione& sezione, const std::vector<Voce>& voci
     }
     uscita += " garantito |\n" + sotto + "---|\n";
     for (const Voce& voce : voci) {
-        if (voce.nome.prefisso != sezione.prefisso)
-            continue;
+        if (voce.nome.prefisso != sezione.prefisso) continue;
         for (const Vincite& v : voce.vincite) {
-            if (v.p > sezione.estratti)
-                continue;
+            if (v.p > sezione.estratti) continue;
             uscita += "| `" + voce.nome.testo() + "` | " + std::to_string(v.p) + " |";
             for (const std::uint64_t quanti : v.migliore) {
                 uscita += quanti == 0 ? " |"
@@ -97,12 +93,10 @@ std::string tavola_vincite(const Sezione& sezione, const std::vector<Voce>& voci
 std::string ulteriori(const Sezione& sezione, const std::vector<Voce>& voci) {
     std::string uscita;
     for (const Voce& voce : voci) {
-        if (voce.nome.prefisso != sezione.prefisso || voce.ulteriori.empty())
-            continue;
+        if (voce.nome.prefisso != sezione.prefisso || voce.ulteriori.empty()) continue;
         uscita += "- `" + voce.nome.testo() + "`: ";
         for (const Garanzia& g : voce.ulteriori) {
-            if (&g != voce.ulteriori.data())
-                uscita += "; ";
+            if (&g != voce.ulteriori.data()) uscita += "; ";
             uscita += in_parole(g);
         }
         uscita += ".\n";
@@ -203,8 +197,7 @@ std::string per_la_guida(const Dati& dati) {
                   "</h3>\n<table>\n<tr><th>Numeri</th><th>Combinazioni</th><th>% dell'integrale"
                   "</th><th>Garanzia</th></tr>\n";
         for (const Voce& voce : dati.voci) {
-            if (voce.nome.prefisso != sezione.prefisso)
-                continue;
+            if (voce.nome.prefisso != sezione.prefisso) continue;
             const auto quante = static_cast<double>(voce.tabella.righe.size());
             const auto intere =
                 static_cast<double>(development::binomiale(voce.nome.n, voce.nome.k()));
@@ -229,8 +222,7 @@ int documento(const std::vector<std::string>& parole) {
     }
     Dati dati;
     const int codice = raccogli(cartelle[0], cartelle[1], dati);
-    if (codice != riuscito)
-        return codice;
+    if (codice != riuscito) return codice;
     stampa(guida ? per_la_guida(dati) : tutto(dati));
     return riuscito;
 }

@@ -27,14 +27,10 @@ int main(int argc, char** argv) {
         return ridotti::impossibile;
     }
     const std::vector<std::string> resto(parole.begin() + 1, parole.end());
-    if (parole[0] == "integrali")
-        return ridotti::integrali(resto);
-    if (parole[0] == "verifica")
-        return ridotti::verifica(resto);
-    if (parole[0] == "vincite")
-        return ridotti::vincite(resto);
-    if (parole[0] == "documento")
-        return ridotti::documento(resto);
+    if (parole[0] == "integrali") return ridotti::integrali(resto);
+    if (parole[0] == "verifica") return ridotti::verifica(resto);
+    if (parole[0] == "vincite") return ridotti::vincite(resto);
+    if (parole[0] == "documento") return ridotti::documento(resto);
     if (parole[0] == "--aiuto" || parole[0] == "--help" || parole[0] == "-h") {
         ridotti::stampa(uso);
         return ridotti::riuscito;

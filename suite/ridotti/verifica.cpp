@@ -51,8 +51,7 @@ std::string in_testo(const TabellaLetta& letta, const Garanzia& garanzia, const 
     std::string uscita = letta.file + ": " + righe(tabella.righe.size()) + " di " +
                          std::to_string(tabella.k) + " su " + std::to_string(tabella.n) +
                          " numeri; " + in_parole(garanzia) + ": ";
-    if (mancati.quanti == 0)
-        return uscita + "VALE\n";
+    if (mancati.quanti == 0) return uscita + "VALE\n";
     uscita +=
         "NON VALE, " + casi(mancati.quanti) + (mancati.quanti == 1 ? " scoperto\n" : " scoperti\n");
     for (const development::Maschera buco : mancati.primi) {
@@ -67,13 +66,11 @@ std::string in_testo(const TabellaLetta& letta, const Garanzia& garanzia, const 
 int un_file(const std::string& file, const Opzioni& opzioni, std::string& uscita) {
     TabellaLetta letta = leggi_tabella(file);
     std::optional<Garanzia> garanzia = opzioni.garanzia;
-    if (!garanzia && letta.nome)
-        garanzia = development::garanzia_dichiarata(*letta.nome);
+    if (!garanzia && letta.nome) garanzia = development::garanzia_dichiarata(*letta.nome);
     if (letta.lettura.errori.empty()) {
         std::string errore = garanzia ? insensata(*garanzia, letta.lettura.tabella)
                                       : "il nome non dice quale garanzia provare: serve --garanzia";
-        if (!errore.empty())
-            letta.lettura.errori.push_back({0, std::move(errore)});
+        if (!errore.empty()) letta.lettura.errori.push_back({0, std::move(errore)});
     }
     Buchi mancati;
     if (letta.lettura.errori.empty()) {
@@ -82,12 +79,9 @@ int un_file(const std::string& file, const Opzioni& opzioni, std::string& uscita
                                      progresso.avanzamento());
     }
     stampa_errori(letta);
-    if (opzioni.json)
-        uscita += (uscita.empty() ? "" : ",\n") + in_json(letta, garanzia, mancati);
-    if (!letta.lettura.errori.empty())
-        return impossibile;
-    if (!opzioni.json)
-        stampa(in_testo(letta, *garanzia, mancati));
+    if (opzioni.json) uscita += (uscita.empty() ? "" : ",\n") + in_json(letta, garanzia, mancati);
+    if (!letta.lettura.errori.empty()) return impossibile;
+    if (!opzioni.json) stampa(in_testo(letta, *garanzia, mancati));
     return mancati.quanti == 0 ? riuscito : garanzia_mancata;
 }
 
@@ -104,8 +98,7 @@ int verifica(const std::vector<std::string>& parole) {
     for (const std::string& file : opzioni.file) {
         codice = std::max(codice, un_file(file, opzioni, uscita));
     }
-    if (opzioni.json)
-        stampa("[" + uscita + "]\n");
+    if (opzioni.json) stampa("[" + uscita + "]\n");
     return codice;
 }
 

@@ -22,21 +22,18 @@ struct Provata {
 /// player's own has none.
 std::vector<Provata> ulteriori(const TabellaLetta& letta, const std::vector<Vincite>& tutte) {
     std::vector<Provata> provate;
-    if (!letta.nome)
-        return provate;
+    if (!letta.nome) return provate;
     const std::size_t barra = letta.file.find_last_of('/');
     const std::string elenco =
         (barra == std::string::npos ? "" : letta.file.substr(0, barra + 1)) + "garanzie.csv";
     const std::optional<std::string> contenuto = platform::leggi_tutto(elenco, 1 << 20);
-    if (!contenuto)
-        return provate;
+    if (!contenuto) return provate;
     const development::ElencoGaranzie lette = development::leggi_elenco(*contenuto);
     for (const development::ErroreRiga& errore : lette.errori) {
         lamenta(elenco + ":" + std::to_string(errore.riga) + ": " + errore.testo);
     }
     for (const GaranziaDiTabella& voce : lette.voci) {
-        if (voce.tabella != letta.nome->testo())
-            continue;
+        if (voce.tabella != letta.nome->testo()) continue;
         const auto p = static_cast<std::size_t>(voce.garanzia.p);
         const Vincite v = p <= tutte.size()
                               ? tutte[p - 1]
@@ -70,8 +67,7 @@ std::string in_testo(const Vincite& v) {
     uscita += "  indovinati  casi in cui è il massimo   su cento   righe in media\n";
     const std::vector<std::string> righe_medie = medie(v, ',');
     for (std::size_t j = v.migliore.size(); j-- > 0;) {
-        if (static_cast<int>(j) > v.p)
-            continue;
+        if (static_cast<int>(j) > v.p) continue;
         const auto a_destra = [](const std::string& testo, std::size_t largo) {
             return std::string(largo - std::min(largo, testo.size()), ' ') + testo;
         };
@@ -111,8 +107,7 @@ std::string in_json(const TabellaLetta& letta, const std::vector<Vincite>& tutte
                          ",\"k\":" + std::to_string(tabella.k) +
                          ",\"n\":" + std::to_string(tabella.n) + ",\"estratti\":[";
     for (const Vincite& v : tutte) {
-        if (&v != tutte.data())
-            uscita += ",";
+        if (&v != tutte.data()) uscita += ",";
         uscita += "\n{\"p\":" + std::to_string(v.p) + ",\"casi\":" + std::to_string(v.gruppi) +
                   ",\"garantita\":" + json(garantita(v)) + ",\"migliore\":" + json(v.migliore) +
                   ",\"medie\":[";

@@ -14,7 +14,9 @@ using support::Pulsanti;
 
 namespace {
 
-QColor bgr(int valore) { return {valore & 0xFF, (valore >> 8) & 0xFF, (valore >> 16) & 0xFF}; }
+QColor bgr(int valore) {
+    return {valore & 0xFF, (valore >> 8) & 0xFF, (valore >> 16) & 0xFF};
+}
 
 /// The splash over a form that is not loaded yet.
 struct Partenza {
@@ -173,17 +175,58 @@ TEST(Fine, LaCasellaDiChiusuraTogliAct) {
 TEST(Nomi, OgniControlloSiTrovaColSuoNome) {
     Programma p;
     EXPECT_EQ(p.form1.objectName(), "Form1");
-    QStringList nomi{"Picture2", "Frame1", "Frame2", "Frame3", "Frame4", "Frame6", "Frame7",
-                     "Frame8", "Frame9", "Frame10", "MSFlexGrid1", "MSFlexGrid2", "Combo1",
-                     "Combo2", "Combo3", "Combo4", "Combo5", "Combo6", "List1", "Image7", "Image8",
-                     "Image9", "Image10", "lblsistema", "lblngioco", "lblimportotot",
-                     "lblnumquote", "lblquote", "lblvaluta(0)", "lblvaluta(1)", "UpDown2",
-                     "ProgressBar1", "cmdstat", "mnufile", "mnunuovo", "mnuapri", "mnusalva",
-                     "mnusalvanome", "mnuopzElaborazione", "mnuRipetizioniSenza",
-                     "mnuRipetizioniCon", "mnuEsci", "mnuutility", "mnugest_sist",
-                     "mnuImportocolonna", "mnuguida", "mnuaiuto", "mnuweb", "mnuinfo"};
+    QStringList nomi{"Picture2",
+                     "Frame1",
+                     "Frame2",
+                     "Frame3",
+                     "Frame4",
+                     "Frame6",
+                     "Frame7",
+                     "Frame8",
+                     "Frame9",
+                     "Frame10",
+                     "MSFlexGrid1",
+                     "MSFlexGrid2",
+                     "Combo1",
+                     "Combo2",
+                     "Combo3",
+                     "Combo4",
+                     "Combo5",
+                     "Combo6",
+                     "List1",
+                     "Image7",
+                     "Image8",
+                     "Image9",
+                     "Image10",
+                     "lblsistema",
+                     "lblngioco",
+                     "lblimportotot",
+                     "lblnumquote",
+                     "lblquote",
+                     "lblvaluta(0)",
+                     "lblvaluta(1)",
+                     "UpDown2",
+                     "ProgressBar1",
+                     "cmdstat",
+                     "mnufile",
+                     "mnunuovo",
+                     "mnuapri",
+                     "mnusalva",
+                     "mnusalvanome",
+                     "mnuopzElaborazione",
+                     "mnuRipetizioniSenza",
+                     "mnuRipetizioniCon",
+                     "mnuEsci",
+                     "mnuutility",
+                     "mnugest_sist",
+                     "mnuImportocolonna",
+                     "mnuguida",
+                     "mnuaiuto",
+                     "mnuweb",
+                     "mnuinfo"};
     for (int i = 0; i <= 8; ++i) nomi << QString("Image3(%1)").arg(i);
-    for (int i = 0; i <= 2; ++i) nomi << QString("Imageb(%1)").arg(i) << QString("Imagey(%1)").arg(i);
+    for (int i = 0; i <= 2; ++i)
+        nomi << QString("Imageb(%1)").arg(i) << QString("Imagey(%1)").arg(i);
     for (int i = 0; i <= 90; ++i) nomi << QString("CMDnum(%1)").arg(i);
     for (const QString& nome : nomi) {
         EXPECT_NE(p.form1.findChild<QObject*>(nome), nullptr) << nome.toStdString();
@@ -227,9 +270,9 @@ TEST(Menu, VociALettera) {
     };
     const QList<QAction*> barra = p.form1.menuBar()->actions();
     EXPECT_EQ(testi(barra), QStringList({"File", "Utility", "Guida"}));
-    EXPECT_EQ(testi(barra[0]->menu()->actions()),
-              QStringList({"Nuovo", "Apri", "Salva", "Salva con nome", "Opzioni Elaborazione",
-                           "Esci"}));
+    EXPECT_EQ(
+        testi(barra[0]->menu()->actions()),
+        QStringList({"Nuovo", "Apri", "Salva", "Salva con nome", "Opzioni Elaborazione", "Esci"}));
     EXPECT_EQ(testi(barra[1]->menu()->actions()),
               QStringList({"Gestione Sistemi", "Importo Colonna"}));
     EXPECT_EQ(testi(barra[2]->menu()->actions()),
@@ -253,9 +296,8 @@ TEST(Comandi, StampaSenzaSistemaInLineaLoDice) {
     Programma p;
     p.dialoghi.finti = true;
     p.comando(7);
-    EXPECT_EQ(p.mostrati(),
-              (std::vector<Mostrato>{{"Nessun sistema in linea.", "Tabellino", Pulsanti::ok,
-                                      Icona::nessuna}}));
+    EXPECT_EQ(p.mostrati(), (std::vector<Mostrato>{{"Nessun sistema in linea.", "Tabellino",
+                                                    Pulsanti::ok, Icona::nessuna}}));
     EXPECT_EQ(p.dialoghi.stampe, 0);
     p.riempi_e_salva("uno");
     p.comando(7);

@@ -160,10 +160,8 @@ TEST(Forma, SuUnaGrigliaRettangolareCombo5RestaVuoto) {
     p.dimensioni(7, 9);
     Programma::clic(p.form1.Imageb[0]);
     EXPECT_EQ(p.form1.Combo5->count(), 0);
-    EXPECT_EQ(p.form1.Combo3->itemText(1),
-              "7 Numeri - 7 Terzine - Garanzia Ambo con 2 Estratti");
-    EXPECT_EQ(p.form1.Combo4->itemText(1),
-              "9 Numeri - 12 Terzine - Garanzia Ambo con 2 Estratti");
+    EXPECT_EQ(p.form1.Combo3->itemText(1), "7 Numeri - 7 Terzine - Garanzia Ambo con 2 Estratti");
+    EXPECT_EQ(p.form1.Combo4->itemText(1), "9 Numeri - 12 Terzine - Garanzia Ambo con 2 Estratti");
 }
 
 TEST(Forma, QuellaGiaSceltaCancellaUgualmenteIlLot) {

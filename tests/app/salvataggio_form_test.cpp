@@ -28,9 +28,8 @@ const Mostrato domanda_nuovo{
 const Mostrato domanda_apri{
     "Sono state apportate delle modifiche al sistema in linea.\nSalvare il Sistema?", "Tabellino",
     Pulsanti::si_no_annulla, Icona::nessuna};
-const Mostrato domanda_esci{
-    "Il sistema in linea è stato modificato.\nSi desidera salvarlo?", "Tabellino",
-    Pulsanti::si_no_annulla, Icona::nessuna};
+const Mostrato domanda_esci{"Il sistema in linea è stato modificato.\nSi desidera salvarlo?",
+                            "Tabellino", Pulsanti::si_no_annulla, Icona::nessuna};
 
 using Mostrati = std::vector<Mostrato>;
 
@@ -62,7 +61,8 @@ TEST(Salva, NuovoCompletoChiedeIlNomeAlGestore) {
     EXPECT_EQ(platform::Tag(&p.form1), "primo");
     EXPECT_EQ(p.form1.lblsistema->text(), "primo");
     EXPECT_TRUE(p.form1.salvato);
-    EXPECT_EQ(p.cartella.leggi("primo.sen"), support::come_sistema("14,5,5,\"6\",0,0,0,0", p.griglia()));
+    EXPECT_EQ(p.cartella.leggi("primo.sen"),
+              support::come_sistema("14,5,5,\"6\",0,0,0,0", p.griglia()));
     EXPECT_TRUE(p.mostrati().empty());
 }
 
@@ -84,7 +84,8 @@ TEST(Salva, ConUnNomeRiscriveSenzaGestore) {
     ASSERT_FALSE(p.form1.salvato);
     Programma::voce(p.form1.mnusalva);
     EXPECT_TRUE(p.form1.salvato);
-    EXPECT_EQ(p.cartella.leggi("uno.sen"), support::come_sistema("14,5,5,\"6\",0,0,0,0", p.griglia()));
+    EXPECT_EQ(p.cartella.leggi("uno.sen"),
+              support::come_sistema("14,5,5,\"6\",0,0,0,0", p.griglia()));
 }
 
 TEST(Salva, GestoreCongedatoNonSalvaMaRisultaRiuscito) {

@@ -17,8 +17,7 @@ const QColor bianco = bgr(16777215);
 std::set<int> vietati(const Programma& p) {
     std::set<int> numeri;
     for (int i = 1; i <= 90; ++i) {
-        if (!p.form1.CMDnum[static_cast<std::size_t>(i)]->isEnabled())
-            numeri.insert(i);
+        if (!p.form1.CMDnum[static_cast<std::size_t>(i)]->isEnabled()) numeri.insert(i);
     }
     return numeri;
 }
@@ -39,8 +38,7 @@ std::set<int> colorate(const Programma& p, const QColor& colore) {
     std::set<int> celle;
     for (int r = 0; r < p.form1.MSFlexGrid1->Rows(); ++r) {
         for (int c = 0; c < p.form1.MSFlexGrid1->Cols(); ++c) {
-            if (p.form1.MSFlexGrid1->sfondo(r, c) == colore)
-                celle.insert(r * 100 + c);
+            if (p.form1.MSFlexGrid1->sfondo(r, c) == colore) celle.insert(r * 100 + c);
         }
     }
     return celle;
@@ -242,15 +240,13 @@ TEST(Canc, SvuotaLaCasellaDaQualunqueControllo) {
     Programma p;
     int controlli = 0;
     for (QWidget* w : p.form1.findChildren<QWidget*>()) {
-        if (!w->isVisible() || !w->isEnabled() || (w->focusPolicy() & Qt::TabFocus) == 0)
-            continue;
+        if (!w->isVisible() || !w->isEnabled() || (w->focusPolicy() & Qt::TabFocus) == 0) continue;
         metti(p, 2, 3, 60);
         p.cella(2, 3);
         ASSERT_EQ(p.form1.matrice(3, 2), 60);
         p.form1.salvato = true;
         w->setFocus();
-        if (QApplication::focusWidget() == nullptr)
-            continue;
+        if (QApplication::focusWidget() == nullptr) continue;
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Delete);
         EXPECT_EQ(p.form1.matrice(3, 2), 0) << w->objectName().toStdString();
         EXPECT_EQ(p.form1.MSFlexGrid1->testo(2, 3), "") << w->objectName().toStdString();

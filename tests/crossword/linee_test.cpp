@@ -31,21 +31,15 @@ std::vector<Equazione> equazioni(int c, int r, bool adiacenti) {
     for (int k = 0; k < r; ++k) {
         e.push_back({Gruppo::orizzontali, [k](int, int y) { return y == k; }});
     }
-    if (c == r)
-        differenza(0);
-    if (c == r && c >= 7 && adiacenti)
-        differenza(1);
-    if (c == r && c >= 7 && adiacenti)
-        differenza(-1);
+    if (c == r) differenza(0);
+    if (c == r && c >= 7 && adiacenti) differenza(1);
+    if (c == r && c >= 7 && adiacenti) differenza(-1);
     for (int k = 0; k < c; ++k) {
         e.push_back({Gruppo::verticali, [k](int x, int) { return x == k; }});
     }
-    if (c == r)
-        somma(n);
-    if (c == r && c >= 7 && adiacenti)
-        somma(n - 1);
-    if (c == r && c >= 7 && adiacenti)
-        somma(n + 1);
+    if (c == r) somma(n);
+    if (c == r && c >= 7 && adiacenti) somma(n - 1);
+    if (c == r && c >= 7 && adiacenti) somma(n + 1);
     return e;
 }
 
@@ -63,8 +57,7 @@ Matrice numerata(int c, int r, int da = 0) {
 std::bitset<91> vietati_per_definizione(const Matrice& m, int r, int c) {
     std::bitset<91> vietati;
     for (const Equazione& linea : equazioni(m.colonne(), m.righe(), true)) {
-        if (!linea.sta(c, r))
-            continue;
+        if (!linea.sta(c, r)) continue;
         for (int y = 0; y < m.righe(); ++y) {
             for (int x = 0; x < m.colonne(); ++x) {
                 if (linea.sta(x, y) && !(x == c && y == r)) {
@@ -83,8 +76,7 @@ std::set<std::pair<int, int>> caselle(int lato_x, int lato_y, int r, int c) {
         for (int x = 0; x < lato_x; ++x) {
             Matrice m(lato_x, lato_y);
             m.scrivi(x, y, 33);
-            if (numeri_sulle_linee(m, r, c).test(33))
-                trovate.insert({x, y});
+            if (numeri_sulle_linee(m, r, c).test(33)) trovate.insert({x, y});
         }
     }
     return trovate;
@@ -123,10 +115,8 @@ TEST(NumeriSulleLinee, nella_sette_per_sette_anche_la_diagonale_adiacente) {
     for (int i = 0; i < 7; ++i) {
         attese.insert({3, i});
         attese.insert({i, 2});
-        if (i < 6)
-            attese.insert({i + 1, i});
-        if (i < 6)
-            attese.insert({i, 5 - i});
+        if (i < 6) attese.insert({i + 1, i});
+        if (i < 6) attese.insert({i, 5 - i});
     }
     attese.erase({3, 2});
     EXPECT_EQ(caselle(7, 7, 2, 3), attese);
@@ -183,8 +173,7 @@ TEST(LineeSviluppo, come_la_definizione_in_ogni_misura_e_gioco) {
                     std::multiset<int> numeri;
                     for (int y = 0; y < r; ++y) {
                         for (int x = 0; x < c; ++x) {
-                            if (attese[i].sta(x, y))
-                                numeri.insert(m(x, y));
+                            if (attese[i].sta(x, y)) numeri.insert(m(x, y));
                         }
                     }
                     ASSERT_EQ(std::multiset<int>(linee[i].numeri.begin(), linee[i].numeri.end()),

@@ -75,7 +75,9 @@ QString migliaia(int n) {
     return testo;
 }
 
-QColor bgr(int valore) { return {valore & 0xFF, (valore >> 8) & 0xFF, (valore >> 16) & 0xFF}; }
+QColor bgr(int valore) {
+    return {valore & 0xFF, (valore >> 8) & 0xFF, (valore >> 16) & 0xFF};
+}
 
 }  // namespace
 
@@ -172,18 +174,14 @@ TEST(Liste, NomiDelLotto) {
     EXPECT_EQ(a(0, 5), QStringList({i, "5 Numeri - 4 Terzine - Garanzia Ambo con 2 Estratti"}));
     EXPECT_EQ(a(0, 15), QStringList({i, "15 Numeri - 35 Terzine - Garanzia Ambo con 2 Estratti"}));
     EXPECT_EQ(a(1, 5), QStringList({i, a1}));
-    EXPECT_EQ(a(1, 8),
-              QStringList({i, "8 Numeri - 6 Quartine - Garanzia Ambo 1 con 2 Estratti"}));
-    EXPECT_EQ(a(1, 9),
-              QStringList({i, "9 Numeri - 8 Quartine - Garanzia 1 Ambo con 3 Estratti"}));
-    EXPECT_EQ(a(1, 14),
-              QStringList({i, "14 Numeri - 18 Quartine - Garanzia 1 Ambo con 2 Estratti",
-                           "14 Numeri - 91 Quartine - Garanzia 1 Terno con 3 Estratti"}));
+    EXPECT_EQ(a(1, 8), QStringList({i, "8 Numeri - 6 Quartine - Garanzia Ambo 1 con 2 Estratti"}));
+    EXPECT_EQ(a(1, 9), QStringList({i, "9 Numeri - 8 Quartine - Garanzia 1 Ambo con 3 Estratti"}));
+    EXPECT_EQ(a(1, 14), QStringList({i, "14 Numeri - 18 Quartine - Garanzia 1 Ambo con 2 Estratti",
+                                     "14 Numeri - 91 Quartine - Garanzia 1 Terno con 3 Estratti"}));
     EXPECT_EQ(a(2, 5), QStringList{i});
     EXPECT_EQ(a(2, 6), QStringList({i, a1}));
-    EXPECT_EQ(a(2, 7),
-              QStringList({i, "7 Numeri - 3 Cinquine - Garanzia 1 Ambo con 2 Estratti",
-                           "7 Numeri - 5 Cinquine - Garanzia 1 Terno con 3 Estratti"}));
+    EXPECT_EQ(a(2, 7), QStringList({i, "7 Numeri - 3 Cinquine - Garanzia 1 Ambo con 2 Estratti",
+                                    "7 Numeri - 5 Cinquine - Garanzia 1 Terno con 3 Estratti"}));
     EXPECT_EQ(a(2, 15),
               QStringList({i, "15 Numeri - 13 Cinquine - Garanzia 1 Ambo con 2 Estratti",
                            "15 Numeri - 56 Cinquine - Garanzia 1 Terno con 3 Estratti",

@@ -124,8 +124,7 @@ void controlla_testi(bool lotto, int forma, const std::map<int, Testi>& attesi) 
         EXPECT_EQ(tipi_sistema(lotto, forma, Elenco::orizzontali, n), testi) << n;
         EXPECT_EQ(tipi_sistema(lotto, forma, Elenco::verticali, n), testi) << n;
         Testi primi(testi.begin(), testi.begin() + std::min<std::ptrdiff_t>(4, std::ssize(testi)));
-        if (!lotto && n == 7)
-            primi = {"Integrale"};
+        if (!lotto && n == 7) primi = {"Integrale"};
         EXPECT_EQ(tipi_sistema(lotto, forma, Elenco::diagonali, n), primi) << n;
     }
 }
@@ -232,8 +231,7 @@ int righe_spedite(const Gioco& gioco, int n, int tipo) {
     std::ifstream f(
         SUITE_DIR "/ridotti/" + development::nome_tabella(gioco.lotto, gioco.forma, n, tipo),
         std::ios::binary);
-    if (!f)
-        return -1;
+    if (!f) return -1;
     return static_cast<int>(
         std::count(std::istreambuf_iterator<char>(f), std::istreambuf_iterator<char>(), '\n'));
 }
@@ -281,8 +279,7 @@ TEST(MatsisConteggi, il_numero_in_testa_a_un_tipo_e_il_conteggio) {
     for (const Gioco& gioco : giochi) {
         for (const auto& [n, testi] : *gioco.testi) {
             for (std::size_t t = 1; t < testi.size(); ++t) {
-                if (testi[t].starts_with("Autoridotto"))
-                    continue;
+                if (testi[t].starts_with("Autoridotto")) continue;
                 const std::size_t da = gioco.lotto ? testi[t].find("- ") + 2 : 0;
                 const int quante = std::atoi(testi[t].c_str() + da);
                 const bool eccezione = gioco.forma == 4 && n == 14 && t == 1;

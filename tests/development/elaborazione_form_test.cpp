@@ -141,8 +141,7 @@ TEST(Elabora, SettePerSetteNelLottoSviluppaSediciLinee) {
     for (int forma = 0; forma < 3; ++forma) {
         Programma p(true);
         Programma::clic(p.form1.Image10);
-        if (forma < 2)
-            Programma::clic(p.form1.Imageb[static_cast<std::size_t>(forma)]);
+        if (forma < 2) Programma::clic(p.form1.Imageb[static_cast<std::size_t>(forma)]);
         p.dimensioni(7, 7);
         p.riempi_e_salva("lotto");
         p.comando(1);
@@ -224,8 +223,7 @@ TEST(Elabora, SenzaAlcunaTabellaNonNasceNessunFile) {
     for (const bool con : {false, true}) {
         Programma p;
         p.riempi_e_salva("niente");
-        if (con)
-            Programma::voce(p.form1.mnuRipetizioniCon);
+        if (con) Programma::voce(p.form1.mnuRipetizioniCon);
         p.cartella.scrivi("niente.col", "1,2,3,4,5,6\r\n");
         p.comando(1);
         EXPECT_EQ(p.mostrati(), Mostrati{completata});

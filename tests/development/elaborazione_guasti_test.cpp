@@ -18,8 +18,7 @@ protected:
     void elimina(bool riesce = true) {
         elimina_temporanei(cartella.programma(), [&](const std::string& nome) {
             cestinati.push_back(nome);
-            if (riesce)
-                fs::remove(nome);
+            if (riesce) fs::remove(nome);
             return riesce;
         });
     }
@@ -131,8 +130,7 @@ using SviluppoGuasto = Sviluppo;
 /// The whole elaboration of a small crossword, as a program would run it.
 bool elabora_tutto(const Richiesta& richiesta, const std::string& finale) {
     Elaborazione lavoro(richiesta, {});
-    if (lavoro.sviluppa() != Conclusione::completa)
-        return false;
+    if (lavoro.sviluppa() != Conclusione::completa) return false;
     const std::string unici = richiesta.cartella + "/temp-1.nuovo";
     const auto tolte = togli_ripetizioni(lavoro.file_temporaneo(), unici, {});
     return tolte && completa_sviluppo(unici, finale, tolte->byte);

@@ -266,12 +266,9 @@ TEST_F(Sviluppo, avanza_ogni_duecentocinquanta_righe_e_a_ogni_linea) {
     EXPECT_EQ(lavoro.sviluppa(), Conclusione::completa);
     std::vector<std::int32_t> attesi;
     for (int i = 1; i <= 6 * 210 + 10; ++i) {
-        if (i % 250 == 0)
-            attesi.push_back(i);
-        if (i % 210 == 0 && i <= 1260)
-            attesi.push_back(i);
-        if (i > 1260)
-            attesi.push_back(i);
+        if (i % 250 == 0) attesi.push_back(i);
+        if (i % 210 == 0 && i <= 1260) attesi.push_back(i);
+        if (i > 1260) attesi.push_back(i);
     }
     EXPECT_EQ(passi, attesi);
 }

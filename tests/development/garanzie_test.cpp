@@ -26,8 +26,7 @@ Tabella tabella(const std::string& nome) {
 /// The only error of a text, as "line: text".
 std::string errore(std::string_view testo, int n, int k) {
     const Lettura lettura = leggi_rigorosa(testo, n, k);
-    if (lettura.errori.size() != 1)
-        return std::to_string(lettura.errori.size()) + " errori";
+    if (lettura.errori.size() != 1) return std::to_string(lettura.errori.size()) + " errori";
     return std::to_string(lettura.errori[0].riga) + ": " + lettura.errori[0].testo;
 }
 

@@ -29,8 +29,7 @@ std::string attesi(const std::string& testo) {
     std::string unici;
     std::istringstream righe(testo);
     for (std::string riga; std::getline(righe, riga);) {
-        if (viste.insert(riga).second)
-            unici += riga + "\n";
+        if (viste.insert(riga).second) unici += riga + "\n";
     }
     return unici;
 }
@@ -116,8 +115,7 @@ TEST_F(TogliRipetizioni, byte_a_caso_non_fanno_danno) {
         for (char& c : testo) c = giro % 2 == 0 ? static_cast<char>(caso()) : "1,\r\n"[caso() % 4];
         const auto esito = togli(testo);
         ASSERT_TRUE(esito.has_value());
-        if (!testo.empty() && testo.back() != '\n')
-            testo += "\r\n";
+        if (!testo.empty() && testo.back() != '\n') testo += "\r\n";
         ASSERT_EQ(cartella.leggi("unici"), attesi(testo));
     }
 }

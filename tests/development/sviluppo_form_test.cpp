@@ -49,7 +49,9 @@ using Mostrati = std::vector<Mostrato>;
 
 /// The windows that need a development are only counted.
 struct Programma : support::Programma {
-    explicit Programma(bool tabelle = false) : support::Programma(tabelle) { dialoghi.finti = true; }
+    explicit Programma(bool tabelle = false) : support::Programma(tabelle) {
+        dialoghi.finti = true;
+    }
 };
 
 /// Makes the system in line unsaved without touching its crossword.
@@ -321,9 +323,8 @@ TEST(Interrotta, ITemporaneiSparisconoAlLavoroDopo) {
     p.form1.show();
     p.comando(1);
     EXPECT_TRUE(platform::Dir(p.cartella.programma(), "temp*").empty());
-    EXPECT_EQ(p.cartella.leggi("uno.col"),
-              support::come_file(support::senza_ripetizioni(
-                  support::sviluppo_integrale(p.griglia(), 6, true))));
+    EXPECT_EQ(p.cartella.leggi("uno.col"), support::come_file(support::senza_ripetizioni(
+                                               support::sviluppo_integrale(p.griglia(), 6, true))));
 }
 
 TEST(Interrotta, ChiSviluppavaPerVedereOSpogliareFinisceInSilenzio) {

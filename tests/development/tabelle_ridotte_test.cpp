@@ -130,8 +130,7 @@ Trovato enumera(const std::vector<std::vector<int>>& righe, int n, int p, int t)
     for (const std::vector<int>& riga : righe) insiemi.push_back(insieme(riga));
     Trovato trovato;
     for (unsigned sorteggio = 0; sorteggio < (1U << n); ++sorteggio) {
-        if (__builtin_popcount(sorteggio) != p)
-            continue;
+        if (__builtin_popcount(sorteggio) != p) continue;
         int migliore = 0;
         unsigned buone = 0;
         for (const unsigned riga : insiemi) {
@@ -141,8 +140,7 @@ Trovato enumera(const std::vector<std::vector<int>>& righe, int n, int p, int t)
         }
         ++trovato.migliori[migliore];
         trovato.minime = std::min(trovato.minime, buone);
-        if (migliore <= t)
-            trovato.minime_o_superiore = std::min(trovato.minime_o_superiore, buone);
+        if (migliore <= t) trovato.minime_o_superiore = std::min(trovato.minime_o_superiore, buone);
     }
     return trovato;
 }
@@ -241,8 +239,7 @@ TEST(GaranzieUlteriori, la_tabella_di_295_contiene_il_disegno_di_291) {
         unsigned altro = 0;
         for (int i = 1; i <= 15; ++i) {
             const int dove = i > 12 ? i : i % 3 == 0 ? i - 2 : i + 1;
-            if ((blocco >> i & 1U) != 0)
-                altro |= 1U << dove;
+            if ((blocco >> i & 1U) != 0) altro |= 1U << dove;
         }
         return altro;
     };
@@ -268,15 +265,13 @@ TEST(GaranzieUlteriori, la_tabella_di_295_contiene_il_disegno_di_291) {
     for (const unsigned originale : disegno) {
         unsigned blocco = 0;
         for (std::size_t i = 0; i < nella_tabella.size(); ++i) {
-            if ((originale >> (i + 1) & 1U) != 0)
-                blocco |= 1U << nella_tabella[i];
+            if ((originale >> (i + 1) & 1U) != 0) blocco |= 1U << nella_tabella[i];
         }
         EXPECT_TRUE(std::find(della_tabella.begin(), della_tabella.end(), blocco) !=
                     della_tabella.end());
     }
     for (unsigned quattro = 0; quattro < (1U << 15); ++quattro) {
-        if (__builtin_popcount(quattro) != 4)
-            continue;
+        if (__builtin_popcount(quattro) != 4) continue;
         const unsigned sorteggio = quattro << 1;
         EXPECT_TRUE(std::any_of(disegno.begin(), disegno.end(), [sorteggio](unsigned blocco) {
             return (blocco & sorteggio) == sorteggio;

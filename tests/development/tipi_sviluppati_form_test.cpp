@@ -51,8 +51,8 @@ protected:
 
     std::int64_t atteso(const std::string& prefisso, int n, int tipo) {
         const int diagonali = p.form1.Combo5->ListIndex();
-        std::int64_t totale = 2 * n * righe_tabella(prefisso, n, tipo) +
-                              2 * righe_tabella(prefisso, n, diagonali);
+        std::int64_t totale =
+            2 * n * righe_tabella(prefisso, n, tipo) + 2 * righe_tabella(prefisso, n, diagonali);
         if (prefisso == "cr" && n >= 7) totale += 4 * righe_tabella(prefisso, n - 1, diagonali);
         return totale;
     }

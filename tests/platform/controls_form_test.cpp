@@ -1,10 +1,11 @@
 // Controls with the classic semantics, and the desktop services under them.
+#include <gtest/gtest.h>
+
 #include <QMessageBox>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
-#include <gtest/gtest.h>
 
 #include "platform/controls.h"
 #include "platform/desktop.h"
@@ -254,8 +255,8 @@ TEST(Schede, IlNumeroRestaQuandoUnAltraSparisce) {
 
 TEST(Scatola, PulsantiTitoloIconaERisposte) {
     int risposta = 0;
-    Osservata vista = rispondi({"Testo\nsu due righe", platform::Pulsanti::si_no_annulla, "Tabellino",
-                                platform::Icona::nessuna},
+    Osservata vista = rispondi({"Testo\nsu due righe", platform::Pulsanti::si_no_annulla,
+                                "Tabellino", platform::Icona::nessuna},
                                "Sì", risposta);
     EXPECT_EQ(vista.titolo, "Tabellino");
     EXPECT_EQ(vista.testo, "Testo\nsu due righe");
@@ -273,8 +274,8 @@ TEST(Scatola, PulsantiTitoloIconaERisposte) {
     EXPECT_EQ(risposta, 6);
     rispondi({"x", platform::Pulsanti::si_no, "t"}, {}, risposta);
     EXPECT_EQ(risposta, 7);
-    vista = rispondi({"x", platform::Pulsanti::ok, "t", platform::Icona::informazione}, "OK",
-                     risposta);
+    vista =
+        rispondi({"x", platform::Pulsanti::ok, "t", platform::Icona::informazione}, "OK", risposta);
     EXPECT_EQ(vista.icona, QMessageBox::Information);
     EXPECT_EQ(vista.pulsanti, QStringList{"OK"});
     EXPECT_EQ(risposta, 1);

@@ -274,6 +274,33 @@ TEST(RiempiGriglia, a_cell_closed_to_the_seventy_takes_the_first_of_the_tail) {
     confronta(chiusa(0, 0), graduata(0));
 }
 
+TEST(RiempiGriglia, barred_from_the_tail_the_search_takes_numbers_already_placed) {
+    // Of the seven bands one stays open, but its odd entries stand on the lines of the cell and
+    // its even ones were placed before.
+    Tabella t = graduata(0);
+    for (std::size_t i = 62; i <= 70; i += 2) t[i].usato = true;
+    Matrice m(15, 15);
+    for (int i = 0; i < 12; ++i)
+        m.scrivi(1 + i, 0, static_cast<std::int16_t>(1 + i / 3 * 10 + i % 3));
+    for (int i = 0; i < 6; ++i)
+        m.scrivi(0, 1 + i, static_cast<std::int16_t>(41 + i / 3 * 10 + i % 3));
+    for (const auto& [x, y, numero] : {std::tuple{13, 0, 61},
+                                       {14, 0, 63},
+                                       {0, 7, 65},
+                                       {0, 8, 67},
+                                       {7, 7, 69},
+                                       {0, 9, 75},
+                                       {0, 10, 76}})
+        m.scrivi(x, y, static_cast<std::int16_t>(numero));
+    auto e = elenco(t);
+    semplice::Ricerca altra(e, griglia(m));
+    altra.riempi();
+    EXPECT_EQ(altra.g[0][0], 62);
+    Ricerca ricerca(t, m);
+    ricerca.riempi_griglia([](int, int, int) { return false; });
+    EXPECT_EQ(ricerca.griglia()(0, 0), 62);
+}
+
 TEST(RiempiGriglia, the_tail_used_up_ends_the_search) {
     // Without a band of their own the tail numbers never stand in each other's way.
     Tabella t = graduata(0);

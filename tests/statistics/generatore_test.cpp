@@ -363,6 +363,25 @@ TEST_F(Generatore, class_b_alone_fills_any_grid_by_its_growing_quota) {
               Conclusione::completa);
 }
 
+TEST_F(Generatore, a_cell_that_only_ab_can_fill_waits_for_the_quota_of_b_to_grow) {
+    // Two numbers of class b: the row spends its quota of b on them and on two of "ab", and its
+    // last cell has nothing but "ab" left.
+    elenco_.assign(91, {});
+    for (int i = 1; i <= 90; ++i) {
+        const bool di_b = i <= 84;
+        const int numero = di_b ? i % 2 + 1 : i;
+        semplice::a(elenco_, i).numero = numero;
+        semplice::a(elenco_, i).classe = di_b ? "b" : "ab";
+        semplice::a(s_.statistica(), i).numero = static_cast<std::int16_t>(numero);
+        semplice::a(s_.statistica(), i).classe = di_b ? Classe::b : Classe::ab;
+    }
+    confronta(true, 5, 5);
+    std::array<int, 2> di_b{};
+    for (int x = 0; x < 5; ++x) ++di_b.at(matrice_(x, 0) <= 2 ? 1 : 0);
+    EXPECT_EQ(di_b, (std::array<int, 2>{3, 2}));
+    EXPECT_GT(matrice_(4, 0), 2);
+}
+
 TEST_F(Generatore, a_cell_whose_lines_hold_every_number_is_given_up) {
     // Only seven numbers exist: a row of eight cannot be filled.
     Tabella t{};

@@ -50,8 +50,7 @@ protected:
         Risposta risposta;
         risposta.codice = WIFEXITED(stato) ? WEXITSTATUS(stato) : -1;
         risposta.uscita = contenuto(uscita);
-        if (terminale.empty())
-            risposta.errori = contenuto(errori);
+        if (terminale.empty()) risposta.errori = contenuto(errori);
         return risposta;
     }
     /// Writes a table into the test's folder and returns its full name.
@@ -88,8 +87,7 @@ TEST_F(Ridotti, integrali_dice_quando_non_puo) {
 TEST_F(Ridotti, la_suite_ha_tutte_le_tabelle) {
     int quante = 0;
     for (const auto& voce : std::filesystem::directory_iterator(SUITE_DIR "/ridotti")) {
-        if (voce.path().extension() == ".rid")
-            ++quante;
+        if (voce.path().extension() == ".rid") ++quante;
     }
     EXPECT_EQ(quante, 136);
     EXPECT_TRUE(std::filesystem::exists(SUITE_DIR "/ridotti/garanzie.csv"));
@@ -327,8 +325,7 @@ TEST_F(Ridotti, disegni_minimi) {
     for (const auto& voce :
          std::filesystem::directory_iterator(SOURCE_DIR "/suite/ridotti/minimi")) {
         const std::string nome = voce.path().stem();
-        if (nome[0] != 'C' && nome[0] != 'L')
-            continue;
+        if (nome[0] != 'C' && nome[0] != 'L') continue;
         std::vector<int> numeri;
         for (std::size_t i = 0; i != std::string::npos; i = nome.find('_', i + 1)) {
             numeri.push_back(std::stoi(nome.substr(i + 1)));

@@ -1,11 +1,10 @@
 // A fresh folder laid out as a suite root, removed at the end of the test.
 #pragma once
 
-#include <stdlib.h>
-
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <stdlib.h>
 #include <string>
 
 #include "platform/application.h"

@@ -1,8 +1,8 @@
 // Forms run offscreen, with one application for all tests of the program.
+#include <cstdio>
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <cstdio>
 
 #include "app/stile.h"
 

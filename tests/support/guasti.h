@@ -61,8 +61,7 @@ public:
 
 private:
     void passo() {
-        if (++chiamate_ == vita)
-            ::raise(SIGKILL);
+        if (++chiamate_ == vita) ::raise(SIGKILL);
     }
     platform::Syscalls* prima_;
     int chiamate_ = 0;

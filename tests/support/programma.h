@@ -1,7 +1,11 @@
 // The main form over a fresh folder, with message boxes answered by a script.
 #pragma once
 
+#include <deque>
+#include <functional>
 #include <gtest/gtest.h>
+#include <ostream>
+#include <vector>
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -9,10 +13,6 @@
 #include <QPointer>
 #include <QTest>
 #include <QTimer>
-#include <deque>
-#include <functional>
-#include <ostream>
-#include <vector>
 
 #include "app/dialoghi_qt.h"
 #include "app/form1.h"

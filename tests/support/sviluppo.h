@@ -55,8 +55,7 @@ inline std::vector<std::pair<std::vector<int>, int>> linee_semplici(const Richie
         std::vector<int> numeri;
         for (int y = 0; y < n; ++y) {
             for (int x = 0; x < c; ++x) {
-                if (sta(x, y))
-                    numeri.push_back(r.matrice(x, y));
+                if (sta(x, y)) numeri.push_back(r.matrice(x, y));
             }
         }
         linee.emplace_back(numeri, tipo);
@@ -102,8 +101,7 @@ inline std::string senza_ripetizioni(const std::string& testo) {
     std::set<std::string> viste;
     std::string unici;
     for (const std::string& riga : righe_di(testo)) {
-        if (viste.insert(riga).second)
-            unici += riga + "\n";
+        if (viste.insert(riga).second) unici += riga + "\n";
     }
     return unici;
 }

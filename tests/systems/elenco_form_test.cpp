@@ -52,9 +52,8 @@ TEST(Modi, Apri) {
     ASSERT_NE(form2, nullptr);
     EXPECT_EQ(form2->windowTitle(), "Tabellino");
     EXPECT_TRUE(form2->Frame2->isVisible());
-    for (const platform::Frame* f :
-         {form2->PicUtility, form2->pic_salva, form2->picimporta, form2->picduplica,
-          form2->frmduplica}) {
+    for (const platform::Frame* f : {form2->PicUtility, form2->pic_salva, form2->picimporta,
+                                     form2->picduplica, form2->frmduplica}) {
         EXPECT_FALSE(f->isVisible()) << f->objectName().toStdString();
     }
     EXPECT_EQ(form2->Command5->text(), "Apri");
@@ -68,9 +67,8 @@ TEST(Modi, Utility) {
     ASSERT_NE(form2, nullptr);
     EXPECT_EQ(form2->windowTitle(), "Utility");
     EXPECT_TRUE(form2->PicUtility->isVisible());
-    for (const platform::Frame* f :
-         {form2->Frame2, form2->pic_salva, form2->picimporta, form2->picduplica,
-          form2->frmduplica}) {
+    for (const platform::Frame* f : {form2->Frame2, form2->pic_salva, form2->picimporta,
+                                     form2->picduplica, form2->frmduplica}) {
         EXPECT_FALSE(f->isVisible()) << f->objectName().toStdString();
     }
     EXPECT_EQ(form2->Command1->text(), "Esci");
@@ -127,9 +125,9 @@ TEST(Testi, EtichettePulsantiEMenuALettera) {
     for (const QAction* a : form2->mnuutlituy->actions()) {
         voci << (a->isSeparator() ? QString("-") : a->text());
     }
-    EXPECT_EQ(voci, QStringList({"Duplica", "Rinomina", "Invia a . . . ", "Importa", "-",
-                                 "Elimina Sistema Selezionato",
-                                 "Elimna Tutti i Sistemi della Lista"}));
+    EXPECT_EQ(voci,
+              QStringList({"Duplica", "Rinomina", "Invia a . . . ", "Importa", "-",
+                           "Elimina Sistema Selezionato", "Elimna Tutti i Sistemi della Lista"}));
 }
 
 TEST(Testi, OgniControlloHaIlSuoNome) {
@@ -138,10 +136,11 @@ TEST(Testi, OgniControlloHaIlSuoNome) {
     ASSERT_NE(form2, nullptr);
     EXPECT_EQ(form2->objectName(), "Form2");
     for (const char* nome :
-         {"ListView1", "TabStrip1", "Frame2", "Command5", "Command2", "PicUtility", "Command1",
-          "pic_salva", "Text1", "cmdsalva", "cmdeffacer1", "picimporta", "cmdimporta", "cmdannul",
-          "picduplica", "txtduplica", "cmddup_conferma", "cmddup_annulla", "frmduplica",
-          "mnuutlituy", "mnuduplica", "mnurinomina", "mnuinvia", "mnuimporta", "mnuelimina",
+         {"ListView1",      "TabStrip1",       "Frame2",         "Command5",   "Command2",
+          "PicUtility",     "Command1",        "pic_salva",      "Text1",      "cmdsalva",
+          "cmdeffacer1",    "picimporta",      "cmdimporta",     "cmdannul",   "picduplica",
+          "txtduplica",     "cmddup_conferma", "cmddup_annulla", "frmduplica", "mnuutlituy",
+          "mnuduplica",     "mnurinomina",     "mnuinvia",       "mnuimporta", "mnuelimina",
           "mnueliminatutti"}) {
         EXPECT_NE(form2->findChild<QObject*>(nome), nullptr) << nome;
     }
@@ -277,8 +276,7 @@ TEST(Clic, InAperturaIlTagPrendeIlTesto) {
         platform::ListView::set_tag_voce(riga, "altro");
         QTest::mouseClick(form2->ListView1->viewport(), Qt::LeftButton, {},
                           form2->ListView1->visualItemRect(riga).center());
-        EXPECT_EQ(platform::ListView::tag_voce(riga),
-                  voce == p.form1.mnuapri ? "uno" : "altro");
+        EXPECT_EQ(platform::ListView::tag_voce(riga), voce == p.form1.mnuapri ? "uno" : "altro");
     }
 }
 

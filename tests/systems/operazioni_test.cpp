@@ -263,8 +263,7 @@ TEST_P(OperazioniTest, DuplicateCopiesTheDevelopmentFirst) {
     scrivi(svi("a"), "V");
     Stato in_mezzo;
     duplica(qui("a"), qui("b"), [&] {
-        if (in_mezzo.empty())
-            in_mezzo = programma();
+        if (in_mezzo.empty()) in_mezzo = programma();
     });
     EXPECT_EQ(in_mezzo, (Stato{{sis("a"), "S"}, {svi("a"), "V"}, {svi("b"), "V"}}));
 }
@@ -399,8 +398,7 @@ public:
             return -1;
         }
         const ssize_t n = Syscalls::write(fd, dati, std::min(quanti, spazio_));
-        if (n > 0)
-            spazio_ -= static_cast<std::size_t>(n);
+        if (n > 0) spazio_ -= static_cast<std::size_t>(n);
         return n;
     }
 
@@ -441,8 +439,7 @@ public:
         montato_ = ::mount("tmpfs", dove.c_str(), "tmpfs", 0, "size=64k") == 0;
     }
     ~Dischetto() {
-        if (montato_)
-            ::umount(dove_.c_str());
+        if (montato_) ::umount(dove_.c_str());
     }
     Dischetto(const Dischetto&) = delete;
     Dischetto& operator=(const Dischetto&) = delete;
@@ -455,8 +452,7 @@ private:
 
 TEST_P(OperazioniTest, SendOntoARealFullFileSystem) {
     const Dischetto disco(altra);
-    if (!disco.montato())
-        GTEST_SKIP() << "may not mount; the injected full disk has run instead";
+    if (!disco.montato()) GTEST_SKIP() << "may not mount; the injected full disk has run instead";
     scrivi(sis("a"), "SISTEMA");
     scrivi(svi("a"), std::string(200000, 'v'));
     const Stato prima = programma();

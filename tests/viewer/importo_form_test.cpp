@@ -15,8 +15,8 @@ using Mostrati = std::vector<Mostrato>;
 const Mostrato vuoto{"Inserire l'importo per la giocata della singola Colonna", "Pronostar 2004",
                      Pulsanti::ok, Icona::nessuna};
 const Mostrato senza_virgola{
-    "Per inserire il valore in Euro il formato corretto è: x,xx\r\nEsempio: 0,50",
-    "Pronostar 2004", Pulsanti::ok, Icona::nessuna};
+    "Per inserire il valore in Euro il formato corretto è: x,xx\r\nEsempio: 0,50", "Pronostar 2004",
+    Pulsanti::ok, Icona::nessuna};
 const Mostrato registrata{"Modifica Registrata!", "Tabellino", Pulsanti::ok, Icona::nessuna};
 
 formeuro* apri(Programma& p) {
