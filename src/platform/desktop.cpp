@@ -106,6 +106,7 @@ void DoEvents() {
                          qApp, [] { orologio.start(); });
     if (!orologio.isValid()) orologio.start();
     if (orologio.elapsed() < 15) return;
+    if (bloccata) bloccata->setUpdatesEnabled(false);
     QCoreApplication::processEvents(LavoroLungo::in_corso() ? QEventLoop::AllEvents
                                                             : QEventLoop::ExcludeUserInputEvents);
     orologio.start();
@@ -126,9 +127,9 @@ int MousePointer() {
 }
 
 void LockWindowUpdate(QWidget* finestra) {
+    // Only pending events would paint, so only they freeze: thawing paints the whole window anew.
     if (bloccata) bloccata->setUpdatesEnabled(true);
     bloccata = finestra;
-    if (bloccata) bloccata->setUpdatesEnabled(false);
 }
 
 LavoroLungo::LavoroLungo() {

@@ -40,7 +40,7 @@ void DoEvents();
 void MousePointer(int valore);
 int MousePointer();
 
-/// Freezes the painting of `finestra`; null releases the one frozen.
+/// Keeps pending events from painting `finestra`; null releases the one frozen.
 void LockWindowUpdate(QWidget* finestra);
 
 /// While one lives, keys and mouse go nowhere, so that nothing re-enters a running job; painting

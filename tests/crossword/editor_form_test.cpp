@@ -184,7 +184,7 @@ TEST(Cursore, ScorreLaRigaEDopoLUltimaCasellaTornaAllaPrima) {
     metti(p, 5, 7, 3);
     EXPECT_EQ(p.form1.MSFlexGrid1->Row(), 0);
     EXPECT_EQ(p.form1.MSFlexGrid1->Col(), 0);
-    EXPECT_TRUE(p.form1.MSFlexGrid1->hasFocus());
+    EXPECT_EQ(p.form1.focusWidget(), p.form1.MSFlexGrid1);
 }
 
 TEST(Cursore, LeFrecceCambianoCasellaERipetonoLaRegola) {

@@ -66,7 +66,8 @@ protected:
             for (int tipo = 0; tipo < p.form1.Combo3->count(); ++tipo) {
                 const std::int64_t righe = righe_tabella(prefisso, n, tipo);
                 EXPECT_GT(righe, 0) << prefisso << n << " type " << tipo;
-                EXPECT_EQ(sviluppa(tipo), atteso(prefisso, n, tipo))
+                const std::int64_t combinazioni = sviluppa(tipo);
+                EXPECT_EQ(combinazioni, atteso(prefisso, n, tipo))
                     << prefisso << n << " type " << tipo;
                 QString mostrato = p.form1.MSFlexGrid2->testo(1, 3);
                 if (mostrato.remove('.').toLongLong() != righe) {

@@ -31,6 +31,18 @@ void riempi(ComboBox& combo) {
     for (const char* testo : {"uno", "due", "tre"}) combo.AddItem(testo);
 }
 
+/// Runs pending events for sure, though they are paced.
+void eventi() {
+    bool arrivato = false;
+    QTimer::singleShot(0, qApp, [&arrivato] { arrivato = true; });
+    while (!arrivato) platform::DoEvents();
+}
+
+struct Pittore : QWidget {
+    int pitture = 0;
+    void paintEvent(QPaintEvent* /*evento*/) override { ++pitture; }
+};
+
 /// Answers the box on the screen by pressing a button of it, or closes it when `testo` is null.
 struct Osservata {
     QString titolo;
@@ -285,6 +297,8 @@ TEST(Scatola, SottoNonRestanoFinestreBloccateNePuntatoreDAttesa) {
     QWidget finestra;
     mostra(finestra);
     platform::LockWindowUpdate(&finestra);
+    eventi();
+    EXPECT_FALSE(finestra.updatesEnabled());
     platform::MousePointer(11);
     int durante = -1;
     QTimer::singleShot(0, qApp, [&durante] {
@@ -302,12 +316,25 @@ TEST(Blocco, NeEsisteUnoSolo) {
     QWidget a;
     QWidget b;
     platform::LockWindowUpdate(&a);
+    eventi();
     EXPECT_FALSE(a.updatesEnabled());
     platform::LockWindowUpdate(&b);
     EXPECT_TRUE(a.updatesEnabled());
+    eventi();
     EXPECT_FALSE(b.updatesEnabled());
     platform::LockWindowUpdate(nullptr);
     EXPECT_TRUE(b.updatesEnabled());
+}
+
+TEST(Blocco, SenzaEventiNelMezzoNonRidipingeLaFinestra) {
+    Pittore finestra;
+    mostra(finestra);
+    QApplication::processEvents();
+    const int prima = finestra.pitture;
+    platform::LockWindowUpdate(&finestra);
+    platform::LockWindowUpdate(nullptr);
+    QApplication::processEvents();
+    EXPECT_EQ(finestra.pitture, prima);
 }
 
 TEST(LavoroLungo, TastiEMouseNonArrivano) {
