@@ -4,6 +4,7 @@
 #include <QMenuBar>
 #include <QShortcut>
 
+#include "app/aspetto.h"
 #include "app/dialoghi.h"
 #include "platform/application.h"
 #include "platform/desktop.h"
@@ -100,6 +101,9 @@ int Form1::colonne() const {
 }
 
 void Form1::Form_Load() {
+    // The forms that open later are this one's children and take its skin from it.
+    const std::string aspetto = foglio_aspetto(platform::radice(App().Path));
+    if (!aspetto.empty()) setStyleSheet(platform::q(aspetto));
     matrice = crossword::Matrice(1, 1);
     platform::LockWindowUpdate(this);
     const bool con = platform::esiste_file(App().file("rip.dat"));

@@ -42,6 +42,7 @@ QPushButton[numero="true"]:hover { background: #FFFF00; border-color: #000080; }
 QPushButton[numero="true"]:focus { border: 2px solid #E07B00; }
 QPushButton[numero="true"]:disabled { background: #E4EAF2; color: #A3AFC0; border-color: #CFD9E6; }
 
+platform--Frame[evidenza="true"] { qproperty-fondo: #FFF8EC; qproperty-linea: #E07B00; }
 QLabel[titolo="true"] { color: #000080; font-weight: bold; }
 QLabel[valore="true"] { background: #F4F9FE; border: 1px solid #B9CBE0; border-radius: 3px;
     padding: 0 6px; font-weight: bold; color: #000080; }

@@ -175,15 +175,15 @@ void Frame::paintEvent(QPaintEvent* evento) {
     QPainter pittore(this);
     pittore.setRenderHint(QPainter::Antialiasing);
     const QRectF cornice(1.5, 1.5, width() - 3, height() - 3);
-    pittore.setPen(QPen(palette().color(QPalette::Mid), 1));
-    pittore.setBrush(palette().color(QPalette::Base));
+    pittore.setPen(QPen(linea_, 1));
+    pittore.setBrush(fondo_);
     pittore.drawRoundedRect(cornice, 4, 4);
     if (didascalia_.isEmpty()) return;
     QFont carattere = font();
     carattere.setPixelSize(11);
     carattere.setBold(true);
     pittore.setFont(carattere);
-    pittore.setPen(palette().color(QPalette::Link));
+    pittore.setPen(titolo_);
     pittore.drawText(QRect(9, 3, width() - 18, 16), Qt::AlignLeft | Qt::AlignVCenter,
                      didascalia_.trimmed());
 }

@@ -76,10 +76,13 @@ private:
     bool rilievo_ = false;
 };
 
-/// Panel with a thin border one pixel inside and a caption on it.
+/// Panel with a thin border one pixel inside and a caption on it; a style sheet sets its colours.
 class Frame : public QFrame {
     Q_OBJECT
     Q_PROPERTY(QString caption READ caption WRITE set_caption)
+    Q_PROPERTY(QColor fondo MEMBER fondo_)
+    Q_PROPERTY(QColor linea MEMBER linea_)
+    Q_PROPERTY(QColor titolo MEMBER titolo_)
 public:
     Frame(const QString& didascalia, QWidget* padre);
     [[nodiscard]] QString caption() const { return didascalia_; }
@@ -92,6 +95,9 @@ protected:
 
 private:
     QString didascalia_;
+    QColor fondo_ = palette().color(QPalette::Base);
+    QColor linea_ = palette().color(QPalette::Mid);
+    QColor titolo_ = palette().color(QPalette::Link);
     bool bordo_ = true;
 };
 

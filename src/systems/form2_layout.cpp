@@ -140,10 +140,7 @@ void Form2::crea_duplica() {
     avviso->setGeometry(8, 8, frmduplica->width() - 16, 56);
     avviso->setAlignment(Qt::AlignCenter);
     avviso->setProperty("titolo", true);
-    QPalette evidenza = frmduplica->palette();
-    evidenza.setColor(QPalette::Base, QColor("#FFF8EC"));
-    evidenza.setColor(QPalette::Mid, QColor("#E07B00"));
-    frmduplica->setPalette(evidenza);
+    frmduplica->setProperty("evidenza", true);
     frmduplica->hide();
 }
 
