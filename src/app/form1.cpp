@@ -54,6 +54,7 @@ void Form1::collega() {
     connect(Image8, &QAbstractButton::clicked, this, &Form1::Image8_Click);
     connect(Image10, &QAbstractButton::clicked, this, &Form1::Image10_Click);
     connect(MSFlexGrid1, &platform::MSFlexGrid::SelChange, this, [this] {
+        MSFlexGrid1->set_digitato(QString());
         colore_griglia();
         abilita_disabilita(static_cast<std::int16_t>(MSFlexGrid1->Row()),
                            static_cast<std::int16_t>(MSFlexGrid1->Col()));
@@ -79,11 +80,21 @@ void Form1::collega() {
     connect(mnuaiuto, &QAction::triggered, this, [this] { dialoghi_.guida(*this); });
     connect(mnuweb, &QAction::triggered, this, [this] { dialoghi_.sito(*this); });
     connect(mnuinfo, &QAction::triggered, this, [this] { dialoghi_.informazioni(*this); });
+    connect(MSFlexGrid1, &platform::MSFlexGrid::KeyPress, this, &Form1::MSFlexGrid1_KeyPress);
+    connect(annulla, &QAction::triggered, this, &Form1::annulla_modifica);
+    connect(ripeti, &QAction::triggered, this, &Form1::ripeti_modifica);
+    constexpr std::array<int, 4> a_tasto = {1, 2, 6, 7};
+    for (std::size_t i = 0; i < a_tasto.size(); ++i) {
+        const QKeySequence tasto(Qt::Key_F5 + static_cast<int>(i));
+        connect(new QShortcut(tasto, this), &QShortcut::activated,
+                Image3[static_cast<std::size_t>(a_tasto[i])], &QAbstractButton::click);
+    }
     connect(new QShortcut(QKeySequence(Qt::Key_Delete), this), &QShortcut::activated, this,
             &Form1::Form_KeyDown_Canc);
 }
 
 void Form1::sistema_in_linea(const QString& nome) {
+    if (nome != Tag()) cronologia_.vuota();
     platform::set_Tag(this, nome);
     lblsistema->setText(nome);
 }

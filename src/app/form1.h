@@ -9,6 +9,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 
+#include "crossword/cronologia.h"
 #include "crossword/matrice.h"
 #include "crossword/tipi.h"
 #include "development/elaborazione.h"
@@ -80,6 +81,11 @@ public:
     std::int16_t aggiorna_lista();
     void List1_Click();
     void completa_con_scelti();
+    /// Typing in the crossword: two digits, or one and Return; a barred number is refused.
+    void MSFlexGrid1_KeyPress(int KeyAscii);
+    /// Takes back, or does again, the last edit of this crossword.
+    void annulla_modifica();
+    void ripeti_modifica();
 
     // Types and counts.
     void carica_combo(bool game, std::uint8_t& quale, std::int16_t N);
@@ -152,6 +158,8 @@ public:
     QAction* mnuEsci = nullptr;
     QAction* mnugest_sist = nullptr;
     QAction* mnuImportocolonna = nullptr;
+    QAction* annulla = nullptr;
+    QAction* ripeti = nullptr;
     QAction* mnuaiuto = nullptr;
     QAction* mnuweb = nullptr;
     QAction* mnuinfo = nullptr;
@@ -175,6 +183,10 @@ private:
 
     void Image3_Click(int Index);
     void Form_KeyDown_Canc();
+    void digita(int numero);
+    void nuova_matrice(int colonne, int righe);
+    void annota(int dopo);
+    void rifai(const std::vector<crossword::Modifica>* azione, bool indietro);
     void aggiorna_lblngioco();
     void UpDown2_Change();
     void carica_dimensioni(int da);
@@ -189,6 +201,9 @@ private:
     [[nodiscard]] bool esegui_elaborazione();
 
     Dialoghi& dialoghi_;
+    crossword::Cronologia cronologia_;
+    bool in_cronologia_ = false;
+    bool matrice_di_lotto_ = false;
     bool in_elaborazione_ = false;
     bool chiusura_chiesta_ = false;
 };

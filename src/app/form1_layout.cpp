@@ -82,6 +82,16 @@ QAction* comando(QMenu* menu, const QString& testo, const QString& nome,
     return a;
 }
 
+/// Command of the whole window that stands in no menu bar.
+QAction* azione(const QString& nome, const QString& testo, const QKeySequence& tasto,
+                QWidget* finestra) {
+    auto* a = new QAction(testo, finestra);
+    a->setObjectName(nome);
+    a->setShortcut(tasto);
+    finestra->addAction(a);
+    return a;
+}
+
 }  // namespace
 
 void Form1::crea_menu() {
@@ -126,13 +136,13 @@ void Form1::crea_comandi() {
         QString testo;
     };
     const std::array<Comando, 9> comandi = {{{6, tr("Nuovo cruciverba")},
-                                             {66, tr("Elabora il sistema")},
-                                             {110, tr("Visualizza lo sviluppo")},
-                                             {170, tr("Svuota il cruciverba")},
+                                             {66, tr("Elabora il sistema (F5)")},
+                                             {110, tr("Visualizza lo sviluppo (F6)")},
+                                             {170, tr("Svuota il cruciverba (Ctrl+Z lo rimette)")},
                                              {214, tr("Elimina il numero della casella (Canc)")},
                                              {258, tr("Completa con i numeri scelti")},
-                                             {318, tr("Spoglio del sistema")},
-                                             {362, tr("Stampa")},
+                                             {318, tr("Spoglio del sistema (F7)")},
+                                             {362, tr("Stampa (F8)")},
                                              {larghezza - 2 * margine - 46, tr("Esci")}}};
     for (int i = 0; i < 9; ++i) {
         const Comando& c = comandi[static_cast<std::size_t>(i)];
@@ -149,7 +159,8 @@ void Form1::crea_tabellone() {
         auto* b = new QPushButton(Frame3);
         b->setObjectName(membro("CMDnum", i));
         b->setProperty("numero", true);
-        b->setFocusPolicy(Qt::StrongFocus);
+        // Tab passes the board by: numbers are typed into the crossword.
+        b->setFocusPolicy(Qt::ClickFocus);
         b->setAccessibleName(tr("Numero %1").arg(i));
         if (i == 0) {
             b->setGeometry(-casella, -casella, casella, casella);
@@ -169,6 +180,11 @@ void Form1::crea_cruciverba() {
     MSFlexGrid1->setAccessibleName(tr("Cruciverba"));
     MSFlexGrid1->cursore_visibile(true);
     MSFlexGrid1->barra_esterna();
+    MSFlexGrid1->setToolTip(tr("Clic su un numero del tabellone, o due cifre dalla tastiera"));
+    annulla = azione("annulla", tr("&Annulla la modifica"), QKeySequence(Qt::CTRL | Qt::Key_Z), this);
+    ripeti = azione("ripeti", tr("&Ripeti la modifica"), QKeySequence(Qt::CTRL | Qt::Key_Y), this);
+    MSFlexGrid1->addActions({annulla, ripeti});
+    MSFlexGrid1->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
 void Form1::crea_lista() {
@@ -299,7 +315,6 @@ void Form1::ordine_tastiera() {
         QWidget::setTabOrder(prima, w);
         prima = w;
     };
-    for (int i = 1; i <= 90; ++i) poi(CMDnum[static_cast<std::size_t>(i)]);
     for (QWidget* w : {static_cast<QWidget*>(List1), static_cast<QWidget*>(Image8),
                        static_cast<QWidget*>(Image10)}) {
         poi(w);

@@ -36,7 +36,7 @@ void Form1::modifica_griglia(std::uint8_t /*non_usato*/) {
     lblngioco->setText(QString());
     const int c = colonne();
     const int r = righe();
-    matrice = crossword::Matrice(c, r);
+    nuova_matrice(c, r);
     MSFlexGrid1->setUpdatesEnabled(false);
     MSFlexGrid1->set_Rows(r);
     MSFlexGrid1->set_Cols(c);
@@ -100,6 +100,7 @@ void Form1::CMDnum_Click(int Index) {
     LockWindowUpdate(this);
     colore_griglia();
     salvato = false;
+    annota(Index);
     MSFlexGrid1->set_Text(QString::number(Index));
     matrice.scrivi(MSFlexGrid1->Col(), MSFlexGrid1->Row(), static_cast<std::int16_t>(Index));
     if (MSFlexGrid1->Col() < matrice.ubound(1)) {
@@ -120,6 +121,7 @@ void Form1::CMDnum_Click(int Index) {
 void Form1::rimuovi() {
     if (in_elaborazione_) return;
     salvato = false;
+    annota(0);
     MSFlexGrid1->set_Text(QString());
     matrice.scrivi(MSFlexGrid1->Col(), MSFlexGrid1->Row(), 0);
     abilita_disabilita(static_cast<std::int16_t>(MSFlexGrid1->Row()),

@@ -13,6 +13,8 @@ namespace platform {
 
 namespace {
 
+constexpr QColor accento(0xE0, 0x7B, 0x00);
+
 /// Paints a cell by its own colours alone, with a border on the current one.
 class Disegno : public QStyledItemDelegate {
 public:
@@ -26,16 +28,19 @@ public:
         const QVariant inchiostro = indice.data(Qt::ForegroundRole);
         pittore->setPen(inchiostro.isValid() ? inchiostro.value<QBrush>().color()
                                              : opzione.palette.color(QPalette::Text));
+        const bool corrente = griglia_->cursore() && indice.row() == griglia_->Row() &&
+                              indice.column() == griglia_->Col();
+        const bool digitando = corrente && !griglia_->digitato().isEmpty();
+        if (digitando) pittore->setPen(accento);
         const QVariant verso = indice.data(Qt::TextAlignmentRole);
         const int allineamento = verso.isValid() ? verso.toInt() : int(Qt::AlignCenter);
         const QVariant carattere = indice.data(Qt::FontRole);
         pittore->setFont(carattere.isValid() ? carattere.value<QFont>() : opzione.font);
         const bool ai_lati = (allineamento & Qt::AlignHCenter) == 0;
         pittore->drawText(opzione.rect.adjusted(ai_lati ? 6 : 0, 0, ai_lati ? -6 : 0, 0),
-                          allineamento | int(Qt::AlignVCenter), indice.data().toString());
-        if (griglia_->cursore() && indice.row() == griglia_->Row() &&
-            indice.column() == griglia_->Col()) {
-            pittore->setPen(QPen(QColor(0xE0, 0x7B, 0x00), 2));
+                          allineamento | int(Qt::AlignVCenter), digitando ? griglia_->digitato() + '_' : indice.data().toString());
+        if (corrente) {
+            pittore->setPen(QPen(accento, 2));
             pittore->setBrush(Qt::NoBrush);
             pittore->drawRect(opzione.rect.adjusted(1, 1, -1, -1));
         }
@@ -195,8 +200,18 @@ void MSFlexGrid::keyPressEvent(QKeyEvent* evento) {
             QTableWidget::keyPressEvent(evento);
             break;
         default:
+            if (evento->text().size() == 1 &&
+                (evento->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0) {
+                Q_EMIT KeyPress(evento->text().front().unicode());
+            }
             evento->ignore();
     }
+}
+
+void MSFlexGrid::set_digitato(const QString& testo) {
+    if (testo == digitato_) return;
+    digitato_ = testo;
+    viewport()->update();
 }
 
 void MSFlexGrid::barra_esterna() {

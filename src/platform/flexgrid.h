@@ -46,12 +46,17 @@ public:
     /// Marks the current cell with a border of its own.
     void cursore_visibile(bool visibile) { cursore_ = visibile; }
     [[nodiscard]] bool cursore() const { return cursore_; }
+    /// Text being typed into the current cell, shown there until it is cleared.
+    void set_digitato(const QString& testo);
+    [[nodiscard]] QString digitato() const { return digitato_; }
     /// Puts the vertical scroll bar outside, on the right, so that it covers no column.
     void barra_esterna();
 
 Q_SIGNALS:
     /// The user chose a cell, by mouse or keyboard; code that moves the cursor raises nothing.
     void SelChange();
+    /// A key that gives a character, or Return, Backspace or Escape, by its code.
+    void KeyPress(int KeyAscii);
 
 protected:
     void currentChanged(const QModelIndex& ora, const QModelIndex& prima) override;
@@ -68,6 +73,7 @@ private:
     void sposta();
     void sistema_barra();
 
+    QString digitato_;
     int riga_ = 0;
     int colonna_ = 0;
     bool da_codice_ = false;

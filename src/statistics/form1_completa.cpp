@@ -25,6 +25,7 @@ void Form1::completa_con_scelti() {
     MSFlexGrid1->cella(0, 0);
     Frame3->hide();
     DoEvents();
+    cronologia_.apri();
     bool completato = true;
     for (int r = 0; r < righe() && completato; ++r) {
         for (int c = 0; c < colonne() && completato; ++c) {
@@ -32,6 +33,7 @@ void Form1::completa_con_scelti() {
             if (MSFlexGrid1->Text().isEmpty()) completato = completa_cella(scelti);
         }
     }
+    cronologia_.chiudi();
     Frame3->show();
     DoEvents();
     LockWindowUpdate(nullptr);

@@ -240,7 +240,7 @@ TEST(Canc, SvuotaLaCasellaDaQualunqueControllo) {
     Programma p;
     int controlli = 0;
     for (QWidget* w : p.form1.findChildren<QWidget*>()) {
-        if (!w->isVisible() || !w->isEnabled() || (w->focusPolicy() & Qt::TabFocus) == 0) continue;
+        if (!w->isVisible() || !w->isEnabled() || w->focusPolicy() == Qt::NoFocus) continue;
         metti(p, 2, 3, 60);
         p.cella(2, 3);
         ASSERT_EQ(p.form1.matrice(3, 2), 60);

@@ -1,0 +1,166 @@
+// Typing into the crossword, and undo and redo.
+#include "support/programma.h"
+
+namespace {
+
+using support::Programma;
+
+void digita(Programma& p, const char* tasti) {
+    QTest::keyClicks(p.form1.MSFlexGrid1, tasti);
+}
+
+void tasto(Programma& p, Qt::Key quale, Qt::KeyboardModifiers con = {}) {
+    QTest::keyClick(&p.form1, quale, con);
+}
+
+TEST(Digitazione, DueCifreVannoNellaCasella) {
+    Programma p;
+    p.cella(0, 0);
+    digita(p, "4");
+    EXPECT_EQ(p.form1.MSFlexGrid1->digitato(), "4");
+    EXPECT_EQ(p.form1.matrice(0, 0), 0);
+    digita(p, "2");
+    EXPECT_EQ(p.form1.matrice(0, 0), 42);
+    EXPECT_EQ(p.form1.MSFlexGrid1->testo(0, 0), "42");
+    EXPECT_EQ(p.form1.MSFlexGrid1->digitato(), "");
+    EXPECT_EQ(p.form1.MSFlexGrid1->Col(), 1);
+    EXPECT_EQ(p.form1.lblngioco->text(), "1");
+    EXPECT_FALSE(p.form1.salvato);
+    digita(p, "07");
+    EXPECT_EQ(p.form1.matrice(1, 0), 7);
+}
+
+TEST(Digitazione, UnaCifraEInvio) {
+    Programma p;
+    p.cella(2, 3);
+    digita(p, "9");
+    QTest::keyClick(p.form1.MSFlexGrid1, Qt::Key_Return);
+    EXPECT_EQ(p.form1.matrice(3, 2), 9);
+    QTest::keyClick(p.form1.MSFlexGrid1, Qt::Key_Return);
+    EXPECT_EQ(p.form1.matrice(4, 2), 0);
+}
+
+TEST(Digitazione, UnNumeroVietatoSiRifiutaComeSulTabellone) {
+    Programma p;
+    p.cella(0, 0);
+    digita(p, "12");
+    ASSERT_FALSE(p.form1.CMDnum[12]->isEnabled());
+    digita(p, "12");
+    EXPECT_EQ(p.form1.matrice(1, 0), 0);
+    EXPECT_EQ(p.form1.MSFlexGrid1->Col(), 1);
+    for (const char* fuori : {"91", "99", "00"}) digita(p, fuori);
+    EXPECT_EQ(p.form1.matrice(1, 0), 0);
+    EXPECT_EQ(p.form1.MSFlexGrid1->digitato(), "");
+}
+
+TEST(Digitazione, AltriTastiEIlCursoreLasciaPerdereLaCifra) {
+    Programma p;
+    p.cella(0, 0);
+    digita(p, "1");
+    QTest::keyClick(p.form1.MSFlexGrid1, Qt::Key_Backspace);
+    EXPECT_EQ(p.form1.MSFlexGrid1->digitato(), "");
+    digita(p, "1");
+    QTest::keyClick(p.form1.MSFlexGrid1, Qt::Key_Right);
+    EXPECT_EQ(p.form1.MSFlexGrid1->digitato(), "");
+    digita(p, "23");
+    EXPECT_EQ(p.form1.matrice(1, 0), 23);
+}
+
+TEST(Annulla, NumeroPosatoSostituitoETolto) {
+    Programma p;
+    p.cella(0, 0);
+    p.numero(5);
+    p.cella(0, 0);
+    p.numero(6);
+    p.cella(0, 0);
+    tasto(p, Qt::Key_Delete);
+    ASSERT_EQ(p.form1.matrice(0, 0), 0);
+    p.form1.salvato = true;
+    tasto(p, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(p.form1.matrice(0, 0), 6);
+    EXPECT_EQ(p.form1.MSFlexGrid1->testo(0, 0), "6");
+    EXPECT_FALSE(p.form1.salvato);
+    EXPECT_EQ(p.form1.lblngioco->text(), "1");
+    tasto(p, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(p.form1.matrice(0, 0), 5);
+    tasto(p, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(p.form1.matrice(0, 0), 0);
+    EXPECT_EQ(p.form1.lblngioco->text(), "");
+    tasto(p, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(p.form1.matrice(0, 0), 0);
+    for (int i = 0; i < 2; ++i) tasto(p, Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(p.form1.matrice(0, 0), 6);
+    EXPECT_EQ(p.form1.MSFlexGrid1->Col(), 0);
+    EXPECT_TRUE(p.form1.CMDnum[6]->isEnabled());
+}
+
+TEST(Annulla, IlCompletamentoEUnAzioneSola) {
+    Programma p;
+    p.riempi(30);
+    const auto prima = p.griglia();
+    p.comando(5);
+    ASSERT_NE(p.griglia(), prima);
+    p.messaggi.clear();
+    const auto dopo = p.griglia();
+    tasto(p, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(p.griglia(), prima);
+    tasto(p, Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(p.griglia(), dopo);
+}
+
+TEST(Annulla, UnCruciverbaSvuotatoTorna) {
+    Programma p;
+    p.riempi(12);
+    const auto prima = p.griglia();
+    p.comando(3);
+    EXPECT_EQ(p.form1.lblngioco->text(), "");
+    tasto(p, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(p.griglia(), prima);
+    EXPECT_EQ(p.form1.lblngioco->text(), "12");
+}
+
+TEST(Annulla, MaiOltreUnCambioDiMisuraDiGiocoODiSistema) {
+    Programma p;
+    p.cella(0, 0);
+    p.numero(5);
+    p.dimensioni(7, 6);
+    p.dimensioni(6, 6);
+    tasto(p, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(p.form1.matrice(0, 0), 0);
+    p.numero(8);
+    p.form1.sistema_in_linea("altro");
+    tasto(p, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(p.form1.matrice(0, 0), 8);
+}
+
+TEST(Annulla, MaiDaUnGiocoAllAltro) {
+    Programma p;
+    p.dimensioni(6, 6);
+    p.cella(0, 0);
+    p.numero(5);
+    p.form1.salvato = true;
+    p.clic(p.form1.Image10);
+    p.dimensioni(6, 6);
+    for (int i = 0; i < 3; ++i) tasto(p, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(p.form1.matrice(0, 0), 0);
+    EXPECT_EQ(p.form1.List1->count(), 0);
+}
+
+TEST(Tastiera, DalCruciverbaSiPassaAllaListaSenzaIlTabellone) {
+    Programma p;
+    p.form1.MSFlexGrid1->setFocus();
+    QTest::keyClick(p.form1.MSFlexGrid1, Qt::Key_Tab);
+    EXPECT_EQ(p.form1.focusWidget(), p.form1.List1);
+}
+
+TEST(Tastiera, IComandiDelLavoroHannoUnTasto) {
+    Programma p;
+    p.dialoghi.finti = true;
+    tasto(p, Qt::Key_F5);
+    EXPECT_EQ(p.mostrati().size(), 1U);
+    tasto(p, Qt::Key_F8);
+    ASSERT_EQ(p.messaggi.size(), 1U);
+    EXPECT_EQ(p.mostrati().front().testo, "Nessun sistema in linea.");
+}
+
+}  // namespace
