@@ -128,9 +128,8 @@ void Form1::Form_Load() {
     }
     Combo1->set_ListIndex(0);
     Combo2->set_ListIndex(0);
-    for (const char* ruota : {"Bari", "Cagliari", "Firenze", "Genova", "Milano", "Napoli",
-                              "Palermo", "Roma", "Torino", "Venezia", "Nazionale"}) {
-        Combo6->AddItem(ruota);
+    for (const statistics::Ruota& ruota : statistics::ruote) {
+        Combo6->AddItem(platform::q(std::string(ruota.nome)));
     }
     Combo6->set_ListIndex(0);
     for (int i = 1; i <= 90; ++i) {
@@ -142,6 +141,7 @@ void Form1::Form_Load() {
 }
 
 void Form1::inizializza() {
+    apri_archivio();
     salvato = true;
     MSFlexGrid1->cella(0, 0);
     MSFlexGrid1->setFocus();
@@ -216,6 +216,7 @@ void Form1::closeEvent(QCloseEvent* evento) {
         return;
     }
     platform::Kill(App().file("act"));
+    archivio.chiudi();
     dialoghi_.chiudi_tutti();
     evento->accept();
 }

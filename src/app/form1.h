@@ -15,6 +15,7 @@
 #include "development/elaborazione.h"
 #include "platform/controls.h"
 #include "platform/flexgrid.h"
+#include "statistics/archivio.h"
 #include "systems/file_sistema.h"
 
 namespace app {
@@ -34,6 +35,7 @@ public:
     bool salvato = false;
     bool lotto = false;
     crossword::Matsis matsis;
+    statistics::Archivio archivio;
 
     /// Name of the system in line; written together with the caption of `lblsistema`.
     [[nodiscard]] QString Tag() const { return lblsistema->text(); }
@@ -49,6 +51,11 @@ public:
     void Form_Load();
     void inizializza();
     void pulisci();
+
+    // Archive of draws.
+    void apri_archivio();
+    /// Tells of an opening that failed; `titolo` is that of the box for a file that another holds.
+    static void errore_archivio(QWidget* padre, const platform::Err& errore, const QString& titolo);
 
     // Game modes.
     void Image8_Click();

@@ -21,6 +21,7 @@ QColor bgr(int valore) {
 /// The splash over a form that is not loaded yet.
 struct Partenza {
     Partenza() {
+        support::metti_archivio(cartella.radice(), support::archivio_di_prova());
         splash = new app::frmSplash(
             [this] {
                 attesa = platform::MousePointer();

@@ -17,6 +17,7 @@
 #include "app/dialoghi_qt.h"
 #include "app/form1.h"
 #include "platform/desktop.h"
+#include "support/archivio_prova.h"
 #include "support/cartella.h"
 #include "systems/form2.h"
 
@@ -84,6 +85,7 @@ public:
     explicit Programma(bool tabelle = false,
                        const std::function<void(const Cartella&)>& prima = {}) {
         if (tabelle) cartella.con_tabelle();
+        metti_archivio(cartella.radice(), archivio_di_prova());
         if (prima) prima(cartella);
         platform::rispondi_con([this](const platform::Messaggio& m) {
             messaggi.push_back({m.testo, m.titolo, m.pulsanti, m.icona});

@@ -1,0 +1,147 @@
+// The archive as the main form opens, keeps and closes it.
+#include <filesystem>
+#include <sys/file.h>
+
+#include "platform/application.h"
+#include "statistics/archivio.h"
+#include "statistics/lettore_archivio.h"
+#include "support/programma.h"
+
+using platform::Valore;
+using support::Icona;
+using support::Mostrato;
+using support::Programma;
+using support::Pulsanti;
+
+namespace {
+
+const Mostrato assente{"Errore n.3024 Impossibile trovare il file.", "", Pulsanti::ok,
+                       Icona::nessuna};
+
+std::string file(const Programma& p) {
+    return p.cartella.radice() + "/archivio/drawit.sqlite";
+}
+
+}  // namespace
+
+TEST(ApriArchivio, AllAvvioLaTabellaDelSuperEnalottoSullUltimoRecord) {
+    Programma p;
+    EXPECT_TRUE(p.mostrati().empty());
+    statistics::Archivio& a = p.form1.archivio;
+    EXPECT_EQ(a.draws.RecordCount(), 320);
+    EXPECT_EQ(a.campo_concorso.Name(), "concorso");
+    EXPECT_EQ(a.campo_concorso.Value(), Valore(320));
+    EXPECT_EQ(a.draws.Fields("Jolly").Name(), "Jolly");
+    EXPECT_EQ(a.campo_data.Value(), a.draws.Fields(0).Value());
+    EXPECT_TRUE(a.campo_data.Value().data());
+    EXPECT_EQ(a.campo_1.Name(), "1°estratto");
+    // Of the six numbers the bound places hold the second to the sixth.
+    for (int i = 1; i <= 5; ++i) {
+        EXPECT_EQ(a.campi_estratti[static_cast<std::size_t>(i)].Name(),
+                  std::to_string(i + 1) + "°estratto");
+    }
+    EXPECT_EQ(a.campi_estratti[0].Name(), "");
+    EXPECT_EQ(a.national.RecordCount(), 320);
+    EXPECT_EQ(a.national.Fields("concorso").Value(), Valore(320));
+}
+
+TEST(ApriArchivio, InLottoFinoAlPrimoRitornoRestaLaTabellaDelSuperEnalotto) {
+    Programma p;
+    Programma::clic(p.form1.Image10);
+    p.form1.apri_archivio();
+    EXPECT_EQ(p.form1.archivio.draws.Fields(9).Name(), "concorso");
+}
+
+TEST(ApriArchivio, TornatiAlSuperEnalottoLaTabellaDelleRuote) {
+    Programma p;
+    Programma::clic(p.form1.Image10);
+    Programma::clic(p.form1.Image8);
+    p.form1.apri_archivio();
+    statistics::Archivio& a = p.form1.archivio;
+    EXPECT_FALSE(p.form1.lotto);
+    EXPECT_EQ(a.draws.RecordCount(), 3200);
+    EXPECT_EQ(a.campo_concorso.Name(), "concorso");
+    EXPECT_EQ(a.draws.Fields(7).Name(), "concorso");
+    EXPECT_EQ(a.campo_1.Value(), Valore("VE"));
+    EXPECT_EQ(a.campi_estratti[1].Name(), "1°estratto");
+    EXPECT_EQ(a.campi_estratti[5].Name(), "5°estratto");
+}
+
+TEST(ApriArchivio, SenzaArchivioLErroreESiParte) {
+    Programma p(false, [](const support::Cartella& c) { support::togli_archivio(c.radice()); });
+    EXPECT_EQ(p.mostrati(), std::vector<Mostrato>{assente});
+    EXPECT_TRUE(p.form1.isVisible());
+    EXPECT_TRUE(p.form1.salvato);
+    EXPECT_FALSE(p.form1.archivio.draws.MoveLast().ok());
+}
+
+TEST(ApriArchivio, TenutoDaAltriInEsclusivaLoDice) {
+    Programma p;
+    const int fd = ::open(file(p).c_str(), O_RDONLY | O_CLOEXEC);
+    ASSERT_GE(fd, 0);
+    ASSERT_EQ(::flock(fd, LOCK_EX | LOCK_NB), 0);
+    p.form1.apri_archivio();
+    ::close(fd);
+    EXPECT_EQ(p.mostrati(), (std::vector<Mostrato>{{"Database archivio già aperto", "Sortivario",
+                                                    Pulsanti::ok, Icona::nessuna}}));
+    // The handles stay as they were.
+    EXPECT_TRUE(p.form1.archivio.draws.MoveLast().ok());
+    EXPECT_EQ(p.form1.archivio.campo_concorso.Value(), Valore(320));
+}
+
+TEST(ApriArchivio, NonUnDatabaseEUnAltroErrore) {
+    Programma p(false, [](const support::Cartella& c) {
+        support::metti_archivio(c.radice(), "non un database, ma un testo qualunque");
+    });
+    EXPECT_EQ(p.mostrati(),
+              (std::vector<Mostrato>{{"Errore n.3343 Formato di database non riconosciuto.", "",
+                                      Pulsanti::ok, Icona::nessuna}}));
+}
+
+TEST(ApriArchivio, LaNazionaleVuotaNonEUnErrore) {
+    Programma p(false, [](const support::Cartella& c) {
+        support::metti_archivio(c.radice(), support::archivio_inventato({3, 3, 0}, 5));
+    });
+    EXPECT_TRUE(p.mostrati().empty());
+    EXPECT_EQ(p.form1.archivio.national.RecordCount(), 0);
+    EXPECT_EQ(p.form1.archivio.campo_concorso.Value(), Valore(3));
+}
+
+TEST(ApriArchivio, UnaTabellaVuotaEUnErroreSulMoveLast) {
+    Programma p(false, [](const support::Cartella& c) {
+        support::metti_archivio(c.radice(), support::archivio_inventato({0, 3, 3}, 5));
+    });
+    EXPECT_EQ(p.mostrati(), (std::vector<Mostrato>{{"Errore n.3021 Nessun record corrente.", "",
+                                                    Pulsanti::ok, Icona::nessuna}}));
+}
+
+TEST(ApriArchivio, UnPercorsoColSeparatoreFinaleDaUnaRadiceTroppoLunga) {
+    Programma p;
+    platform::App().Path = p.cartella.programma() + "/";
+    p.form1.apri_archivio();
+    platform::App().Path = p.cartella.programma();
+    EXPECT_EQ(p.mostrati(), std::vector<Mostrato>{assente});
+}
+
+TEST(ApriArchivio, AllUscitaSiChiude) {
+    Programma p;
+    p.form1.close();
+    EXPECT_EQ(p.form1.archivio.draws.MoveLast().Number, platform::errore_chiuso);
+    EXPECT_EQ(p.form1.archivio.national.MoveLast().Number, platform::errore_chiuso);
+}
+
+TEST(Ruote, NellOrdineELeLoroSigle) {
+    Programma p;
+    const QStringList nomi{"Bari",    "Cagliari", "Firenze", "Genova",  "Milano",   "Napoli",
+                           "Palermo", "Roma",     "Torino",  "Venezia", "Nazionale"};
+    const std::vector<std::string> sigle{"BA", "CA", "FI", "GE", "MI",       "NA",
+                                         "PA", "RM", "TO", "VE", "NAZIONALE"};
+    ASSERT_EQ(p.form1.Combo6->count(), 11);
+    for (int i = 0; i < 11; ++i) {
+        EXPECT_EQ(p.form1.Combo6->itemText(i), nomi[i]);
+        EXPECT_EQ(statistics::codice_ruota(i), sigle[static_cast<std::size_t>(i)]);
+    }
+    EXPECT_EQ(statistics::codice_ruota(-1), "");
+    EXPECT_EQ(statistics::codice_ruota(11), "");
+    EXPECT_EQ(p.form1.Combo6->ListIndex(), 0);
+}
