@@ -63,6 +63,8 @@ void Form1::collega() {
     for (platform::ComboBox* misura : {Combo1, Combo2}) {
         connect(misura, &platform::ComboBox::Click, this, [this] { modifica_griglia(0); });
     }
+    connect(cmdstat, &QPushButton::clicked, this, &Form1::cmdstat_Click);
+    connect(cmdstat2, &QPushButton::clicked, this, &Form1::cmdstat2_Click);
     connect(Combo3, &platform::ComboBox::Click, this, &Form1::Combo3_Click);
     connect(Combo4, &platform::ComboBox::Click, this, &Form1::Combo4_Click);
     connect(Combo5, &platform::ComboBox::Click, this, &Form1::Combo5_Click);

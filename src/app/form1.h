@@ -16,6 +16,7 @@
 #include "platform/controls.h"
 #include "platform/flexgrid.h"
 #include "statistics/archivio.h"
+#include "statistics/generatore.h"
 #include "systems/file_sistema.h"
 
 namespace app {
@@ -36,6 +37,7 @@ public:
     bool lotto = false;
     crossword::Matsis matsis;
     statistics::Archivio archivio;
+    statistics::Statistico statistico;
 
     /// Name of the system in line; written together with the caption of `lblsistema`.
     [[nodiscard]] QString Tag() const { return lblsistema->text(); }
@@ -44,7 +46,7 @@ public:
     [[nodiscard]] int forma() const;
     [[nodiscard]] int righe() const;
     [[nodiscard]] int colonne() const;
-    /// True while an elaboration runs.
+    /// True while an elaboration or a generation runs.
     [[nodiscard]] bool in_elaborazione() const { return in_elaborazione_; }
 
     // Start and end.
@@ -56,6 +58,13 @@ public:
     void apri_archivio();
     /// Tells of an opening that failed; `titolo` is that of the box for a file that another holds.
     static void errore_archivio(QWidget* padre, const platform::Err& errore, const QString& titolo);
+
+    // Generation.
+    void cmdstat_Click();
+    void cmdstat2_Click();
+    void genera_statistico();
+    /// Fills the crossword from the frequencies; no control calls it.
+    void completa();
 
     // Game modes.
     void Image8_Click();
@@ -200,6 +209,14 @@ private:
     void tipo_riga(int riga, int n, int indice);
     [[nodiscard]] bool completa_cella(const std::vector<int>& scelti);
 
+    // Steps of the generation.
+    void genera();
+    /// Puts the draws of the wheel chosen in the place of `draws`; false when they do not do.
+    [[nodiscard]] bool estrazioni_della_ruota();
+    /// Shows the numbers laid and the progress.
+    [[nodiscard]] statistics::Seguito seguito();
+    void chiudi_se_chiesto();
+
     // Steps of the elaboration.
     [[nodiscard]] bool nome_per_elaborare(const QString& domanda, const QString& titolo);
     [[nodiscard]] development::Richiesta richiesta() const;
@@ -211,6 +228,7 @@ private:
     crossword::Cronologia cronologia_;
     bool in_cronologia_ = false;
     bool matrice_di_lotto_ = false;
+    platform::Rnd rnd_;
     bool in_elaborazione_ = false;
     bool chiusura_chiesta_ = false;
 };

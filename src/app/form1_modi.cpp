@@ -136,6 +136,7 @@ void Form1::nuovo_cruciverba() {
 
 void Form1::resetta() {
     matrice = crossword::Matrice();
+    statistico.azzera();
     sistema_in_linea(QString());
     Combo1->set_ListIndex(0);
     Combo2->set_ListIndex(0);

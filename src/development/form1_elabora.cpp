@@ -120,8 +120,7 @@ bool Form1::esegui_elaborazione() {
     for (QAction* menu : menuBar()->actions()) menu->setEnabled(true);
     in_elaborazione_ = false;
     if (!chiusura_chiesta_) return true;
-    chiusura_chiesta_ = false;
-    close();
+    chiudi_se_chiesto();
     return false;
 }
 
