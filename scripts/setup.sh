@@ -20,7 +20,7 @@ setup_build() {
 
 setup_tests() {
   setup_build
-  install_missing libgtest-dev clang-format
+  install_missing libgtest-dev clang-format poppler-utils
 }
 
 setup_virtual_display() {

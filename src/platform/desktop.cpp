@@ -2,11 +2,13 @@
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QDesktopServices>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QUrl>
 #include <QWidget>
 
 namespace platform {
@@ -16,6 +18,11 @@ namespace {
 std::function<int(const Messaggio&)>& risponditore_in_forza() {
     static std::function<int(const Messaggio&)> risponditore;
     return risponditore;
+}
+
+std::function<bool(const QString&)>& apritore_in_forza() {
+    static std::function<bool(const QString&)> apritore;
+    return apritore;
 }
 
 int puntatore = 0;
@@ -142,6 +149,16 @@ LavoroLungo::~LavoroLungo() {
 
 bool LavoroLungo::in_corso() {
     return lavori > 0;
+}
+
+bool apri_documento(const QString& documento) {
+    if (apritore_in_forza()) return apritore_in_forza()(documento);
+    const bool indirizzo = documento.contains("://");
+    return QDesktopServices::openUrl(indirizzo ? QUrl(documento) : QUrl::fromLocalFile(documento));
+}
+
+void apri_con(std::function<bool(const QString&)> apritore) {
+    apritore_in_forza() = std::move(apritore);
 }
 
 bool cestina(const QString& nome) {

@@ -54,6 +54,12 @@ public:
     static bool in_corso();
 };
 
+/// Shows a file or an address in the program that the desktop keeps for it; false when there is
+/// none.
+bool apri_documento(const QString& documento);
+/// Puts `apritore` in place of the desktop's programs; an empty one brings them back.
+void apri_con(std::function<bool(const QString&)> apritore);
+
 /// Moves a file to the desktop's trash; false when it could not, and then it stays.
 bool cestina(const QString& nome);
 

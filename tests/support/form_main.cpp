@@ -5,6 +5,7 @@
 #include <QApplication>
 
 #include "app/stile.h"
+#include "platform/printer_qt.h"
 
 namespace {
 
@@ -23,5 +24,6 @@ int main(int argc, char** argv) {
     QApplication applicazione(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     app::applica_stile(applicazione);
+    platform::stampa_solo_su_file(true);
     return RUN_ALL_TESTS();
 }
