@@ -1,0 +1,39 @@
+// Summary page of the system in line.
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "crossword/matrice.h"
+#include "printing/mod_stampa.h"
+
+namespace printing {
+
+/// One row of the table of systems, as the screen shows it.
+struct RigaProspetto {
+    std::string quantita;
+    std::string tipo;
+    int indice = -1;  ///< of the type in its list
+    std::string combinazioni;
+};
+
+/// All that the page says.
+struct Prospetto {
+    Testata testata;
+    bool lotto = false;
+    crossword::Matrice matrice;
+    std::string in_gioco;                ///< count of different numbers
+    std::array<RigaProspetto, 3> righe;  ///< rows, columns, diagonals
+    std::string totale;
+    std::string senza_ripetizioni;
+    std::string quote;
+    std::string quota;
+    std::string valuta;
+    std::string importo;
+};
+
+/// Prints the page as one job; false when the printer lost it.
+bool stampa_prospetto(platform::Printer& printer, platform::Screen& screen,
+                      const Prospetto& prospetto);
+
+}  // namespace printing
