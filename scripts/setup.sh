@@ -15,12 +15,12 @@ install_missing() {
 
 setup_build() {
   install_missing build-essential cmake ninja-build qt6-base-dev qt6-svg-dev libgl-dev \
-    fonts-liberation libbenchmark-dev libsqlite3-dev mdbtools-dev pkg-config
+    fonts-liberation libbenchmark-dev libsqlite3-dev mdbtools-dev pkg-config libxcb1-dev
 }
 
 setup_tests() {
   setup_build
-  install_missing libgtest-dev clang-format poppler-utils
+  install_missing libgtest-dev clang-format poppler-utils xvfb openbox
 }
 
 setup_virtual_display() {
