@@ -2,6 +2,7 @@
 
 #include "app/form1.h"
 #include "platform/desktop.h"
+#include "printing/frmstsvl.h"
 #include "systems/form2.h"
 #include "viewer/form3.h"
 #include "viewer/formeuro.h"
@@ -64,8 +65,14 @@ void DialoghiQt::visualizza_sviluppo(Form1& form1) {
     form3->iniz();
 }
 
+void DialoghiQt::stampa(Form1& form1) {
+    chiudi(stampa_);
+    auto* form = new printing::frmstsvl(form1);
+    stampa_ = form;
+    form->show();
+}
+
 void DialoghiQt::spoglio(Form1& /*form1*/) {}
-void DialoghiQt::stampa(Form1& /*form1*/) {}
 void DialoghiQt::informazioni(Form1& /*form1*/) {}
 void DialoghiQt::guida(Form1& /*form1*/) {}
 void DialoghiQt::sito(Form1& /*form1*/) {}
@@ -74,6 +81,7 @@ void DialoghiQt::chiudi_tutti() {
     chiudi(gestore_);
     chiudi(importo_);
     chiudi(sviluppo_);
+    chiudi(stampa_);
 }
 
 }  // namespace app

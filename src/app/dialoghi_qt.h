@@ -27,6 +27,7 @@ private:
     QPointer<QWidget> gestore_;
     QPointer<QWidget> importo_;
     QPointer<QWidget> sviluppo_;
+    QPointer<QWidget> stampa_;
 };
 
 }  // namespace app

@@ -1,0 +1,229 @@
+#include "printing/frmstsvl.h"
+
+#include <QDate>
+#include <QEvent>
+#include <QFocusEvent>
+#include <QPointer>
+
+#include "app/form1.h"
+#include "platform/application.h"
+#include "platform/desktop.h"
+#include "platform/disk.h"
+#include "platform/printer_qt.h"
+#include "platform/shell.h"
+#include "platform/text_file.h"
+#include "printing/intervallo.h"
+#include "printing/listati.h"
+
+namespace printing {
+
+using platform::App;
+using platform::q;
+using platform::s;
+
+namespace {
+
+class SchermoQt : public platform::Screen {
+public:
+    void MousePointer(int valore) override { platform::MousePointer(valore); }
+    void DoEvents() override { platform::DoEvents(); }
+};
+
+}  // namespace
+
+frmstsvl::frmstsvl(app::Form1& form1) : QDialog(&form1), form1_(form1) {
+    setObjectName("frmstsvl");
+    setWindowTitle("Opzioni di Stampa");
+    setAttribute(Qt::WA_DeleteOnClose);
+    setFixedSize(400, 212);
+    crea_opzioni();
+    crea_intervallo();
+    crea_pulsanti();
+    crea_invio();
+    ordine_tastiera();
+    connect(Command1, &QPushButton::clicked, this, &QDialog::close);
+    connect(Command2, &QPushButton::clicked, this, &frmstsvl::Command2_Click);
+    connect(Command3, &QPushButton::clicked, this, &QDialog::close);
+    connect(cmdstampa, &QPushButton::clicked, this, &frmstsvl::cmdstampa_Click);
+    Form_Load();
+}
+
+void frmstsvl::Form_Load() {
+    centra();
+    txtdalla[0]->setText("1");
+    form1_.MSFlexGrid2->cella(4, 3);
+    const QString totale = q(totale_senza_punti(s(form1_.MSFlexGrid2->Text())));
+    txtdalla[1]->setText(totale);
+    platform::set_Tag(txtdalla[1], totale);
+    Shape2->setGeometry(platform::px(15), platform::px(15), Frame2->width() - platform::px(15),
+                        Frame2->height() - platform::px(15));
+}
+
+void frmstsvl::centra() {
+    // Both windows wear the same borders, so that middle over middle needs only the inner sizes.
+    const QRect sotto = form1_.frameGeometry();
+    const QSize bordi = sotto.size() - form1_.size();
+    move(sotto.left() + sotto.width() / 2 - (width() + bordi.width()) / 2,
+         sotto.top() + sotto.height() / 2 - (height() + bordi.height()) / 2);
+}
+
+bool frmstsvl::event(QEvent* evento) {
+    if (evento->type() == QEvent::WindowDeactivate) dal_messaggio_ = in_messaggio_;
+    if (evento->type() == QEvent::WindowActivate) {
+        // Back from a box of its own the form is where it was.
+        if (!dal_messaggio_) cmdstampa->setFocus();
+        dal_messaggio_ = false;
+    }
+    return QDialog::event(evento);
+}
+
+bool frmstsvl::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (evento->type() == QEvent::FocusOut) {
+        const Qt::FocusReason motivo = static_cast<QFocusEvent*>(evento)->reason();
+        const bool altrove =
+            motivo == Qt::ActiveWindowFocusReason || motivo == Qt::PopupFocusReason;
+        if (!altrove) txtdalla_Validate(oggetto == txtdalla[0] ? 0 : 1);
+    }
+    return QDialog::eventFilter(oggetto, evento);
+}
+
+void frmstsvl::txtdalla_Validate(int Index) {
+    const Intervallo i = convalida(
+        {s(txtdalla[0]->text()), s(txtdalla[1]->text()), s(platform::Tag(txtdalla[1]))}, Index);
+    if (s(txtdalla[0]->text()) != i.dalla) txtdalla[0]->setText(q(i.dalla));
+    if (s(txtdalla[1]->text()) != i.alla) txtdalla[1]->setText(q(i.alla));
+}
+
+QString frmstsvl::nome() const {
+    return platform::Tag(&form1_);
+}
+
+void frmstsvl::messaggio(const QString& testo, const QString& titolo, bool informazione) {
+    in_messaggio_ = true;
+    platform::MsgBox(this,
+                     {testo, platform::Pulsanti::ok, titolo,
+                      informazione ? platform::Icona::informazione : platform::Icona::nessuna});
+    in_messaggio_ = false;
+}
+
+void frmstsvl::non_stampabile() {
+    QString testo;
+    if (!nome().isEmpty()) {
+        testo =
+            "Per poter  stampare sviluppo, prospetto o scehdine è necessario prima salvare il "
+            "sistema.";
+    } else if (form1_.salvato) {
+        testo = "Nessun sistema è attualmente in linea.";
+    } else {
+        testo =
+            "Per accedere alle funzioni di stampa occorre che il sistema in linea sia stato "
+            "salvato.";
+    }
+    messaggio(testo, "Tabellino", true);
+}
+
+void frmstsvl::Command2_Click() {
+    if (!form1_.salvato || nome().isEmpty()) {
+        non_stampabile();
+        return;
+    }
+    // A closing heard while events ran has already taken the form away.
+    const QPointer<frmstsvl> ancora(this);
+    const bool fatto = Option1[0]->isChecked()   ? prospetto()
+                       : Option1[1]->isChecked() ? sviluppo()
+                       : Option1[2]->isChecked() ? schedine()
+                                                 : false;
+    if (fatto && ancora) close();
+}
+
+void frmstsvl::cmdstampa_Click() {
+    static_cast<void>(stampa_sviluppo(false));
+}
+
+Testata frmstsvl::testata() const {
+    return {App().versione(), s(nome()), s(QDate::currentDate().toString("dd/MM/yyyy"))};
+}
+
+Prospetto frmstsvl::prospetto_a_schermo() {
+    platform::MSFlexGrid* griglia = form1_.MSFlexGrid2;
+    const auto cella = [griglia](int colonna, int riga) {
+        griglia->set_Col(colonna);
+        griglia->set_Row(riga);
+        return s(griglia->Text());
+    };
+    Prospetto p;
+    p.testata = testata();
+    p.lotto = form1_.lotto;
+    p.matrice = form1_.matrice;
+    p.in_gioco = s(form1_.lblngioco->text());
+    const std::array<const platform::ComboBox*, 3> tipi = {form1_.Combo3, form1_.Combo4,
+                                                           form1_.Combo5};
+    for (std::size_t i = 0; i < p.righe.size(); ++i) {
+        const int riga = static_cast<int>(i) + 1;
+        p.righe[i] = {cella(1, riga), s(tipi[i]->Text()), tipi[i]->ListIndex(), cella(3, riga)};
+    }
+    p.totale = cella(3, 4);
+    p.senza_ripetizioni = cella(3, 5);
+    p.quote = s(form1_.lblnumquote->text());
+    p.quota = s(form1_.lblquote->text());
+    p.valuta = s(form1_.lblvaluta[0]->text());
+    p.importo = s(form1_.lblimportotot->text());
+    return p;
+}
+
+bool frmstsvl::prospetto() {
+    platform::PrinterQt printer(nome(), q(App().file(s(nome()) + "-prospetto.pdf")));
+    SchermoQt schermo;
+    return stampa_prospetto(printer, schermo, prospetto_a_schermo());
+}
+
+bool frmstsvl::stampa_sviluppo(bool lotto) {
+    platform::PrinterQt printer(nome(), q(App().file(s(nome()) + "-sviluppo.pdf")));
+    SchermoQt schermo;
+    const Sviluppo da_stampare{testata(), App().Path, s(nome()), form1_.forma()};
+    return lotto ? stampa_sviluppo_lotto(printer, schermo, da_stampare)
+                 : stampa_sviluppo_superenalotto(printer, schermo, da_stampare);
+}
+
+bool frmstsvl::manca_lo_sviluppo() const {
+    bool esiste = false;
+    form1_.controlo_colonne(nome(), esiste);
+    return !esiste;
+}
+
+bool frmstsvl::sviluppo() {
+    if (manca_lo_sviluppo()) {
+        messaggio(
+            "Per Poter stampare lo sviluppo o le schedine, occorre prima elaborare il sistema.",
+            "Tabellino", true);
+        return false;
+    }
+    return stampa_sviluppo(form1_.lotto);
+}
+
+bool frmstsvl::schedine() {
+    const std::string suite = platform::radice(App().Path);
+    if (manca_lo_sviluppo()) {
+        messaggio("Per poter stampare le schedine di un sistema bisogna prima elaborarlo.",
+                  "Tabellino", true);
+        return false;
+    }
+    if (form1_.lblsistema->text().isEmpty()) {
+        messaggio("Nessun Sistema è attualmente in linea", "Tabellino", false);
+        return false;
+    }
+    if (platform::esiste_file(suite + "sch")) {
+        platform::AppActivate("stampa");
+        return true;
+    }
+    const std::string riga =
+        platform::Record().scrivi("cruciverba").scrivi(s(form1_.lblsistema->text())).testo();
+    if (platform::scrivi(suite + "trans", riga) != platform::Esito::ok) return false;
+    if (platform::Shell(suite + "stampa.exe") == 0) {
+        messaggio("Reinstalla Sortivario dal tuo CD-ROM.\r\nFile Danneggiato!", "Sortivario 2004",
+                  false);
+    }
+    return true;
+}
+
+}  // namespace printing

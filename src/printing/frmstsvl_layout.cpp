@@ -1,0 +1,147 @@
+// Where everything stands in the print options.
+#include <QValidator>
+
+#include "printing/frmstsvl.h"
+
+namespace printing {
+
+using platform::Frame;
+using platform::membro;
+
+namespace {
+
+constexpr int x_destra = 224;
+constexpr int larghezza_destra = 148;
+constexpr int y_prima = 16;
+constexpr int passo_opzioni = 42;
+constexpr int altezza_opzione = 36;
+
+class SoloCifre : public QValidator {
+public:
+    using QValidator::QValidator;
+    State validate(QString& testo, int& /*posizione*/) const override {
+        for (const QChar c : testo) {
+            if (c < u'0' || c > u'9') return Invalid;
+        }
+        return Acceptable;
+    }
+};
+
+/// Option that is chosen by a click anywhere on its coloured ground.
+class Opzione : public QRadioButton {
+public:
+    using QRadioButton::QRadioButton;
+
+protected:
+    [[nodiscard]] bool hitButton(const QPoint& punto) const override {
+        return rect().contains(punto);
+    }
+};
+
+QFrame* forma(const QString& nome, QRect dove, const QString& fondo, const QString& bordo,
+              QWidget* padre) {
+    auto* f = new QFrame(padre);
+    f->setObjectName(nome);
+    f->setGeometry(dove);
+    f->setAttribute(Qt::WA_TransparentForMouseEvents);
+    f->setStyleSheet(QStringLiteral("background: %1; border: 1px solid %2; border-radius: 4px;")
+                         .arg(fondo, bordo));
+    return f;
+}
+
+QPushButton* pulsante(const QString& nome, const QString& testo, QRect dove, QWidget* padre) {
+    auto* b = new QPushButton(testo, padre);
+    b->setObjectName(nome);
+    b->setGeometry(dove);
+    b->setAutoDefault(true);
+    return b;
+}
+
+}  // namespace
+
+void frmstsvl::crea_opzioni() {
+    Frame2 = new Frame(QString(), this);
+    Frame2->setObjectName("Frame2");
+    Frame2->setGeometry(8, 8, 384, 196);
+    Frame2->set_bordo(false);
+    Shape2 = forma("Shape2", {}, "white", "#A9BCD6", Frame2);
+    struct Aspetto {
+        QString testo;
+        QString fondo;
+        QString bordo;
+    };
+    const std::array<Aspetto, 3> opzioni = {{{"Prospetto", "#D8EEFE", "#A9C9E6"},
+                                             {"Sviluppo", "#FFFBD6", "#E3D58A"},
+                                             {"Schedine", "#FFF0DC", "#EBC48F"}}};
+    for (int i = 0; i < 3; ++i) {
+        const auto k = static_cast<std::size_t>(i);
+        const QRect dove(12, y_prima + i * passo_opzioni, 200, altezza_opzione);
+        Shape1[k] = forma(membro("Shape1", i), dove, opzioni[k].fondo, opzioni[k].bordo, Frame2);
+        auto* o = new Opzione(opzioni[k].testo, Frame2);
+        o->setObjectName(membro("Option1", i));
+        o->setGeometry(dove.adjusted(12, 0, -4, 0));
+        Option1[k] = o;
+    }
+}
+
+void frmstsvl::crea_intervallo() {
+    Frame1 = new Frame("Interval d'imprimage", Frame2);
+    Frame1->setObjectName("Frame1");
+    Frame1->setGeometry(x_destra, y_prima - 2, larghezza_destra, 82);
+    const std::array<QString, 2> scopi = {tr("Prima riga"), tr("Ultima riga")};
+    for (int i = 0; i < 2; ++i) {
+        const auto k = static_cast<std::size_t>(i);
+        auto* t = new QLineEdit(Frame1);
+        t->setObjectName(membro("txtdalla", i));
+        t->setAccessibleName(scopi[k]);
+        t->setAlignment(Qt::AlignRight);
+        t->setGeometry(12 + i * 70, 36, 54, 24);
+        t->setValidator(new SoloCifre(t));
+        t->installEventFilter(this);
+        txtdalla[k] = t;
+    }
+    auto* fra = new QLabel(QStringLiteral("–"), Frame1);
+    fra->setGeometry(66, 36, 16, 24);
+    fra->setAlignment(Qt::AlignCenter);
+}
+
+void frmstsvl::crea_pulsanti() {
+    cmdstampa = pulsante("cmdstampa", "Imprimer",
+                         {x_destra, y_prima + 2 * passo_opzioni + 3, larghezza_destra, 30}, Frame2);
+    constexpr int y = 152;
+    auto* riga = new QFrame(Frame2);
+    riga->setGeometry(12, y - 9, 360, 1);
+    riga->setStyleSheet("background: #D4DFEC; border: 0;");
+    Command2 = pulsante("Command2", "Conferma", {12, y, 132, 30}, Frame2);
+    Command3 = pulsante("Command3", "Annulla", {154, y, 104, 30}, Frame2);
+    Command1 = pulsante("Command1", "Effacer", {268, y, 104, 30}, Frame2);
+}
+
+void frmstsvl::crea_invio() {
+    Picture1 = forma("Picture1", {52, 50, 280, 84}, "#F4F9FE", "#000080", Frame2);
+    Label1[0] = new QLabel("Envoi données à l'imprimante. Attendre SVP", Picture1);
+    Label1[1] = new QLabel(Picture1);
+    for (int i = 0; i < 2; ++i) {
+        QLabel* riga = Label1[static_cast<std::size_t>(i)];
+        riga->setObjectName(membro("Label1", i));
+        riga->setStyleSheet("border: 0;");
+        riga->setAlignment(Qt::AlignCenter);
+        riga->setGeometry(8, 10 + i * 20, 264, 18);
+    }
+    Picture2 = forma("Picture2", {20, 58, 240, 12}, "#D5E2F0", "#A9BCD6", Picture1);
+    // Nothing ever shows it: a job is over before there is anything to wait for.
+    Picture1->hide();
+}
+
+void frmstsvl::ordine_tastiera() {
+    QWidget* prima = Option1[0];
+    for (QWidget* w : {static_cast<QWidget*>(Option1[1]), static_cast<QWidget*>(Option1[2]),
+                       static_cast<QWidget*>(txtdalla[0]), static_cast<QWidget*>(txtdalla[1]),
+                       static_cast<QWidget*>(cmdstampa), static_cast<QWidget*>(Command2),
+                       static_cast<QWidget*>(Command3), static_cast<QWidget*>(Command1)}) {
+        QWidget::setTabOrder(prima, w);
+        prima = w;
+    }
+}
+
+}  // namespace printing
