@@ -30,13 +30,6 @@ Pezzo pezzo(int numero) {
 
 }  // namespace
 
-void ordina_controlli(std::vector<std::uint8_t>& v, std::size_t da, std::size_t a) {
-    if (da >= v.size() || a < da) return;
-    const auto inizio = v.begin() + static_cast<std::ptrdiff_t>(da);
-    const auto fine = v.begin() + static_cast<std::ptrdiff_t>(std::min(a, v.size() - 1)) + 1;
-    std::sort(inizio, fine);
-}
-
 Elaborazione::Elaborazione(Richiesta richiesta, Avanzamento avanzamento)
     : richiesta_(std::move(richiesta)), avanzamento_(std::move(avanzamento)) {}
 

@@ -1,6 +1,8 @@
 // From a crossword to its development file.
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -35,7 +37,13 @@ enum class Conclusione {
 };
 
 /// Ascending order of the elements `da` to `a`, both included.
-void ordina_controlli(std::vector<std::uint8_t>& v, std::size_t da, std::size_t a);
+template <typename T>
+void ordina_controlli(std::vector<T>& v, std::size_t da, std::size_t a) {
+    if (da >= v.size() || a < da) return;
+    const auto inizio = v.begin() + static_cast<std::ptrdiff_t>(da);
+    const auto fine = v.begin() + static_cast<std::ptrdiff_t>(std::min(a, v.size() - 1)) + 1;
+    std::sort(inizio, fine);
+}
 
 /// Extension of a development file: ".col", or ".lot" in Lotto.
 inline const char* estensione_sviluppo(bool lotto) {

@@ -179,6 +179,29 @@ bool TextReader::intero(std::int32_t& destinazione) {
     return intero_in(destinazione);
 }
 
+bool TextReader::interi(std::span<std::int16_t> destinazione) {
+    if (eof()) return false;
+    std::size_t fatti = 0;
+    std::size_t i = posizione_;
+    // One or two digits and a separator, well inside the buffer, are read here at one go; whatever
+    // looks otherwise takes the general road.
+    while (fatti < destinazione.size() && i + 4 <= pieno_) {
+        const char* p = dati_.data() + i;
+        const int prima = p[0] - '0';
+        const int seconda = p[1] - '0';
+        if (prima < 0 || prima > 9) break;
+        const bool due = seconda >= 0 && seconda <= 9;
+        const std::size_t lungo = due ? 2 : 1;
+        const bool fine_riga = p[lungo] == '\r' && p[lungo + 1] == '\n';
+        if (p[lungo] != ',' && !fine_riga) break;
+        destinazione[fatti++] = static_cast<std::int16_t>(due ? prima * 10 + seconda : prima);
+        i += lungo + (fine_riga ? 2 : 1);
+    }
+    posizione_ = i;
+    while (fatti < destinazione.size()) intero(destinazione[fatti++]);
+    return true;
+}
+
 bool TextReader::riga(std::string& destinazione) {
     if (eof()) return false;
     std::string testo;

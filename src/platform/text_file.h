@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,6 +42,8 @@ public:
     bool intero(std::uint8_t& destinazione);
     bool intero(std::int16_t& destinazione);
     bool intero(std::int32_t& destinazione);
+    /// As many whole numbers, each as `intero` reads it. False when nothing was left to read.
+    bool interi(std::span<std::int16_t> destinazione);
     /// Next line without its end, UTF-8.
     bool riga(std::string& destinazione);
     /// Passes over the next line; false past the end.

@@ -157,6 +157,48 @@ TEST_F(TextReaderTest, quick_and_general_number_reading_agree) {
     }
 }
 
+TEST_F(TextReaderTest, numbers_read_together_are_those_read_one_by_one) {
+    const std::string strano =
+        "1,22,333,4444,70000,x,, 5 ,\"6\",-7,08\r\n9\n10\r11\r\n,1.5,12,\"a\r\nb\",13,14,1\r2,3";
+    for (const std::size_t prima :
+         {std::size_t{0}, blocco - 40, blocco - 21, blocco - 4, blocco - 1}) {
+        std::string dati;
+        while (dati.size() + 4 <= prima) dati += "1,2,";
+        dati.resize(prima, '3');
+        dati += strano;
+        apri(dati);
+        std::vector<std::int16_t> singoli;
+        for (std::int16_t n = -9; !lettore_.eof(); singoli.push_back(n)) lettore_.intero(n);
+        for (const std::size_t quanti : {1, 3, 6}) {
+            apri(dati);
+            std::vector<std::int16_t> insieme;
+            std::vector<std::int16_t> record(quanti, -9);
+            std::int16_t ultimo = -9;
+            // What fits no number keeps its target, which the single reads left at the one before.
+            for (std::size_t posto = 0; posto < singoli.size(); posto += quanti) {
+                for (std::size_t k = 0; k < quanti; ++k) record[k] = -1234;
+                ASSERT_TRUE(lettore_.interi(record));
+                for (const std::int16_t n : record) {
+                    if (n != -1234) ultimo = n;
+                    insieme.push_back(ultimo);
+                }
+            }
+            insieme.resize(singoli.size());
+            EXPECT_EQ(insieme, singoli) << prima << " " << quanti;
+            EXPECT_FALSE(lettore_.interi(record));
+        }
+    }
+}
+
+TEST_F(TextReaderTest, numbers_read_together_past_the_end_leave_the_rest) {
+    apri("1,2");
+    std::vector<std::int16_t> record{7, 8, 9};
+    EXPECT_TRUE(lettore_.interi(record));
+    EXPECT_EQ(record, (std::vector<std::int16_t>{1, 2, 9}));
+    EXPECT_FALSE(lettore_.interi(record));
+    EXPECT_EQ(record, (std::vector<std::int16_t>{1, 2, 9}));
+}
+
 TEST_F(TextReaderTest, lines_end_with_any_of_the_three_ends) {
     apri("a,\"b\" \r\n\nc\r\rd\n\r\ne");
     for (const char* atteso : {"a,\"b\" ", "", "c", "", "d", "", "e", "<fine>"}) {

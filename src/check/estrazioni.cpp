@@ -1,0 +1,112 @@
+#include "check/estrazioni.h"
+
+#include "development/elaborazione.h"
+#include "platform/runtime.h"
+
+namespace check {
+
+using platform::Recordset;
+
+namespace {
+
+constexpr int concorso_lotto = 7;
+constexpr int concorso_superenalotto = 9;
+constexpr std::string_view nome_cartella = "cruciverba";
+
+/// Four blanks, the number in four digits and the date; nothing without a current record.
+std::optional<std::string> testo_concorso(const Recordset& rs, int campo_concorso) {
+    platform::Valore concorso;
+    platform::Valore data;
+    if (!rs.Fields(campo_concorso).Value(concorso).ok() || !rs.Fields(0).Value(data).ok()) {
+        return std::nullopt;
+    }
+    std::string numero = concorso.testo().value_or("");
+    if (!numero.empty() && numero.size() < 4) numero.insert(0, 4 - numero.size(), '0');
+    return "    " + numero + "    -  " + data.testo().value_or("");
+}
+
+void aggiungi(std::vector<std::string>& voci, const std::optional<std::string>& testo,
+              const std::string& coda) {
+    if (testo) voci.push_back(*testo + coda);
+}
+
+}  // namespace
+
+std::string archivio_di(std::string_view percorso) {
+    const bool barra = !percorso.empty() && (percorso.back() == '/' || percorso.back() == '\\');
+    const std::size_t taglio = nome_cartella.size() + (barra ? 1 : 0);
+    percorso.remove_suffix(std::min(taglio, percorso.size()));
+    return std::string(percorso) + "archivio/drawit.mdb";
+}
+
+std::vector<std::string> elenco_superenalotto(Recordset& draws) {
+    std::vector<std::string> voci;
+    draws.MoveLast();
+    while (!draws.bof()) {
+        aggiungi(voci, testo_concorso(draws, concorso_superenalotto), "");
+        if (!draws.MovePrevious().ok()) break;
+    }
+    return voci;
+}
+
+std::vector<std::string> elenco_lotto(Recordset& draws, Recordset& national) {
+    std::vector<std::string> voci;
+    draws.MoveLast();
+    national.MoveLast();
+    for (int estrazione = 0; estrazione < estrazioni_lotto && !draws.bof(); ++estrazione) {
+        // From the last row of a draw to its first one.
+        draws.Move(-9);
+        for (int ruota = 0; ruota < 10; ++ruota) {
+            const std::string codice = draws.Fields("RUOTA").Value().testo().value_or("");
+            aggiungi(voci, testo_concorso(draws, concorso_lotto), "  -  " + codice);
+            draws.MoveNext();
+        }
+        draws.Move(-11);
+        if (!national.bof()) {
+            aggiungi(voci, testo_concorso(national, concorso_lotto), "  -  NAZ.");
+            national.MovePrevious();
+        }
+    }
+    return voci;
+}
+
+std::int32_t concorso_di(std::string_view voce) {
+    std::int32_t numero = 0;
+    if (voce.size() > 4) {
+        platform::assegna(numero, platform::CLng(platform::Val(voce.substr(4, 4))));
+    }
+    return numero;
+}
+
+std::string_view ruota_di(std::string_view voce) {
+    return voce.size() > 2 ? voce.substr(voce.size() - 2) : voce;
+}
+
+bool nazionale(std::string_view voce) {
+    return voce.find("NAZ.") != std::string_view::npos;
+}
+
+bool trova_ruota(Recordset& draws, std::int32_t concorso, std::string_view ruota) {
+    draws.Index("concorso");
+    draws.Seek("=", concorso);
+    while (draws.Fields("RUOTA").Value().testo() != ruota) {
+        if (!draws.MoveNext().ok()) return false;
+    }
+    return true;
+}
+
+void leggi_combinazione(const Recordset& draws, std::array<std::string, 7>& caselle) {
+    if (draws.eof()) return;
+    const auto leggi = [&draws](const std::string& campo, std::string& casella) {
+        if (const auto testo = draws.Fields(campo).Value().testo()) {
+            casella = platform::Trim(*testo);
+        }
+    };
+    for (std::size_t i = 1; i <= 6; ++i) leggi(std::to_string(i) + "°estratto", caselle[i]);
+    leggi("Jolly", caselle[0]);
+    std::vector<std::string> testi(caselle.begin(), caselle.end());
+    development::ordina_controlli(testi, 1, 6);
+    std::copy(testi.begin(), testi.end(), caselle.begin());
+}
+
+}  // namespace check
