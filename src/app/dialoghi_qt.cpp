@@ -1,6 +1,7 @@
 #include "app/dialoghi_qt.h"
 
 #include "app/form1.h"
+#include "check/frmspoglio.h"
 #include "platform/desktop.h"
 #include "printing/frmstsvl.h"
 #include "systems/form2.h"
@@ -72,7 +73,16 @@ void DialoghiQt::stampa(Form1& form1) {
     form->show();
 }
 
-void DialoghiQt::spoglio(Form1& /*form1*/) {}
+void DialoghiQt::spoglio(Form1& form1) {
+    delete spoglio_;
+    auto* form = new check::frmspoglio(form1);
+    spoglio_ = form;
+    form1.hide();
+    platform::DoEvents();
+    platform::set_Tag(form, form1.Tag());
+    form->iniz();
+    form->show();
+}
 void DialoghiQt::informazioni(Form1& /*form1*/) {}
 void DialoghiQt::guida(Form1& /*form1*/) {}
 void DialoghiQt::sito(Form1& /*form1*/) {}
@@ -82,6 +92,8 @@ void DialoghiQt::chiudi_tutti() {
     chiudi(importo_);
     chiudi(sviluppo_);
     chiudi(stampa_);
+    // Unloaded rather than closed, which would bring back the main form.
+    delete spoglio_;
 }
 
 }  // namespace app

@@ -28,6 +28,7 @@ private:
     QPointer<QWidget> importo_;
     QPointer<QWidget> sviluppo_;
     QPointer<QWidget> stampa_;
+    QPointer<QWidget> spoglio_;
 };
 
 }  // namespace app

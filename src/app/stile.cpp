@@ -98,6 +98,13 @@ QTabBar::tab:selected { background: white; color: #000080; font-weight: bold;
     border-top: 2px solid #E07B00; }
 QTreeView[sviluppo="true"] { border: 0; border-radius: 0; alternate-background-color: #EFF5FB; }
 QTreeView[sviluppo="true"]::item { height: 17px; }
+QTableView[elenco="true"] { border-color: #B9CBE0; border-radius: 3px; outline: 0;
+    alternate-background-color: #EFF5FB; selection-background-color: #BFDDF8;
+    selection-color: #000080; }
+QLineEdit[casella="true"] { font-weight: bold; color: #000080; padding: 1px; }
+QLineEdit[jolly="true"] { background: #FFF1F0; border-color: #D9534F; }
+QFrame[binario="true"] { background: #D5E2F0; border-radius: 4px; }
+QFrame[barra="true"] { background: #000080; border-radius: 4px; }
 QFrame[fondo="true"] { background: #000080; border-radius: 4px; }
 QLabel[su_fondo="true"] { color: white; font-weight: bold; }
 QProgressBar { background: #D5E2F0; border: 0; border-radius: 4px; }

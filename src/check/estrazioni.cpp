@@ -2,6 +2,7 @@
 
 #include "development/elaborazione.h"
 #include "platform/runtime.h"
+#include "statistics/archivio.h"
 
 namespace check {
 
@@ -36,7 +37,7 @@ std::string archivio_di(std::string_view percorso) {
     const bool barra = !percorso.empty() && (percorso.back() == '/' || percorso.back() == '\\');
     const std::size_t taglio = nome_cartella.size() + (barra ? 1 : 0);
     percorso.remove_suffix(std::min(taglio, percorso.size()));
-    return std::string(percorso) + "archivio/drawit.mdb";
+    return statistics::file_archivio(percorso);
 }
 
 std::vector<std::string> elenco_superenalotto(Recordset& draws) {
@@ -96,7 +97,8 @@ bool trova_ruota(Recordset& draws, std::int32_t concorso, std::string_view ruota
 }
 
 void leggi_combinazione(const Recordset& draws, std::array<std::string, 7>& caselle) {
-    if (draws.eof()) return;
+    platform::Valore valore;
+    if (draws.eof() || !draws.Fields(0).Value(valore).ok()) return;
     const auto leggi = [&draws](const std::string& campo, std::string& casella) {
         if (const auto testo = draws.Fields(campo).Value().testo()) {
             casella = platform::Trim(*testo);

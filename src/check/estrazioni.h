@@ -30,8 +30,8 @@ bool nazionale(std::string_view voce);
 /// Stands on a wheel's row of a draw; false when there is none such.
 bool trova_ruota(platform::Recordset& draws, std::int32_t concorso, std::string_view ruota);
 
-/// The numbers of the current record, the Jolly first and the six behind it in text order; what
-/// cannot be read stays as it was, and past the end nothing changes at all.
+/// The numbers of the current record, the Jolly first and the six behind it in text order. An empty
+/// field leaves its box as it was, and without a current record nothing changes at all.
 void leggi_combinazione(const platform::Recordset& draws, std::array<std::string, 7>& caselle);
 
 }  // namespace check

@@ -165,7 +165,7 @@ protected:
         e.archivios.push_back(riga);
         apri(e);
     }
-    Caselle caselle{"a", "b", "c", "d", "e", "f", "g"};
+    Caselle caselle{"a", "g", "f", "d", "e", "c", "b"};
 };
 
 TEST_F(Combinazione, FillsTheBoxesInTextOrderWithTheJollyFirst) {

@@ -1,0 +1,110 @@
+// The draws on the check form: opening the archive, lists, number boxes.
+#include <QMouseEvent>
+
+#include "app/form1.h"
+#include "check/estrazioni.h"
+#include "check/frmspoglio.h"
+#include "platform/application.h"
+#include "platform/desktop.h"
+
+namespace check {
+
+using platform::q;
+using platform::s;
+
+platform::Err frmspoglio::apri_tabelle() {
+    statistics::Archivio& archivio = form1_.archivio;
+    const std::string file = archivio_di(platform::App().Path);
+    platform::Err esito = platform::OpenDatabase(file, false, false, archivio.database);
+    if (esito.ok()) {
+        esito = archivio.database.OpenRecordset(form1_.lotto ? "archivio" : "archivios",
+                                                archivio.draws);
+    }
+    if (esito.ok()) esito = archivio.draws.Index("concorso");
+    if (esito.ok()) {
+        esito = archivio.database.OpenRecordset("select * from archivion order by concorso",
+                                                archivio.national);
+    }
+    const platform::Field campo_1 = archivio.campo_1;
+    if (esito.ok()) esito = archivio.lega(form1_.lotto ? 7 : 9);
+    // The wheel stands in one of the two tables only.
+    if (!form1_.lotto) archivio.campo_1 = campo_1;
+    return esito;
+}
+
+void frmspoglio::apridatabase() {
+    if (const platform::Err esito = apri_tabelle(); !esito.ok()) {
+        app::Form1::errore_archivio(&form1_, esito, "Tabellino");
+        return;
+    }
+    statistics::Archivio& archivio = form1_.archivio;
+    platform::ComboBox* elenco = form1_.lotto ? Combo3 : Combo1;
+    const std::vector<std::string> voci = form1_.lotto
+                                              ? elenco_lotto(archivio.draws, archivio.national)
+                                              : elenco_superenalotto(archivio.draws);
+    QStringList testi;
+    for (const std::string& voce : voci) testi.append(q(voce));
+    elenco->addItems(testi);
+    elenco->set_ListIndex(0);
+}
+
+void frmspoglio::Combo1_Click() {
+    Command1_Click();
+    platform::Recordset& draws = form1_.archivio.draws;
+    draws.Index("concorso");
+    draws.Seek("=", concorso_di(s(Combo1->Text())));
+    comb_se8();
+    if (txtnum[1]->isVisible()) txtnum[1]->setFocus();
+}
+
+void frmspoglio::comb_se8() {
+    form1_.archivio.campi_estratti = {};
+    std::array<std::string, 7> testi;
+    for (std::size_t i = 0; i < testi.size(); ++i) testi[i] = s(txtnum[i]->text());
+    leggi_combinazione(form1_.archivio.draws, testi);
+    for (std::size_t i = 0; i < testi.size(); ++i) txtnum[i]->setText(q(testi[i]));
+}
+
+void frmspoglio::Combo3_Click() {
+    const std::string voce = s(Combo3->Text());
+    statistics::Archivio& archivio = form1_.archivio;
+    const platform::Recordset* rs = &archivio.draws;
+    if (nazionale(voce)) {
+        archivio.database.OpenRecordset(
+            "select * from archivion where concorso = " + std::to_string(concorso_di(voce)) +
+                " order by concorso",
+            archivio.national);
+        rs = &archivio.national;
+        // A draw that is missing leaves nothing in the boxes, not the numbers of another one.
+        for (QLineEdit* casella : txtnumlotto) casella->clear();
+    } else {
+        trova_ruota(archivio.draws, concorso_di(voce), ruota_di(voce));
+    }
+    for (std::size_t i = 0; i < txtnumlotto.size(); ++i) {
+        const auto testo = rs->Fields(static_cast<int>(i) + 2).Value().testo();
+        if (testo) txtnumlotto[i]->setText(q(*testo));
+    }
+    if (txtnumlotto[0]->isVisible()) txtnumlotto[0]->setFocus();
+}
+
+void frmspoglio::casella_piena(QLineEdit* casella, QWidget* prossima) {
+    if (isVisible() && casella->text().size() == 2) prossima->setFocus();
+}
+
+bool frmspoglio::eventFilter(QObject* oggetto, QEvent* evento) {
+    auto* casella = qobject_cast<QLineEdit*>(oggetto);
+    if (casella == nullptr) return QDialog::eventFilter(oggetto, evento);
+    if (evento->type() == QEvent::FocusIn) {
+        casella->selectAll();
+        const bool dal_mouse = static_cast<QFocusEvent*>(evento)->reason() == Qt::MouseFocusReason;
+        entrata_ = dal_mouse ? casella : nullptr;
+    }
+    if (evento->type() == QEvent::MouseButtonRelease && entrata_ == casella) {
+        // The press that brought the focus has put the cursor and undone the selection.
+        if (!casella->hasSelectedText()) casella->selectAll();
+        entrata_ = nullptr;
+    }
+    return QDialog::eventFilter(oggetto, evento);
+}
+
+}  // namespace check

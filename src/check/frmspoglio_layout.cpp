@@ -1,0 +1,351 @@
+// Where everything stands on the check form, and what happens when it is loaded. The list shows
+// twelve rows and has the place of the crossword.
+#include <QShowEvent>
+
+#include "app/form1.h"
+#include "check/frmspoglio.h"
+#include "platform/desktop.h"
+
+namespace check {
+
+using platform::Frame;
+using platform::membro;
+using platform::px;
+
+/// The packed rows as texts for the list.
+class frmspoglio::Elenco : public platform::Righe {
+public:
+    explicit Elenco(const Dettaglio& dettaglio) : dettaglio_(dettaglio) {}
+    [[nodiscard]] int quante() const override { return static_cast<int>(dettaglio_.righe()); }
+    [[nodiscard]] QString testo(int riga, int colonna) const override {
+        return platform::q(dettaglio_.testo(static_cast<std::size_t>(riga), colonna));
+    }
+
+private:
+    const Dettaglio& dettaglio_;
+};
+
+namespace {
+
+constexpr int margine = 8;
+constexpr int sinistra = 300;
+constexpr int x_destra = margine + sinistra + margine;
+constexpr int destra = px(5225);
+constexpr int larghezza = x_destra + destra + margine;
+constexpr int y_sistema = 8;
+constexpr int h_sistema = 82;
+constexpr int y_estrazione = y_sistema + h_sistema + margine;
+constexpr int h_estrazione = 210;
+constexpr int h_lista = 268;
+constexpr int y_ordine = y_sistema + h_lista + 6;
+constexpr int y_esito = y_estrazione + h_estrazione + margine;
+constexpr int h_esito = 76;
+constexpr int y_avanzamento = y_esito + h_esito + 6;
+constexpr int h_avanzamento = 8;
+constexpr int y_comandi = y_avanzamento + h_avanzamento + 6;
+constexpr int h_comandi = 44;
+constexpr int altezza = y_comandi + h_comandi + margine;
+constexpr int lato_casella = 34;
+
+QLabel* etichetta(const QString& testo, QRect dove, QWidget* padre,
+                  Qt::Alignment verso = Qt::AlignLeft) {
+    auto* e = new QLabel(testo, padre);
+    e->setGeometry(dove);
+    e->setAlignment(verso | Qt::AlignVCenter);
+    return e;
+}
+
+QLabel* valore(const QString& nome, QRect dove, QWidget* padre, Qt::Alignment verso) {
+    QLabel* e = etichetta(QString(), dove, padre, verso);
+    e->setObjectName(nome);
+    e->setProperty("valore", true);
+    e->setTextFormat(Qt::PlainText);
+    return e;
+}
+
+Frame* riquadro(const QString& nome, const QString& titolo, QRect dove, QWidget* padre) {
+    auto* f = new Frame(titolo, padre);
+    f->setObjectName(nome);
+    f->setGeometry(dove);
+    return f;
+}
+
+/// Frame that hides what lies beneath it.
+Frame* coperchio(const QString& nome, QRect dove, QWidget* padre) {
+    Frame* f = riquadro(nome, QString(), dove, padre);
+    f->set_bordo(false);
+    QPalette tavolozza = f->palette();
+    tavolozza.setColor(QPalette::Window, tavolozza.color(QPalette::Base));
+    f->setPalette(tavolozza);
+    f->setAutoFillBackground(true);
+    f->hide();
+    return f;
+}
+
+QPushButton* pulsante(const QString& nome, const QString& testo, QRect dove, QWidget* padre) {
+    auto* b = new QPushButton(testo, padre);
+    b->setObjectName(nome);
+    b->setGeometry(dove);
+    return b;
+}
+
+platform::ComboBox* elenco(const QString& nome, const QString& scopo, QRect dove, QWidget* padre) {
+    auto* c = new platform::ComboBox(padre);
+    c->setObjectName(nome);
+    c->setAccessibleName(scopo);
+    c->setGeometry(dove);
+    return c;
+}
+
+/// A category of the result: what it is called above, how many below.
+QLabel* categoria(const QString& nome, const QString& titolo, int x, int largo, QWidget* padre) {
+    etichetta(titolo, {x, 12, largo, 22}, padre, Qt::AlignHCenter)->setProperty("titolo", true);
+    QLabel* quante = valore(nome, {x, 38, largo, 26}, padre, Qt::AlignHCenter);
+    quante->setAccessibleName(titolo);
+    return quante;
+}
+
+}  // namespace
+
+frmspoglio::frmspoglio(app::Form1& form1)
+    : QDialog(&form1), form1_(form1), elenco_(std::make_unique<Elenco>(dettaglio_)) {
+    setObjectName("frmspoglio");
+    setWindowTitle("SPOGLIO VINCITE");
+    setAttribute(Qt::WA_DeleteOnClose);
+    setFixedSize(larghezza, altezza);
+    crea_sistema();
+    crea_estrazione();
+    crea_estrazione_lotto();
+    crea_cruciverba();
+    crea_esito();
+    crea_comandi();
+    collega();
+    Form_Load();
+}
+
+frmspoglio::~frmspoglio() {
+    // The list reads the rows, so it goes before them.
+    delete ListView1;
+}
+
+void frmspoglio::crea_sistema() {
+    Frame* f = riquadro("Frame1", QString(), {margine, y_sistema, sinistra, h_sistema}, this);
+    etichetta(tr("Nome del Sitema"), {12, 14, 150, 24}, f);
+    lblnomesistema = valore("lblnomesistema", {164, 14, 124, 24}, f, Qt::AlignLeft);
+    etichetta(tr("Num. Comb. del Sistema"), {12, 44, 150, 24}, f);
+    lblnumconb = valore("lblnumconb", {164, 44, 124, 24}, f, Qt::AlignRight);
+}
+
+QLineEdit* frmspoglio::casella(const QString& nome, const QString& scopo, QRect dove,
+                               QWidget* padre) {
+    auto* t = new QLineEdit(padre);
+    t->setObjectName(nome);
+    t->setAccessibleName(scopo);
+    t->setGeometry(dove);
+    t->setAlignment(Qt::AlignCenter);
+    t->setProperty("casella", true);
+    t->installEventFilter(this);
+    return t;
+}
+
+void frmspoglio::crea_estrazione() {
+    Frame* f = riquadro("Frame3", QString(), {margine, y_estrazione, sinistra, h_estrazione}, this);
+    const QString scelta = tr("Scegli la combinazione da esaminare");
+    etichetta(scelta, {12, 12, 276, 20}, f);
+    Combo1 = elenco("Combo1", scelta, {12, 34, 276, 26}, f);
+    etichetta(tr("Combinazione Vincente"), {12, 70, 200, 20}, f);
+    etichetta(tr("Jolly"), {288 - lato_casella, 70, lato_casella, 20}, f, Qt::AlignHCenter);
+    for (int i = 1; i <= 6; ++i) {
+        txtnum[static_cast<std::size_t>(i)] =
+            casella(membro("txtnum", i), tr("Numero %1").arg(i),
+                    {12 + (i - 1) * (lato_casella + 4), 92, lato_casella, 28}, f);
+    }
+    txtnum[0] =
+        casella(membro("txtnum", 0), tr("Jolly"), {288 - lato_casella, 92, lato_casella, 28}, f);
+    txtnum[0]->setProperty("jolly", true);
+    const QString pannelli = tr("Numero di pannelli per Schedina");
+    etichetta(pannelli, {12, 132, 212, 24}, f);
+    Combo2 = elenco("Combo2", pannelli, {232, 132, 56, 24}, f);
+    for (int i = 1; i <= 5; ++i) Combo2->AddItem(QString::number(i));
+    Cmdspoglio = pulsante("Cmdspoglio", tr("Spoglio"), {168, 168, 120, 30}, f);
+    Cmdspoglio->setDefault(true);
+}
+
+void frmspoglio::crea_estrazione_lotto() {
+    Framevinclotto = coperchio("Framevinclotto", {4, 8, sinistra - 8, 118}, Combo1->parentWidget());
+    const QString scelta = tr("Scegli la combinazione da esaminare");
+    etichetta(scelta, {8, 4, 276, 20}, Framevinclotto);
+    Combo3 = elenco("Combo3", scelta, {8, 26, 276, 26}, Framevinclotto);
+    etichetta(tr("Combinazione Vincente"), {8, 62, 276, 20}, Framevinclotto);
+    for (int i = 0; i < 5; ++i) {
+        txtnumlotto[static_cast<std::size_t>(i)] =
+            casella(membro("txtnumlotto", i), tr("Numero %1").arg(i + 1),
+                    {8 + i * (lato_casella + 4), 84, lato_casella, 28}, Framevinclotto);
+    }
+}
+
+void frmspoglio::crea_cruciverba() {
+    const QRect dove(x_destra, y_sistema, destra, h_lista);
+    ListView1 = new platform::ListaVirtuale(*elenco_, this);
+    ListView1->setObjectName("ListView1");
+    ListView1->setAccessibleName(tr("Dettaglio Schedine Vincenti"));
+    ListView1->setGeometry(dove);
+    ListView1->set_Width(4980);
+    ListView1->setProperty("elenco", true);
+    ListView1->setAlternatingRowColors(true);
+    ListView1->setFocusPolicy(Qt::NoFocus);
+    Frame4 = riquadro("Frame4", QString(), dove, this);
+    Frame4->setAutoFillBackground(true);
+    MSFlexGrid1 = new platform::MSFlexGrid(Frame4);
+    MSFlexGrid1->setObjectName("MSFlexGrid1");
+    MSFlexGrid1->setAccessibleName(tr("Cruciverba"));
+    MSFlexGrid1->setFocusPolicy(Qt::NoFocus);
+    MSFlexGrid1->barra_esterna();
+    piclist = new platform::Image(":/piclist.svg", {220, 160}, this);
+    piclist->setObjectName("piclist");
+    piclist->setFocusPolicy(Qt::NoFocus);
+    piclist->setAttribute(Qt::WA_TransparentForMouseEvents);
+    piclist->set_sfondi(Qt::white, Qt::white);
+    piclist->setGeometry(dove);
+    piclist->hide();
+    const int y = y_ordine;
+    etichetta(tr("Ordina per"), {x_destra, y, 100, 28}, this, Qt::AlignRight);
+    cmdpunti = pulsante("cmdpunti", tr("Punti"), {x_destra + 108, y, 116, 28}, this);
+    cmdsched = pulsante("cmdsched", tr("N. Schedina"), {x_destra + 232, y, 116, 28}, this);
+}
+
+void frmspoglio::crea_esito() {
+    Frame2 =
+        riquadro("Frame2", QString(), {margine, y_esito, larghezza - 2 * margine, h_esito}, this);
+    etichetta(tr("Punti"), {12, 12, 62, 22}, Frame2);
+    etichetta(tr("N. Comb."), {12, 38, 62, 26}, Frame2);
+    constexpr int x = 78;
+    constexpr int passo = 54;
+    constexpr int largo = 50;
+    // The label of no points is the last of the array, since place 0 is the total.
+    const std::array<std::size_t, 8> posti{7, 1, 2, 3, 4, 5, 0, 6};
+    for (int i = 0; i < 8; ++i) {
+        const std::size_t posto = posti[static_cast<std::size_t>(i)];
+        if (posto == 0) {
+            lblvinc_j[5] = categoria(membro("lblvinc_j", 5), "5+1", x + i * passo, largo, Frame2);
+            continue;
+        }
+        const int indice = static_cast<int>(posto);
+        lblvinc[posto] = categoria(membro("lblvinc", indice), QString::number(indice % 7),
+                                   x + i * passo, largo, Frame2);
+    }
+    framelotto = coperchio("framelotto", {x - 4, 6, 8 * passo + 4, h_esito - 12}, Frame2);
+    for (int p = 2; p <= 5; ++p) {
+        QLabel* nuova = categoria(membro("lblvinclotto", p - 2), QString::number(p),
+                                  4 + (p - 2) * 2 * passo, largo * 2, framelotto);
+        lblvinclotto[static_cast<std::size_t>(p - 2)] = nuova;
+    }
+    // The same heights as beneath, where the frame begins six pixels further down.
+    for (QLabel* e : framelotto->findChildren<QLabel*>()) e->move(e->x(), e->y() - 6);
+    const int x_totale = x + 8 * passo + 4;
+    lblvinc[0] = categoria(membro("lblvinc", 0), tr("Totale Comb. Vincenti"), x_totale,
+                           Frame2->width() - x_totale - 10, Frame2);
+    picprog1 = new QFrame(this);
+    picprog1->setObjectName("picprog1");
+    picprog1->setProperty("binario", true);
+    picprog1->setGeometry(margine, y_avanzamento, larghezza - 2 * margine, h_avanzamento);
+    picprog1->hide();
+    picprog2 = new QFrame(picprog1);
+    picprog2->setObjectName("picprog2");
+    picprog2->setProperty("barra", true);
+    picprog2->setGeometry(0, 0, 0, h_avanzamento);
+}
+
+void frmspoglio::crea_comandi() {
+    Frame* f = riquadro("Frame5", QString(),
+                        {margine, y_comandi, larghezza - 2 * margine, h_comandi}, this);
+    const QString dettaglio = tr("Dettaglio Schedine Vincenti");
+    Cmdvincenti = pulsante("Cmdvincenti", dettaglio, {10, 8, 220, 28}, f);
+    Command1 = pulsante("Command1", tr("Annulla"), {438, 8, 100, 28}, f);
+    CmdEsci = pulsante("CmdEsci", tr("Esci"), {546, 8, 100, 28}, f);
+    framedetlotto = coperchio("framedetlotto", {100, 4, 240, 36}, f);
+    Cmdvincentilotto = pulsante("Cmdvincentilotto", dettaglio, {8, 4, 220, 28}, framedetlotto);
+    Cmdvincenti->setEnabled(false);
+    Cmdvincentilotto->setEnabled(false);
+}
+
+void frmspoglio::collega() {
+    connect(Combo1, &platform::ComboBox::Click, this, &frmspoglio::Combo1_Click);
+    connect(Combo3, &platform::ComboBox::Click, this, &frmspoglio::Combo3_Click);
+    connect(Cmdspoglio, &QPushButton::clicked, this, &frmspoglio::Cmdspoglio_Click);
+    connect(Cmdvincenti, &QPushButton::clicked, this, &frmspoglio::Cmdvincenti_Click);
+    connect(Cmdvincentilotto, &QPushButton::clicked, this, &frmspoglio::Cmdvincentilotto_Click);
+    connect(Command1, &QPushButton::clicked, this, &frmspoglio::Command1_Click);
+    connect(CmdEsci, &QPushButton::clicked, this, &QDialog::close);
+    connect(cmdpunti, &QPushButton::clicked, this, [this] { ordina(cmdpunti, colonna_punti); });
+    connect(cmdsched, &QPushButton::clicked, this, [this] { ordina(cmdsched, colonna_chiave); });
+    const auto poi = [this](QLineEdit* casella, QWidget* prossima) {
+        connect(casella, &QLineEdit::textChanged, this,
+                [this, casella, prossima] { casella_piena(casella, prossima); });
+    };
+    for (std::size_t i = 1; i <= 6; ++i) poi(txtnum[i], txtnum[i < 6 ? i + 1 : 0]);
+    poi(txtnum[0], Cmdspoglio);
+    // The Lotto boxes go round instead.
+    for (std::size_t i = 0; i < 5; ++i) poi(txtnumlotto[i], txtnumlotto[(i + 1) % 5]);
+}
+
+void frmspoglio::ordine_tastiera() {
+    QWidget* prima = txtnum[1];
+    const auto poi = [&prima](QWidget* w) {
+        QWidget::setTabOrder(prima, w);
+        prima = w;
+    };
+    for (std::size_t i = 2; i <= 6; ++i) poi(txtnum[i]);
+    poi(txtnum[0]);
+    for (QLineEdit* casella : txtnumlotto) poi(casella);
+    for (QWidget* w : std::initializer_list<QWidget*>{Cmdspoglio, Cmdvincenti, Cmdvincentilotto,
+                                                      Command1, CmdEsci, cmdsched, cmdpunti,
+                                                      ListView1, Combo1, Combo3, Combo2}) {
+        poi(w);
+    }
+}
+
+void frmspoglio::Form_Load() {
+    if (form1_.lotto) {
+        Framevinclotto->show();
+        framelotto->show();
+        framedetlotto->show();
+        framedetlotto->move(px(30), framedetlotto->y());
+        // What lies beneath must not be reached by keys.
+        for (QLineEdit* casella : txtnum) casella->setFocusPolicy(Qt::NoFocus);
+        for (QWidget* w : {static_cast<QWidget*>(Combo1), static_cast<QWidget*>(Cmdvincenti)}) {
+            w->setFocusPolicy(Qt::NoFocus);
+        }
+    }
+    copia_cruciverba();
+    Combo2->set_ListIndex(4);
+    platform::centra(this, &form1_);
+    ordine_tastiera();
+    apridatabase();
+}
+
+void frmspoglio::copia_cruciverba() {
+    const platform::MSFlexGrid* da = form1_.MSFlexGrid1;
+    MSFlexGrid1->hide();
+    MSFlexGrid1->set_Rows(da->Rows());
+    MSFlexGrid1->set_Cols(da->Cols());
+    for (int x = 0; x < da->Cols(); ++x) {
+        for (int y = 0; y < da->Rows(); ++y) {
+            MSFlexGrid1->set_testo(y, x, da->testo(y, x));
+            MSFlexGrid1->RowHeight(y, 300);
+        }
+        MSFlexGrid1->ColWidth(x, 300);
+    }
+    MSFlexGrid1->misura(da->size());
+    MSFlexGrid1->move(Frame4->width() / 2 - MSFlexGrid1->width() / 2,
+                      Frame4->height() / 2 - MSFlexGrid1->height() / 2);
+    MSFlexGrid1->show();
+}
+
+void frmspoglio::showEvent(QShowEvent* evento) {
+    QDialog::showEvent(evento);
+    if (evento->spontaneous() || focusWidget() != nullptr) return;
+    (form1_.lotto ? txtnumlotto[0] : txtnum[1])->setFocus();
+}
+
+}  // namespace check
