@@ -21,6 +21,7 @@ setup_build() {
 setup_tests() {
   setup_build
   install_missing libgtest-dev clang-format poppler-utils xvfb openbox
+  install_missing libgtest-dev clang-format desktop-file-utils appstream file
 }
 
 setup_virtual_display() {

@@ -1,0 +1,87 @@
+#!/usr/bin/env bash
+# pacchetto.sh voce|metadati|pacchetto SOURCE BUILD: what is installed, checked as a desktop and
+# Debian would. Exits 77 when the tools for it are missing.
+set -euo pipefail
+cosa=$1 sorgenti=$2 build=$3
+
+serve() {
+  local mancano=()
+  for comando in "$@"; do command -v "$comando" >/dev/null || mancano+=("$comando"); done
+  [ ${#mancano[@]} -eq 0 ] && return 0
+  echo "SKIPPED: ${mancano[*]} not installed (scripts/setup.sh installs what the tests need)"
+  exit 77
+}
+fallisci() { echo "FAILED: $*" >&2; exit 1; }
+
+case $cosa in
+voce)
+  serve desktop-file-validate
+  desktop-file-validate "$sorgenti/packaging/tabellino.desktop"
+  exit ;;
+metadati)
+  serve appstreamcli
+  appstreamcli validate --no-net "$build/packaging/local.tabellino.tabellino.metainfo.xml"
+  exit ;;
+esac
+
+serve cpack dpkg-deb dpkg-shlibdeps file
+lavoro=$(mktemp -d)
+programma=
+trap '[ -z "$programma" ] || kill -KILL "$programma" 2>/dev/null || true; rm -rf "$lavoro"' EXIT
+cpack -G DEB --config "$build/CPackConfig.cmake" -B "$lavoro/cpack" >"$lavoro/log" 2>&1 ||
+  { cat "$lavoro/log"; fallisci "cpack"; }
+deb=$(echo "$lavoro"/cpack/*.deb)
+[ -f "$deb" ] || fallisci "no package"
+dpkg-deb -x "$deb" "$lavoro/x"
+
+# Layout.
+usr=$lavoro/x/usr
+for eseguibile in bin/tabellino bin/ridotti bin/leggi_mdb; do
+  [ -x "$usr/$eseguibile" ] || fallisci "$eseguibile is not there"
+done
+for nome in applications/tabellino.desktop metainfo/local.tabellino.tabellino.metainfo.xml \
+  icons/hicolor/scalable/apps/tabellino.svg man/man1/tabellino.1.gz man/man1/ridotti.1.gz \
+  doc/tabellino/copyright tabellino/ridotti/cr0600.rid tabellino/ridotti/cr1507.rid; do
+  [ -f "$usr/share/$nome" ] || fallisci "share/$nome is not there"
+done
+for lato in 16 22 24 32 48 64 128 256; do
+  file "$usr/share/icons/hicolor/${lato}x$lato/apps/tabellino.png" |
+    grep -q "PNG image data, $lato x $lato," || fallisci "the icon of $lato pixels"
+done
+[ "$(find "$usr/share/tabellino/ridotti" -name '*.rid' | wc -l)" -eq 136 ] || fallisci "136 tables"
+for sistema in primipassi.sen primipassi.col ridotto.sen terzine.sel terzine.lot cinquine.sel; do
+  [ -f "$usr/share/tabellino/cruciverba/$sistema" ] || fallisci "sample $sistema"
+done
+altrove=$(find "$lavoro/x" -type f ! -path '*/usr/bin/*' ! -path '*/usr/share/*' \
+  ! -path '*/usr/libexec/tabellino/*')
+[ -z "$altrove" ] || fallisci "unexpected files: $altrove"
+scrivibili=$(find "$lavoro/x" -type f -perm /022)
+[ -z "$scrivibili" ] || fallisci "writable by others: $scrivibili"
+
+# Dependencies: each library that a program wants belongs to a package that is named.
+dipendenze=$(dpkg-deb -f "$deb" Depends)
+for pacchetto in libqt6widgets6 libqt6svg6 libmdb libc6 fonts-liberation; do
+  [[ $dipendenze == *"$pacchetto"* ]] || fallisci "does not depend on $pacchetto: $dipendenze"
+done
+
+# A first start makes the user's suite folder and nothing else in the home.
+casa=$lavoro/casa dati=$lavoro/casa/dati
+mkdir -m 700 -p "$casa/run"
+env -u DISPLAY -u WAYLAND_DISPLAY HOME="$casa" XDG_DATA_HOME="$dati" XDG_RUNTIME_DIR="$casa/run" \
+  XDG_CONFIG_HOME="$casa/config" XDG_CACHE_HOME="$casa/cache" QT_QPA_PLATFORM=offscreen \
+  "$usr/bin/tabellino" 2>"$lavoro/err" &
+programma=$!
+for _ in $(seq 300); do
+  [ -d "$dati/sortivario/cruciverba" ] && break
+  kill -0 $programma 2>/dev/null || { cat "$lavoro/err"; fallisci "the program ended"; }
+  sleep 0.1
+done
+kill -0 $programma 2>/dev/null || { cat "$lavoro/err"; fallisci "the program ended"; }
+suite=$dati/sortivario
+[ -d "$suite/cruciverba" ] || fallisci "no suite folder after the first start"
+diff -r "$usr/share/tabellino/ridotti" "$suite/ridotti" || fallisci "tables differ"
+[ -z "$(find "$casa" -type f ! -path "$suite/*" ! -path "$casa/run/*" ! -path "$casa/cache/*")" ] ||
+  fallisci "files outside the suite folder: $(find "$casa" -type f)"
+kill -TERM $programma && wait $programma || true
+programma=
+echo "$(basename "$deb"): $dipendenze"
