@@ -1,0 +1,12 @@
+# Copies from DA into A the systems that A lacks: a player's own are never written over.
+file(GLOB sistemi RELATIVE ${DA} ${DA}/*.sen ${DA}/*.sel)
+foreach(sistema ${sistemi})
+  if(NOT EXISTS ${A}/${sistema})
+    file(COPY ${DA}/${sistema} DESTINATION ${A})
+    string(REGEX REPLACE "\\.sen$" ".col" sviluppo ${sistema})
+    string(REGEX REPLACE "\\.sel$" ".lot" sviluppo ${sviluppo})
+    if(EXISTS ${DA}/${sviluppo})
+      file(COPY ${DA}/${sviluppo} DESTINATION ${A})
+    endif()
+  endif()
+endforeach()
