@@ -2,6 +2,8 @@
 
 #include "app/form1.h"
 #include "check/frmspoglio.h"
+#include "help/frmAbout.h"
+#include "help/guida.h"
 #include "platform/desktop.h"
 #include "printing/frmstsvl.h"
 #include "systems/form2.h"
@@ -83,9 +85,17 @@ void DialoghiQt::spoglio(Form1& form1) {
     form->iniz();
     form->show();
 }
-void DialoghiQt::informazioni(Form1& /*form1*/) {}
-void DialoghiQt::guida(Form1& /*form1*/) {}
-void DialoghiQt::sito(Form1& /*form1*/) {}
+void DialoghiQt::informazioni(Form1& form1) {
+    help::frmAbout(form1).exec();
+}
+
+void DialoghiQt::guida(Form1& /*form1*/) {
+    help::apri_guida();
+}
+
+void DialoghiQt::sito(Form1& /*form1*/) {
+    help::apri_sito();
+}
 
 void DialoghiQt::chiudi_tutti() {
     chiudi(gestore_);

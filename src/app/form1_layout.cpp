@@ -181,7 +181,8 @@ void Form1::crea_cruciverba() {
     MSFlexGrid1->cursore_visibile(true);
     MSFlexGrid1->barra_esterna();
     MSFlexGrid1->setToolTip(tr("Clic su un numero del tabellone, o due cifre dalla tastiera"));
-    annulla = azione("annulla", tr("&Annulla la modifica"), QKeySequence(Qt::CTRL | Qt::Key_Z), this);
+    annulla =
+        azione("annulla", tr("&Annulla la modifica"), QKeySequence(Qt::CTRL | Qt::Key_Z), this);
     ripeti = azione("ripeti", tr("&Ripeti la modifica"), QKeySequence(Qt::CTRL | Qt::Key_Y), this);
     MSFlexGrid1->addActions({annulla, ripeti});
     MSFlexGrid1->setContextMenuPolicy(Qt::ActionsContextMenu);

@@ -44,6 +44,7 @@ QPushButton[numero="true"]:disabled { background: #E4EAF2; color: #A3AFC0; borde
 
 platform--Frame[evidenza="true"] { qproperty-fondo: #FFF8EC; qproperty-linea: #E07B00; }
 QLabel[titolo="true"] { color: #000080; font-weight: bold; }
+QLabel[titolo_grande="true"] { color: #000080; font-size: 24px; font-weight: bold; }
 QLabel[valore="true"] { background: #F4F9FE; border: 1px solid #B9CBE0; border-radius: 3px;
     padding: 0 6px; font-weight: bold; color: #000080; }
 QLabel[su_scuro="true"] { color: #D8EEFE; }

@@ -30,8 +30,7 @@ void Form1::digita(int numero) {
         CMDnum_Click(numero);
         return;
     }
-    const QModelIndex cella =
-        MSFlexGrid1->model()->index(MSFlexGrid1->Row(), MSFlexGrid1->Col());
+    const QModelIndex cella = MSFlexGrid1->model()->index(MSFlexGrid1->Row(), MSFlexGrid1->Col());
     const QPoint sotto = MSFlexGrid1->visualRect(cella).bottomLeft();
     QToolTip::showText(MSFlexGrid1->viewport()->mapToGlobal(sotto),
                        sul_tabellone

@@ -55,7 +55,7 @@ std::string cartella_di(const std::string& nome) {
 }
 
 /// Position after the UTF-8 character at `i`.
-std::size_t dopo_carattere(const std::string& s, std::size_t i) {
+std::size_t dopo_carattere(std::string_view s, std::size_t i) {
     ++i;
     while (i < s.size() && (static_cast<unsigned char>(s[i]) & 0xC0) == 0x80) ++i;
     return i;
@@ -257,8 +257,10 @@ std::string testo_data_ora(std::int64_t secondi) {
 }
 
 bool corrisponde(std::string_view nome, std::string_view modello) {
-    const std::string n = LCase(nome);
-    const std::string m = LCase(modello);
+    return Like(LCase(nome), LCase(modello));
+}
+
+bool Like(std::string_view n, std::string_view m) {
     std::size_t i = 0;
     std::size_t j = 0;
     std::size_t stella = std::string::npos;

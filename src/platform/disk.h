@@ -60,7 +60,9 @@ std::string testo_data_ora(std::int64_t secondi);
 /// Names (no folder) of the regular files of `cartella` that match `modello` ("*", "?"),
 /// in order of name, case ignored.
 std::vector<std::string> Dir(const std::string& cartella, std::string_view modello);
-/// True when `nome` matches `modello`, case ignored.
+/// True when `testo` matches `modello`: "*" is any characters, "?" is one.
+bool Like(std::string_view testo, std::string_view modello);
+/// The same, case ignored.
 bool corrisponde(std::string_view nome, std::string_view modello);
 
 /// Deletes one file or link.

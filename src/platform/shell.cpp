@@ -7,7 +7,6 @@
 #include "platform/desktop.h"
 #include "platform/disk.h"
 #include "platform/runtime.h"
-#include "platform/windows.h"
 
 namespace platform {
 
@@ -32,10 +31,14 @@ std::int64_t Shell(const std::string& programma) {
     return avvia(programma.substr(0, programma.size() - fine.size()));
 }
 
-bool AppActivate(std::string_view titolo) {
+std::vector<Finestra> EnumWindows() {
     // A program that shows nothing must not reach for the windows of somebody's desktop.
-    if (QGuiApplication::platformName() == "offscreen") return false;
-    const auto finestre = finestre_aperte();
+    if (QGuiApplication::platformName() == "offscreen") return {};
+    return finestre_aperte();
+}
+
+bool AppActivate(std::string_view titolo) {
+    const auto finestre = EnumWindows();
     const Finestra* trovata = finestra_titolata(finestre, titolo);
     return trovata != nullptr && attiva_finestra(trovata->id);
 }

@@ -4,6 +4,9 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "platform/windows.h"
 
 namespace platform {
 
@@ -11,6 +14,10 @@ namespace platform {
 /// not start, the name without ".exe" is tried, as programs have no such ending everywhere.
 /// The number of the process, 0 when neither started.
 std::int64_t Shell(const std::string& programma);
+
+/// The windows of the screen that this program shows itself on, the topmost first; none when it
+/// shows nothing.
+std::vector<Finestra> EnumWindows();
 
 /// Brings the window titled so, or beginning so, to the front and gives it the keyboard; false
 /// when there is none.
