@@ -73,6 +73,7 @@ QScrollBar::add-page, QScrollBar::sub-page { background: none; }
 QMessageBox, QDialogButtonBox { button-layout: 0; dialogbuttonbox-buttons-have-icons: 0; }
 QComboBox:focus { border-color: #E07B00; }
 QComboBox:disabled { background: #EEF2F7; color: #9AA7B8; border-color: #C9D4E2; }
+QComboBox[lunga="true"] { combobox-popup: 0; }
 QComboBox[in_griglia="true"] { border-radius: 0; border: 1px solid #B9CBE0; }
 QComboBox[in_griglia="true"]:focus { border-color: #E07B00; }
 QComboBox QAbstractItemView { background: white; border: 1px solid #7E97BE;

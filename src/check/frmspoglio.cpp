@@ -289,8 +289,7 @@ void frmspoglio::closeEvent(QCloseEvent* evento) {
     }
     evento->accept();
     // Before this form goes, so that there is never a moment without any window.
-    form1_.show();
-    form1_.activateWindow();
+    platform::mostra_di_nuovo(&form1_);
 }
 
 }  // namespace check

@@ -94,6 +94,8 @@ platform::ComboBox* elenco(const QString& nome, const QString& scopo, QRect dove
     c->setObjectName(nome);
     c->setAccessibleName(scopo);
     c->setGeometry(dove);
+    c->setProperty("lunga", true);
+    c->setMaxVisibleItems(15);
     return c;
 }
 

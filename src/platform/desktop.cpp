@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QUrl>
 #include <QWidget>
+#include <QWindow>
 
 namespace platform {
 
@@ -168,6 +169,13 @@ bool cestina(const QString& nome) {
 void centra(QWidget* finestra, const QWidget* sotto) {
     const QPoint centro = sotto->mapToGlobal(sotto->rect().center());
     finestra->move(centro - QPoint(finestra->width() / 2, finestra->height() / 2));
+}
+
+void mostra_di_nuovo(QWidget* finestra) {
+    // The window manager places anew whatever was never told its place.
+    if (QWindow* w = finestra->windowHandle()) w->setGeometry(finestra->geometry());
+    finestra->show();
+    finestra->activateWindow();
 }
 
 }  // namespace platform

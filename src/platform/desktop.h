@@ -66,6 +66,9 @@ bool cestina(const QString& nome);
 /// Centres `finestra` on the client area of `sotto`.
 void centra(QWidget* finestra, const QWidget* sotto);
 
+/// Shows a window that was hidden, where it stood.
+void mostra_di_nuovo(QWidget* finestra);
+
 /// Pixels of a length in twips (15 to the pixel).
 constexpr int px(int twips) {
     return (twips * 2 + 15) / 30;

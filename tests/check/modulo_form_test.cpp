@@ -207,6 +207,27 @@ TEST_F(Modulo, CloseBoxAndEscapeAreTheSameWayOut) {
     EXPECT_EQ(modulo(), nullptr);
 }
 
+TEST_F(Modulo, MainFormComesBackWhereItStood) {
+    p.form1.move(37, 41);
+    const QPoint dove = p.form1.pos();
+    Programma::clic(apri().CmdEsci);
+    EXPECT_EQ(p.form1.pos(), dove);
+}
+
+TEST_F(Modulo, ClosingWhileACheckRunsWaitsForItsEnd) {
+    std::string testo;
+    for (int i = 0; i < 172172; ++i) testo += "10,20,30,40,50,60\r\n";
+    frmspoglio& f = apri(testo, 172172);
+    scrivi(f.txtnum, {"7", "1", "2", "3", "4", "5", "6"});
+    QTimer::singleShot(0, &f, [&f] { f.close(); });
+    Programma::clic(f.Cmdspoglio);
+    QApplication::processEvents();
+    EXPECT_TRUE(p.form1.isVisible());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(modulo(), nullptr);
+    EXPECT_EQ(platform::MousePointer(), 0);
+}
+
 TEST_F(Modulo, NextCheckStartsWithAFreshForm) {
     frmspoglio& f = apri();
     Programma::clic(f.Cmdspoglio);
