@@ -5,6 +5,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -64,6 +65,14 @@ public:
     ::_exit(riuscito ? 0 : 1);
 }
 
+/// Pages of a PDF file, from the root of their tree.
+double pagine(const std::string& nome) {
+    std::ifstream f(nome, std::ios::binary);
+    const std::string dati{std::istreambuf_iterator<char>(f), {}};
+    const std::size_t conto = dati.find("/Count ");
+    return conto == std::string::npos ? 0 : std::stod(dati.substr(conto + 7, 12));
+}
+
 void listato_in_pdf(benchmark::State& stato) {
     const Cartella cartella;
     cartella.sviluppo(stato.range(0));
@@ -82,8 +91,9 @@ void listato_in_pdf(benchmark::State& stato) {
             std::chrono::duration<double>(std::chrono::steady_clock::now() - prima).count());
     }
     stato.counters["picco_MiB"] = static_cast<double>(uso.ru_maxrss) / 1024.0;
-    stato.counters["pdf_MiB"] =
-        static_cast<double>(fs::file_size(cartella.nome() + "/prova-sviluppo.pdf")) / 1048576.0;
+    const std::string pdf = cartella.nome() + "/prova-sviluppo.pdf";
+    stato.counters["pdf_MiB"] = static_cast<double>(fs::file_size(pdf)) / 1048576.0;
+    stato.counters["pagine"] = pagine(pdf);
 }
 BENCHMARK(listato_in_pdf)
     ->Arg(20000)

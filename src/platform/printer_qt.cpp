@@ -114,6 +114,7 @@ void PrinterQt::inizia_lavoro() {
         foglio_ = std::move(carta);
     }
     pittore_.begin(foglio_.get());
+    in_uso_.reset();
 }
 
 void PrinterQt::inizia_pagina() {
@@ -129,17 +130,22 @@ QPointF PrinterQt::punto(float x, float y) const {
             static_cast<qreal>(y) * foglio_->logicalDpiY() / unita_al_pollice_y};
 }
 
-QFont PrinterQt::carattere() const {
+void PrinterQt::prepara_carattere() {
+    // A listing has hundreds of thousands of texts in one font: looking it up for each would take
+    // most of the job's time.
+    const Carattere voluto{FontSize, FontBold, FontItalic};
+    if (in_uso_ == voluto) return;
+    in_uso_ = voluto;
     QFont f = carattere_fisso(FontBold);
     f.setItalic(FontItalic);
     f.setPointSizeF(FontSize);
-    return f;
+    pittore_.setFont(f);
 }
 
 void PrinterQt::disegna_testo(float x, float y, std::string_view testo) {
     // A grid from a file may be too large for a font to be left for its numbers.
     if (!pittore_.isActive() || FontSize <= 0) return;
-    pittore_.setFont(carattere());
+    prepara_carattere();
     pittore_.setPen(Qt::black);
     const float base = y + unita(metrica().ascent(), FontSize, unita_al_pollice_y);
     pittore_.drawText(punto(x, base), testo_qt(testo));

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -39,7 +40,7 @@ protected:
 private:
     void inizia_lavoro();
     [[nodiscard]] QPointF punto(float x, float y) const;
-    [[nodiscard]] QFont carattere() const;
+    void prepara_carattere();
     [[nodiscard]] const QFontMetricsF& metrica() const;
     void prepara_penna();
 
@@ -49,6 +50,14 @@ private:
     std::unique_ptr<QPagedPaintDevice> foglio_;
     QPrinter* stampante_ = nullptr;
     QPainter pittore_;
+    /// Font that the painter holds.
+    struct Carattere {
+        float corpo = 0;
+        bool grassetto = false;
+        bool corsivo = false;
+        bool operator==(const Carattere&) const = default;
+    };
+    std::optional<Carattere> in_uso_;
     std::array<QFontMetricsF, 2> metriche_;
 };
 
