@@ -95,13 +95,13 @@ void frmstsvl::crea_intervallo() {
         t->setObjectName(membro("txtdalla", i));
         t->setAccessibleName(scopi[k]);
         t->setAlignment(Qt::AlignRight);
-        t->setGeometry(12 + i * 70, 36, 54, 24);
+        t->setGeometry(10 + i * 70, 36, 58, 24);
         t->setValidator(new SoloCifre(t));
         t->installEventFilter(this);
         txtdalla[k] = t;
     }
     auto* fra = new QLabel(QStringLiteral("–"), Frame1);
-    fra->setGeometry(66, 36, 16, 24);
+    fra->setGeometry(68, 36, 12, 24);
     fra->setAlignment(Qt::AlignCenter);
 }
 
@@ -113,6 +113,7 @@ void frmstsvl::crea_pulsanti() {
     riga->setGeometry(12, y - 9, 360, 1);
     riga->setStyleSheet("background: #D4DFEC; border: 0;");
     Command2 = pulsante("Command2", "Conferma", {12, y, 132, 30}, Frame2);
+    Command2->setDefault(true);
     Command3 = pulsante("Command3", "Annulla", {154, y, 104, 30}, Frame2);
     Command1 = pulsante("Command1", "Effacer", {268, y, 104, 30}, Frame2);
 }

@@ -436,6 +436,16 @@ TEST(Imprimer, ConIlTastoInvio) {
     EXPECT_EQ(s.aperti.size(), 1);
 }
 
+TEST(Conferma, ConIlTastoInvioDaUnaOpzione) {
+    Stampa s;
+    s.in_linea();
+    frmstsvl* f = s.apri();
+    Programma::clic(f->Option1[1]);
+    QTest::keyClick(f->Option1[1], Qt::Key_Return);
+    EXPECT_EQ(s.p.mostrati(), Mostrati{da_elaborare});
+    EXPECT_TRUE(s.aperti.isEmpty());
+}
+
 TEST(Imprimer, NelLottoCercaIlSuperEnalotto) {
     Stampa s;
     Programma::clic(s.p.form1.Image10);
