@@ -8,6 +8,7 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QUrl>
 #include <QWidget>
 #include <QWindow>
@@ -68,7 +69,9 @@ int MsgBox(QWidget* padre, const Messaggio& messaggio) {
     LockWindowUpdate(nullptr);
     const int prima = MousePointer();
     MousePointer(0);
-    QMessageBox box(padre);
+    // A window that is not shown yet has no place for a box over it.
+    const bool sopra = padre != nullptr && padre->isVisible();
+    QMessageBox box(sopra ? padre : nullptr);
     box.setWindowTitle(messaggio.titolo);
     box.setText(messaggio.testo);
     box.setTextFormat(Qt::PlainText);
@@ -83,6 +86,10 @@ int MsgBox(QWidget* padre, const Messaggio& messaggio) {
         box.button(QMessageBox::Yes)->setText(QStringLiteral("&Sì"));
         box.button(QMessageBox::No)->setText(QStringLiteral("&No"));
         box.setDefaultButton(QMessageBox::Yes);
+    }
+    if (const QScreen* schermo = QGuiApplication::primaryScreen(); !sopra && schermo != nullptr) {
+        box.adjustSize();
+        box.move(schermo->availableGeometry().center() - box.rect().center());
     }
     const int risposta = box.exec();
     MousePointer(prima);

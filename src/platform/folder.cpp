@@ -13,25 +13,46 @@ SceltaCartella& scelta_in_forza() {
     return scelta;
 }
 
-}  // namespace
+std::function<QStringList()>& scelta_file_in_forza() {
+    static std::function<QStringList()> scelta;
+    return scelta;
+}
 
-QString scegli_cartella(QWidget* proprietario, const QString& titolo, const QString& inizio) {
-    if (scelta_in_forza()) return scelta_in_forza()(titolo, inizio);
-    const int prima = MousePointer();
-    MousePointer(0);
-    QFileDialog dialogo(proprietario, titolo, inizio);
-    dialogo.setFileMode(QFileDialog::Directory);
-    dialogo.setOption(QFileDialog::ShowDirsOnly);
+/// The answer of the dialog, its words in Italian.
+QStringList esegui(QFileDialog& dialogo, const QString& che_cosa) {
     // The titles of the program speak of this button by its name.
     dialogo.setLabelText(QFileDialog::Accept, "OK");
     dialogo.setLabelText(QFileDialog::Reject, "Annulla");
     dialogo.setLabelText(QFileDialog::LookIn, "Cerca in:");
-    dialogo.setLabelText(QFileDialog::FileName, "Cartella:");
+    dialogo.setLabelText(QFileDialog::FileName, che_cosa);
     dialogo.setLabelText(QFileDialog::FileType, "Tipo:");
-    const QString cartella =
-        dialogo.exec() == QDialog::Accepted ? dialogo.selectedFiles().value(0) : QString();
+    const int prima = MousePointer();
+    MousePointer(0);
+    const QStringList scelti =
+        dialogo.exec() == QDialog::Accepted ? dialogo.selectedFiles() : QStringList();
     MousePointer(prima);
-    return cartella;
+    return scelti;
+}
+
+}  // namespace
+
+QString scegli_cartella(QWidget* proprietario, const QString& titolo, const QString& inizio) {
+    if (scelta_in_forza()) return scelta_in_forza()(titolo, inizio);
+    QFileDialog dialogo(proprietario, titolo, inizio);
+    dialogo.setFileMode(QFileDialog::Directory);
+    dialogo.setOption(QFileDialog::ShowDirsOnly);
+    return esegui(dialogo, "Cartella:").value(0);
+}
+
+QStringList scegli_file(QWidget* proprietario, const QString& titolo, const QString& inizio) {
+    if (scelta_file_in_forza()) return scelta_file_in_forza()();
+    QFileDialog dialogo(proprietario, titolo, inizio);
+    dialogo.setFileMode(QFileDialog::ExistingFiles);
+    return esegui(dialogo, "File:");
+}
+
+void scegli_file_con(std::function<QStringList()> scelta) {
+    scelta_file_in_forza() = std::move(scelta);
 }
 
 void scegli_con(SceltaCartella scelta) {

@@ -1,9 +1,10 @@
-// Choice of a folder.
+// Choice of a folder or of files.
 #pragma once
 
 #include <functional>
 
 #include <QString>
+#include <QStringList>
 
 class QWidget;
 
@@ -12,6 +13,12 @@ namespace platform {
 /// Lets the user choose a folder, in a modal dialog of that title that opens at `inizio`.
 /// Returns its path, empty when cancelled. Every choice of a folder goes through here.
 QString scegli_cartella(QWidget* proprietario, const QString& titolo, const QString& inizio);
+
+/// Lets the user choose one or more files, in a modal dialog; empty when cancelled.
+QStringList scegli_file(QWidget* proprietario, const QString& titolo, const QString& inizio);
+
+/// What answers in place of the dialog for files; an empty one brings it back.
+void scegli_file_con(std::function<QStringList()> scelta);
 
 /// What answers in place of the dialog.
 using SceltaCartella = std::function<QString(const QString& titolo, const QString& inizio)>;

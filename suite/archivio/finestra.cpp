@@ -1,0 +1,178 @@
+#include "finestra.h"
+
+#include <QCloseEvent>
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QFontDatabase>
+#include <QMimeData>
+#include <QStyle>
+#include <QUrl>
+
+#include "importa.h"
+#include "platform/desktop.h"
+#include "platform/folder.h"
+
+namespace importazione {
+
+using platform::q;
+using platform::s;
+
+namespace {
+
+constexpr int larghezza = 560;
+constexpr int altezza = 420;
+constexpr int margine = 12;
+/// The report shows so many notes; more would hide the summary.
+constexpr std::size_t note_massime = 200;
+
+QStringList locali(const QMimeData* dati) {
+    QStringList file;
+    for (const QUrl& url : dati->urls()) {
+        if (url.isLocalFile()) file << url.toLocalFile();
+    }
+    return file;
+}
+
+void accoda(QStringList& righe, const char* titolo, const std::vector<Nota>& note) {
+    if (note.empty()) return;
+    righe << QString() << QString::fromUtf8(titolo);
+    for (std::size_t i = 0; i < note.size() && i < note_massime; ++i) righe << q(note[i].in_riga());
+    if (note.size() > note_massime) {
+        righe << QStringLiteral("… e altre %1").arg(note.size() - note_massime);
+    }
+}
+
+}  // namespace
+
+Finestra::Finestra(std::string archivio) : archivio_(std::move(archivio)) {
+    setObjectName("Archivio");
+    setWindowTitle("Tabellino - Archivio delle estrazioni");
+    setAcceptDrops(true);
+    setFixedSize(larghezza, altezza);
+    const int largo = larghezza - 2 * margine;
+    auto* titolo = new QLabel("Nell'archivio", this);
+    titolo->setProperty("titolo", true);
+    titolo->setGeometry(margine, 8, largo, 20);
+    lblstato = new QLabel(this);
+    lblstato->setObjectName("lblstato");
+    lblstato->setGeometry(margine, 30, largo, 84);
+    lblstato->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    lblstato->setWordWrap(true);
+    lbltrascina = new QLabel(
+        "Trascina qui i file delle estrazioni\n"
+        "lo storico del Lotto o del SuperEnalotto, anche in ZIP",
+        this);
+    lbltrascina->setObjectName("lbltrascina");
+    lbltrascina->setAlignment(Qt::AlignCenter);
+    lbltrascina->setGeometry(margine, 120, largo, 62);
+    cmdscegli = new QPushButton("&Scegli i file...", this);
+    cmdscegli->setObjectName("cmdscegli");
+    cmdscegli->setGeometry(margine, 190, 130, 28);
+    chksostituisci = new QCheckBox("Sos&tituisci le estrazioni diverse da quelle presenti", this);
+    chksostituisci->setObjectName("chksostituisci");
+    chksostituisci->setGeometry(margine + 144, 190, largo - 144, 28);
+    ProgressBar1 = new QProgressBar(this);
+    ProgressBar1->setObjectName("ProgressBar1");
+    ProgressBar1->setAccessibleName("Avanzamento");
+    ProgressBar1->setTextVisible(false);
+    ProgressBar1->setGeometry(margine, 224, largo, 10);
+    ProgressBar1->hide();
+    txtrapporto = new QPlainTextEdit(this);
+    txtrapporto->setObjectName("txtrapporto");
+    txtrapporto->setAccessibleName("Rapporto dell'importazione");
+    txtrapporto->setReadOnly(true);
+    txtrapporto->setPlaceholderText("Il rapporto dell'importazione apparirà qui.");
+    txtrapporto->setGeometry(margine, 240, largo, 136);
+    cmdchiudi = new QPushButton("&Chiudi", this);
+    cmdchiudi->setObjectName("cmdchiudi");
+    cmdchiudi->setGeometry(larghezza - margine - 100, 384, 100, 28);
+    for (QPushButton* b : {cmdscegli, cmdchiudi}) b->setAutoDefault(false);
+    connect(cmdscegli, &QPushButton::clicked, this, [this] {
+        importa_file(platform::scegli_file(this, "File delle estrazioni", QDir::homePath()));
+    });
+    connect(cmdchiudi, &QPushButton::clicked, this, &QWidget::close);
+    evidenzia(false);
+    mostra_stato();
+}
+
+void Finestra::mostra_stato() {
+    Contenuto c;
+    const int errore = carica(archivio_, c);
+    if (errore == platform::errore_formato && !QFile::exists(q(archivio_))) {
+        lblstato->setText("L'archivio non c'è ancora: la prima importazione lo crea.");
+        return;
+    }
+    if (errore != 0) {
+        lblstato->setText("L'archivio non si legge: " +
+                          q(std::string(platform::Err{errore}.Description())));
+        return;
+    }
+    QStringList righe;
+    for (const std::string& riga : stato(c)) righe << q(riga);
+    lblstato->setText(righe.join('\n'));
+}
+
+void Finestra::importa_file(const QStringList& file) {
+    if (al_lavoro_ || file.isEmpty()) return;
+    al_lavoro_ = true;
+    const platform::LavoroLungo lavoro;
+    platform::MousePointer(11);
+    ProgressBar1->setRange(0, static_cast<int>(file.size()));
+    ProgressBar1->setValue(0);
+    ProgressBar1->show();
+    std::vector<std::string> nomi;
+    for (const QString& nome : file) nomi.push_back(s(nome));
+    const Rapporto r = importa(archivio_, nomi, chksostituisci->isChecked(),
+                               [this](std::size_t fatti, std::size_t /*tutti*/) {
+                                   ProgressBar1->setValue(static_cast<int>(fatti));
+                                   platform::DoEvents();
+                               });
+    QStringList righe;
+    for (const std::string& riga : in_righe(r)) righe << q(riga);
+    accoda(righe, "Errori", r.errori);
+    accoda(righe, "Estrazioni diverse da quelle presenti", r.differenze);
+    accoda(righe, "Righe rifiutate", r.rifiuti);
+    txtrapporto->setPlainText(righe.join('\n'));
+    mostra_stato();
+    ProgressBar1->hide();
+    platform::MousePointer(0);
+    al_lavoro_ = false;
+}
+
+void Finestra::evidenzia(bool sopra) {
+    lbltrascina->setStyleSheet(
+        QStringLiteral("QLabel { background: %1; border: 2px dashed %2; border-radius: 6px; "
+                       "color: #000080; }")
+            .arg(sopra ? "#FFF8EC" : "#F4F9FE", sopra ? "#E07B00" : "#8FA6C8"));
+}
+
+void Finestra::dragEnterEvent(QDragEnterEvent* evento) {
+    if (al_lavoro_ || locali(evento->mimeData()).isEmpty()) return;
+    evidenzia(true);
+    evento->acceptProposedAction();
+}
+
+void Finestra::dragLeaveEvent(QDragLeaveEvent* /*evento*/) {
+    evidenzia(false);
+}
+
+void Finestra::dropEvent(QDropEvent* evento) {
+    evidenzia(false);
+    evento->acceptProposedAction();
+    importa_file(locali(evento->mimeData()));
+}
+
+void Finestra::closeEvent(QCloseEvent* evento) {
+    // An import lasts moments and ends whole.
+    if (al_lavoro_) {
+        evento->ignore();
+        return;
+    }
+    QDialog::closeEvent(evento);
+}
+
+void Finestra::reject() {
+    if (!al_lavoro_) QDialog::reject();
+}
+
+}  // namespace importazione

@@ -1,0 +1,46 @@
+// The window that imports draws for players who type no commands.
+#pragma once
+
+#include <string>
+
+#include <QCheckBox>
+#include <QDialog>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+
+namespace importazione {
+
+class Finestra : public QDialog {
+    Q_OBJECT
+public:
+    /// Works on `archivio`.
+    explicit Finestra(std::string archivio);
+
+    void importa_file(const QStringList& file);
+
+    QLabel* lblstato = nullptr;
+    QLabel* lbltrascina = nullptr;
+    QPushButton* cmdscegli = nullptr;
+    QPushButton* cmdchiudi = nullptr;
+    QCheckBox* chksostituisci = nullptr;
+    QProgressBar* ProgressBar1 = nullptr;
+    QPlainTextEdit* txtrapporto = nullptr;
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* evento) override;
+    void dragLeaveEvent(QDragLeaveEvent* evento) override;
+    void dropEvent(QDropEvent* evento) override;
+    void closeEvent(QCloseEvent* evento) override;
+    void reject() override;
+
+private:
+    void mostra_stato();
+    void evidenzia(bool sopra);
+
+    std::string archivio_;
+    bool al_lavoro_ = false;
+};
+
+}  // namespace importazione

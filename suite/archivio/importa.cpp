@@ -1,0 +1,283 @@
+#include "importa.h"
+
+#include <algorithm>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include "lettura.h"
+#include "platform/disk.h"
+#include "platform/runtime.h"
+#include "zip.h"
+
+namespace importazione {
+
+namespace {
+
+constexpr std::int64_t file_massimo = std::int64_t{64} << 20;
+
+std::string cartella_di(const std::string& file) {
+    const std::size_t barra = file.rfind('/');
+    return barra == std::string::npos ? "." : file.substr(0, barra);
+}
+
+/// Held while an archive is written, so that two imports cannot undo each other.
+class Blocco {
+public:
+    explicit Blocco(const std::string& cartella)
+        : fd_(::open(cartella.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+        preso_ = fd_ >= 0 && ::flock(fd_, LOCK_EX | LOCK_NB) == 0;
+    }
+    Blocco(const Blocco&) = delete;
+    Blocco& operator=(const Blocco&) = delete;
+    ~Blocco() {
+        if (fd_ >= 0) ::close(fd_);
+    }
+    [[nodiscard]] bool preso() const { return preso_; }
+
+private:
+    int fd_;
+    bool preso_ = false;
+};
+
+template <typename Numeri>
+std::string elenco(const Numeri& numeri) {
+    std::string testo;
+    for (const auto n : numeri) testo += (testo.empty() ? "" : " ") + std::to_string(n);
+    return testo;
+}
+
+std::string per_esteso(const Sestina& s) {
+    std::string testo = elenco(s.numeri);
+    if (s.jolly) testo += " Jolly " + std::to_string(*s.jolly);
+    if (s.superstar) testo += " SuperStar " + std::to_string(*s.superstar);
+    return testo;
+}
+
+class Importazione {
+public:
+    Importazione(Rapporto& rapporto, bool sostituisci)
+        : rapporto_(rapporto), sostituisci_(sostituisci) {}
+
+    void file(const std::string& nome);
+
+private:
+    void testo(const std::string& nome, std::string_view dati);
+    void lotto(const std::string& nome, const RigaLotto& riga, Portato& portato);
+    void superenalotto(const std::string& nome, const RigaSuperEnalotto& riga, Portato& portato);
+    void diversa(const std::string& nome, int riga, const std::string& quale,
+                 const std::string& nuova, const std::string& vecchia, Portato& portato);
+    void errore(const std::string& nome, const std::string& testo) {
+        rapporto_.errori.push_back({nome, 0, testo});
+    }
+
+    Rapporto& rapporto_;
+    bool sostituisci_;
+};
+
+void Importazione::file(const std::string& nome) {
+    const auto dimensione = platform::dimensione_file(nome);
+    if (!dimensione) return errore(nome, "il file non c'è");
+    if (*dimensione > file_massimo) return errore(nome, "il file è troppo grande");
+    const auto dati = platform::leggi_tutto(nome, file_massimo);
+    if (!dati) return errore(nome, "il file non si può leggere");
+    if (!e_uno_zip(*dati)) return testo(nome, *dati);
+    const auto voci = apri_zip(*dati);
+    if (!voci) return errore(nome, "il file ZIP è danneggiato, cifrato o troppo grande");
+    if (voci->empty()) return errore(nome, "il file ZIP è vuoto");
+    for (const FileZip& voce : *voci) testo(nome + ":" + voce.nome, voce.dati);
+}
+
+void Importazione::testo(const std::string& nome, std::string_view dati) {
+    const Lettura lettura = leggi(dati);
+    if (!lettura.riconosciuta()) {
+        const std::string perche = lettura.rifiuti.empty()
+                                       ? std::string()
+                                       : " (riga " + std::to_string(lettura.rifiuti[0].riga) +
+                                             ": " + lettura.rifiuti[0].motivo + ")";
+        return errore(nome, "non contiene estrazioni del Lotto o del SuperEnalotto" + perche);
+    }
+    Portato portato;
+    portato.file = nome;
+    portato.rifiutate = static_cast<int>(lettura.rifiuti.size());
+    for (const Rifiuto& r : lettura.rifiuti) rapporto_.rifiuti.push_back({nome, r.riga, r.motivo});
+    for (const RigaLotto& r : lettura.lotto) lotto(nome, r, portato);
+    for (const RigaSuperEnalotto& r : lettura.superenalotto) superenalotto(nome, r, portato);
+    rapporto_.portati.push_back(portato);
+}
+
+void Importazione::diversa(const std::string& nome, int riga, const std::string& quale,
+                           const std::string& nuova, const std::string& vecchia, Portato& portato) {
+    ++portato.diverse;
+    rapporto_.differenze.push_back({nome, riga,
+                                    quale + ": " + nuova + " nel file, " + vecchia +
+                                        " nell'archivio" + (sostituisci_ ? " (sostituita)" : "")});
+}
+
+void Importazione::lotto(const std::string& nome, const RigaLotto& riga, Portato& portato) {
+    Contenuto& c = rapporto_.contenuto;
+    if (c.lotto_dimostrativo) {
+        c.lotto.clear();
+        c.lotto_dimostrativo = false;
+        rapporto_.sostituito_dimostrativo = true;
+    }
+    GiornoLotto& giorno = c.lotto[riga.data];
+    auto& ruota = giorno.ruote[riga.ruota];
+    if (riga.numero) giorno.numero = riga.numero;
+    if (!ruota) {
+        ++portato.nuove;
+        ruota = riga.numeri;
+        return;
+    }
+    if (*ruota == riga.numeri) {
+        ++portato.uguali;
+        return;
+    }
+    diversa(nome, riga.riga, italiana(riga.data) + " " + std::string(sigle[riga.ruota]),
+            elenco(riga.numeri), elenco(*ruota), portato);
+    if (sostituisci_) ruota = riga.numeri;
+}
+
+void Importazione::superenalotto(const std::string& nome, const RigaSuperEnalotto& riga,
+                                 Portato& portato) {
+    Contenuto& c = rapporto_.contenuto;
+    if (c.superenalotto_dimostrativo) {
+        c.superenalotto.clear();
+        c.superenalotto_dimostrativo = false;
+        rapporto_.sostituito_dimostrativo = true;
+    }
+    const auto [dove, nuova] = c.superenalotto.try_emplace(riga.data, riga.sestina);
+    Sestina& s = dove->second;
+    if (nuova) {
+        ++portato.nuove;
+        return;
+    }
+    if (riga.sestina.numero) s.numero = riga.sestina.numero;
+    if (s.stessa(riga.sestina)) {
+        ++portato.uguali;
+        return;
+    }
+    diversa(nome, riga.riga, italiana(riga.data), per_esteso(riga.sestina), per_esteso(s), portato);
+    if (!sostituisci_) return;
+    const auto numero = s.numero;
+    s = riga.sestina;
+    if (!s.numero) s.numero = numero;
+}
+
+/// The draws with the numbers that the program would read.
+bool uguali(const Contenuto& a, const Contenuto& b) {
+    const auto senza_numeri = [](Contenuto c) {
+        for (auto& [data, giorno] : c.lotto) giorno.numero.reset();
+        for (auto& [data, sestina] : c.superenalotto) sestina.numero.reset();
+        return c;
+    };
+    return numera(a.lotto) == numera(b.lotto) &&
+           numera(a.superenalotto) == numera(b.superenalotto) && senza_numeri(a) == senza_numeri(b);
+}
+
+std::string plurale(std::int64_t quante, const char* una, const char* tante) {
+    return platform::CStr(static_cast<double>(quante)) + " " + (quante == 1 ? una : tante);
+}
+
+}  // namespace
+
+std::string Nota::in_riga() const {
+    return file + (riga > 0 ? ":" + std::to_string(riga) : std::string()) + ": " + testo;
+}
+
+Rapporto importa(const std::string& destinazione, const std::vector<std::string>& file,
+                 bool sostituisci, const Avanzamento& avanzamento) {
+    Rapporto rapporto;
+    const auto errore = [&](const std::string& testo) {
+        rapporto.errori.push_back({destinazione, 0, testo});
+        return rapporto;
+    };
+    const std::string cartella = cartella_di(destinazione);
+    if (!platform::crea_cartella(cartella)) return errore("la cartella non si può creare");
+    const Blocco blocco(cartella);
+    if (!blocco.preso()) return errore("un'altra importazione è in corso");
+    Contenuto prima;
+    const int letto = carica(destinazione, prima);
+    const bool c_era = platform::dimensione_file(destinazione).has_value();
+    if (c_era && letto != 0) {
+        return errore("l'archivio non si legge: " +
+                      std::string(platform::Err{letto}.Description()));
+    }
+    rapporto.contenuto = prima;
+    Importazione lavoro(rapporto, sostituisci);
+    for (std::size_t i = 0; i < file.size(); ++i) {
+        if (avanzamento) avanzamento(i, file.size());
+        lavoro.file(file[i]);
+    }
+    for (const auto& [data, giorno] : rapporto.contenuto.lotto) {
+        rapporto.incomplete += giorno.completo() ? 0 : 1;
+    }
+    if (!rapporto.errori.empty()) return rapporto;
+    if (!c_era || !uguali(prima, rapporto.contenuto)) {
+        if (!salva(destinazione, rapporto.contenuto))
+            return errore("l'archivio non si può scrivere");
+        rapporto.scritto = true;
+    }
+    rapporto.riuscito = true;
+    if (avanzamento) avanzamento(file.size(), file.size());
+    return rapporto;
+}
+
+std::vector<std::string> in_righe(const Rapporto& r) {
+    std::vector<std::string> righe;
+    for (const Portato& p : r.portati) {
+        righe.push_back(p.file + ": " + plurale(p.nuove, "riga nuova", "righe nuove") + ", " +
+                        plurale(p.uguali, "già presente", "già presenti") + ", " +
+                        plurale(p.diverse, "diversa", "diverse") + ", " +
+                        plurale(p.rifiutate, "rifiutata", "rifiutate"));
+    }
+    if (r.incomplete > 0) {
+        righe.push_back(
+            plurale(r.incomplete, "estrazione del Lotto ha", "estrazioni del Lotto hanno") +
+            " meno di dieci ruote: fuori dall'archivio finché non sono complete");
+    }
+    if (!r.riuscito) {
+        righe.emplace_back("Niente è stato scritto.");
+        return righe;
+    }
+    if (r.sostituito_dimostrativo) {
+        righe.emplace_back("Le estrazioni dimostrative sono state sostituite.");
+    }
+    righe.emplace_back(r.scritto ? "Archivio aggiornato." : "L'archivio era già aggiornato.");
+    return righe;
+}
+
+namespace {
+
+template <typename Estrazioni>
+std::string riassunto(const std::string& gioco, const Estrazioni& numeri, bool dimostrativo) {
+    std::string testo = gioco + ": ";
+    if (numeri.empty()) return testo + "nessuna estrazione";
+    testo += plurale(static_cast<std::int64_t>(numeri.size()), "estrazione", "estrazioni");
+    testo += " dal " + italiana(numeri.begin()->first) + " al " + italiana(numeri.rbegin()->first) +
+             ", concorsi da " + std::to_string(numeri.begin()->second) + " a " +
+             std::to_string(numeri.rbegin()->second);
+    return testo + (dimostrativo ? " (archivio dimostrativo)" : "");
+}
+
+}  // namespace
+
+std::vector<std::string> stato(const Contenuto& c) {
+    auto lotto = numera(c.lotto);
+    std::vector<std::string> righe{
+        riassunto("SuperEnalotto", numera(c.superenalotto), c.superenalotto_dimostrativo),
+        riassunto("Lotto", lotto, c.lotto_dimostrativo)};
+    std::int64_t incomplete = 0;
+    for (const auto& [data, giorno] : c.lotto) {
+        incomplete += giorno.completo() ? 0 : 1;
+        if (!giorno.completo() || !giorno.ruote[ruote_regionali]) lotto.erase(data);
+    }
+    righe.push_back(riassunto("Ruota Nazionale", lotto, c.lotto_dimostrativo));
+    if (incomplete > 0) {
+        righe.push_back("In attesa delle altre ruote: " +
+                        plurale(incomplete, "estrazione del Lotto", "estrazioni del Lotto"));
+    }
+    return righe;
+}
+
+}  // namespace importazione

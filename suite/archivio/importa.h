@@ -1,0 +1,57 @@
+// One import: files in, archive extended, report out.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "contenuto.h"
+
+namespace importazione {
+
+/// A line of the report, with the file it concerns and its line there (0 for the whole file).
+struct Nota {
+    std::string file;
+    int riga = 0;
+    std::string testo;
+    /// "file:line: text"
+    [[nodiscard]] std::string in_riga() const;
+};
+
+/// What one file brought.
+struct Portato {
+    std::string file;
+    int nuove = 0;
+    int uguali = 0;
+    int diverse = 0;
+    int rifiutate = 0;
+};
+
+struct Rapporto {
+    bool riuscito = false;
+    bool scritto = false;  ///< false as well when nothing was new
+    std::vector<Portato> portati;
+    std::vector<Nota> rifiuti;
+    /// Draws that the archive holds otherwise: kept as stored, or replaced when that was asked.
+    std::vector<Nota> differenze;
+    std::vector<Nota> errori;
+    /// Lotto days that wait for some of their ten wheels.
+    int incomplete = 0;
+    bool sostituito_dimostrativo = false;
+    Contenuto contenuto;  ///< the archive after the import
+};
+
+/// Called before each file and at the end, with the files done so far.
+using Avanzamento = std::function<void(std::size_t fatti, std::size_t tutti)>;
+
+/// Imports `file` into the archive `destinazione`, which is made when it is not there. On any
+/// error nothing is written.
+Rapporto importa(const std::string& destinazione, const std::vector<std::string>& file,
+                 bool sostituisci, const Avanzamento& avanzamento);
+
+/// The report as the command and the window show it.
+std::vector<std::string> in_righe(const Rapporto& rapporto);
+/// What an archive holds, line by line.
+std::vector<std::string> stato(const Contenuto& contenuto);
+
+}  // namespace importazione

@@ -1,0 +1,128 @@
+// The importer's window, used as a player does.
+#include <filesystem>
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QTest>
+#include <QUrl>
+
+#include "archivio/contenuto.h"
+#include "archivio/finestra.h"
+#include "platform/desktop.h"
+#include "platform/folder.h"
+#include "support/cartella.h"
+
+using importazione::Finestra;
+
+namespace {
+
+const std::string una_sestina = "1997-12-03,20,36,39,41,72,76,88,5\n";
+
+class FinestraArchivio : public testing::Test {
+protected:
+    FinestraArchivio() { std::filesystem::create_directories(cartella_.radice() + "/archivio"); }
+    ~FinestraArchivio() override { platform::scegli_file_con({}); }
+
+    QString scrivi(const std::string& nome, const std::string& dati) const {
+        cartella_.scrivi(nome, dati);
+        return platform::q(cartella_.file(nome));
+    }
+    /// Drops files on the window.
+    static void trascina(Finestra& f, const QStringList& file) {
+        QMimeData dati;
+        QList<QUrl> indirizzi;
+        for (const QString& nome : file) indirizzi << QUrl::fromLocalFile(nome);
+        dati.setUrls(indirizzi);
+        QDragEnterEvent entra({10, 10}, Qt::CopyAction, &dati, Qt::LeftButton, {});
+        QApplication::sendEvent(&f, &entra);
+        ASSERT_TRUE(entra.isAccepted());
+        QDropEvent lascia({10, 10}, Qt::CopyAction, &dati, Qt::LeftButton, {});
+        QApplication::sendEvent(&f, &lascia);
+    }
+
+    support::Cartella cartella_;
+    const std::string archivio_ = cartella_.radice() + "/archivio/drawit.sqlite";
+};
+
+}  // namespace
+
+TEST_F(FinestraArchivio, SenzaArchivioLoDice) {
+    Finestra f(archivio_);
+    f.show();
+    EXPECT_EQ(f.lblstato->text(), "L'archivio non c'è ancora: la prima importazione lo crea.");
+    EXPECT_FALSE(f.ProgressBar1->isVisible());
+    for (const char* nome : {"lblstato", "lbltrascina", "cmdscegli", "cmdchiudi", "chksostituisci",
+                             "ProgressBar1", "txtrapporto"}) {
+        EXPECT_NE(f.findChild<QWidget*>(nome), nullptr) << nome;
+    }
+}
+
+TEST_F(FinestraArchivio, IlDimostrativoSiChiamaCosi) {
+    ASSERT_TRUE(importazione::salva(archivio_, importazione::dimostrativo()));
+    Finestra f(archivio_);
+    EXPECT_TRUE(f.lblstato->text().contains("archivio dimostrativo"));
+}
+
+TEST_F(FinestraArchivio, ScegliereIFileLiImportaEMostraIlRapporto) {
+    const QString file = scrivi("a.csv", una_sestina + "sbagliata\n");
+    platform::scegli_file_con([&] { return QStringList{file}; });
+    Finestra f(archivio_);
+    f.show();
+    QTest::mouseClick(f.cmdscegli, Qt::LeftButton);
+    EXPECT_TRUE(f.lblstato->text().startsWith("SuperEnalotto: 1 estrazione"));
+    EXPECT_EQ(f.txtrapporto->toPlainText(),
+              file +
+                  ": 1 riga nuova, 0 già presenti, 0 diverse, 1 rifiutata\n"
+                  "Archivio aggiornato.\n\nRighe rifiutate\n" +
+                  file + ":2: data mancante o non valida");
+    EXPECT_FALSE(f.ProgressBar1->isVisible());
+    EXPECT_EQ(platform::MousePointer(), 0);
+}
+
+TEST_F(FinestraArchivio, AnnullareLaSceltaNonFaNulla) {
+    platform::scegli_file_con([] { return QStringList(); });
+    Finestra f(archivio_);
+    f.show();
+    QTest::mouseClick(f.cmdscegli, Qt::LeftButton);
+    EXPECT_EQ(f.txtrapporto->toPlainText(), "");
+    EXPECT_FALSE(std::filesystem::exists(archivio_));
+}
+
+TEST_F(FinestraArchivio, TrascinareIFileLiImporta) {
+    Finestra f(archivio_);
+    f.show();
+    trascina(f,
+             {scrivi("a.csv", una_sestina), scrivi("b.csv", "1997-12-06,2,4,25,29,30,52,24,\n")});
+    EXPECT_TRUE(f.lblstato->text().startsWith("SuperEnalotto: 2 estrazioni"));
+}
+
+TEST_F(FinestraArchivio, LaSpuntaSostituisceLeDiverse) {
+    Finestra f(archivio_);
+    f.show();
+    const QString altra = scrivi("b.csv", "1997-12-03,20,36,39,41,72,77,88,5\n");
+    trascina(f, {scrivi("a.csv", una_sestina)});
+    trascina(f, {altra});
+    EXPECT_TRUE(f.txtrapporto->toPlainText().contains("Estrazioni diverse da quelle presenti"));
+    EXPECT_FALSE(f.txtrapporto->toPlainText().contains("(sostituita)"));
+    QTest::mouseClick(f.chksostituisci, Qt::LeftButton, {}, QPoint(8, 14));
+    ASSERT_TRUE(f.chksostituisci->isChecked());
+    trascina(f, {altra});
+    EXPECT_TRUE(f.txtrapporto->toPlainText().contains("(sostituita)"));
+}
+
+TEST_F(FinestraArchivio, UnErroreSiLeggeNelRapporto) {
+    Finestra f(archivio_);
+    f.show();
+    trascina(f, {scrivi("a.txt", "una lettera alla zia\n")});
+    EXPECT_TRUE(f.txtrapporto->toPlainText().startsWith("Niente è stato scritto.\n\nErrori\n"));
+    EXPECT_FALSE(std::filesystem::exists(archivio_));
+}
+
+TEST_F(FinestraArchivio, ChiudiChiude) {
+    Finestra f(archivio_);
+    f.show();
+    QTest::mouseClick(f.cmdchiudi, Qt::LeftButton);
+    EXPECT_FALSE(f.isVisible());
+}
