@@ -52,6 +52,10 @@ done
 for sistema in primipassi.sen primipassi.col ridotto.sen terzine.sel terzine.lot cinquine.sel; do
   [ -f "$usr/share/tabellino/cruciverba/$sistema" ] || fallisci "sample $sistema"
 done
+# The guide is reached through the shared folder by a link that holds wherever the tree is put.
+[ -x "$usr/libexec/tabellino/guida" ] || fallisci "the guide is not there"
+[ "$(readlink -f "$usr/share/tabellino/guida")" = "$(readlink -f "$usr/libexec/tabellino/guida")" ] ||
+  fallisci "share/tabellino/guida does not lead to the guide"
 altrove=$(find "$lavoro/x" -type f ! -path '*/usr/bin/*' ! -path '*/usr/share/*' \
   ! -path '*/usr/libexec/tabellino/*')
 [ -z "$altrove" ] || fallisci "unexpected files: $altrove"
@@ -60,13 +64,14 @@ scrivibili=$(find "$lavoro/x" -type f -perm /022)
 
 # Dependencies: each library that a program wants belongs to a package that is named.
 dipendenze=$(dpkg-deb -f "$deb" Depends)
-for pacchetto in libqt6widgets6 libqt6svg6 libmdb libc6 fonts-liberation; do
+for pacchetto in libqt6widgets6 libqt6svg6 libqt6printsupport6 libmdb libc6 fonts-liberation; do
   [[ $dipendenze == *"$pacchetto"* ]] || fallisci "does not depend on $pacchetto: $dipendenze"
 done
 
 # A first start makes the user's suite folder and nothing else in the home.
 casa=$lavoro/casa dati=$lavoro/casa/dati
-mkdir -m 700 -p "$casa/run"
+mkdir -p "$casa/run"
+chmod 700 "$casa/run"
 env -u DISPLAY -u WAYLAND_DISPLAY HOME="$casa" XDG_DATA_HOME="$dati" XDG_RUNTIME_DIR="$casa/run" \
   XDG_CONFIG_HOME="$casa/config" XDG_CACHE_HOME="$casa/cache" QT_QPA_PLATFORM=offscreen \
   "$usr/bin/tabellino" 2>"$lavoro/err" &
@@ -82,6 +87,7 @@ suite=$dati/sortivario
 diff -r "$usr/share/tabellino/ridotti" "$suite/ridotti" || fallisci "tables differ"
 [ -z "$(find "$casa" -type f ! -path "$suite/*" ! -path "$casa/run/*" ! -path "$casa/cache/*")" ] ||
   fallisci "files outside the suite folder: $(find "$casa" -type f)"
-kill -TERM $programma && wait $programma || true
+kill -TERM $programma
+wait $programma || true
 programma=
 echo "$(basename "$deb"): $dipendenze"

@@ -1,0 +1,28 @@
+// The guide of the suite, a program of its own.
+#include <QApplication>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+#include "app/stile.h"
+#include "finestra.h"
+#include "pagine.h"
+#include "platform/application.h"
+
+int main(int argc, char** argv) {
+    QApplication qt(argc, argv);
+    QApplication::setApplicationName("guida");
+    QApplication::setDesktopFileName("tabellino");
+    app::applica_stile(qt);
+    QApplication::setWindowIcon(QIcon(":/tabellino.svg"));
+    QTranslator italiano;
+    // The print dialog comes with Qt and speaks Italian where Qt's translations are installed.
+    if (italiano.load("qtbase_it", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&italiano);
+
+    const QString radice = guida::radice_suite(
+        QString::fromLocal8Bit(argv[0]), QString::fromStdString(platform::cartella_eseguibile()));
+    guida::Finestra finestra(guida::nome_richiesto(radice));
+    finestra.show();
+    return QApplication::exec();
+}

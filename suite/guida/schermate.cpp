@@ -1,0 +1,177 @@
+// Takes the guide's pictures from the running forms, so that they never go stale.
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <stdlib.h>
+#include <string>
+
+#include <QApplication>
+#include <QHash>
+#include <QImage>
+#include <QPixmap>
+
+#include "app/dialoghi_qt.h"
+#include "app/form1.h"
+#include "app/stile.h"
+#include "platform/application.h"
+#include "platform/desktop.h"
+#include "systems/form2.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A suite folder of its own with the tables and the sample systems, gone at the end.
+class Suite {
+public:
+    Suite(const std::string& ridotti, const std::string& esempi) {
+        std::string modello = (fs::temp_directory_path() / "schermateXXXXXX").string();
+        if (::mkdtemp(modello.data()) == nullptr) return;
+        radice_ = modello;
+        std::error_code errore;
+        fs::copy(ridotti, radice_ + "/ridotti", fs::copy_options::recursive, errore);
+        fs::copy(esempi, radice_ + "/cruciverba", fs::copy_options::recursive, errore);
+        platform::App().Path = radice_ + "/cruciverba";
+    }
+    Suite(const Suite&) = delete;
+    Suite& operator=(const Suite&) = delete;
+    ~Suite() {
+        std::error_code errore;
+        if (!radice_.empty()) fs::remove_all(radice_, errore);
+    }
+
+private:
+    std::string radice_;
+};
+
+/// The commonest colours, near ones taken as one: a window has few, and a palette keeps the file
+/// small.
+QList<QRgb> colori(const QImage& figura) {
+    struct Vicini {
+        QRgb primo = 0;
+        int quanti = 0;
+    };
+    QHash<QRgb, int> esatti;
+    for (int y = 0; y < figura.height(); ++y) {
+        for (int x = 0; x < figura.width(); ++x) ++esatti[figura.pixel(x, y)];
+    }
+    QHash<QRgb, Vicini> gruppi;
+    for (auto i = esatti.cbegin(); i != esatti.cend(); ++i) {
+        Vicini& gruppo = gruppi[i.key() & 0xFFF0F0F0];
+        if (i.value() > gruppo.quanti || (i.value() == gruppo.quanti && i.key() < gruppo.primo))
+            gruppo = {i.key(), i.value()};
+    }
+    QList<Vicini> ordinati = gruppi.values();
+    std::sort(ordinati.begin(), ordinati.end(), [](const Vicini& a, const Vicini& b) {
+        return a.quanti != b.quanti ? a.quanti > b.quanti : a.primo < b.primo;
+    });
+    QList<QRgb> scelti;
+    for (const Vicini& gruppo : ordinati.mid(0, 256)) scelti.append(gruppo.primo);
+    return scelti;
+}
+
+class Fotografo {
+public:
+    explicit Fotografo(QString cartella) : cartella_(std::move(cartella)) {}
+    void scatta(const QString& nome, QWidget& finestra, const QRect& dove = QRect(0, 0, -1, -1)) {
+        QApplication::processEvents();
+        const QImage intera = finestra.grab(dove).toImage().convertToFormat(QImage::Format_RGB32);
+        const QImage figura = intera.convertToFormat(QImage::Format_Indexed8, colori(intera));
+        if (figura.save(cartella_ + "/" + nome + ".png", "PNG", 0)) return;
+        std::fprintf(stderr, "schermate: %s non si scrive\n", qPrintable(nome));
+        riuscito = false;
+    }
+    bool riuscito = true;
+
+private:
+    QString cartella_;
+};
+
+QWidget* finestra(const char* nome) {
+    QApplication::processEvents();
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        if (w->isVisible() && w->objectName() == nome) return w;
+    }
+    std::fprintf(stderr, "schermate: manca %s\n", nome);
+    ::exit(1);
+}
+
+systems::Form2& gestore() {
+    return *qobject_cast<systems::Form2*>(finestra("Form2"));
+}
+
+void apri(app::Form1& form1, const QString& nome) {
+    form1.mnuapri_Click();
+    systems::Form2& form2 = gestore();
+    const auto voci = form2.ListView1->findItems(nome, Qt::MatchExactly);
+    if (!voci.isEmpty()) form2.ListView1->setCurrentItem(voci.first());
+    form2.Command5->click();
+    QApplication::processEvents();
+}
+
+/// Part of the main form that holds these controls, with a little air around.
+QRect intorno(const app::Form1& form1, std::initializer_list<const QWidget*> controlli) {
+    QRect dove;
+    for (const QWidget* c : controlli)
+        dove = dove.united(QRect(c->mapTo(&form1, QPoint(0, 0)), c->size()));
+    return dove.adjusted(-6, -6, 6, 6).intersected(form1.rect());
+}
+
+void form_principale(app::Form1& form1, Fotografo& foto) {
+    apri(form1, "primipassi");
+    foto.scatta("form1", form1);
+    for (int i = 1; i < 4; ++i) form1.UpDown2->setValue(form1.UpDown2->value() + 1);
+    foto.scatta("importo", form1, intorno(form1, {form1.Frame6}));
+    apri(form1, "ridotto");
+    foto.scatta("tipi", form1, intorno(form1, {form1.Frame2}));
+    form1.cmd_elabora();
+    form1.sviluppo();
+    QWidget* form3 = finestra("Form3");
+    foto.scatta("sviluppo", *form3);
+    form3->close();
+    form1.mnuapri_Click();
+    gestore().ListView1->setCurrentItem(gestore().ListView1->topLevelItem(0));
+    foto.scatta("apri", gestore());
+    gestore().close();
+    form1.mnugest_sist_Click();
+    gestore().ListView1->setCurrentItem(gestore().ListView1->topLevelItem(0));
+    foto.scatta("gestione", gestore());
+    gestore().close();
+    form1.mnuImportocolonna->trigger();
+    QWidget* euro = finestra("formeuro");
+    foto.scatta("formeuro", *euro);
+    euro->close();
+    form1.mnunuovo_Click();
+    form1.Combo1->setCurrentIndex(1);
+    form1.Combo2->setCurrentIndex(1);
+    for (const int n : {7, 12, 25, 33, 48, 61, 90, 18, 27, 40, 52, 66, 71, 83, 5, 36, 44})
+        form1.CMDnum[static_cast<std::size_t>(n)]->click();
+    foto.scatta("disporre", form1, intorno(form1, {form1.Frame3, form1.Frame1, form1.Frame5}));
+}
+
+}  // namespace
+
+/// schermate CARTELLA RIDOTTI ESEMPI: writes the pictures into the folder.
+int main(int argc, char** argv) {
+    if (argc != 4) {
+        std::fputs("Uso: schermate CARTELLA RIDOTTI ESEMPI\n", stderr);
+        return 2;
+    }
+    QApplication qt(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    app::applica_stile(qt);
+    // Coloured edges of letters suit one screen only.
+    QFont carattere = QApplication::font();
+    carattere.setStyleStrategy(QFont::NoSubpixelAntialias);
+    QApplication::setFont(carattere);
+    const Suite suite(argv[2], argv[3]);
+    platform::rispondi_con([](const platform::Messaggio&) { return platform::vbYes; });
+    Fotografo foto(QString::fromLocal8Bit(argv[1]));
+    app::DialoghiQt dialoghi;
+    app::Form1 form1(dialoghi);
+    form1.Form_Load();
+    form1.show();
+    form_principale(form1, foto);
+    form1.close();
+    return foto.riuscito ? 0 : 1;
+}
