@@ -11,7 +11,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
-#include <QScrollBar>
+#include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -53,12 +53,12 @@ h3 { color: #000080; font-size: medium; margin-top: 16px; margin-bottom: 4px; }
 p { line-height: 135%; margin-top: 6px; margin-bottom: 6px; }
 li { line-height: 135%; margin-top: 3px; margin-bottom: 3px; }
 .nota { background-color: #FFF4E0; }
-.figura { margin-top: 10px; }
+.figura { line-height: 100%; margin-top: 12px; margin-bottom: 4px; }
 .didascalia { color: #4A5A73; margin-bottom: 10px; }
 a { color: #0B3FB5; }
-table { border-collapse: collapse; border-color: #B9CBE0; margin-top: 8px; margin-bottom: 8px; }
+table { border-collapse: collapse; margin-top: 8px; margin-bottom: 8px; }
 th { background-color: #000080; color: #FFFFFF; padding: 4px; text-align: left; }
-td { padding: 4px; vertical-align: top; }
+td { padding: 4px; vertical-align: top; border: 1px solid #B9CBE0; }
 code { font-family: "Liberation Mono"; background-color: #EEF3F9; }
 )";
 }
@@ -114,7 +114,7 @@ Finestra::Finestra(const QString& pagina) {
     divisore->setChildrenCollapsible(false);
     divisore->setHandleWidth(6);
     setCentralWidget(divisore);
-    resize(1080, 760);
+    resize(QSize(1080, 760).boundedTo(screen()->availableGeometry().size() * 0.94));
     crea_indice();
     crea_scorciatoie();
     apri(pagina);
