@@ -5,13 +5,18 @@
 
 #include "app/form1.h"
 #include "platform/desktop.h"
+#include "platform/disposizione.h"
 
 namespace app {
 
 using platform::ComboBox;
+using platform::elenco;
+using platform::etichetta;
 using platform::Frame;
 using platform::Image;
 using platform::membro;
+using platform::riquadro;
+using platform::valore;
 
 namespace {
 
@@ -32,30 +37,6 @@ constexpr int altezza = y_barra + 10 + 6;
 
 constexpr int casella = platform::px(360);
 
-QLabel* etichetta(const QString& testo, QRect dove, QWidget* padre,
-                  Qt::Alignment verso = Qt::AlignLeft) {
-    auto* e = new QLabel(testo, padre);
-    e->setGeometry(dove);
-    e->setAlignment(verso | Qt::AlignVCenter);
-    return e;
-}
-
-/// Label that shows a value of the system.
-QLabel* valore(const QString& nome, QRect dove, QWidget* padre, Qt::Alignment verso) {
-    QLabel* e = etichetta(QString(), dove, padre, verso);
-    e->setObjectName(nome);
-    e->setProperty("valore", true);
-    e->setTextInteractionFlags(Qt::NoTextInteraction);
-    return e;
-}
-
-Frame* riquadro(const QString& nome, const QString& didascalia, QRect dove, QWidget* padre) {
-    auto* f = new Frame(didascalia, padre);
-    f->setObjectName(nome);
-    f->setGeometry(dove);
-    return f;
-}
-
 Image* immagine(const QString& nome, const QString& risorsa, QSize misura, QRect dove,
                 const QString& suggerimento, QWidget* padre) {
     auto* i = new Image(risorsa, misura, padre);
@@ -64,14 +45,6 @@ Image* immagine(const QString& nome, const QString& risorsa, QSize misura, QRect
     i->setToolTip(suggerimento);
     i->setAccessibleName(suggerimento);
     return i;
-}
-
-ComboBox* elenco(const QString& nome, const QString& scopo, QRect dove, QWidget* padre) {
-    auto* c = new ComboBox(padre);
-    c->setObjectName(nome);
-    c->setGeometry(dove);
-    c->setAccessibleName(scopo);
-    return c;
 }
 
 QAction* comando(QMenu* menu, const QString& testo, const QString& nome,

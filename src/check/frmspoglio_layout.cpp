@@ -5,12 +5,17 @@
 #include "app/form1.h"
 #include "check/frmspoglio.h"
 #include "platform/desktop.h"
+#include "platform/disposizione.h"
 
 namespace check {
 
+using platform::etichetta;
 using platform::Frame;
 using platform::membro;
+using platform::pulsante;
 using platform::px;
+using platform::riquadro;
+using platform::valore;
 
 /// The packed rows as texts for the list.
 class frmspoglio::Elenco : public platform::Righe {
@@ -47,53 +52,17 @@ constexpr int h_comandi = 44;
 constexpr int altezza = y_comandi + h_comandi + margine;
 constexpr int lato_casella = 34;
 
-QLabel* etichetta(const QString& testo, QRect dove, QWidget* padre,
-                  Qt::Alignment verso = Qt::AlignLeft) {
-    auto* e = new QLabel(testo, padre);
-    e->setGeometry(dove);
-    e->setAlignment(verso | Qt::AlignVCenter);
-    return e;
-}
-
-QLabel* valore(const QString& nome, QRect dove, QWidget* padre, Qt::Alignment verso) {
-    QLabel* e = etichetta(QString(), dove, padre, verso);
-    e->setObjectName(nome);
-    e->setProperty("valore", true);
-    e->setTextFormat(Qt::PlainText);
-    return e;
-}
-
-Frame* riquadro(const QString& nome, const QString& titolo, QRect dove, QWidget* padre) {
-    auto* f = new Frame(titolo, padre);
-    f->setObjectName(nome);
-    f->setGeometry(dove);
-    return f;
-}
-
 /// Frame that hides what lies beneath it.
 Frame* coperchio(const QString& nome, QRect dove, QWidget* padre) {
     Frame* f = riquadro(nome, QString(), dove, padre);
-    f->set_bordo(false);
-    QPalette tavolozza = f->palette();
-    tavolozza.setColor(QPalette::Window, tavolozza.color(QPalette::Base));
-    f->setPalette(tavolozza);
-    f->setAutoFillBackground(true);
+    f->copre();
     f->hide();
     return f;
 }
 
-QPushButton* pulsante(const QString& nome, const QString& testo, QRect dove, QWidget* padre) {
-    auto* b = new QPushButton(testo, padre);
-    b->setObjectName(nome);
-    b->setGeometry(dove);
-    return b;
-}
-
-platform::ComboBox* elenco(const QString& nome, const QString& scopo, QRect dove, QWidget* padre) {
-    auto* c = new platform::ComboBox(padre);
-    c->setObjectName(nome);
-    c->setAccessibleName(scopo);
-    c->setGeometry(dove);
+platform::ComboBox* elenco_lungo(const QString& nome, const QString& scopo, QRect dove,
+                                 QWidget* padre) {
+    platform::ComboBox* c = platform::elenco(nome, scopo, dove, padre);
     c->setProperty("lunga", true);
     c->setMaxVisibleItems(15);
     return c;
@@ -154,7 +123,7 @@ void frmspoglio::crea_estrazione() {
     Frame* f = riquadro("Frame3", QString(), {margine, y_estrazione, sinistra, h_estrazione}, this);
     const QString scelta = tr("Scegli la combinazione da esaminare");
     etichetta(scelta, {12, 12, 276, 20}, f);
-    Combo1 = elenco("Combo1", scelta, {12, 34, 276, 26}, f);
+    Combo1 = elenco_lungo("Combo1", scelta, {12, 34, 276, 26}, f);
     etichetta(tr("Combinazione Vincente"), {12, 70, 200, 20}, f);
     etichetta(tr("Jolly"), {288 - lato_casella, 70, lato_casella, 20}, f, Qt::AlignHCenter);
     for (int i = 1; i <= 6; ++i) {
@@ -167,7 +136,7 @@ void frmspoglio::crea_estrazione() {
     txtnum[0]->setProperty("jolly", true);
     const QString pannelli = tr("Numero di pannelli per Schedina");
     etichetta(pannelli, {12, 132, 212, 24}, f);
-    Combo2 = elenco("Combo2", pannelli, {232, 132, 56, 24}, f);
+    Combo2 = elenco_lungo("Combo2", pannelli, {232, 132, 56, 24}, f);
     for (int i = 1; i <= 5; ++i) Combo2->AddItem(QString::number(i));
     Cmdspoglio = pulsante("Cmdspoglio", tr("Spoglio"), {168, 168, 120, 30}, f);
     Cmdspoglio->setDefault(true);
@@ -177,7 +146,7 @@ void frmspoglio::crea_estrazione_lotto() {
     Framevinclotto = coperchio("Framevinclotto", {4, 8, sinistra - 8, 118}, Combo1->parentWidget());
     const QString scelta = tr("Scegli la combinazione da esaminare");
     etichetta(scelta, {8, 4, 276, 20}, Framevinclotto);
-    Combo3 = elenco("Combo3", scelta, {8, 26, 276, 26}, Framevinclotto);
+    Combo3 = elenco_lungo("Combo3", scelta, {8, 26, 276, 26}, Framevinclotto);
     etichetta(tr("Combinazione Vincente"), {8, 62, 276, 20}, Framevinclotto);
     for (int i = 0; i < 5; ++i) {
         txtnumlotto[static_cast<std::size_t>(i)] =

@@ -3,6 +3,7 @@
 #include "app/form1.h"
 #include "platform/application.h"
 #include "platform/desktop.h"
+#include "platform/disposizione.h"
 
 namespace help {
 
@@ -12,9 +13,7 @@ constexpr QSize misura(440, 300);
 constexpr int sinistra = 112;
 
 QLabel* testo(const QString& nome, const QString& contenuto, QRect dove, QWidget* padre) {
-    auto* e = new QLabel(contenuto, padre);
-    e->setObjectName(nome);
-    e->setGeometry(dove);
+    QLabel* e = platform::posto(new QLabel(contenuto, padre), nome, dove);
     e->setWordWrap(true);
     e->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     return e;

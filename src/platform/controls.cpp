@@ -171,8 +171,9 @@ void Frame::set_caption(const QString& testo) {
 
 void Frame::paintEvent(QPaintEvent* evento) {
     QFrame::paintEvent(evento);
-    if (!bordo_) return;
     QPainter pittore(this);
+    if (copre_) pittore.fillRect(rect(), fondo_);
+    if (!bordo_ || copre_) return;
     pittore.setRenderHint(QPainter::Antialiasing);
     const QRectF cornice(1.5, 1.5, width() - 3, height() - 3);
     pittore.setPen(QPen(linea_, 1));

@@ -89,6 +89,8 @@ public:
     void set_caption(const QString& testo);
     /// Whether the border is drawn.
     void set_bordo(bool bordo) { bordo_ = bordo; }
+    /// Without a border, hides what lies beneath it.
+    void copre() { copre_ = true; }
 
 protected:
     void paintEvent(QPaintEvent* evento) override;
@@ -99,6 +101,7 @@ private:
     QColor linea_ = palette().color(QPalette::Mid);
     QColor titolo_ = palette().color(QPalette::Link);
     bool bordo_ = true;
+    bool copre_ = false;
 };
 
 /// List whose `Click` comes from the mouse and from the keyboard alike.

@@ -38,7 +38,8 @@ public:
         pittore->setFont(carattere.isValid() ? carattere.value<QFont>() : opzione.font);
         const bool ai_lati = (allineamento & Qt::AlignHCenter) == 0;
         pittore->drawText(opzione.rect.adjusted(ai_lati ? 6 : 0, 0, ai_lati ? -6 : 0, 0),
-                          allineamento | int(Qt::AlignVCenter), digitando ? griglia_->digitato() + '_' : indice.data().toString());
+                          allineamento | int(Qt::AlignVCenter),
+                          digitando ? griglia_->digitato() + '_' : indice.data().toString());
         if (corrente) {
             pittore->setPen(QPen(accento, 2));
             pittore->setBrush(Qt::NoBrush);

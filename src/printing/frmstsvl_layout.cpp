@@ -1,12 +1,14 @@
 // Where everything stands in the print options.
 #include <QValidator>
 
+#include "platform/disposizione.h"
 #include "printing/frmstsvl.h"
 
 namespace printing {
 
 using platform::Frame;
 using platform::membro;
+using platform::pulsante;
 
 namespace {
 
@@ -47,14 +49,6 @@ QFrame* forma(const QString& nome, QRect dove, const QString& fondo, const QStri
     f->setStyleSheet(QStringLiteral("background: %1; border: 1px solid %2; border-radius: 4px;")
                          .arg(fondo, bordo));
     return f;
-}
-
-QPushButton* pulsante(const QString& nome, const QString& testo, QRect dove, QWidget* padre) {
-    auto* b = new QPushButton(testo, padre);
-    b->setObjectName(nome);
-    b->setGeometry(dove);
-    b->setAutoDefault(true);
-    return b;
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include "app/form1.h"
 #include "platform/desktop.h"
+#include "platform/disposizione.h"
 #include "systems/elenco.h"
 #include "systems/form2.h"
 
@@ -31,19 +32,11 @@ public:
     }
 };
 
-QPushButton* pulsante(const QString& nome, const QString& testo, QRect dove, QWidget* padre) {
-    auto* b = new QPushButton(testo, padre);
-    b->setObjectName(nome);
-    b->setGeometry(dove);
+/// Button that Return presses only while it has the focus.
+QPushButton* comando(const QString& nome, const QString& testo, QRect dove, QWidget* padre) {
+    QPushButton* b = platform::pulsante(nome, testo, dove, padre);
     b->setAutoDefault(false);
     return b;
-}
-
-Frame* gruppo(const QString& nome, const QString& titolo, QRect dove, QWidget* padre) {
-    auto* f = new Frame(titolo, padre);
-    f->setObjectName(nome);
-    f->setGeometry(dove);
-    return f;
 }
 
 void spiega(const QString& testo, QRect dove, QWidget* padre) {
@@ -54,10 +47,8 @@ void spiega(const QString& testo, QRect dove, QWidget* padre) {
 }
 
 QLineEdit* casella(const QString& nome, const QString& scopo, QRect dove, QWidget* padre) {
-    auto* t = new QLineEdit(padre);
-    t->setObjectName(nome);
+    QLineEdit* t = platform::posto(new QLineEdit(padre), nome, dove);
     t->setAccessibleName(scopo);
-    t->setGeometry(dove);
     t->setValidator(new FiltroNome(t));
     return t;
 }
@@ -95,47 +86,47 @@ void Form2::crea_lista() {
 }
 
 void Form2::crea_apri() {
-    Frame2 = gruppo("Frame2", QString(), dove_gruppo, this);
+    Frame2 = platform::riquadro("Frame2", QString(), dove_gruppo, this);
     spiega(tr("Selezionare un sistema dalla lista e cliccare su Apri"), {12, 14, 290, 36}, Frame2);
-    Command5 = pulsante("Command5", tr("Apri"), {106, 66, 96, 28}, Frame2);
-    Command2 = pulsante("Command2", tr("Esci"), {210, 66, 96, 28}, Frame2);
+    Command5 = comando("Command5", tr("Apri"), {106, 66, 96, 28}, Frame2);
+    Command2 = comando("Command2", tr("Esci"), {210, 66, 96, 28}, Frame2);
 }
 
 void Form2::crea_utility() {
-    PicUtility = gruppo("PicUtility", QString(), dove_gruppo, this);
+    PicUtility = platform::riquadro("PicUtility", QString(), dove_gruppo, this);
     spiega(tr("Per accedere alle utility relative ai sistemi, cliccare con il tasto destro sulla "
               "lista dei sistemi"),
            {12, 14, 290, 48}, PicUtility);
-    Command1 = pulsante("Command1", tr("Esci"), {210, 66, 96, 28}, PicUtility);
+    Command1 = comando("Command1", tr("Esci"), {210, 66, 96, 28}, PicUtility);
 }
 
 void Form2::crea_salva() {
-    pic_salva = gruppo("pic_salva", QString(), dove_gruppo, this);
+    pic_salva = platform::riquadro("pic_salva", QString(), dove_gruppo, this);
     spiega(tr("Inserire il nome del sistema"), {12, 10, 290, 18}, pic_salva);
     spiega(tr("Nome del sistema"), {12, 37, 100, 20}, pic_salva);
     Text1 = casella("Text1", tr("Nome del sistema"), {118, 34, 188, 24}, pic_salva);
-    cmdsalva = pulsante("cmdsalva", tr("Salva"), {106, 68, 96, 28}, pic_salva);
-    cmdeffacer1 = pulsante("cmdeffacer1", tr("Annulla"), {210, 68, 96, 28}, pic_salva);
+    cmdsalva = comando("cmdsalva", tr("Salva"), {106, 68, 96, 28}, pic_salva);
+    cmdeffacer1 = comando("cmdeffacer1", tr("Annulla"), {210, 68, 96, 28}, pic_salva);
     setTabOrder(Text1, cmdsalva);
 }
 
 void Form2::crea_importa() {
-    picimporta = gruppo("picimporta", QString(), dove_gruppo, this);
+    picimporta = platform::riquadro("picimporta", QString(), dove_gruppo, this);
     spiega(tr("Selezionare il sistema che si vuole importare e cliccare su Importa"),
            {12, 14, 290, 36}, picimporta);
-    cmdimporta = pulsante("cmdimporta", tr("Importa"), {106, 66, 96, 28}, picimporta);
-    cmdannul = pulsante("cmdannul", tr("annulla"), {210, 66, 96, 28}, picimporta);
+    cmdimporta = comando("cmdimporta", tr("Importa"), {106, 66, 96, 28}, picimporta);
+    cmdannul = comando("cmdannul", tr("annulla"), {210, 66, 96, 28}, picimporta);
     picimporta->hide();
 }
 
 void Form2::crea_duplica() {
-    picduplica = gruppo("picduplica", QString(), dove_gruppo, this);
+    picduplica = platform::riquadro("picduplica", QString(), dove_gruppo, this);
     spiega(QStringLiteral("Insérer le nom du système"), {12, 12, 290, 20}, picduplica);
     txtduplica = casella("txtduplica", tr("Nome della copia"), {12, 34, 294, 24}, picduplica);
-    cmddup_conferma = pulsante("cmddup_conferma", tr("Conferma"), {106, 68, 96, 28}, picduplica);
-    cmddup_annulla = pulsante("cmddup_annulla", tr("Annulla"), {210, 68, 96, 28}, picduplica);
+    cmddup_conferma = comando("cmddup_conferma", tr("Conferma"), {106, 68, 96, 28}, picduplica);
+    cmddup_annulla = comando("cmddup_annulla", tr("Annulla"), {210, 68, 96, 28}, picduplica);
     picduplica->hide();
-    frmduplica = gruppo("frmduplica", QString(), {24, 96, larghezza - 48, 72}, this);
+    frmduplica = platform::riquadro("frmduplica", QString(), {24, 96, larghezza - 48, 72}, this);
     auto* avviso = new QLabel(tr("Copia dei file in corso. Attendere Prego"), frmduplica);
     avviso->setGeometry(8, 8, frmduplica->width() - 16, 56);
     avviso->setAlignment(Qt::AlignCenter);

@@ -3,32 +3,22 @@
 
 #include "app/form1.h"
 #include "platform/desktop.h"
+#include "platform/disposizione.h"
 #include "viewer/form3.h"
 
 namespace viewer {
 
+using platform::etichetta;
 using platform::membro;
+using platform::posto;
 using platform::px;
+using platform::valore;
 
 namespace {
 
 constexpr QRect dove_dati(5, 5, 599, 497);
 constexpr int y_liste = 74;
 const int h_liste = px(5205);
-
-QLabel* etichetta(const QString& nome, const QString& testo, QRect dove, QWidget* padre) {
-    auto* e = new QLabel(testo, padre);
-    e->setObjectName(nome);
-    e->setGeometry(dove);
-    return e;
-}
-
-QLabel* valore(const QString& nome, QRect dove, QWidget* padre) {
-    QLabel* e = etichetta(nome, QString(), dove, padre);
-    e->setProperty("valore", true);
-    e->setTextFormat(Qt::PlainText);
-    return e;
-}
 
 }  // namespace
 
@@ -51,7 +41,8 @@ void Form3::crea_lettura() {
     Frame1 = new platform::Frame(tr("Lettura dati in corso"), this);
     Frame1->setObjectName("Frame1");
     Frame1->setGeometry(4, 4, px(5820) - 8, px(1110) - 8);
-    Label4 = etichetta("Label4", tr("Lettura dei dati in corso"), {10, 20, 360, 18}, Frame1);
+    Label4 =
+        posto(etichetta(tr("Lettura dei dati in corso"), {}, Frame1), "Label4", {10, 20, 360, 18});
     ProgressBar1 = new QProgressBar(Frame1);
     ProgressBar1->setObjectName("ProgressBar1");
     ProgressBar1->setAccessibleName(tr("Lettura dei dati in corso"));
@@ -61,10 +52,11 @@ void Form3::crea_lettura() {
 }
 
 void Form3::crea_dati() {
-    Label2[0] = etichetta(membro("Label2", 0), tr("Nome del Sistema"), {18, 14, 112, 24}, Frame2);
+    Label2[0] = posto(etichetta(tr("Nome del Sistema"), {}, Frame2), membro("Label2", 0),
+                      {18, 14, 112, 24});
     lblsistema = valore("lblsistema", {132, 14, 142, 24}, Frame2);
-    Label2[1] = etichetta(membro("Label2", 1), tr("Numero combinazioni del Sistema"),
-                          {290, 14, 196, 24}, Frame2);
+    Label2[1] = posto(etichetta(tr("Numero combinazioni del Sistema"), {}, Frame2),
+                      membro("Label2", 1), {290, 14, 196, 24});
     lbltot = valore("lbltot", {488, 14, 93, 24}, Frame2);
     lbltot->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
@@ -112,8 +104,8 @@ void Form3::crea_liste() {
         const Posto& p = posti[i];
         const int x = px(p.sinistra);
         const int largo = px(p.larghezza);
-        Label1[i] = etichetta(membro("Label1", static_cast<int>(i)), tr(p.titolo),
-                              {x, y_liste - 23, largo, 20}, Frame2);
+        Label1[i] = posto(etichetta(tr(p.titolo), {}, Frame2),
+                          membro("Label1", static_cast<int>(i)), {x, y_liste - 23, largo, 20});
         Label1[i]->setAlignment(Qt::AlignCenter);
         Label1[i]->setProperty("su_fondo", true);
         *p.lista = lista(p.nome, {x, y_liste, largo, h_liste}, tr(p.titolo));
@@ -131,9 +123,9 @@ void Form3::crea_pagina() {
     HScroll1->installEventFilter(this);
     connect(HScroll1, &QScrollBar::valueChanged, this, &Form3::HScroll1_Change);
     const int y = y_liste + h_liste + 42;
-    Label3[0] = etichetta(membro("Label3", 0), tr("Pagina"), {18, y, 46, 24}, Frame2);
+    Label3[0] = posto(etichetta(tr("Pagina"), {}, Frame2), membro("Label3", 0), {18, y, 46, 24});
     lblpag[0] = valore(membro("lblpag", 0), {66, y, 76, 24}, Frame2);
-    Label3[1] = etichetta(membro("Label3", 1), tr("di"), {142, y, 24, 24}, Frame2);
+    Label3[1] = posto(etichetta(tr("di"), {}, Frame2), membro("Label3", 1), {142, y, 24, 24});
     lblpag[1] = valore(membro("lblpag", 1), {166, y, 76, 24}, Frame2);
     for (QLabel* e : {Label3[1], lblpag[0], lblpag[1]}) e->setAlignment(Qt::AlignCenter);
     Command1 = new QPushButton(tr("Esci"), Frame2);
