@@ -32,6 +32,9 @@ constexpr int ingrandimento_minimo = -4;
 constexpr int larghezza_righe = 780;
 /// Pictures are taken at one and a half times their size and shown a little smaller than life.
 constexpr double densita_figure = 1.7;
+/// On paper they fit between the margins.
+constexpr double densita_carta = 2.0;
+constexpr double corpo_carta = 10;
 const QColor colore_luogo("#FFFF00");
 const QColor colore_luogo_scelto("#FFB84D");
 
@@ -346,14 +349,15 @@ void Finestra::vai_al_luogo(int passo) {
 void Finestra::stampa(QPagedPaintDevice& carta) const {
     QTextDocument documento;
     documento.setDefaultStyleSheet(stile_pagine());
+    // In points, since a pixel of the paper is far smaller than one of the screen.
     QFont carattere = foglio_->font();
-    carattere.setPixelSize(corpo);
+    carattere.setPointSizeF(corpo_carta);
     documento.setDefaultFont(carattere);
     const QString testo = html(pagina_);
     for (const QString& pezzo : testo.split("src=\"").mid(1)) {
         const QString nome = pezzo.section('"', 0, 0);
         QImage figura(":/guida/" + nome);
-        figura.setDevicePixelRatio(densita_figure);
+        figura.setDevicePixelRatio(densita_carta);
         documento.addResource(QTextDocument::ImageResource, QUrl(nome), figura);
     }
     documento.setHtml(testo);

@@ -1,5 +1,6 @@
 // Takes the guide's pictures from the running forms, so that they never go stale.
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <filesystem>
 #include <stdlib.h>
@@ -8,11 +9,13 @@
 #include <QApplication>
 #include <QHash>
 #include <QImage>
+#include <QLineEdit>
 #include <QPixmap>
 
 #include "app/dialoghi_qt.h"
 #include "app/form1.h"
 #include "app/stile.h"
+#include "check/frmspoglio.h"
 #include "platform/application.h"
 #include "platform/desktop.h"
 #include "systems/form2.h"
@@ -24,12 +27,13 @@ namespace fs = std::filesystem;
 /// A suite folder of its own with the tables and the sample systems, gone at the end.
 class Suite {
 public:
-    Suite(const std::string& ridotti, const std::string& esempi) {
+    Suite(const std::string& suite, const std::string& esempi) {
         std::string modello = (fs::temp_directory_path() / "schermateXXXXXX").string();
         if (::mkdtemp(modello.data()) == nullptr) return;
         radice_ = modello;
         std::error_code errore;
-        fs::copy(ridotti, radice_ + "/ridotti", fs::copy_options::recursive, errore);
+        for (const char* parte : {"/ridotti", "/archivio"})
+            fs::copy(suite + parte, radice_ + parte, fs::copy_options::recursive, errore);
         fs::copy(esempi, radice_ + "/cruciverba", fs::copy_options::recursive, errore);
         platform::App().Path = radice_ + "/cruciverba";
     }
@@ -117,6 +121,23 @@ QRect intorno(const app::Form1& form1, std::initializer_list<const QWidget*> con
     return dove.adjusted(-6, -6, 6, 6).intersected(form1.rect());
 }
 
+void spoglio_e_stampa(app::Form1& form1, Fotografo& foto) {
+    apri(form1, "ridotto");
+    form1.cmd_elabora();
+    form1.Image3[6]->click();
+    auto* spoglio = qobject_cast<check::frmspoglio*>(finestra("frmspoglio"));
+    // An invented draw with something won; the Jolly comes first.
+    const std::array<const char*, 7> usciti = {"58", "02", "05", "09", "14", "37", "71"};
+    for (std::size_t i = 0; i < usciti.size(); ++i) spoglio->txtnum[i]->setText(usciti[i]);
+    spoglio->Cmdspoglio->click();
+    foto.scatta("spoglio", *spoglio);
+    spoglio->CmdEsci->click();
+    form1.Image3[7]->click();
+    QWidget* stampa = finestra("frmstsvl");
+    foto.scatta("stampa", *stampa);
+    stampa->close();
+}
+
 void form_principale(app::Form1& form1, Fotografo& foto) {
     apri(form1, "primipassi");
     foto.scatta("form1", form1);
@@ -141,9 +162,8 @@ void form_principale(app::Form1& form1, Fotografo& foto) {
     QWidget* euro = finestra("formeuro");
     foto.scatta("formeuro", *euro);
     euro->close();
+    spoglio_e_stampa(form1, foto);
     form1.mnunuovo_Click();
-    form1.Combo1->setCurrentIndex(1);
-    form1.Combo2->setCurrentIndex(1);
     for (const int n : {7, 12, 25, 33, 48, 61, 90, 18, 27, 40, 52, 66, 71, 83, 5, 36, 44})
         form1.CMDnum[static_cast<std::size_t>(n)]->click();
     foto.scatta("disporre", form1, intorno(form1, {form1.Frame3, form1.Frame1, form1.Frame5}));
@@ -151,10 +171,10 @@ void form_principale(app::Form1& form1, Fotografo& foto) {
 
 }  // namespace
 
-/// schermate CARTELLA RIDOTTI ESEMPI: writes the pictures into the folder.
+/// schermate CARTELLA SUITE ESEMPI: writes the pictures into the folder.
 int main(int argc, char** argv) {
     if (argc != 4) {
-        std::fputs("Uso: schermate CARTELLA RIDOTTI ESEMPI\n", stderr);
+        std::fputs("Uso: schermate CARTELLA SUITE ESEMPI\n", stderr);
         return 2;
     }
     QApplication qt(argc, argv);
