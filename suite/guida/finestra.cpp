@@ -70,7 +70,8 @@ Foglio::Foglio(QWidget* padre) : QTextBrowser(padre) {
     setObjectName("foglio");
     setAccessibleName("Pagina della guida");
     setFrameShape(QFrame::NoFrame);
-    setStyleSheet("QTextBrowser { background: white; }");
+    // Paper is white and its ink dark in every skin.
+    setStyleSheet("QTextBrowser { background: white; color: #10203A; }");
     document()->setDefaultStyleSheet(stile_pagine());
     document()->setDocumentMargin(18);
     setOpenExternalLinks(false);
@@ -224,7 +225,6 @@ void Finestra::crea_indice() {
         QFont grassetto = indice_->font();
         grassetto.setBold(true);
         ramo->setFont(0, grassetto);
-        ramo->setForeground(0, QColor("#000080"));
         for (const QString& pagina : capitolo.pagine) {
             auto* foglia = new QTreeWidgetItem(ramo, {titolo(pagina)});
             foglia->setData(0, Qt::UserRole, pagina);

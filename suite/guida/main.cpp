@@ -4,6 +4,7 @@
 #include <QLibraryInfo>
 #include <QTranslator>
 
+#include "app/aspetto.h"
 #include "app/stile.h"
 #include "finestra.h"
 #include "pagine.h"
@@ -23,6 +24,7 @@ int main(int argc, char** argv) {
     const QString radice = guida::radice_suite(
         QString::fromLocal8Bit(argv[0]), QString::fromStdString(platform::cartella_eseguibile()));
     guida::Finestra finestra(guida::nome_richiesto(radice));
+    finestra.setStyleSheet(QString::fromStdString(app::foglio_aspetto(radice.toStdString() + "/")));
     finestra.show();
     return QApplication::exec();
 }

@@ -15,6 +15,8 @@
 #include "app/dialoghi_qt.h"
 #include "app/form1.h"
 #include "app/stile.h"
+#include "archivio/comando.h"
+#include "archivio/finestra.h"
 #include "check/frmspoglio.h"
 #include "platform/application.h"
 #include "platform/desktop.h"
@@ -192,6 +194,9 @@ int main(int argc, char** argv) {
     form1.Form_Load();
     form1.show();
     form_principale(form1, foto);
+    importazione::Finestra archivio(importazione::archivio_della_suite(platform::App().Path));
+    archivio.show();
+    foto.scatta("archivio", archivio);
     form1.close();
     return foto.riuscito ? 0 : 1;
 }

@@ -312,6 +312,19 @@ TEST_F(Guida, OgniControlloHaUnNomePerChiNonVede) {
     }
 }
 
+TEST_F(Guida, OgniAspettoLasciaLaPaginaLeggibile) {
+    for (const char* aspetto : {"1", "2", "3"}) {
+        QFile file(QString(SOURCE_DIR "/suite/skin/skin1_%1.skn").arg(aspetto));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << aspetto;
+        finestra.setStyleSheet(QString::fromUtf8(file.readAll()));
+        QApplication::processEvents();
+        const QPalette colori = trova<Foglio>("foglio")->palette();
+        EXPECT_EQ(colori.color(QPalette::Text), QColor("#10203A")) << aspetto;
+        const QImage immagine = trova<Foglio>("foglio")->viewport()->grab().toImage();
+        EXPECT_EQ(immagine.pixelColor(2, 2), QColor(Qt::white)) << aspetto;
+    }
+}
+
 TEST_F(Guida, OgniPaginaSiStampa) {
     const support::Cartella cartella;
     for (const QString& pagina : tutte_le_pagine()) {

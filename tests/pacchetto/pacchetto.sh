@@ -36,12 +36,13 @@ dpkg-deb -x "$deb" "$lavoro/x"
 
 # Layout.
 usr=$lavoro/x/usr
-for eseguibile in bin/tabellino bin/ridotti bin/leggi_mdb; do
+for eseguibile in bin/tabellino bin/ridotti bin/archivio bin/leggi_mdb; do
   [ -x "$usr/$eseguibile" ] || fallisci "$eseguibile is not there"
 done
 for nome in applications/tabellino.desktop metainfo/local.tabellino.tabellino.metainfo.xml \
-  icons/hicolor/scalable/apps/tabellino.svg man/man1/tabellino.1.gz man/man1/ridotti.1.gz \
-  doc/tabellino/copyright tabellino/ridotti/cr0600.rid tabellino/ridotti/cr1507.rid; do
+  icons/hicolor/scalable/apps/tabellino.svg man/man1/tabellino.1.gz man/man1/ridotti.1.gz man/man1/archivio.1.gz \
+  doc/tabellino/copyright tabellino/ridotti/cr0600.rid tabellino/ridotti/cr1507.rid \
+  tabellino/skin/skn.dat tabellino/skin/skin1_1.skn tabellino/archivio/drawit.sqlite; do
   [ -f "$usr/share/$nome" ] || fallisci "share/$nome is not there"
 done
 for lato in 16 22 24 32 48 64 128 256; do
