@@ -165,6 +165,20 @@ TEST(PagineGuida, LaRadiceEDovEChiamataLaGuida) {
     EXPECT_EQ(radice_suite("guida", "/usr/libexec"), "/usr/libexec");
 }
 
+TEST(PagineGuida, LaPaginaUnicaSiReggeDaSola) {
+    QFile file(SUITE_DIR "/guida.html");
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QString testo = QString::fromUtf8(file.readAll());
+    for (const QString& pagina : tutte_le_pagine())
+        EXPECT_TRUE(testo.contains("<h1 id=\"" + pagina + "\">" + titolo(pagina)))
+            << pagina.toStdString();
+    for (const QString& meta : valori(testo, "href"))
+        EXPECT_TRUE(meta.startsWith('#') && tutte_le_pagine().contains(meta.mid(1)))
+            << meta.toStdString();
+    for (const QString& figura : valori(testo, "src"))
+        EXPECT_TRUE(figura.startsWith("data:image/png;base64,")) << figura.left(40).toStdString();
+}
+
 TEST(RicercaGuida, NonGuardaMaiuscoleEAccenti) {
     EXPECT_EQ(piana("Perché È così"), "perche e cosi");
     const QString difficile = QString::fromUtf8("àÈß’ﬁ…①");

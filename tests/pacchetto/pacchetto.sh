@@ -42,7 +42,7 @@ done
 for nome in applications/tabellino.desktop metainfo/local.tabellino.tabellino.metainfo.xml \
   icons/hicolor/scalable/apps/tabellino.svg man/man1/tabellino.1.gz man/man1/ridotti.1.gz man/man1/archivio.1.gz \
   doc/tabellino/copyright tabellino/ridotti/cr0600.rid tabellino/ridotti/cr1507.rid \
-  tabellino/skin/skn.dat tabellino/skin/skin1_1.skn tabellino/archivio/drawit.sqlite; do
+  tabellino/skin/skn.dat tabellino/skin/skin1_1.skn tabellino/archivio/drawit.sqlite tabellino/guida.html; do
   [ -f "$usr/share/$nome" ] || fallisci "share/$nome is not there"
 done
 for lato in 16 22 24 32 48 64 128 256; do
