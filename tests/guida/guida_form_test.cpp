@@ -36,9 +36,9 @@ QStringList valori(const QString& testo, const QString& attributo) {
     return trovati;
 }
 
-class Guida : public testing::Test {
+class FinestraGuida : public testing::Test {
 protected:
-    explicit Guida(const QString& pagina = "") : finestra(pagina) {
+    explicit FinestraGuida(const QString& pagina = "") : finestra(pagina) {
         finestra.show();
         finestra.activateWindow();
         QApplication::processEvents();
@@ -209,13 +209,13 @@ TEST(RicercaGuida, ILuoghiSonoQuelliDelTesto) {
     EXPECT_TRUE(luoghi(testo, {}).isEmpty());
 }
 
-TEST_F(Guida, SiIntitolaGuidaEParteDallaPrimaPagina) {
+TEST_F(FinestraGuida, SiIntitolaGuidaEParteDallaPrimaPagina) {
     EXPECT_EQ(finestra.windowTitle(), "Guida");
     EXPECT_EQ(finestra.pagina(), "inizio");
     EXPECT_EQ(trova<QTreeWidget>("indice")->currentItem()->text(0), "Benvenuti in Tabellino");
 }
 
-TEST_F(Guida, LIndiceApreLePagineELeSegue) {
+TEST_F(FinestraGuida, LIndiceApreLePagineELeSegue) {
     scegli("Lo spoglio delle vincite");
     EXPECT_EQ(finestra.pagina(), "spoglio");
     finestra.apri("stampa");
@@ -225,7 +225,7 @@ TEST_F(Guida, LIndiceApreLePagineELeSegue) {
     EXPECT_EQ(finestra.pagina(), "stampa");
 }
 
-TEST_F(Guida, IndietroEAvanti) {
+TEST_F(FinestraGuida, IndietroEAvanti) {
     EXPECT_FALSE(trova<QWidget>("indietro")->isEnabled());
     scegli("I file e dove stanno");
     scegli("La tastiera");
@@ -243,14 +243,14 @@ TEST_F(Guida, IndietroEAvanti) {
     EXPECT_EQ(finestra.pagina(), "inizio");
 }
 
-TEST_F(Guida, ICollegamentiSiSeguonoDallaTastiera) {
+TEST_F(FinestraGuida, ICollegamentiSiSeguonoDallaTastiera) {
     trova<Foglio>("foglio")->setFocus();
     tasto(Qt::Key_Tab);
     tasto(Qt::Key_Return);
     EXPECT_EQ(finestra.pagina(), "cruciverba");
 }
 
-TEST_F(Guida, LaRicercaElencaEdEvidenzia) {
+TEST_F(FinestraGuida, LaRicercaElencaEdEvidenzia) {
     cerca_parole("pannelli");
     auto* trovate = trova<QListWidget>("trovate");
     ASSERT_GE(trovate->count(), 1);
@@ -263,7 +263,7 @@ TEST_F(Guida, LaRicercaElencaEdEvidenzia) {
     for (const QString& testo : evidenziati()) EXPECT_EQ(piana(testo), "pannelli");
 }
 
-TEST_F(Guida, F3PassaDaUnLuogoAllAltro) {
+TEST_F(FinestraGuida, F3PassaDaUnLuogoAllAltro) {
     finestra.apri("tipi");
     cerca_parole("garanzia");
     auto* foglio = trova<Foglio>("foglio");
@@ -278,7 +278,7 @@ TEST_F(Guida, F3PassaDaUnLuogoAllAltro) {
     EXPECT_EQ(foglio->textCursor().position(), segni.last().cursor.selectionStart());
 }
 
-TEST_F(Guida, UnaRicercaVanaLoDice) {
+TEST_F(FinestraGuida, UnaRicercaVanaLoDice) {
     cerca_parole("zxqw");
     EXPECT_EQ(trova<QListWidget>("trovate")->count(), 0);
     EXPECT_EQ(trova<QLabel>("esito")->text(), "Nessuna pagina contiene queste parole.");
@@ -286,7 +286,7 @@ TEST_F(Guida, UnaRicercaVanaLoDice) {
     EXPECT_EQ(finestra.pagina(), "inizio");
 }
 
-TEST_F(Guida, EscChiudeLaRicerca) {
+TEST_F(FinestraGuida, EscChiudeLaRicerca) {
     cerca_parole("cruciverba");
     EXPECT_FALSE(evidenziati().isEmpty());
     tasto(Qt::Key_Escape);
@@ -296,7 +296,7 @@ TEST_F(Guida, EscChiudeLaRicerca) {
     EXPECT_TRUE(trova<Foglio>("foglio")->hasFocus());
 }
 
-TEST_F(Guida, F6PassaDallIndiceAllaPagina) {
+TEST_F(FinestraGuida, F6PassaDallIndiceAllaPagina) {
     trova<Foglio>("foglio")->setFocus();
     tasto(Qt::Key_F6);
     EXPECT_TRUE(trova<QTreeWidget>("indice")->hasFocus());
@@ -306,7 +306,7 @@ TEST_F(Guida, F6PassaDallIndiceAllaPagina) {
     EXPECT_TRUE(trova<Foglio>("foglio")->hasFocus());
 }
 
-TEST_F(Guida, ICaratteriSiIngrandiscono) {
+TEST_F(FinestraGuida, ICaratteriSiIngrandiscono) {
     auto* foglio = trova<Foglio>("foglio");
     const int prima = foglio->document()->defaultFont().pixelSize();
     clic("piu");
@@ -317,7 +317,7 @@ TEST_F(Guida, ICaratteriSiIngrandiscono) {
     EXPECT_GE(foglio->document()->defaultFont().pixelSize(), 9);
 }
 
-TEST_F(Guida, OgniControlloHaUnNomePerChiNonVede) {
+TEST_F(FinestraGuida, OgniControlloHaUnNomePerChiNonVede) {
     for (const char* nome : {"ricerca", "indice", "trovate", "foglio", "indietro", "avanti",
                              "inizio", "meno", "piu", "stampa"}) {
         ASSERT_NE(trova<QWidget>(nome), nullptr) << nome;
@@ -326,7 +326,7 @@ TEST_F(Guida, OgniControlloHaUnNomePerChiNonVede) {
     }
 }
 
-TEST_F(Guida, OgniAspettoLasciaLaPaginaLeggibile) {
+TEST_F(FinestraGuida, OgniAspettoLasciaLaPaginaLeggibile) {
     for (const char* aspetto : {"1", "2", "3"}) {
         QFile file(QString(SOURCE_DIR "/suite/skin/skin1_%1.skn").arg(aspetto));
         ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << aspetto;
@@ -339,7 +339,7 @@ TEST_F(Guida, OgniAspettoLasciaLaPaginaLeggibile) {
     }
 }
 
-TEST_F(Guida, OgniPaginaSiStampa) {
+TEST_F(FinestraGuida, OgniPaginaSiStampa) {
     const support::Cartella cartella;
     for (const QString& pagina : tutte_le_pagine()) {
         finestra.apri(pagina);
