@@ -1,9 +1,11 @@
 #include "platform/application.h"
 
 #include <array>
+#include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <functional>
+#include <memory>
 #include <pwd.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -50,6 +52,21 @@ bool copia_cartella(const std::string& da, const std::string& a) {
         if (esito == Esito::disco_pieno) return false;
     }
     return true;
+}
+
+/// Leads the suite's root to an installed file; one that is there, or can be reached, stays.
+void collega(const std::string& condivisi, const std::string& utente, const std::string& nome) {
+    const std::string collegamento = utente + "/" + nome;
+    struct stat s {};
+    if (::stat(collegamento.c_str(), &s) == 0) return;
+    if (::lstat(collegamento.c_str(), &s) == 0 && !S_ISLNK(s.st_mode)) return;
+    const std::unique_ptr<char, decltype(&std::free)> vero(
+        ::realpath((condivisi + "/" + nome).c_str(), nullptr), &std::free);
+    if (vero == nullptr) return;
+    // A link to a program since moved leads nowhere and gives way. Without a link the menu finds
+    // no guide and does nothing, so a failure needs no word.
+    ::unlink(collegamento.c_str());
+    if (::symlink(vero.get(), collegamento.c_str()) != 0) return;
 }
 
 /// One name for a folder by whatever path it is reached.
@@ -110,9 +127,12 @@ std::string trova_cartella(const std::string& eseguibile, const std::string& con
         for (const char* parte : {"ridotti", "skin", "archivio"}) {
             completa = completa && copia_cartella(condivisi + "/" + parte, utente + "/" + parte);
         }
-        // Made last, so that a first start cut short is taken up again by the next.
-        if (completa) crea_cartella(cartella);
+        // Complete under another name first, so that a first start cut short is taken up again.
+        const std::string nuova = cartella + ".nuova";
+        completa = completa && copia_cartella(condivisi + "/cruciverba", nuova);
+        if (completa && ::rename(nuova.c_str(), cartella.c_str()) != 0) crea_cartella(cartella);
     }
+    for (const char* nome : {"guida", "guida.html"}) collega(condivisi, utente, nome);
     return cartella;
 }
 

@@ -78,7 +78,7 @@ env -u DISPLAY -u WAYLAND_DISPLAY HOME="$casa" XDG_DATA_HOME="$dati" XDG_RUNTIME
   "$usr/bin/tabellino" 2>"$lavoro/err" &
 programma=$!
 for _ in $(seq 300); do
-  [ -d "$dati/sortivario/cruciverba" ] && break
+  [ -d "$dati/sortivario/cruciverba" ] && [ -e "$dati/sortivario/guida" ] && break
   kill -0 $programma 2>/dev/null || { cat "$lavoro/err"; fallisci "the program ended"; }
   sleep 0.1
 done
@@ -86,6 +86,11 @@ kill -0 $programma 2>/dev/null || { cat "$lavoro/err"; fallisci "the program end
 suite=$dati/sortivario
 [ -d "$suite/cruciverba" ] || fallisci "no suite folder after the first start"
 diff -r "$usr/share/tabellino/ridotti" "$suite/ridotti" || fallisci "tables differ"
+for sistema in "$usr"/share/tabellino/cruciverba/*; do
+  cmp "$sistema" "$suite/cruciverba/$(basename "$sistema")" || fallisci "sample systems differ"
+done
+[ "$(readlink -f "$suite/guida")" = "$(readlink -f "$usr/libexec/tabellino/guida")" ] ||
+  fallisci "the suite folder does not lead to the guide"
 [ -z "$(find "$casa" -type f ! -path "$suite/*" ! -path "$casa/run/*" ! -path "$casa/cache/*")" ] ||
   fallisci "files outside the suite folder: $(find "$casa" -type f)"
 kill -TERM $programma

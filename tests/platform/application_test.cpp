@@ -51,13 +51,15 @@ private:
 class TrovaCartella : public testing::Test {
 protected:
     TrovaCartella() : dati_("XDG_DATA_HOME", cartella_.radice() + "/casa/dati") {
-        for (const char* parte : {"ridotti", "skin", "archivio"}) {
+        for (const char* parte : {"ridotti", "skin", "archivio", "cruciverba"}) {
             fs::create_directories(condivisi() + "/" + parte);
         }
         metti(condivisi() + "/ridotti/sn0600.rid", "1,2,3,4,5,6\r\n");
         metti(condivisi() + "/ridotti/sn0700.rid", std::string(300000, 'x'));
         metti(condivisi() + "/skin/skn.dat", "1");
         metti(condivisi() + "/archivio/drawit.mdb", "archivio");
+        metti(condivisi() + "/cruciverba/esempio.sen", "14,5,5");
+        metti(condivisi() + "/cruciverba/esempio.col", "1,2,3,4,5,6\r\n");
     }
     [[nodiscard]] std::string condivisi() const { return cartella_.radice() + "/share"; }
     [[nodiscard]] std::string utente() const {
@@ -71,13 +73,16 @@ protected:
         return leggi_tutto(nome).value_or("<manca>");
     }
     [[nodiscard]] bool completa() const {
-        for (const char* nome : {"/ridotti/sn0600.rid", "/ridotti/sn0700.rid", "/skin/skn.dat",
-                                 "/archivio/drawit.mdb"}) {
+        for (const char* nome :
+             {"/ridotti/sn0600.rid", "/ridotti/sn0700.rid", "/skin/skn.dat", "/archivio/drawit.mdb",
+              "/cruciverba/esempio.sen", "/cruciverba/esempio.col"}) {
             if (leggi(utente() + nome) != leggi(condivisi() + nome)) {
                 return false;
             }
         }
-        return Dir(utente() + "/ridotti", "*").size() == 2;
+        return Dir(utente() + "/ridotti", "*").size() == 2 &&
+               Dir(utente() + "/cruciverba", "*").size() == 2 &&
+               !fs::exists(utente() + "/cruciverba.nuova");
     }
 
     support::Cartella cartella_;
@@ -153,7 +158,6 @@ TEST_F(TrovaCartella, the_first_start_copies_tables_and_skins) {
     const std::string trovata = trova();
     EXPECT_TRUE(esiste_cartella(trovata));
     EXPECT_TRUE(completa());
-    EXPECT_TRUE(Dir(trovata, "*").empty());
     EXPECT_EQ(radice(trovata), utente() + "/");
 }
 
@@ -164,6 +168,45 @@ TEST_F(TrovaCartella, a_later_start_copies_nothing) {
     trova();
     EXPECT_FALSE(esiste_file(utente() + "/ridotti/sn0600.rid"));
     EXPECT_EQ(leggi(utente() + "/skin/skn.dat"), "2");
+}
+
+TEST_F(TrovaCartella, a_sample_that_the_player_deleted_stays_away) {
+    const std::string trovata = trova();
+    Kill(trovata + "/esempio.sen");
+    trova();
+    EXPECT_FALSE(esiste_file(trovata + "/esempio.sen"));
+}
+
+TEST_F(TrovaCartella, the_root_leads_to_the_installed_guide) {
+    trova();
+    EXPECT_FALSE(fs::is_symlink(utente() + "/guida"));
+    fs::create_directories(cartella_.radice() + "/libexec");
+    metti(cartella_.radice() + "/libexec/guida", "vera");
+    fs::create_symlink("../libexec/guida", condivisi() + "/guida");
+    metti(condivisi() + "/guida.html", "pagina");
+    trova();
+    EXPECT_EQ(leggi(utente() + "/guida.html"), "pagina");
+    EXPECT_EQ(fs::read_symlink(utente() + "/guida"),
+              fs::canonical(cartella_.radice()) / "libexec/guida");
+    EXPECT_EQ(leggi(utente() + "/guida"), "vera");
+}
+
+TEST_F(TrovaCartella, a_link_to_a_guide_that_moved_is_renewed) {
+    metti(condivisi() + "/guida", "vera");
+    trova();
+    Kill(utente() + "/guida");
+    fs::create_symlink("/non/esiste/guida", utente() + "/guida");
+    trova();
+    EXPECT_EQ(leggi(utente() + "/guida"), "vera");
+}
+
+TEST_F(TrovaCartella, a_guide_of_the_suite_stays) {
+    metti(condivisi() + "/guida", "vera");
+    fs::create_directories(utente());
+    metti(utente() + "/guida", "della suite");
+    trova();
+    EXPECT_FALSE(fs::is_symlink(utente() + "/guida"));
+    EXPECT_EQ(leggi(utente() + "/guida"), "della suite");
 }
 
 TEST_F(TrovaCartella, the_first_start_leaves_what_the_suite_put_there) {
