@@ -48,6 +48,9 @@ QStringList scegli_file(QWidget* proprietario, const QString& titolo, const QStr
     if (scelta_file_in_forza()) return scelta_file_in_forza()();
     QFileDialog dialogo(proprietario, titolo, inizio);
     dialogo.setFileMode(QFileDialog::ExistingFiles);
+    dialogo.setNameFilter("Tutti i file (*)");
+    // The plain list has no headings, which the dialog would write in English.
+    dialogo.setViewMode(QFileDialog::List);
     return esegui(dialogo, "File:");
 }
 

@@ -29,7 +29,10 @@ statistics::Seguito Form1::seguito() {
         // The hidden board bars nothing meanwhile: the quotas see the lines for themselves.
         MSFlexGrid1->cella(riga, colonna);
         MSFlexGrid1->set_Text(QString::number(numero));
+        // A bar paints itself, and the grid with it, at every value: here pending events do.
+        ProgressBar1->setUpdatesEnabled(false);
         ProgressBar1->setValue(ProgressBar1->value() + 1);
+        ProgressBar1->setUpdatesEnabled(true);
         DoEvents();
         return !chiusura_chiesta_;
     };
