@@ -43,6 +43,12 @@ QPushButton[numero="true"]:focus { border: 2px solid #E07B00; }
 QPushButton[numero="true"]:disabled { background: #E4EAF2; color: #A3AFC0; border-color: #CFD9E6; }
 
 platform--Frame[evidenza="true"] { qproperty-fondo: #FFF8EC; qproperty-linea: #E07B00; }
+QFrame[forma="fondo"] { background: white; border: 1px solid #A9BCD6; border-radius: 4px; }
+QFrame[forma="prospetto"] { background: #D8EEFE; border: 1px solid #A9C9E6; border-radius: 4px; }
+QFrame[forma="sviluppo"] { background: #FFFBD6; border: 1px solid #E3D58A; border-radius: 4px; }
+QFrame[forma="schedine"] { background: #FFF0DC; border: 1px solid #EBC48F; border-radius: 4px; }
+QFrame[forma="invio"] { background: #F4F9FE; border: 1px solid #000080; border-radius: 4px; }
+QFrame[forma="riga"] { background: #D4DFEC; border: 0; }
 QLabel[titolo="true"] { color: #000080; font-weight: bold; }
 QLabel[titolo_grande="true"] { color: #000080; font-size: 24px; font-weight: bold; }
 QLabel[valore="true"] { background: #F4F9FE; border: 1px solid #B9CBE0; border-radius: 3px;

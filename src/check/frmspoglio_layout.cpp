@@ -55,6 +55,7 @@ constexpr int lato_casella = 34;
 /// Frame that hides what lies beneath it.
 Frame* coperchio(const QString& nome, QRect dove, QWidget* padre) {
     Frame* f = riquadro(nome, QString(), dove, padre);
+    f->set_bordo(false);
     f->copre();
     f->hide();
     return f;
@@ -166,7 +167,7 @@ void frmspoglio::crea_cruciverba() {
     ListView1->setAlternatingRowColors(true);
     ListView1->setFocusPolicy(Qt::NoFocus);
     Frame4 = riquadro("Frame4", QString(), dove, this);
-    Frame4->setAutoFillBackground(true);
+    Frame4->copre();
     MSFlexGrid1 = new platform::MSFlexGrid(Frame4);
     MSFlexGrid1->setObjectName("MSFlexGrid1");
     MSFlexGrid1->setAccessibleName(tr("Cruciverba"));

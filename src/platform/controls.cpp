@@ -173,7 +173,7 @@ void Frame::paintEvent(QPaintEvent* evento) {
     QFrame::paintEvent(evento);
     QPainter pittore(this);
     if (copre_) pittore.fillRect(rect(), fondo_);
-    if (!bordo_ || copre_) return;
+    if (!bordo_) return;
     pittore.setRenderHint(QPainter::Antialiasing);
     const QRectF cornice(1.5, 1.5, width() - 3, height() - 3);
     pittore.setPen(QPen(linea_, 1));

@@ -89,7 +89,7 @@ public:
     void set_caption(const QString& testo);
     /// Whether the border is drawn.
     void set_bordo(bool bordo) { bordo_ = bordo; }
-    /// Without a border, hides what lies beneath it.
+    /// Hides what lies beneath it, to its very corners.
     void copre() { copre_ = true; }
 
 protected:

@@ -40,14 +40,11 @@ protected:
     }
 };
 
-QFrame* forma(const QString& nome, QRect dove, const QString& fondo, const QString& bordo,
-              QWidget* padre) {
-    auto* f = new QFrame(padre);
-    f->setObjectName(nome);
-    f->setGeometry(dove);
+/// Ground of a kind that the style sheet knows.
+QFrame* forma(const QString& nome, QRect dove, const QString& specie, QWidget* padre) {
+    QFrame* f = platform::posto(new QFrame(padre), nome, dove);
     f->setAttribute(Qt::WA_TransparentForMouseEvents);
-    f->setStyleSheet(QStringLiteral("background: %1; border: 1px solid %2; border-radius: 4px;")
-                         .arg(fondo, bordo));
+    f->setProperty("forma", specie);
     return f;
 }
 
@@ -58,20 +55,13 @@ void frmstsvl::crea_opzioni() {
     Frame2->setObjectName("Frame2");
     Frame2->setGeometry(8, 8, 384, 196);
     Frame2->set_bordo(false);
-    Shape2 = forma("Shape2", {}, "white", "#A9BCD6", Frame2);
-    struct Aspetto {
-        QString testo;
-        QString fondo;
-        QString bordo;
-    };
-    const std::array<Aspetto, 3> opzioni = {{{"Prospetto", "#D8EEFE", "#A9C9E6"},
-                                             {"Sviluppo", "#FFFBD6", "#E3D58A"},
-                                             {"Schedine", "#FFF0DC", "#EBC48F"}}};
+    Shape2 = forma("Shape2", {}, "fondo", Frame2);
+    const std::array<QString, 3> opzioni = {"Prospetto", "Sviluppo", "Schedine"};
     for (int i = 0; i < 3; ++i) {
         const auto k = static_cast<std::size_t>(i);
         const QRect dove(12, y_prima + i * passo_opzioni, 200, altezza_opzione);
-        Shape1[k] = forma(membro("Shape1", i), dove, opzioni[k].fondo, opzioni[k].bordo, Frame2);
-        auto* o = new Opzione(opzioni[k].testo, Frame2);
+        Shape1[k] = forma(membro("Shape1", i), dove, opzioni[k].toLower(), Frame2);
+        auto* o = new Opzione(opzioni[k], Frame2);
         o->setObjectName(membro("Option1", i));
         o->setGeometry(dove.adjusted(12, 0, -4, 0));
         Option1[k] = o;
@@ -103,9 +93,7 @@ void frmstsvl::crea_pulsanti() {
     cmdstampa = pulsante("cmdstampa", "Imprimer",
                          {x_destra, y_prima + 2 * passo_opzioni + 3, larghezza_destra, 30}, Frame2);
     constexpr int y = 152;
-    auto* riga = new QFrame(Frame2);
-    riga->setGeometry(12, y - 9, 360, 1);
-    riga->setStyleSheet("background: #D4DFEC; border: 0;");
+    forma(QString(), {12, y - 9, 360, 1}, "riga", Frame2);
     Command2 = pulsante("Command2", "Conferma", {12, y, 132, 30}, Frame2);
     Command2->setDefault(true);
     Command3 = pulsante("Command3", "Annulla", {154, y, 104, 30}, Frame2);
@@ -113,13 +101,12 @@ void frmstsvl::crea_pulsanti() {
 }
 
 void frmstsvl::crea_invio() {
-    Picture1 = forma("Picture1", {52, 50, 280, 84}, "#F4F9FE", "#000080", Frame2);
+    Picture1 = forma("Picture1", {52, 50, 280, 84}, "invio", Frame2);
     Label1[0] = new QLabel("Envoi données à l'imprimante. Attendre SVP", Picture1);
     Label1[1] = new QLabel(Picture1);
     for (int i = 0; i < 2; ++i) {
         QLabel* riga = Label1[static_cast<std::size_t>(i)];
         riga->setObjectName(membro("Label1", i));
-        riga->setStyleSheet("border: 0;");
         riga->setAlignment(Qt::AlignCenter);
         riga->setGeometry(8, 10 + i * 20, 264, 18);
     }
