@@ -20,8 +20,8 @@ setup_build() {
 
 setup_tests() {
   setup_build
-  install_missing libgtest-dev clang-format poppler-utils xvfb openbox
-  install_missing libgtest-dev clang-format desktop-file-utils appstream file
+  install_missing libgtest-dev clang-format poppler-utils xvfb openbox desktop-file-utils \
+    appstream file
 }
 
 setup_virtual_display() {
