@@ -98,7 +98,7 @@ public:
     void List1_Click();
     void completa_con_scelti();
     /// Typing in the crossword: two digits, or one and Return; a barred number is refused.
-    void MSFlexGrid1_KeyPress(int KeyAscii);
+    void MSFlexGrid1_KeyPress(int tasto);
     /// Takes back, or does again, the last edit of this crossword.
     void annulla_modifica();
     void ripeti_modifica();

@@ -9,13 +9,13 @@
 
 namespace app {
 
-void Form1::MSFlexGrid1_KeyPress(int KeyAscii) {
+void Form1::MSFlexGrid1_KeyPress(int tasto) {
     const QString digitato = MSFlexGrid1->digitato();
     MSFlexGrid1->set_digitato(QString());
     if (in_elaborazione_) return;
-    if (KeyAscii == '\r' && !digitato.isEmpty()) digita(digitato.toInt());
-    if (KeyAscii < '0' || KeyAscii > '9') return;
-    const QString nuovo = digitato + QChar(KeyAscii);
+    if (tasto == '\r' && !digitato.isEmpty()) digita(digitato.toInt());
+    if (tasto < '0' || tasto > '9') return;
+    const QString nuovo = digitato + QChar(tasto);
     if (nuovo.size() < 2) {
         MSFlexGrid1->set_digitato(nuovo);
     } else {

@@ -56,7 +56,7 @@ Q_SIGNALS:
     /// The user chose a cell, by mouse or keyboard; code that moves the cursor raises nothing.
     void SelChange();
     /// A key that gives a character, or Return, Backspace or Escape, by its code.
-    void KeyPress(int KeyAscii);
+    void KeyPress(int tasto);
 
 protected:
     void currentChanged(const QModelIndex& ora, const QModelIndex& prima) override;
