@@ -1,7 +1,9 @@
 #include "platform/disk.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
+#include <charconv>
 #include <climits>
 #include <ctime>
 #include <dirent.h>
@@ -9,6 +11,7 @@
 #include <linux/stat.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include "platform/runtime.h"
@@ -171,6 +174,26 @@ Esito crea_di_lavoro(const std::string& cartella, File& file, std::string& nome)
     return Esito::errore;
 }
 
+// A file system gives every new file a creation time of its own and lets nobody change it, so that
+// of a replaced file goes with its successor in an attribute.
+constexpr const char* attributo_creazione = "user.tabellino.creazione";
+
+std::optional<std::int64_t> creazione_annotata(const std::string& nome) {
+    std::array<char, 24> testo{};
+    const ssize_t n = ::getxattr(nome.c_str(), attributo_creazione, testo.data(), testo.size());
+    if (n <= 0) return std::nullopt;
+    std::int64_t secondi = 0;
+    const auto esito = std::from_chars(testo.data(), testo.data() + n, secondi);
+    if (esito.ec != std::errc() || esito.ptr != testo.data() + n) return std::nullopt;
+    return secondi;
+}
+
+/// Where the disk keeps no attributes, the date is that of the last replacement.
+void annota_creazione(const File& file, std::int64_t secondi) {
+    const std::string testo = std::to_string(secondi);
+    ::fsetxattr(file.fd(), attributo_creazione, testo.data(), testo.size(), 0);
+}
+
 /// Makes a rename outlive a power cut; a file system without folder sync loses nothing by it.
 void sincronizza_cartella(const std::string& cartella) {
     const int fd = syscalls().open(cartella.c_str(), O_RDONLY | O_DIRECTORY, 0);
@@ -242,6 +265,7 @@ std::optional<std::int64_t> dimensione_file(const std::string& nome) {
 std::optional<std::int64_t> data_creazione(const std::string& nome) {
     struct statx s {};
     const std::string reale = nome_su_disco(nome);
+    if (const auto annotata = creazione_annotata(reale)) return annotata;
     if (::syscall(SYS_statx, AT_FDCWD, reale.c_str(), 0, STATX_BTIME | STATX_MTIME, &s) != 0) {
         return std::nullopt;
     }
@@ -406,11 +430,16 @@ Esito pubblica(const std::string& lavoro, const std::string& nome, std::int64_t 
     const std::string partenza = nome_su_disco(lavoro);
     const std::string arrivo = nome_su_disco(nome);
     struct stat s {};
-    if (::lstat(arrivo.c_str(), &s) == 0 && !collegamento_o_file(s)) return Esito::errore;
+    std::optional<std::int64_t> creazione;
+    if (::lstat(arrivo.c_str(), &s) == 0) {
+        if (!collegamento_o_file(s)) return Esito::errore;
+        if (S_ISREG(s.st_mode)) creazione = data_creazione(arrivo);
+    }
     if (::lstat(partenza.c_str(), &s) != 0) return da_errno(errno);
     if (!S_ISREG(s.st_mode)) return Esito::errore;
     File file(partenza, O_RDONLY | O_NOFOLLOW);
     if (!file.aperto()) return da_errno(errno);
+    if (creazione) annota_creazione(file, *creazione);
     Esito esito = sincronizza(file);
     // A full disk can pass unnoticed through write and sync; the size cannot lie.
     if (esito == Esito::ok && (::fstat(file.fd(), &s) != 0 || s.st_size != dimensione)) {

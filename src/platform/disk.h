@@ -51,7 +51,8 @@ bool crea_cartella(const std::string& nome);
 
 /// Size in bytes; nothing when there is no such regular file.
 std::optional<std::int64_t> dimensione_file(const std::string& nome);
-/// Creation time in seconds since 1970; the last change where the disk keeps no creation time.
+/// When the file of this name was first made, replaced since or not, in seconds since 1970; the
+/// last change where the disk keeps no such time.
 std::optional<std::int64_t> data_creazione(const std::string& nome);
 
 /// Local date and time as "dd/mm/yy hh.mm.ss" of seconds since 1970.

@@ -1,6 +1,7 @@
 #include "platform/disk.h"
 
 #include <algorithm>
+#include <array>
 #include <climits>
 #include <cstdlib>
 #include <ctime>
@@ -9,6 +10,7 @@
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include "support/cartella.h"
@@ -131,6 +133,51 @@ TEST_F(DiskTest, a_file_has_a_creation_date) {
     ASSERT_TRUE(data);
     EXPECT_LE(std::abs(*data - prima), 60);
     EXPECT_FALSE(data_creazione(f("manca")));
+}
+
+/// Date noted beside the content of a file that took another's place; empty without one.
+std::string data_annotata(const std::string& nome) {
+    std::array<char, 32> testo{};
+    const ssize_t n =
+        ::getxattr(nome.c_str(), "user.tabellino.creazione", testo.data(), testo.size());
+    return {testo.data(), n > 0 ? static_cast<std::size_t>(n) : 0};
+}
+
+TEST_F(DiskTest, a_replaced_file_keeps_its_creation_date_and_a_copy_has_its_own) {
+    cartella_.scrivi("a.sen", "1");
+    if (::setxattr(f("a.sen").c_str(), "user.prova", "1", 1, 0) != 0) {
+        GTEST_SKIP() << "this disk keeps no attributes";
+    }
+    const auto nascita = data_creazione(f("a.sen"));
+    ASSERT_TRUE(nascita);
+    ASSERT_EQ(sostituisci(f("a.sen"), "2"), Esito::ok);
+    EXPECT_EQ(data_annotata(f("a.sen")), std::to_string(*nascita));
+    // A day of long ago, which no clock gives: it stays however often the file is replaced.
+    ASSERT_EQ(::setxattr(f("a.sen").c_str(), "user.tabellino.creazione", "86400", 5, 0), 0);
+    ASSERT_EQ(sostituisci(f("a.sen"), "3"), Esito::ok);
+    ASSERT_EQ(sostituisci(f("A.SEN"), "4"), Esito::ok);
+    EXPECT_EQ(data_creazione(f("a.sen")), 86400);
+    ASSERT_EQ(FileCopy(f("a.sen"), f("b.sen")), Esito::ok);
+    EXPECT_GT(data_creazione(f("b.sen")), 86400);
+    ASSERT_EQ(FileCopy(f("b.sen"), f("a.sen")), Esito::ok);
+    EXPECT_EQ(data_creazione(f("a.sen")), 86400);
+    ASSERT_EQ(Name(f("a.sen"), f("c.sen")), Esito::ok);
+    EXPECT_EQ(data_creazione(f("c.sen")), 86400);
+    ASSERT_EQ(Kill(f("c.sen")), Esito::ok);
+    ASSERT_EQ(sostituisci(f("c.sen"), "5"), Esito::ok);
+    EXPECT_GT(data_creazione(f("c.sen")), 86400);
+}
+
+TEST_F(DiskTest, a_noted_date_that_is_none_does_not_count) {
+    cartella_.scrivi("a.sen", "1");
+    const auto nascita = data_creazione(f("a.sen"));
+    for (const std::string annotata : {"", "x", "12x", "99999999999999999999999999999999"}) {
+        if (::setxattr(f("a.sen").c_str(), "user.tabellino.creazione", annotata.data(),
+                       annotata.size(), 0) != 0) {
+            GTEST_SKIP() << "this disk keeps no attributes";
+        }
+        EXPECT_EQ(data_creazione(f("a.sen")), nascita) << annotata;
+    }
 }
 
 TEST(DiskDate, is_text_of_day_month_and_two_digit_year) {

@@ -3,9 +3,11 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <random>
+#include <sys/xattr.h>
 
 #include "platform/disk.h"
 #include "support/cartella.h"
+#include "systems/file_sistema.h"
 
 using namespace systems;
 
@@ -129,6 +131,20 @@ TEST_F(Elenco, la_data_ha_otto_caratteri_giorno_mese_anno) {
     EXPECT_EQ(voci[0].data, platform::testo_data_ora(*creata).substr(0, 8));
     EXPECT_EQ(ShowFileInfo(cartella.file("a.sen")), platform::testo_data_ora(*creata));
     EXPECT_EQ(ShowFileInfo(cartella.file("manca.sen")), "");
+}
+
+TEST_F(Elenco, un_sistema_salvato_di_nuovo_tiene_la_data_della_prima_volta) {
+    Sistema sistema;
+    sistema.matrice = crossword::Matrice(6, 6);
+    ASSERT_TRUE(scrivi_sistema(cartella.programma(), "a", sistema, false));
+    // The fifth of May 1999, about noon, noted as by a saving of then.
+    if (::setxattr(cartella.file("a.sen").c_str(), "user.tabellino.creazione", "925905600", 9, 0) !=
+        0) {
+        GTEST_SKIP() << "this disk keeps no attributes";
+    }
+    ASSERT_TRUE(scrivi_sistema(cartella.programma(), "a", sistema, false));
+    ASSERT_EQ(trova().size(), 1U);
+    EXPECT_EQ(trova()[0].data, "05/05/99");
 }
 
 TEST_F(Elenco, byte_a_caso_non_fanno_danno) {
