@@ -37,6 +37,7 @@ void Form1::modifica_griglia(std::uint8_t /*non_usato*/) {
     const int c = colonne();
     const int r = righe();
     nuova_matrice(c, r);
+    statistico.azzera();
     MSFlexGrid1->setUpdatesEnabled(false);
     MSFlexGrid1->set_Rows(r);
     MSFlexGrid1->set_Cols(c);

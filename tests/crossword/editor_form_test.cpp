@@ -302,6 +302,19 @@ TEST(Misura, UnCambioPerdeTuttoSenzaDomande) {
     EXPECT_FALSE(p.form1.salvato);
 }
 
+TEST(Misura, UnCambioDimenticaLaClassificaComeLImmagineTre) {
+    for (const bool immagine : {false, true}) {
+        Programma p;
+        p.form1.statistico.statistica()[1].numero = 42;
+        if (immagine) {
+            p.comando(3);
+        } else {
+            Programma::scegli(p.form1.Combo2, 1);
+        }
+        EXPECT_EQ(p.form1.statistico.statistica()[1].numero, 0) << immagine;
+    }
+}
+
 TEST(Misura, ScegliereLaStessaSvuotaUgualmente) {
     Programma p;
     metti(p, 0, 0, 5);
