@@ -164,6 +164,8 @@ void Form2::modo_salva() {
     mostra(pic_salva);
     TabStrip1->rimuovi_scheda(form1_.lotto ? 1 : 2);
     cmdsalva->setDefault(true);
+    setTabOrder(cmdeffacer1, TabStrip1);
+    setTabOrder(TabStrip1, ListView1);
     Text1->setFocus();
 }
 

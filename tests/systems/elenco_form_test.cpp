@@ -100,6 +100,21 @@ TEST(Modi, SalvaTieneSoloLaSchedaDelGioco) {
     }
 }
 
+TEST(Modi, InSalvataggioLaTastieraCominciaDalNome) {
+    Programma p;
+    p.riempi();
+    p.nel_gestore([](Form2& form2) {
+        EXPECT_EQ(form2.focusWidget(), form2.Text1);
+        QStringList giro;
+        for (const QWidget* w = form2.nextInFocusChain(); w != &form2; w = w->nextInFocusChain()) {
+            if (w->isVisible() && (w->focusPolicy() & Qt::TabFocus) != 0) giro << w->objectName();
+        }
+        EXPECT_EQ(giro.join(' ').toStdString(), "Text1 cmdsalva cmdeffacer1 TabStrip1 ListView1");
+        Programma::clic(form2.cmdeffacer1);
+    });
+    Programma::voce(p.form1.mnusalvanome);
+}
+
 TEST(Testi, EtichettePulsantiEMenuALettera) {
     Programma p;
     const Form2* form2 = apri_gestore(p.form1.mnugest_sist);
