@@ -184,6 +184,8 @@ void Form1::crea_giochi() {
                       tr("SuperEnalotto"), Frame9);
     Image9 = immagine("Image9", ":/gioco_lotto_attivo.svg", placca, destra, tr("Lotto"), Frame9);
     Image10 = immagine("Image10", ":/gioco_lotto.svg", placca, destra, lo, Frame9);
+    // The pictures of the game in force do nothing: Tab passes them by.
+    for (Image* in_forza : {Image7, Image9}) in_forza->setFocusPolicy(Qt::NoFocus);
     etichetta(tr("SuperEnalotto"), {12, 76, 122, 18}, Frame9, Qt::AlignHCenter);
     etichetta(tr("Lotto"), {144, 76, 122, 18}, Frame9, Qt::AlignHCenter);
 

@@ -153,6 +153,20 @@ TEST(Tastiera, DalCruciverbaSiPassaAllaListaSenzaIlTabellone) {
     EXPECT_EQ(p.form1.focusWidget(), p.form1.List1);
 }
 
+TEST(Tastiera, IlGiroDelTabulatoreNonSiFermaSuCioCheNonAgisce) {
+    Programma p;
+    p.form1.MSFlexGrid1->setFocus();
+    QStringList giro;
+    do {
+        giro << p.form1.focusWidget()->objectName();
+        QTest::keyClick(p.form1.focusWidget(), Qt::Key_Tab);
+    } while (p.form1.focusWidget() != p.form1.MSFlexGrid1 && giro.size() < 50);
+    QStringList atteso{"MSFlexGrid1", "List1",  "Image8", "Image10", "Combo1", "Combo2",
+                       "cmdstat",     "Combo3", "Combo4", "Combo5",  "UpDown2"};
+    for (int i = 0; i <= 8; ++i) atteso << QString("Image3(%1)").arg(i);
+    EXPECT_EQ(giro.join(' ').toStdString(), atteso.join(' ').toStdString());
+}
+
 TEST(Tastiera, IComandiDelLavoroHannoUnTasto) {
     Programma p;
     p.dialoghi.finti = true;
