@@ -252,6 +252,7 @@ TEST(Nomi, OgnunoNelSuoRiquadro) {
     }
     EXPECT_EQ(f.Frame4->caption(), " Dimensioni Cruciverba");
     EXPECT_EQ(f.Frame7->caption(), "Sistema Statistico");
+    EXPECT_EQ(f.Frame5->caption(), "Lista");
     QStringList testi;
     for (const QLabel* e : f.findChildren<QLabel*>()) testi << e->text();
     for (const char* testo :

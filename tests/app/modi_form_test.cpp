@@ -179,6 +179,16 @@ TEST(Forma, QuellaGiaSceltaCancellaUgualmenteIlLot) {
     EXPECT_EQ(p.form1.Tag(), "uno");
 }
 
+TEST(Forma, PassandoAlLottoIlLotDelSistemaInLineaSparisce) {
+    Programma p;
+    p.riempi_e_salva("uno");
+    p.cartella.scrivi("uno.lot", "1,2,3,4,5\r\n");
+    p.cartella.scrivi("due.lot", "1,2,3,4,5\r\n");
+    Programma::clic(p.form1.Image10);
+    EXPECT_FALSE(p.cartella.esiste("uno.lot"));
+    EXPECT_TRUE(p.cartella.esiste("due.lot"));
+}
+
 TEST(Forma, SenzaSistemaInLineaNonCancellaNulla) {
     Programma p;
     Programma::clic(p.form1.Image10);

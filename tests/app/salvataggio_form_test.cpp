@@ -108,6 +108,22 @@ TEST(Salva, LaMatriceRettangolareVaRigaPerRiga) {
               support::come_sistema("176,7,5,\"\",0,0,-1,0", p.griglia()));
 }
 
+TEST(Salva, LaLetturaDelRiepilogoFinisceSulleDiagonali) {
+    Programma p;
+    p.riempi();
+    for (const char* nome : {"uno", "due"}) {
+        p.form1.MSFlexGrid2->cella(0, 0);
+        p.scrivi_nel_gestore(nome);
+        Programma::voce(p.form1.mnusalvanome);
+        EXPECT_EQ(p.form1.MSFlexGrid2->Row(), 3);
+        EXPECT_EQ(p.form1.MSFlexGrid2->Col(), 1);
+    }
+    p.form1.MSFlexGrid2->cella(0, 0);
+    Programma::voce(p.form1.mnusalva);
+    EXPECT_EQ(p.form1.MSFlexGrid2->Row(), 3);
+    EXPECT_EQ(p.form1.MSFlexGrid2->Col(), 1);
+}
+
 TEST(Salva, NelLottoScriveSelConLaForma) {
     Programma p;
     Programma::clic(p.form1.Image10);
@@ -164,6 +180,15 @@ TEST(NuovoDalMenu, SvuotaSubitoSenzaDomande) {
     Programma::voce(p.form1.mnunuovo);
     EXPECT_TRUE(p.mostrati().empty());
     aspetta_vuoto(p);
+}
+
+TEST(NuovoDalMenu, LasciaLeQuoteCheLImmagineRimette) {
+    Programma p;
+    p.form1.UpDown2->setValue(7);
+    Programma::voce(p.form1.mnunuovo);
+    EXPECT_EQ(p.form1.UpDown2->value(), 7);
+    p.comando(0);
+    EXPECT_EQ(p.form1.UpDown2->value(), 1);
 }
 
 TEST(NuovoDalMenu, TogliIlNomeInLinea) {

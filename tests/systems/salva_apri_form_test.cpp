@@ -253,6 +253,21 @@ TEST(ApriSistema, LottoSceglieLaForma) {
     }
 }
 
+TEST(ApriSistema, LottoScegliendoLaFormaCancellaLoSviluppoDiQuelloCheEraInLinea) {
+    Programma p;
+    for (const char* nome : {"uno", "due"}) {
+        p.cartella.scrivi(std::string(nome) + ".sel",
+                          "0,4,4,\"2\",0,0,0,5,0\r\n" + righe_file(5, 5));
+        p.cartella.scrivi(std::string(nome) + ".lot", "1,2,3,4,5\r\n");
+    }
+    Programma::clic(p.form1.Image10);
+    apri(p, "uno");
+    EXPECT_TRUE(p.cartella.esiste("uno.lot"));
+    apri(p, "due");
+    EXPECT_FALSE(p.cartella.esiste("uno.lot"));
+    EXPECT_TRUE(p.cartella.esiste("due.lot"));
+}
+
 TEST(ApriSistema, LaPrimaMisuraDellElencoDipendeDalGioco) {
     Programma p;
     p.cartella.scrivi("sei.sen", "0,6,8,\"\",0,0,-1,0\r\n" + righe_file(9, 7));
