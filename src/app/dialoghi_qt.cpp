@@ -85,6 +85,7 @@ void DialoghiQt::spoglio(Form1& form1) {
     form->iniz();
     form->show();
 }
+
 void DialoghiQt::informazioni(Form1& form1) {
     help::frmAbout(form1).exec();
 }

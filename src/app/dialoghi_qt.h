@@ -1,7 +1,6 @@
 // The one place that knows all dialogs and opens them.
 #pragma once
 
-#include <QList>
 #include <QPointer>
 #include <QWidget>
 

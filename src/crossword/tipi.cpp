@@ -30,12 +30,14 @@ const std::vector<std::vector<std::int16_t>> terzine = {
     {165, 19}, {220, 24}, {286, 26}, {364, 33}, {455, 35},
 };
 
-// At 14 the count is 14 though the type plays 18: players' printed prices follow the table.
+// At 14 the count stays 14 though the type plays 18, and at 8 there is a third count without a
+// type.
 const std::vector<std::vector<std::int16_t>> quartine = {
     {5, 1},        {15, 3},       {35, 5},       {70, 6, 14},    {126, 8},        {210, 9},
     {330, 11, 47}, {495, 12, 57}, {715, 13, 78}, {1001, 14, 91}, {1365, 19, 124},
 };
 
+// At 7 there is a fourth count without a type.
 const std::vector<std::vector<std::int16_t>> cinquine = {
     {1},
     {6, 1},

@@ -6,7 +6,7 @@
 
 namespace platform {
 
-/// Settings of the running program, found once by `avvia_applicazione`.
+/// Settings of the running program, found once at its start.
 class Application {
 public:
     Application() = default;

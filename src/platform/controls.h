@@ -52,7 +52,7 @@ private:
 class Image : public QAbstractButton {
     Q_OBJECT
 public:
-    /// `risorsa` is an SVG, drawn at `lato` x `alto` pixels in the middle of the control.
+    /// `risorsa` is an SVG, drawn at the size `misura` in the middle of the control.
     Image(const QString& risorsa, QSize misura, QWidget* padre);
     ~Image() override;
     /// Colours of the background at rest and under the pointer.
