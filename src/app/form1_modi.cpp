@@ -63,22 +63,24 @@ void Form1::Image10_Click() {
 }
 
 void Form1::Imageb_Click(int Index) {
-    if (Index < 0 || Index > 2) return;
     // The development of the old form is void, even when the form does not change.
     if (!Tag().isEmpty()) platform::Kill(App().file(platform::s(Tag()) + ".lot"));
     static const std::array<const char*, 3> titoli = {"Tabellino - Lotto (Sistemi in Terzine)",
                                                       "Tabellino - Lotto (Sistemi in Quartine)",
                                                       "Tabellino - Lotto (Sistemi in Cinquine)"};
-    const auto scelta = static_cast<std::size_t>(Index);
-    setWindowTitle(titoli[scelta]);
-    platform::set_Tag(Frame9, QString::number(Index + 3));
     for (std::size_t i = 0; i < 3; ++i) {
         Imagey[i]->hide();
         Imageb[i]->show();
     }
-    Imagey[scelta]->show();
-    Imagey[scelta]->move(platform::px(105), Imagey[scelta]->y());
-    Imageb[scelta]->hide();
+    // A damaged system file can name a form that does not exist: then none is chosen.
+    if (Index >= 0 && Index <= 2) {
+        const auto scelta = static_cast<std::size_t>(Index);
+        setWindowTitle(titoli[scelta]);
+        platform::set_Tag(Frame9, QString::number(Index + 3));
+        Imagey[scelta]->show();
+        Imagey[scelta]->move(platform::px(105), Imagey[scelta]->y());
+        Imageb[scelta]->hide();
+    }
     INIZIZLAIZZA_MATSIS();
     std::uint8_t quale = 2;
     carica_combo(lotto, quale, static_cast<std::int16_t>(righe()));

@@ -145,6 +145,29 @@ TEST(Sovrascrivi, SiTogliLoSviluppoDelGioco) {
     EXPECT_TRUE(p.form1.salvato);
 }
 
+TEST(Sovrascrivi, LoSviluppoVecchioSparisceAvantiCheIlSistemaSiScriva) {
+    /// Whether the development still stood when the new system file took its name.
+    struct Guarda : platform::Syscalls {
+        int rename(const char* vecchio, const char* nuovo) override {
+            if (std::string_view(nuovo).ends_with("/uno.sen")) stava.push_back(c_era());
+            return Syscalls::rename(vecchio, nuovo);
+        }
+        std::function<bool()> c_era;
+        std::vector<bool> stava;
+    } guarda;
+    Programma p;
+    guarda.c_era = [&p] { return p.cartella.esiste("uno.col"); };
+    p.cartella.scrivi("uno.sen", "0,5,5,\"6\",0,0,0,0\r\n");
+    p.cartella.scrivi("uno.col", "1,2,3,4,5,6\r\n");
+    p.riempi();
+    p.risposte = {vbYes};
+    p.scrivi_nel_gestore("uno");
+    platform::Syscalls* di_prima = platform::cambia_syscalls(&guarda);
+    Programma::voce(p.form1.mnusalvanome);
+    platform::cambia_syscalls(di_prima);
+    EXPECT_EQ(guarda.stava, std::vector<bool>{false});
+}
+
 TEST(Sovrascrivi, NelLottoTogliLotELasciaCol) {
     Programma p;
     p.cartella.scrivi("uno.sel", "0,4,4,\"2\",0,0,0,5,0\r\n");
@@ -251,6 +274,24 @@ TEST(ApriSistema, LottoSceglieLaForma) {
         EXPECT_EQ(p.riepilogo(5, 3), "1.234");
         EXPECT_EQ(p.form1.lblimportotot->text(), "617,00");
     }
+}
+
+TEST(ApriSistema, UnaFormaCheNonEsisteNonNeSceglieNessuna) {
+    Programma p;
+    p.cartella.scrivi("buono.sel", "0,4,4,\"2\",0,0,0,4,0\r\n" + righe_file(5, 5));
+    p.cartella.scrivi("guasto.sel", "0,4,4,\"2\",0,0,0,7,0\r\n" + righe_file(5, 5));
+    p.cartella.scrivi("buono.lot", "1,2,3,4\r\n");
+    Programma::clic(p.form1.Image10);
+    apri(p, "buono");
+    apri(p, "guasto");
+    EXPECT_EQ(platform::Tag(p.form1.Frame9), "7");
+    for (std::size_t i = 0; i < 3; ++i) {
+        EXPECT_FALSE(p.form1.Imagey[i]->isVisible()) << i;
+        EXPECT_TRUE(p.form1.Imageb[i]->isVisible()) << i;
+    }
+    EXPECT_EQ(p.form1.Combo3->count(), 0);
+    EXPECT_FALSE(p.cartella.esiste("buono.lot"));
+    EXPECT_EQ(p.form1.Tag(), "guasto");
 }
 
 TEST(ApriSistema, LottoScegliendoLaFormaCancellaLoSviluppoDiQuelloCheEraInLinea) {
