@@ -281,12 +281,23 @@ TEST_P(GestoreTest, DeleteAllTakesEveryFileOfTheGameAndNoOther) {
     p.cartella.scrivi(GetParam() ? "uno.col" : "uno.lot", "altro sviluppo");
     Form2& f = apri();
     const Stato prima = programma();
+    /// The pointer while the files go.
+    struct Guarda : platform::Syscalls {
+        int unlink(const char* nome) override {
+            puntatore = platform::MousePointer();
+            return Syscalls::unlink(nome);
+        }
+        int puntatore = -1;
+    } guarda;
     int durante = -1;
     p.al_messaggio = [&] { durante = platform::MousePointer(); };
     p.risposte = {vbNo, vbYes};
     menu(f.mnueliminatutti);
     EXPECT_EQ(programma(), prima);
+    platform::Syscalls* di_prima = platform::cambia_syscalls(&guarda);
     menu(f.mnueliminatutti);
+    platform::cambia_syscalls(di_prima);
+    EXPECT_EQ(guarda.puntatore, 11);
     const Mostrato chiesto =
         domanda("Questa operazione eliminerà tutti i sistemi in archivio. Confermi?");
     EXPECT_EQ(p.mostrati(), (std::vector<Mostrato>{chiesto, chiesto}));

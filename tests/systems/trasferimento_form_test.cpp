@@ -295,27 +295,38 @@ TEST_P(TrasferimentoTest, NoticeStandsInFrontDuringACopy) {
     p.cartella.scrivi(svi("uno"), "V");
     Form2& f = apri();
     seleziona(f, "uno");
-    // The copy reads the file through the system calls, and there the notice must be up.
+    // The copy writes the file through the system calls, and there the notice must be up.
     struct Guarda : platform::Syscalls {
-        explicit Guarda(Form2& g) : f(g) { prima = platform::cambia_syscalls(this); }
+        explicit Guarda(const Form2& g) : f(g) { prima = platform::cambia_syscalls(this); }
         ~Guarda() override { platform::cambia_syscalls(prima); }
         ssize_t write(int fd, const void* dati, std::size_t quanti) override {
             visto = f.frmduplica->isVisible() && f.picduplica->isVisible();
+            puntatore = platform::MousePointer();
             return Syscalls::write(fd, dati, quanti);
         }
-        Form2& f;
+        const Form2& f;
         platform::Syscalls* prima = nullptr;
         bool visto = false;
+        int puntatore = -1;
     };
     {
-        Guarda guarda(f);
+        const Guarda guarda(f);
         duplica(f, "due");
         EXPECT_TRUE(guarda.visto);
     }
     seleziona(f, "due");
-    Guarda guarda(f);
     cartella_scelta = QString::fromStdString(altra);
-    menu(f.mnuinvia);
+    {
+        const Guarda guarda(f);
+        menu(f.mnuinvia);
+        EXPECT_TRUE(guarda.visto);
+        EXPECT_EQ(guarda.puntatore, 11);
+    }
+    scrivi_altra(sis("tre"), testo(3));
+    Form2& g = importa_da(altra);
+    seleziona(g, "tre");
+    const Guarda guarda(g);
+    Programma::clic(g.cmdimporta);
     EXPECT_TRUE(guarda.visto);
 }
 
