@@ -17,7 +17,10 @@ constexpr int battiti_totali = 10;
 }  // namespace
 
 frmSplash::frmSplash(std::function<void()> carica, std::function<void()> mostra)
-    : QWidget(nullptr, Qt::SplashScreen), carica_(std::move(carica)), mostra_(std::move(mostra)) {
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint),
+      carica_(std::move(carica)),
+      mostra_(std::move(mostra)) {
+    // Not the desktop's own kind of splash: window managers give that no keyboard.
     setObjectName("frmSplash");
     setWindowTitle("Tabellino");
     setAttribute(Qt::WA_DeleteOnClose);
@@ -35,6 +38,10 @@ frmSplash::frmSplash(std::function<void()> carica, std::function<void()> mostra)
     lblVersion->setObjectName("lblVersion");
     lblVersion->setProperty("su_scuro", true);
     lblVersion->setGeometry(28, 232, 280, 20);
+    // The picture behind them is what a click is for.
+    for (QLabel* scritta : {titolo, lblVersion}) {
+        scritta->setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
     Command1 = new QPushButton("Start", this);
     Command1->setObjectName("Command1");
     Command1->hide();

@@ -108,6 +108,21 @@ TEST(Splash, UnClicApreSubitoEAllUscitaActSparisce) {
     }
 }
 
+TEST(Splash, UnClicSulleScritteColpisceLImmagine) {
+    Partenza p;
+    for (const QLabel* scritta : p.splash->findChildren<QLabel*>()) {
+        const QPoint dove = scritta->geometry().center();
+        EXPECT_EQ(p.splash->childAt(dove), p.splash->Image1_1) << scritta->text().toStdString();
+    }
+}
+
+TEST(Splash, HaLaTastieraComeOgniFinestra) {
+    const Partenza p;
+    EXPECT_EQ(p.splash->windowType(), Qt::Window);
+    EXPECT_TRUE(p.splash->windowFlags() & Qt::FramelessWindowHint);
+    EXPECT_TRUE(p.splash->isActiveWindow());
+}
+
 TEST(Splash, UnTastoApreSenzaMaiScrivereAct) {
     Partenza p;
     QTest::keyClick(p.splash, Qt::Key_A);
