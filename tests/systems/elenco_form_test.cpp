@@ -73,6 +73,8 @@ TEST(Modi, Utility) {
     }
     EXPECT_EQ(form2->Command1->text(), "Esci");
     EXPECT_EQ(form2->TabStrip1->count(), 2);
+    const QPoint centro = p.form1.mapToGlobal(p.form1.rect().center());
+    EXPECT_LE((form2->geometry().center() - centro).manhattanLength(), 4);
 }
 
 TEST(Modi, SalvaTieneSoloLaSchedaDelGioco) {
@@ -243,6 +245,23 @@ TEST(Ordine, DueClicRovescianoUnAltroTitoloRicomincia) {
     EXPECT_EQ(colonna(*form2, 0), QStringList({"a", "b", "C"}));
     clic_titolo(*form2, 1);
     EXPECT_EQ(colonna(*form2, 1), QStringList({"9 x 6", "8 x 6", "10 x 6"}));
+}
+
+TEST(Ordine, RestaQuandoLElencoSiRiempieDiNuovo) {
+    Programma p;
+    sistema(p, "a.sen", "0,9,5");
+    sistema(p, "c.sen", "0,7,5");
+    Form2* form2 = apri_gestore(p.form1.mnuapri);
+    ASSERT_NE(form2, nullptr);
+    clic_titolo(*form2, 0);
+    clic_titolo(*form2, 0);
+    sistema(p, "b.sen", "0,8,5");
+    form2->trova_sistemi(QString::fromStdString(p.cartella.programma()));
+    EXPECT_EQ(colonna(*form2, 0), QStringList({"c", "b", "a"}));
+    EXPECT_EQ(form2->numero_sistemi(), 3);
+    EXPECT_EQ(platform::Tag(form2->ListView1), "3");
+    clic_titolo(*form2, 0);
+    EXPECT_EQ(colonna(*form2, 0), QStringList({"a", "b", "c"}));
 }
 
 TEST(Schede, CambianoGiocoTitoloEdElenco) {
