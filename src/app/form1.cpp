@@ -211,7 +211,7 @@ void Form1::Image3_Click(int Index) {
 }
 
 void Form1::closeEvent(QCloseEvent* evento) {
-    if (in_elaborazione_) {
+    if (in_elaborazione_ || in_completamento_) {
         // The job ends at its next pending-events point and closes the form itself.
         chiusura_chiesta_ = true;
         evento->ignore();

@@ -208,6 +208,8 @@ private:
     void carica_dimensioni(int da);
     void tipo_riga(int riga, int n, int indice);
     [[nodiscard]] bool completa_cella(const std::vector<int>& scelti);
+    /// False when some cell admits none of the numbers in play.
+    [[nodiscard]] bool completa_caselle();
 
     // Steps of the generation.
     void genera();
@@ -230,6 +232,7 @@ private:
     bool matrice_di_lotto_ = false;
     platform::Rnd rnd_;
     bool in_elaborazione_ = false;
+    bool in_completamento_ = false;
     bool chiusura_chiesta_ = false;
 };
 

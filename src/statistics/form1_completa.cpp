@@ -19,24 +19,39 @@ bool Form1::completa_cella(const std::vector<int>& scelti) {
     return false;
 }
 
-void Form1::completa_con_scelti() {
-    if (in_elaborazione_) return;
+bool Form1::completa_caselle() {
+    const platform::LavoroLungo lavoro;
     const std::vector<int> scelti = statistics::numeri_scelti(matrice);
+    in_completamento_ = true;
     MSFlexGrid1->cella(0, 0);
     Frame3->hide();
     DoEvents();
     cronologia_.apri();
     bool completato = true;
     for (int r = 0; r < righe() && completato; ++r) {
-        for (int c = 0; c < colonne() && completato; ++c) {
+        for (int c = 0; c < colonne() && completato && !chiusura_chiesta_; ++c) {
             MSFlexGrid1->cella(r, c);
             if (MSFlexGrid1->Text().isEmpty()) completato = completa_cella(scelti);
         }
     }
     cronologia_.chiudi();
+    // The walk over full cells told the board nothing: it must bar for the cell it stopped at.
+    abilita_disabilita(static_cast<std::int16_t>(MSFlexGrid1->Row()),
+                       static_cast<std::int16_t>(MSFlexGrid1->Col()));
     Frame3->show();
     DoEvents();
     LockWindowUpdate(nullptr);
+    in_completamento_ = false;
+    return completato;
+}
+
+void Form1::completa_con_scelti() {
+    if (in_elaborazione_ || in_completamento_) return;
+    const bool completato = completa_caselle();
+    if (chiusura_chiesta_) {
+        chiudi_se_chiesto();
+        return;
+    }
     if (completato) return;
     platform::MsgBox(this, {"Impossibile completare il Cruciverba con i nuemeri scelti.\r\n"
                             "Inserire un altro numero nel tabellone.",

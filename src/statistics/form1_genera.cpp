@@ -69,9 +69,16 @@ void Form1::genera_statistico() {
 }
 
 void Form1::completa() {
-    statistics::LettoreArchivio lettore(archivio);
-    statistics::completa(statistico, lettore, file_mstat(), matrice, seguito());
-    ProgressBar1->hide();
+    if (in_elaborazione_) return;
+    {
+        const platform::LavoroLungo lavoro;
+        in_elaborazione_ = true;
+        statistics::LettoreArchivio lettore(archivio);
+        statistics::completa(statistico, lettore, file_mstat(), matrice, seguito());
+        in_elaborazione_ = false;
+        ProgressBar1->hide();
+    }
+    chiudi_se_chiesto();
 }
 
 void Form1::genera() {

@@ -1,5 +1,7 @@
+#include <bitset>
 #include <set>
 
+#include "crossword/linee.h"
 #include "support/programma.h"
 
 namespace {
@@ -64,6 +66,41 @@ TEST(CompletaConScelti, TheSameNumbersGiveTheSameLayout) {
             EXPECT_EQ(prima, p.form1.matrice);
         }
     }
+}
+
+TEST(CompletaConScelti, TheBoardBarsForTheCellWhereTheWalkStopped) {
+    Programma p;
+    p.riempi(35);
+    p.cella(5, 5);
+    p.comando(5);
+    ASSERT_TRUE(p.mostrati().empty());
+    // Every cell is full now, so that a second time nothing is laid on the way.
+    p.cella(0, 0);
+    p.comando(5);
+    const std::bitset<91> vietati = crossword::numeri_sulle_linee(p.form1.matrice, 5, 5);
+    EXPECT_EQ(p.form1.MSFlexGrid1->Row(), 5);
+    EXPECT_EQ(p.form1.MSFlexGrid1->Col(), 5);
+    for (std::size_t i = 1; i <= 90; ++i) {
+        EXPECT_EQ(p.form1.CMDnum[i]->isEnabled(), !vietati.test(i)) << i;
+    }
+}
+
+TEST(CompletaConScelti, TheCloseBoxLeavesTheWalkAndThenTheProgram) {
+    Programma p;
+    for (int n = 1; n <= 12; ++n) p.numero(n);
+    QObject::connect(p.form1.MSFlexGrid1, &QTableWidget::cellChanged, &p.form1,
+                     [&p](int riga, int colonna) {
+                         if (riga != 3 || colonna != 1) return;
+                         p.form1.close();
+                         EXPECT_TRUE(p.form1.isVisible());
+                     });
+    p.comando(5);
+    EXPECT_FALSE(p.form1.isVisible());
+    EXPECT_NE(p.form1.matrice(1, 3), 0);
+    EXPECT_EQ(p.form1.matrice(2, 3), 0);
+    EXPECT_TRUE(p.mostrati().empty());
+    EXPECT_EQ(platform::MousePointer(), 0);
+    EXPECT_FALSE(platform::LavoroLungo::in_corso());
 }
 
 }  // namespace
