@@ -121,6 +121,19 @@ void Form2::apri_dimensioni(int ultima_colonna, int ultima_riga) {
     form1_.Combo2->set_ListIndex(ultima_riga - primo);
 }
 
+void Form2::mostra_cruciverba(const crossword::Matrice& letta) {
+    // Sizes that no list offers leave the grid as it is, and the crossword is cut to it: what is
+    // developed must be what is seen.
+    form1_.matrice = crossword::Matrice(form1_.colonne(), form1_.righe());
+    for (int x = 0; x < form1_.colonne(); ++x) {
+        for (int y = 0; y < form1_.righe(); ++y) {
+            const std::int16_t numero = letta(x, y);
+            form1_.matrice.scrivi(x, y, numero);
+            form1_.MSFlexGrid1->set_testo(y, x, numero == 0 ? QString() : QString::number(numero));
+        }
+    }
+}
+
 void Form2::Command5_Click() {
     if (platform::Val(platform::s(platform::Tag(ListView1))) == 0) return;
     const QString nome = platform::ListView::tag_voce(ListView1->selezionata());
@@ -134,19 +147,15 @@ void Form2::Command5_Click() {
     form1_.Combo3->set_ListIndex(sistema.tipo_righe);
     form1_.Combo4->set_ListIndex(sistema.tipo_colonne);
     form1_.Combo5->set_ListIndex(sistema.tipo_diagonali);
-    form1_.matrice = sistema.matrice;
-    for (int x = 0; x <= sistema.matrice.ubound(1); ++x) {
-        for (int y = 0; y <= sistema.matrice.ubound(2); ++y) {
-            form1_.MSFlexGrid1->set_testo(y, x, QString::number(sistema.matrice(x, y)));
-        }
-    }
+    mostra_cruciverba(sistema.matrice);
     const std::int32_t quante = sistema.senza_ripetizioni;
     form1_.MSFlexGrid2->set_testo(5, 3, q(platform::Format(quante, platform::Modello::interi)));
     form1_.lblimportotot->setText(form1_.calcolo_importo(quante));
     form1_.MSFlexGrid1->cella(0, 0);
     form1_.abilita_disabilita(0, 0);
     form1_.sistema_in_linea(nome);
-    form1_.lblngioco->setText(QString::number(form1_.aggiorna_lista()));
+    const int quanti = form1_.aggiorna_lista();
+    form1_.lblngioco->setText(quanti == 0 ? QString() : QString::number(quanti));
     form1_.salvato = true;
     close();
 }

@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QPushButton>
 
+#include "crossword/matrice.h"
 #include "platform/controls.h"
 #include "platform/desktop.h"
 #include "platform/listview.h"
@@ -107,6 +108,7 @@ private:
     void avverti(const QString& testo, platform::Icona icona = platform::Icona::nessuna);
 
     void apri_dimensioni(int ultima_colonna, int ultima_riga);
+    void mostra_cruciverba(const crossword::Matrice& letta);
 
     app::Form1& form1_;
     QPushButton* predefinito_ = nullptr;

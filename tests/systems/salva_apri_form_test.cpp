@@ -361,6 +361,7 @@ TEST(ApriSistema, FileSparitoOCortoVaAvantiConGliZeri) {
     EXPECT_EQ(p.form1.matrice(5, 0), 6);
     EXPECT_EQ(p.form1.matrice(1, 1), 8);
     EXPECT_EQ(p.form1.matrice(2, 1), 0);
+    EXPECT_EQ(p.form1.MSFlexGrid1->testo(1, 2), "");
     EXPECT_EQ(p.form1.lblngioco->text(), "8");
     bool completo = true;
     p.form1.cruciverba_completo(completo);
@@ -372,6 +373,7 @@ TEST(ApriSistema, FileSparitoOCortoVaAvantiConGliZeri) {
     std::filesystem::remove(p.cartella.file("sparito.sen"));
     Programma::clic(form2->Command5);
     EXPECT_EQ(p.form1.Tag(), "sparito");
+    EXPECT_EQ(p.form1.lblngioco->text(), "");
     EXPECT_TRUE(p.mostrati().empty());
 }
 
@@ -387,7 +389,15 @@ TEST(ApriSistema, MisureOltreGliElenchiLascianoQuelleDiPrima) {
         EXPECT_EQ(p.form1.Combo2->Text(), "8") << nome;
         EXPECT_EQ(p.form1.MSFlexGrid1->Cols(), 7);
         EXPECT_EQ(p.form1.Combo3->ListIndex(), 0);
-        EXPECT_LE(p.form1.matrice.ubound(1), 255);
+        // The crossword is cut to the grid, whatever stood in its cells before.
+        EXPECT_EQ(p.form1.matrice.colonne(), 7) << nome;
+        EXPECT_EQ(p.form1.matrice.righe(), 8) << nome;
+        for (int y = 0; y < 8; ++y) {
+            for (int x = 0; x < 7; ++x) {
+                const int n = p.form1.matrice(x, y);
+                EXPECT_EQ(p.form1.MSFlexGrid1->testo(y, x), n == 0 ? "" : QString::number(n));
+            }
+        }
         EXPECT_EQ(p.form1.Tag(), nome);
         p.cella(0, 0);
         p.numero(90);

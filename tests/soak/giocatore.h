@@ -1,0 +1,140 @@
+// A scripted player: real events on whatever window stands, chosen by chance from a seed.
+#pragma once
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <QPointer>
+#include <QStringList>
+
+#include "app/dialoghi_qt.h"
+#include "app/form1.h"
+#include "check/frmspoglio.h"
+#include "printing/frmstsvl.h"
+#include "support/cartella.h"
+#include "systems/form2.h"
+#include "viewer/form3.h"
+#include "viewer/formeuro.h"
+
+namespace soak {
+
+/// Chance that is the same on every run and on every machine.
+class Sorte {
+public:
+    explicit Sorte(std::uint32_t seme) : caso_(seme) {}
+    /// From 0 to `n` - 1.
+    int sotto(int n) { return static_cast<int>(caso_() % static_cast<std::uint32_t>(n)); }
+    bool una_su(int n) { return sotto(n) == 0; }
+    template <typename Lista>
+    auto uno(const Lista& lista) {
+        return lista[static_cast<decltype(lista.size())>(sotto(static_cast<int>(lista.size())))];
+    }
+
+private:
+    std::mt19937 caso_;
+};
+
+/// Plays on one folder; each action leaves the program idle, or the test has found a fault.
+class Giocatore : public QObject {
+public:
+    explicit Giocatore(std::uint32_t seme);
+    ~Giocatore() override;
+
+    /// One action of chance, on one of the windows that stand.
+    void agisci();
+    /// What is wrong with the idle program, empty when nothing is.
+    [[nodiscard]] QStringList difetti();
+    /// The last actions and boxes, for the report of a fault.
+    [[nodiscard]] QString diario() const { return diario_.join('\n'); }
+
+protected:
+    /// Modal windows are played from inside their own event loop.
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
+
+private:
+    using Azione = std::function<void()>;
+    struct Scelta {
+        int peso;
+        const char* nome;
+        Azione fare;
+    };
+
+    void avvia();
+    void ferma();
+    int rispondi(const platform::Messaggio& messaggio);
+    void annota(const QString& riga);
+    void esegui(const std::vector<Scelta>& scelte);
+    /// The window of a kind that stands, null when there is none.
+    template <typename Finestra>
+    [[nodiscard]] Finestra* aperta() const {
+        for (QWidget* w : QApplication::topLevelWidgets()) {
+            auto* f = qobject_cast<Finestra*>(w);
+            if (f != nullptr && f->isVisible()) return f;
+        }
+        return nullptr;
+    }
+
+    // Players of the windows.
+    void gioca_form1();
+    void gioca_gestore(systems::Form2& f);
+    void gioca_visualizzatore(viewer::Form3& f);
+    void gioca_spoglio(check::frmspoglio& f);
+    void gioca_stampa(printing::frmstsvl& f);
+    void gioca_importo(viewer::formeuro& f);
+    void gioca_modale(QWidget* finestra);
+
+    // Actions on the main form.
+    [[nodiscard]] std::vector<Scelta> scelte_numeri();
+    [[nodiscard]] std::vector<Scelta> scelte_scelte();
+    [[nodiscard]] std::vector<Scelta> scelte_comandi();
+    void numero();
+    void cella();
+    void digita();
+    void riempi();
+    void scegli(platform::ComboBox* combo, int voci);
+    void comando(int quale);
+    void menu();
+    void scorciatoia();
+    void lista();
+    void quote();
+    void gioco();
+    void guasta_un_file();
+    void chiudi();
+    void dopo_la_chiusura();
+
+    // Actions on the manager.
+    void voce_gestore(systems::Form2& f);
+    void rinomina(systems::Form2& f);
+
+    void clic(QWidget* w);
+    void voce(QAction* azione);
+    void premi_un_pulsante(QWidget& finestra);
+    [[nodiscard]] QString nome();
+    [[nodiscard]] bool troppo_grande() const;
+
+    // Invariants.
+    void controlla_cruciverba(QStringList& difetti);
+    void controlla_conteggi(QStringList& difetti);
+    void controlla_importo(QStringList& difetti);
+    void controlla_finestre(QStringList& difetti);
+
+    Sorte sorte_;
+    support::Cartella cartella_;
+    std::string altra_;
+    std::unique_ptr<app::DialoghiQt> dialoghi_;
+    std::unique_ptr<app::Form1> form1_;
+    QStringList diario_;
+    QStringList boxes_inattesi_;
+    int modali_ = 0;
+    /// Two early ends of a sending leave the hourglass on.
+    bool clessidra_ammessa_ = false;
+    /// A file from outside may hold numbers that no player could lay.
+    bool estraneo_ = false;
+};
+
+}  // namespace soak
