@@ -160,7 +160,7 @@ void frmspoglio::crea_cruciverba() {
     const QRect dove(x_destra, y_sistema, destra, h_lista);
     ListView1 = new platform::ListaVirtuale(*elenco_, this);
     ListView1->setObjectName("ListView1");
-    ListView1->setAccessibleName(tr("Dettaglio Schedine Vincenti"));
+    ListView1->setAccessibleName(tr("Elenco delle schedine vincenti"));
     ListView1->setGeometry(dove);
     ListView1->set_Width(4980);
     ListView1->setProperty("elenco", true);

@@ -1,5 +1,6 @@
 #include "platform/controls.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
@@ -25,7 +26,46 @@ QColor colore(int bgr) {
     return {bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF};
 }
 
+namespace {
+
+/// Tells what a list is for beside what is chosen in it, of which alone the desktop is told else.
+class NomeElenco : public QAccessibleWidget {
+public:
+    explicit NomeElenco(ComboBox* elenco)
+        : QAccessibleWidget(elenco, QAccessible::ComboBox), elenco_(elenco) {}
+    [[nodiscard]] QString text(QAccessible::Text quale) const override {
+        if (quale == QAccessible::Value) return elenco_->currentText();
+        if (quale != QAccessible::Name) return QAccessibleWidget::text(quale);
+        return QStringList{elenco_->accessibleName(), elenco_->currentText()}.join(": ");
+    }
+    [[nodiscard]] QStringList actionNames() const override {
+        return QStringList{showMenuAction()} + QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& azione) override {
+        if (azione == showMenuAction()) {
+            if (elenco_->isEnabled()) elenco_->showPopup();
+            return;
+        }
+        QAccessibleWidget::doAction(azione);
+    }
+
+private:
+    ComboBox* elenco_;
+};
+
+QAccessibleInterface* accessibile(const QString& /*classe*/, QObject* oggetto) {
+    auto* elenco = qobject_cast<ComboBox*>(oggetto);
+    return elenco != nullptr ? new NomeElenco(elenco) : nullptr;
+}
+
+}  // namespace
+
 ComboBox::ComboBox(QWidget* padre) : QComboBox(padre) {
+    static const bool una_volta = [] {
+        QAccessible::installFactory(accessibile);
+        return true;
+    }();
+    static_cast<void>(una_volta);
     connect(this, &QComboBox::activated, this, [this] {
         adatta();
         Q_EMIT Click();

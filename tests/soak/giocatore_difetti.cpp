@@ -69,6 +69,8 @@ void Giocatore::controlla_conteggi(QStringList& difetti) {
     if (f.Combo1->count() != 16 - primo) difetti << "dimensioni del gioco";
     if (f.Frame8->isVisibleTo(&f) != f.lotto) difetti << "Frame8 e il gioco";
     if (f.Frame10->isVisibleTo(f.Frame7) != f.lotto) difetti << "Frame10 e il gioco";
+    // The form of a damaged system may be one that has no types, and then nothing is counted.
+    if (f.lotto && (f.forma() < 3 || f.forma() > 5)) return;
     const auto per_linea = [&f, primo](int n, const platform::ComboBox* tipo) {
         return f.matsis(n - primo, tipo->ListIndex()).value_or(0);
     };

@@ -58,7 +58,10 @@ std::vector<Giocatore::Scelta> Giocatore::scelte_comandi() {
     return {
         {10, " genera",
          [this] { clic(form1_->lotto && sorte_.una_su(2) ? form1_->cmdstat2 : form1_->cmdstat); }},
-        {24, " comando", [this] { comando(sorte_.uno(std::array{0, 1, 1, 2, 2, 3, 4, 5, 6, 6, 7, 7})); }},
+        {24, " comando",
+         [this] {
+             comando(sorte_.uno(std::array{0, 1, 1, 2, 2, 3, 4, 5, 6, 6, 7, 7}));
+         }},
         {1, " esci", [this] { comando(8); }},
         {12, " menu", [this] { menu(); }},
         {4, " scorciatoia", [this] { scorciatoia(); }},

@@ -1,0 +1,138 @@
+// Every window of the program in every state that a player brings it to.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "check/frmspoglio.h"
+#include "help/frmAbout.h"
+#include "platform/folder.h"
+#include "printing/frmstsvl.h"
+#include "support/programma.h"
+#include "viewer/form3.h"
+#include "viewer/formeuro.h"
+
+namespace support {
+
+/// The visible window of a kind, null when there is none.
+template <typename Finestra>
+Finestra* aperta() {
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        auto* f = qobject_cast<Finestra*>(w);
+        if (f != nullptr && f->isVisible()) return f;
+    }
+    return nullptr;
+}
+
+/// Looks at a window that has the keyboard; `nome` tells which, and in what state.
+using Sguardo = std::function<void(QWidget& finestra, const std::string& nome)>;
+
+class FinestreAperte {
+public:
+    FinestreAperte(Programma& p, Sguardo sguardo) : p_(p), sguardo_(std::move(sguardo)) {}
+
+    void tutte() {
+        for (const bool lotto : {false, true}) {
+            gioco_ = lotto ? " in Lotto" : " in SuperEnalotto";
+            if (lotto) Programma::clic(p_.form1.Image10);
+            guarda(p_.form1, "Form1");
+            gestore_in_salvataggio();
+            p_.comando(1);
+            p_.mostrati();
+            p_.cella(2, 3);
+            guarda(p_.form1, "Form1 con un sistema");
+            gestore();
+            visualizzatore();
+            stampa();
+            importo();
+            informazioni();
+            spoglio();
+        }
+    }
+
+private:
+    void guarda(QWidget& f, const std::string& nome) {
+        f.activateWindow();
+        QApplication::processEvents();
+        sguardo_(f, nome + gioco_);
+    }
+    void gestore_in_salvataggio() {
+        p_.riempi();
+        p_.nel_gestore([this](systems::Form2& f) {
+            guarda(f, "Form2 in salvataggio");
+            QTest::keyClicks(f.Text1, "prova");
+            Programma::clic(f.cmdsalva);
+        });
+        Programma::voce(p_.form1.mnusalva);
+        ASSERT_EQ(p_.form1.Tag(), "prova");
+    }
+    void gestore() {
+        Programma::voce(p_.form1.mnuapri);
+        guarda(*aperta<systems::Form2>(), "Form2 in apertura");
+        Programma::voce(p_.form1.mnugest_sist);
+        auto* f = aperta<systems::Form2>();
+        f->ListView1->setCurrentItem(f->ListView1->topLevelItem(0));
+        guarda(*f, "Form2 in gestione");
+        Programma::voce(f->mnuduplica);
+        guarda(*f, "Form2 con la copia");
+        Programma::clic(f->cmddup_annulla);
+        platform::scegli_con([](const QString&, const QString& inizio) { return inizio; });
+        Programma::voce(f->mnuimporta);
+        platform::scegli_con({});
+        guarda(*f, "Form2 in importazione");
+        f->close();
+    }
+    void visualizzatore() {
+        p_.comando(2);
+        auto* f = aperta<viewer::Form3>();
+        ASSERT_NE(f, nullptr);
+        guarda(*f, "Form3");
+        f->close();
+    }
+    void stampa() {
+        p_.comando(7);
+        auto* f = aperta<printing::frmstsvl>();
+        ASSERT_NE(f, nullptr);
+        guarda(*f, "frmstsvl");
+        Programma::clic(f->Option1[1]);
+        guarda(*f, "frmstsvl con una scelta");
+        f->close();
+    }
+    void importo() {
+        Programma::voce(p_.form1.mnuImportocolonna);
+        guarda(*aperta<viewer::formeuro>(), "formeuro");
+        aperta<viewer::formeuro>()->close();
+    }
+    void informazioni() {
+        help::frmAbout f(p_.form1);
+        f.show();
+        guarda(f, "frmAbout");
+    }
+    void spoglio() {
+        p_.comando(6);
+        auto* f = aperta<check::frmspoglio>();
+        ASSERT_NE(f, nullptr);
+        guarda(*f, "frmspoglio");
+        // A played combination wins, so that the list has rows.
+        const bool lotto = p_.form1.lotto;
+        const auto numeri = p_.griglia();
+        for (std::size_t i = 0; i < 5; ++i) {
+            const QString n = QString::number(numeri[i][0]);
+            f->txtnumlotto[i]->setText(n);
+            f->txtnum[i + 1]->setText(n);
+        }
+        f->txtnum[6]->setText(QString::number(numeri.back()[0]));
+        Programma::clic(f->Cmdspoglio);
+        guarda(*f, "frmspoglio dopo lo spoglio");
+        Programma::clic(lotto ? f->Cmdvincentilotto : f->Cmdvincenti);
+        ASSERT_TRUE(f->ListView1->isVisible());
+        guarda(*f, "frmspoglio con l'elenco");
+        Programma::clic(f->CmdEsci);
+    }
+
+    Programma& p_;
+    Sguardo sguardo_;
+    std::string gioco_;
+};
+
+}  // namespace support
