@@ -112,6 +112,7 @@ void elimina_temporanei(const std::string& cartella,
         const bool di_lavoro = minuscolo == "temp.col" || minuscolo == "temp.lot" ||
                                minuscolo == "temp.mdb" || minuscolo == "temp.ldb" ||
                                platform::e_nome_di_lavoro(minuscolo);
+        if (platform::lavoro_di_altri(minuscolo)) continue;
         if (di_lavoro) {
             platform::Kill(cartella + "/" + nome);
         } else if (cestina) {

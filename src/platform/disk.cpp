@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <charconv>
 #include <climits>
+#include <csignal>
 #include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
@@ -352,7 +353,7 @@ Esito Name(const std::string& vecchio, const std::string& nuovo) {
     return syscalls().rename(da.c_str(), arrivo.c_str()) == 0 ? Esito::ok : da_errno(errno);
 }
 
-Esito FileCopy(const std::string& vecchio, const std::string& nuovo) {
+Esito FileCopy(const std::string& vecchio, const std::string& nuovo, Meta meta) {
     const std::string da = nome_su_disco(vecchio);
     const std::string a = nome_su_disco(nuovo);
     struct stat s1 {};
@@ -363,19 +364,17 @@ Esito FileCopy(const std::string& vecchio, const std::string& nuovo) {
     if (!nuova && s1.st_dev == s2.st_dev && s1.st_ino == s2.st_ino) return Esito::ok;
     if (!nuova && !S_ISREG(s2.st_mode)) return Esito::errore;
     const File sorgente(da, O_RDONLY);
-    if (!sorgente.aperto()) return da_errno(errno);
+    // The size of what is open: another program may have put a new file in its place.
+    if (!sorgente.aperto() || ::fstat(sorgente.fd(), &s1) != 0) return da_errno(errno);
     File copia;
-    if (nuova) {
-        if (!copia.apri(a, O_WRONLY | O_CREAT | O_EXCL)) return da_errno(errno);
-        Esito esito = travasa(sorgente, copia);
-        if (esito == Esito::ok) esito = sincronizza(copia);
-        return concludi(copia, esito);
-    }
     std::string lavoro;
     Esito esito = crea_di_lavoro(cartella_di(a), copia, lavoro);
     if (esito == Esito::ok) esito = concludi(copia, travasa(sorgente, copia));
     if (esito == Esito::ok) esito = pubblica(lavoro, a, s1.st_size);
-    if (esito != Esito::ok && !lavoro.empty()) syscalls().unlink(lavoro.c_str());
+    if (esito == Esito::ok || lavoro.empty()) return esito;
+    const bool resta = esito == Esito::disco_pieno && nuova && meta == Meta::resta;
+    if (!resta || syscalls().rename(lavoro.c_str(), a.c_str()) != 0)
+        syscalls().unlink(lavoro.c_str());
     return esito;
 }
 
@@ -470,11 +469,26 @@ std::string nome_di_lavoro(const std::string& cartella) {
     return cartella + "/temp-" + std::to_string(::getpid()) + ".nuovo";
 }
 
+bool lavoro_di_altri(std::string_view nome) {
+    pid_t processo = 0;
+    if (!e_nome_di_lavoro(nome)) return false;
+    const auto [fine, errore] =
+        std::from_chars(nome.data() + 5, nome.data() + nome.size(), processo);
+    if (errore != std::errc() || processo <= 0 || processo == ::getpid()) return false;
+    return ::kill(processo, 0) == 0 || errno == EPERM;
+}
+
 bool e_nome_di_lavoro(std::string_view nome) {
     if (!nome.starts_with("temp-") || !nome.ends_with(".nuovo")) return false;
     if (nome.size() < 12) return false;
     const std::string_view numeri = nome.substr(5, nome.size() - 11);
     return numeri.find_first_not_of("0123456789-") == std::string_view::npos && numeri[0] != '-';
+}
+
+void spazza(const std::string& cartella) {
+    for (const std::string& nome : Dir(cartella, "temp-*")) {
+        if (e_nome_di_lavoro(nome) && !lavoro_di_altri(nome)) Kill(cartella + "/" + nome);
+    }
 }
 
 }  // namespace platform

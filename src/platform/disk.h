@@ -70,9 +70,11 @@ bool corrisponde(std::string_view nome, std::string_view modello);
 Esito Kill(const std::string& nome);
 /// Renames a file; fails when `nuovo` names another file that exists.
 Esito Name(const std::string& vecchio, const std::string& nuovo);
-/// Copies the content onto `nuovo`. A new file is left as far as it got when the disk fills; one
-/// that was there is replaced whole or not at all.
-Esito FileCopy(const std::string& vecchio, const std::string& nuovo);
+/// What becomes of a new copy that the disk had no room for.
+enum class Meta { via, resta };
+/// Copies the content onto `nuovo`, whole or not at all; a new file may stay as far as it got when
+/// the disk fills.
+Esito FileCopy(const std::string& vecchio, const std::string& nuovo, Meta meta = Meta::via);
 
 /// Appends all of `dati` to the file, making it when absent, or leaves it as it was.
 Esito aggiungi(const std::string& nome, std::string_view dati);
@@ -94,5 +96,9 @@ Esito sostituisci(const std::string& nome, std::string_view dati);
 std::string nome_di_lavoro(const std::string& cartella);
 /// True for the names of working files, this process's or another's.
 bool e_nome_di_lavoro(std::string_view nome);
+/// True for a working file of another process that still runs, which may be about to use it.
+bool lavoro_di_altri(std::string_view nome);
+/// Deletes the working files that processes left which are no more.
+void spazza(const std::string& cartella);
 
 }  // namespace platform

@@ -34,11 +34,12 @@ Esito rinomina_file(const std::string& vecchio, const std::string& nuovo) {
     return platform::esiste_file(vecchio) ? platform::Name(vecchio, nuovo) : Esito::assente;
 }
 
-Esito copia_file(const std::string& origine, const std::string& arrivo) {
+Esito copia_file(const std::string& origine, const std::string& arrivo,
+                 platform::Meta meta = platform::Meta::via) {
     if (!platform::esiste_file(origine)) return Esito::assente;
     // A link out of the folder would carry a stranger's file into the library, or out of it.
     if (platform::esce_dalla_cartella(origine)) return Esito::errore;
-    return platform::FileCopy(origine, arrivo);
+    return platform::FileCopy(origine, arrivo, meta);
 }
 
 Esito libera_file(const std::string& origine, const std::string& arrivo) {
@@ -124,10 +125,12 @@ Passi importa(const Coppia& origine, const Coppia& arrivo) {
 
 Passi invia(const Coppia& origine, const Coppia& arrivo) {
     if (!ammesse(origine, arrivo)) return rifiutati();
+    // Nothing else ever looks after the foreign folder.
+    platform::spazza(arrivo.cartella);
     Passi passi;
-    passi.sistema = copia_file(origine.sistema(), arrivo.sistema());
+    passi.sistema = copia_file(origine.sistema(), arrivo.sistema(), platform::Meta::resta);
     if (!passi.disco_pieno()) {
-        passi.sviluppo = copia_file(origine.sviluppo(), arrivo.sviluppo());
+        passi.sviluppo = copia_file(origine.sviluppo(), arrivo.sviluppo(), platform::Meta::resta);
     }
     return passi;
 }

@@ -27,13 +27,24 @@ protected:
 };
 
 TEST_F(EliminaTemporanei, i_file_di_lavoro_spariscono_senza_cestino) {
-    for (const char* nome :
-         {"temp.col", "TEMP.LOT", "temp.mdb", "Temp.ldb", "temp-12.nuovo", "temp-12-3.nuovo"}) {
+    for (const char* nome : {"temp.col", "TEMP.LOT", "temp.mdb", "Temp.ldb", "temp-99999999.nuovo",
+                             "temp-99999999-3.nuovo"}) {
         cartella.scrivi(nome, "x");
     }
     elimina();
     EXPECT_TRUE(cestinati.empty());
     EXPECT_TRUE(fs::is_empty(cartella.programma()));
+}
+
+TEST_F(EliminaTemporanei, il_file_di_un_programma_al_lavoro_resta) {
+    const std::string suo = "temp-" + std::to_string(::getppid()) + "-0.nuovo";
+    const std::string mio = "temp-" + std::to_string(::getpid()) + "-0.nuovo";
+    cartella.scrivi(suo, "x");
+    cartella.scrivi(mio, "x");
+    elimina();
+    EXPECT_TRUE(cartella.esiste(suo));
+    EXPECT_FALSE(cartella.esiste(mio));
+    EXPECT_TRUE(cestinati.empty());
 }
 
 TEST_F(EliminaTemporanei, il_sistema_tempo_di_un_giocatore_va_nel_cestino) {
@@ -131,7 +142,7 @@ using SviluppoGuasto = Sviluppo;
 bool elabora_tutto(const Richiesta& richiesta, const std::string& finale) {
     Elaborazione lavoro(richiesta, {});
     if (lavoro.sviluppa() != Conclusione::completa) return false;
-    const std::string unici = richiesta.cartella + "/temp-1.nuovo";
+    const std::string unici = richiesta.cartella + "/temp-99999999.nuovo";
     const auto tolte = togli_ripetizioni(lavoro.file_temporaneo(), unici, {});
     return tolte && completa_sviluppo(unici, finale, tolte->byte);
 }

@@ -100,8 +100,8 @@ private:
 struct Passo {
     const char* nome;
     std::function<Esito(const std::string& file, const std::string& sorgente)> fa;
-    bool accoda;         ///< the new content is the old one with the data behind it
-    bool resta_la_meta;  ///< a new file may stay as far as it got
+    bool accoda;                 ///< the new content is the old one with the data behind it
+    bool resta_la_meta = false;  ///< a new file may stay as far as it got
 };
 
 const std::string dati_nuovi = [] {
@@ -114,10 +114,11 @@ const std::string dati_nuovi = [] {
 const std::string dati_vecchi = "vecchio contenuto\r\n";
 
 const std::vector<Passo> passi = {
-    {"aggiungi", [](auto& f, auto&) { return aggiungi(f, dati_nuovi); }, true, false},
-    {"scrivi", [](auto& f, auto&) { return scrivi(f, dati_nuovi); }, false, false},
-    {"sostituisci", [](auto& f, auto&) { return sostituisci(f, dati_nuovi); }, false, false},
-    {"FileCopy", [](auto& f, auto& s) { return FileCopy(s, f); }, false, true},
+    {"aggiungi", [](auto& f, auto&) { return aggiungi(f, dati_nuovi); }, true},
+    {"scrivi", [](auto& f, auto&) { return scrivi(f, dati_nuovi); }, false},
+    {"sostituisci", [](auto& f, auto&) { return sostituisci(f, dati_nuovi); }, false},
+    {"FileCopy", [](auto& f, auto& s) { return FileCopy(s, f); }, false},
+    {"FileCopy, resta", [](auto& f, auto& s) { return FileCopy(s, f, Meta::resta); }, false, true},
 };
 
 class DiskFaults : public testing::Test {
@@ -442,11 +443,13 @@ TEST_F(DiscoPiccolo, a_new_file_is_whole_or_not_there_at_every_size) {
     EXPECT_GT(fallite, 10);
 }
 
-TEST_F(DiscoPiccolo, a_copy_that_finds_no_room_is_told_and_stays_half_written) {
+TEST_F(DiscoPiccolo, a_copy_that_finds_no_room_is_told_and_stays_half_written_when_asked) {
     const std::string dati(grandezza + 5000, 'n');
     const std::string fuori = cartella_.radice() + "/fuori.col";
     ASSERT_EQ(scrivi(fuori, dati), Esito::ok);
     EXPECT_EQ(FileCopy(fuori, cartella_.file("file")), Esito::disco_pieno);
+    EXPECT_FALSE(cartella_.esiste("file"));
+    EXPECT_EQ(FileCopy(fuori, cartella_.file("file"), Meta::resta), Esito::disco_pieno);
     EXPECT_GT(dimensione_file(cartella_.file("file")).value_or(0), 0);
     EXPECT_TRUE(dati.starts_with(contenuto()));
     EXPECT_EQ(dimensione_file(fuori), static_cast<std::int64_t>(dati.size()));

@@ -378,6 +378,24 @@ TEST_F(DiskTest, working_names_are_known_again_and_players_names_are_not) {
     }
 }
 
+TEST_F(DiskTest, working_files_of_programs_at_work_are_not_swept) {
+    const std::string suo = "temp-" + std::to_string(::getppid()) + "-0.nuovo";
+    const std::string mio = "temp-" + std::to_string(::getpid()) + "-0.nuovo";
+    EXPECT_TRUE(lavoro_di_altri(suo));
+    EXPECT_FALSE(lavoro_di_altri(mio));
+    for (const char* nome : {"temp-99999999.nuovo", "temp-0.nuovo", "temp-99999999999999.nuovo",
+                             "temp-1.sen", "tempo.sen", ""}) {
+        EXPECT_FALSE(lavoro_di_altri(nome)) << nome;
+    }
+    for (const std::string& nome :
+         {suo, mio, std::string("temp-99999999.nuovo"), std::string("tempo.sen")}) {
+        cartella_.scrivi(nome, "x");
+    }
+    spazza(cartella_.programma());
+    EXPECT_EQ(Dir(cartella_.programma(), "*").size(), 2U);
+    EXPECT_TRUE(cartella_.esiste(suo) && cartella_.esiste("tempo.sen"));
+}
+
 TEST_F(DiskTest, a_whole_file_is_read_up_to_the_limit) {
     cartella_.scrivi("A.rid", "12345");
     EXPECT_EQ(leggi_tutto(f("a.RID")), "12345");
