@@ -95,9 +95,14 @@ void Form1::cmd_elabora() {
         bool esito = false;
         salva_sistema(esito);
     }
-    development::elimina_temporanei(
-        App().Path, [](const std::string& nome) { return platform::cestina(platform::q(nome)); });
-    if (!esegui_elaborazione()) return;
+    {
+        // Programs on one folder share the working file.
+        const platform::Turno turno(App().Path);
+        development::elimina_temporanei(App().Path, [](const std::string& nome) {
+            return platform::cestina(platform::q(nome));
+        });
+        if (!esegui_elaborazione()) return;
+    }
     salvato = true;
     bool esito = false;
     salva_sistema(esito);

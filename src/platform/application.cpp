@@ -1,11 +1,13 @@
 #include "platform/application.h"
 
 #include <array>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <functional>
 #include <memory>
+#include <poll.h>
 #include <pwd.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -39,9 +41,7 @@ std::string dati_utente() {
 /// Copies the files that `a` lacks; false when the disk filled before the end.
 bool copia_cartella(const std::string& da, const std::string& a) {
     crea_cartella(a);
-    for (const std::string& nome : Dir(a, "temp-*")) {
-        if (e_nome_di_lavoro(nome)) Kill(a + "/" + nome);
-    }
+    spazza(a);
     const std::string lavoro = nome_di_lavoro(a);
     for (const std::string& nome : Dir(da, "*")) {
         if (esiste_file(a + "/" + nome)) continue;
@@ -102,6 +102,22 @@ bool Application::PrevInstance() {
 
 Application::~Application() {
     if (blocco_ >= 0) ::close(blocco_);
+}
+
+Turno::Turno(const std::string& cartella, std::chrono::milliseconds attesa)
+    : fd_(::open((nome_blocco(cartella) + "-turno").c_str(),
+                 O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600)) {
+    constexpr int pausa = 5;
+    const auto fine = std::chrono::steady_clock::now() + attesa;
+    while (fd_ >= 0 && !preso_) {
+        preso_ = ::flock(fd_, LOCK_EX | LOCK_NB) == 0;
+        if (preso_ || std::chrono::steady_clock::now() >= fine) break;
+        ::poll(nullptr, 0, pausa);
+    }
+}
+
+Turno::~Turno() {
+    if (fd_ >= 0) ::close(fd_);
 }
 
 Application& App() {

@@ -1,6 +1,7 @@
 // The program's place on the machine and its only instance; no Qt.
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <string_view>
 
@@ -30,6 +31,22 @@ public:
 
 private:
     int blocco_ = -1;
+};
+
+/// The turn of one program among those at work on a folder, until the object's end or the
+/// process's. One that is not given way to in time has no turn and goes on without.
+class Turno {
+public:
+    explicit Turno(const std::string& cartella,
+                   std::chrono::milliseconds attesa = std::chrono::seconds(5));
+    Turno(const Turno&) = delete;
+    Turno& operator=(const Turno&) = delete;
+    ~Turno();
+    [[nodiscard]] bool preso() const { return preso_; }
+
+private:
+    int fd_ = -1;
+    bool preso_ = false;
 };
 
 /// The one application object.

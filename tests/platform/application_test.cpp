@@ -345,6 +345,29 @@ TEST_F(PrevInstanceTest, the_same_folder_by_another_path_is_the_same) {
     EXPECT_TRUE(altra(cartella_.radice() + "/via/cruciverba"));
 }
 
+TEST_F(PrevInstanceTest, a_turn_on_a_folder_is_one_programs_until_it_ends) {
+    const std::string qui = cartella_.programma();
+    const auto altro_turno = [](const std::string& dove) {
+        const pid_t figlio = ::fork();
+        // Ended without its destructors, as a killed program is.
+        if (figlio == 0) ::_exit(Turno(dove, std::chrono::milliseconds(0)).preso() ? 1 : 0);
+        int stato = 0;
+        ::waitpid(figlio, &stato, 0);
+        return WEXITSTATUS(stato) == 1;
+    };
+    EXPECT_TRUE(altro_turno(qui));
+    {
+        const Turno mio(qui);
+        EXPECT_TRUE(mio.preso());
+        EXPECT_FALSE(altro_turno(qui));
+        EXPECT_TRUE(altro_turno(cartella_.radice()));
+        Application app;
+        app.Path = qui;
+        EXPECT_FALSE(app.PrevInstance());
+    }
+    EXPECT_TRUE(altro_turno(qui));
+}
+
 TEST_F(PrevInstanceTest, another_folder_has_its_own_instance) {
     Application app;
     app.Path = cartella_.programma();
