@@ -168,7 +168,9 @@ std::uint32_t leggi_testa(Messaggio& messaggio, Tabella& tabella) {
         const auto nome = messaggio.prendi(messaggio.prendi<std::uint16_t>());
         tabella.aggiungi_colonna(std::string(nome), da_tipo(tipo));
     }
-    tabella.riserva(std::min<std::size_t>(righe, messaggio.resta()));
+    // A row takes a byte and one more a column at least.
+    const std::size_t minimo = tabella.colonne() + 1;
+    tabella.riserva(std::min<std::size_t>(righe, messaggio.resta() / minimo));
     return righe;
 }
 

@@ -243,6 +243,13 @@ TEST_F(JetTest, a_reader_that_dies_or_talks_nonsense_counts_as_a_damaged_file) {
     }
 }
 
+TEST_F(JetTest, a_reader_that_promises_rows_takes_no_memory_for_them) {
+    // 60,000 columns of no name and as many rows as there can be, then a mebibyte of nulls: at a
+    // row for each byte the table would take a quarter of a terabyte.
+    lettore_finto("printf 'T\\377\\377\\377\\377\\140\\352'; exec head -c 1240000 /dev/zero");
+    EXPECT_EQ(leggi(intero_), 3049);
+}
+
 TEST_F(JetTest, a_reader_that_says_nothing_is_stopped) {
     lettore_finto("exec tail -f /dev/null");
     lettore_jet().attesa_muta = std::chrono::milliseconds(50);
