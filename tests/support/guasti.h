@@ -19,6 +19,7 @@ public:
     ~Disco() override { platform::cambia_syscalls(prima_); }
 
     std::int64_t spazio = std::numeric_limits<std::int64_t>::max();  ///< bytes that still fit
+    std::size_t pezzo = std::numeric_limits<std::size_t>::max();     ///< of one write
     bool perde = false;  ///< what finds no room is lost without a word
     bool rename_fallisce = false;
     bool fsync_fallisce = false;
@@ -35,7 +36,7 @@ public:
             errno = ENOSPC;
             return perde ? static_cast<ssize_t>(quanti) : -1;
         }
-        const std::size_t n = std::min(quanti, static_cast<std::size_t>(spazio));
+        const std::size_t n = std::min({quanti, pezzo, static_cast<std::size_t>(spazio)});
         spazio -= static_cast<std::int64_t>(n);
         return Syscalls::write(fd, dati, n);
     }

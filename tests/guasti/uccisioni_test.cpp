@@ -1,0 +1,167 @@
+// Programs that die at any moment, and two of them at work on one folder.
+#include <atomic>
+#include <csignal>
+#include <ctime>
+#include <filesystem>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "guasti/lavori.h"
+#include "platform/disk.h"
+#include "platform/runtime.h"
+
+namespace guasti {
+namespace {
+
+/// Counters that children and parent share.
+class Comune {
+public:
+    Comune()
+        : dati_(static_cast<std::atomic<int>*>(::mmap(nullptr, grandezza, PROT_READ | PROT_WRITE,
+                                                      MAP_SHARED | MAP_ANONYMOUS, -1, 0))) {}
+    Comune(const Comune&) = delete;
+    Comune& operator=(const Comune&) = delete;
+    ~Comune() { ::munmap(dati_, grandezza); }
+    std::atomic<int>& operator[](std::size_t i) { return dati_[i]; }
+
+private:
+    static constexpr std::size_t grandezza = 4096;
+    std::atomic<int>* dati_;
+};
+
+/// True when every file is one that some work writes, whole.
+testing::AssertionResult tutto_intero(const Libreria& libreria) {
+    static const std::set<std::string> noti = [] {
+        std::set<std::string> s{"\"0,50\",\"Euro\"\r\n", "\"1,00\",\"Euro\"\r\n"};
+        for (int primo = 1; primo <= 8; ++primo) {
+            s.insert(systems::testo_sistema(sistema(primo), false));
+            s.insert(sviluppo_atteso(primo));
+        }
+        return s;
+    }();
+    for (const auto& [nome, dati] : libreria.stato()) {
+        if (!noti.contains(dati)) return testing::AssertionFailure() << nome << "\n" << dati;
+        if (platform::e_nome_di_lavoro(nome.substr(nome.rfind('/') + 1)))
+            return testing::AssertionFailure() << nome << " is left behind";
+    }
+    return testing::AssertionSuccess();
+}
+
+/// Works on the library until it is killed; tells which work it is at.
+[[noreturn]] void lavora_senza_fine(const Libreria& libreria, Comune& comune) {
+    for (int giro = 0;; ++giro) {
+        const int primo = giro % 8 + 1;
+        comune[0] = giro + 1;
+        comune[1] = 0;
+        salva(libreria, "a", primo);
+        comune[1] = 1;
+        elabora(libreria, "a", primo);
+        comune[1] = 2;
+        systems::rinomina(libreria.qui("b"), "n");
+        systems::rinomina(libreria.qui("n"), "b");
+        comune[1] = 3;
+        systems::duplica(libreria.qui("a"), libreria.qui("d"), [] {});
+        comune[1] = 4;
+        systems::importa(libreria.la("c"), libreria.qui("c"));
+        comune[1] = 5;
+        systems::invia(libreria.qui("d"), libreria.la("d"));
+        comune[1] = 6;
+        systems::elimina(libreria.qui("d"));
+    }
+}
+
+/// Kills a new child somewhere in its first rounds; returns what it was at.
+int uccidi_a_caso(const Libreria& libreria, Comune& comune, long microsecondi) {
+    comune[0] = 0;
+    const pid_t figlio = ::fork();
+    if (figlio == 0) lavora_senza_fine(libreria, comune);
+    while (comune[0] == 0) ::sched_yield();
+    const timespec pausa{0, microsecondi * 1000};
+    ::nanosleep(&pausa, nullptr);
+    ::kill(figlio, SIGKILL);
+    ::waitpid(figlio, nullptr, 0);
+    return comune[1];
+}
+
+TEST(Uccisioni, duecento_momenti_a_caso) {
+    const Libreria libreria;
+    libreria.prepara();
+    Comune comune;
+    platform::Rnd rnd;
+    std::set<int> colti;
+    Riga& r = riga("death at a random moment", "SIGKILL to a child that works in a loop",
+                   "saving, elaboration, renaming, duplicating, importing, sending, deleting");
+    for (int i = 0; i < 240; ++i) {
+        colti.insert(uccidi_a_caso(libreria, comune, rnd.fino_a(9000)));
+        libreria.riavvia();
+        const auto salvo = tutto_intero(libreria);
+        // The renaming moves the pair in two steps: either name, but some name.
+        const Stato ora = libreria.stato();
+        const bool sistema_c_e =
+            ora.contains(libreria.qui("b").sistema()) != ora.contains(libreria.qui("n").sistema());
+        const bool sviluppo_c_e = ora.contains(libreria.qui("b").sviluppo()) !=
+                                  ora.contains(libreria.qui("n").sviluppo());
+        EXPECT_TRUE(salvo) << i;
+        EXPECT_TRUE(sistema_c_e && sviluppo_c_e && ora.contains(libreria.qui("a").sistema())) << i;
+        r.prova(salvo && sistema_c_e && sviluppo_c_e);
+        systems::rinomina(libreria.qui("n"), "b");
+    }
+    EXPECT_GT(colti.size(), 1U);
+}
+
+/// True when the systems and developments that both write are whole at this moment.
+bool interi_ora(const Libreria& libreria) {
+    for (const char* nome : {"a", "b", "d"}) {
+        const auto s = platform::leggi_tutto(libreria.qui(nome).sistema());
+        const auto v = platform::leggi_tutto(libreria.qui(nome).sviluppo());
+        bool sistema_noto = !s;
+        bool sviluppo_noto = !v;
+        for (int primo = 1; primo <= 8; ++primo) {
+            sistema_noto = sistema_noto || *s == systems::testo_sistema(sistema(primo), false);
+            sviluppo_noto = sviluppo_noto || *v == sviluppo_atteso(primo);
+        }
+        if (!sistema_noto || !sviluppo_noto) return false;
+    }
+    return true;
+}
+
+/// Saves and elaborates the same systems again and again.
+[[noreturn]] void lavora(const Libreria& libreria, int quale, int giri) {
+    for (int giro = 0; giro < giri; ++giro) {
+        const int primo = 1 + quale * 4 + giro % 4;
+        salva(libreria, "a", primo);
+        elabora(libreria, "a", primo);
+        salva(libreria, "b", primo);
+        systems::duplica(libreria.qui("b"), libreria.qui("d"), [] {});
+        // The other's files are whole whenever they are looked at.
+        if (!interi_ora(libreria)) ::_exit(1);
+    }
+    ::_exit(0);
+}
+
+TEST(DueProgrammi, l_ultimo_che_scrive_vince_e_nulla_si_guasta) {
+    const Libreria libreria;
+    libreria.prepara();
+    constexpr int giri = 60;
+    Riga& r = riga("two programs on one folder",
+                   "two children at the same names, all looked at after every round",
+                   "saving, elaboration, duplicating");
+    std::vector<pid_t> figli;
+    for (int quale = 0; quale < 2; ++quale) {
+        figli.push_back(::fork());
+        if (figli.back() == 0) lavora(libreria, quale, giri);
+    }
+    for (const pid_t figlio : figli) {
+        int stato = 0;
+        ASSERT_EQ(::waitpid(figlio, &stato, 0), figlio);
+        const bool salvo = WIFEXITED(stato) && WEXITSTATUS(stato) == 0;
+        EXPECT_TRUE(salvo) << stato;
+        for (int giro = 0; giro < giri; ++giro) r.prova(salvo);
+    }
+    libreria.riavvia();
+    EXPECT_TRUE(tutto_intero(libreria));
+}
+
+}  // namespace
+}  // namespace guasti
