@@ -49,6 +49,7 @@ QFrame[forma="sviluppo"] { background: #FFFBD6; border: 1px solid #E3D58A; borde
 QFrame[forma="schedine"] { background: #FFF0DC; border: 1px solid #EBC48F; border-radius: 4px; }
 QFrame[forma="invio"] { background: #F4F9FE; border: 1px solid #000080; border-radius: 4px; }
 QFrame[forma="riga"] { background: #D4DFEC; border: 0; }
+QFrame[forma="binario"] { background: #D5E2F0; border: 1px solid #A9BCD6; border-radius: 4px; }
 QLabel[titolo="true"] { color: #000080; font-weight: bold; }
 QLabel[titolo_grande="true"] { color: #000080; font-size: 24px; font-weight: bold; }
 QLabel[valore="true"] { background: #F4F9FE; border: 1px solid #B9CBE0; border-radius: 3px;

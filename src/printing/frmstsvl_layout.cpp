@@ -110,7 +110,7 @@ void frmstsvl::crea_invio() {
         riga->setAlignment(Qt::AlignCenter);
         riga->setGeometry(8, 10 + i * 20, 264, 18);
     }
-    Picture2 = forma("Picture2", {20, 58, 240, 12}, "#D5E2F0", "#A9BCD6", Picture1);
+    Picture2 = forma("Picture2", {20, 58, 240, 12}, "binario", Picture1);
     // Nothing ever shows it: a job is over before there is anything to wait for.
     Picture1->hide();
 }
