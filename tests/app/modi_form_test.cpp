@@ -201,6 +201,7 @@ TEST(Reset, RimetteLaMisuraMinoreELeQuote) {
     Programma p;
     p.dimensioni(10, 9);
     p.form1.UpDown2->setValue(7);
+    p.form1.Combo3->setFocus();
     p.form1.salvato = true;
     p.comando(0);
     EXPECT_EQ(p.form1.MSFlexGrid1->Cols(), 6);

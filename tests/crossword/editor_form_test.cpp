@@ -277,7 +277,10 @@ TEST(Comandi, LImmagineTreSvuotaAllaStessaMisura) {
     Programma p;
     p.dimensioni(7, 9);
     p.riempi();
+    p.cella(4, 3);
     p.comando(3);
+    EXPECT_EQ(p.form1.MSFlexGrid1->Row(), 0);
+    EXPECT_EQ(p.form1.MSFlexGrid1->Col(), 0);
     EXPECT_EQ(p.form1.MSFlexGrid1->Cols(), 7);
     EXPECT_EQ(p.form1.MSFlexGrid1->Rows(), 9);
     EXPECT_EQ(p.form1.List1->count(), 0);

@@ -64,6 +64,8 @@ TEST(Importo, PrimaDegliAltriScriveNovecentocinquantaLire) {
     EXPECT_EQ(p.form1.lblvaluta[0]->text(), "Lire");
     EXPECT_EQ(p.form1.lblvaluta[1]->text(), "Lire");
     EXPECT_EQ(p.form1.calcolo_importo(2), "1.900,00");
+    // The caller puts the formatted total in the place of this one.
+    EXPECT_EQ(p.form1.lblimportotot->text(), "1900");
 }
 
 TEST(Importo, UnFileInLireSiCapisce) {
