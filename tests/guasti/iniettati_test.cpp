@@ -361,7 +361,7 @@ TEST_F(Iniettati, un_disco_di_un_mebibyte_a_novantasette_misure) {
                    "97 sizes around the limit in writes of 4 sizes, on a tmpfs or its stand-in",
                    "importing");
     int riusciti = 0;
-    for (const std::size_t pezzo : {511, 4096, 65536, 1 << 22}) {
+    for (const std::size_t pezzo : {511U, 4096U, 65536U, 1U << 22U}) {
         for (int i = -48; i <= 48; ++i) {
             const std::string grande(static_cast<std::size_t>(spazio - 4096 + i * 512 + i % 3),
                                      'x');
