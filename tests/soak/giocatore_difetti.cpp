@@ -17,8 +17,12 @@ QStringList Giocatore::difetti() {
     QStringList difetti = std::exchange(boxes_inattesi_, {});
     controlla_finestre(difetti);
     controlla_cruciverba(difetti);
-    controlla_conteggi(difetti);
-    controlla_importo(difetti);
+    // The form of a damaged system may be one that has no types, and then nothing is counted.
+    const bool senza_tipi = form1_->lotto && (form1_->forma() < 3 || form1_->forma() > 5);
+    if (!senza_tipi) {
+        controlla_conteggi(difetti);
+        controlla_importo(difetti);
+    }
     return difetti;
 }
 
@@ -69,8 +73,6 @@ void Giocatore::controlla_conteggi(QStringList& difetti) {
     if (f.Combo1->count() != 16 - primo) difetti << "dimensioni del gioco";
     if (f.Frame8->isVisibleTo(&f) != f.lotto) difetti << "Frame8 e il gioco";
     if (f.Frame10->isVisibleTo(f.Frame7) != f.lotto) difetti << "Frame10 e il gioco";
-    // The form of a damaged system may be one that has no types, and then nothing is counted.
-    if (f.lotto && (f.forma() < 3 || f.forma() > 5)) return;
     const auto per_linea = [&f, primo](int n, const platform::ComboBox* tipo) {
         return f.matsis(n - primo, tipo->ListIndex()).value_or(0);
     };
