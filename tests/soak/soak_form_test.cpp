@@ -13,7 +13,8 @@
 #define SOAK_ASAN 1
 #endif
 #ifdef SOAK_ASAN
-#include <sanitizer/allocator_interface.h>
+// GCC ships the function without its header.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
 namespace {

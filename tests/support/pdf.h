@@ -5,7 +5,6 @@
 #include <cstdio>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <regex>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -39,16 +38,23 @@ struct Parola {
 /// The words of all pages in the order in which they were drawn.
 inline std::vector<Parola> parole(const std::string& nome) {
     std::istringstream righe(esito_comando("pdftotext -raw -bbox '" + nome + "' -"));
-    static const std::regex modello(
-        R"re(<word xMin="([0-9.-]+)" yMin="([0-9.-]+)" xMax="([0-9.-]+)" yMax="([0-9.-]+)">(.*)</word>)re");
     std::vector<Parola> trovate;
     int pagina = 0;
     for (std::string riga; std::getline(righe, riga);) {
         if (riga.find("<page ") != std::string::npos) ++pagina;
-        std::smatch m;
-        if (!std::regex_search(riga, m, modello)) continue;
-        trovate.push_back({m[5], pagina, std::stod(m[1]) / 6, std::stod(m[2]) / 12,
-                           std::stod(m[3]) / 6, std::stod(m[4]) / 12});
+        Parola p;
+        int inizio = 0;
+        const std::size_t word = riga.find("<word ");
+        const std::size_t fine = riga.find("</word>");
+        if (word == std::string::npos || fine == std::string::npos ||
+            std::sscanf(riga.c_str() + word,
+                        R"(<word xMin="%lf" yMin="%lf" xMax="%lf" yMax="%lf">%n)", &p.x1, &p.y1,
+                        &p.x2, &p.y2, &inizio) != 4) {
+            continue;
+        }
+        const std::size_t testo = word + static_cast<std::size_t>(inizio);
+        trovate.push_back(
+            {riga.substr(testo, fine - testo), pagina, p.x1 / 6, p.y1 / 12, p.x2 / 6, p.y2 / 12});
     }
     return trovate;
 }
