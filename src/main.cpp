@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QIcon>
+#include <QScreen>
 
 #include "app/dialoghi_qt.h"
 #include "app/form1.h"
@@ -24,7 +25,13 @@ int main(int argc, char** argv) {
 
     app::DialoghiQt dialoghi;
     app::Form1 form1(dialoghi);
-    auto* splash = new app::frmSplash([&form1] { form1.Form_Load(); }, [&form1] { form1.show(); });
+    auto* splash = new app::frmSplash(
+        [&form1] { form1.Form_Load(); },
+        [&form1] {
+            // A window manager may leave to the corner what follows a window without a frame.
+            form1.move(form1.screen()->availableGeometry().center() - form1.rect().center());
+            form1.show();
+        });
     splash->show();
     return QApplication::exec();
 }
