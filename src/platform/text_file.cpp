@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 #include "platform/codepage.h"
 #include "platform/disk.h"
@@ -165,6 +166,12 @@ bool TextReader::numero(double& destinazione) {
 
 template <typename T>
 bool TextReader::intero_in(T& destinazione) {
+    std::int32_t letto = 0;
+    if (cifre(letto)) {
+        if (!std::in_range<T>(letto)) return false;
+        destinazione = static_cast<T>(letto);
+        return true;
+    }
     double valore = 0;
     return numero(valore) && assegna(destinazione, converti<T>(valore));
 }
