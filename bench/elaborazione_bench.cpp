@@ -16,7 +16,6 @@
 
 #include "crossword/linee.h"
 #include "development/elaborazione.h"
-#include "development/ripetizioni.h"
 #include "platform/disk.h"
 #include "platform/runtime.h"
 
@@ -63,11 +62,12 @@ crossword::Matrice cruciverba() {
     return matrice;
 }
 
-development::Richiesta richiesta() {
+development::Richiesta richiesta(bool senza_ripetizioni) {
     development::Richiesta r;
     r.matrice = cruciverba();
     r.cartella = cartella();
     r.ridotti = SUITE_DIR "/ridotti";
+    r.senza_ripetizioni = senza_ripetizioni;
     return r;
 }
 
@@ -78,12 +78,10 @@ bool avanti(std::int32_t /*righe*/) {
 /// The calls of the form, without the form.
 bool elabora() {
     development::elimina_temporanei(cartella(), {});
-    development::Elaborazione lavoro(richiesta(), avanti);
+    development::Elaborazione lavoro(richiesta(true), avanti);
     if (lavoro.sviluppa() != development::Conclusione::completa) return false;
-    const std::string unici = platform::nome_di_lavoro(cartella());
-    const auto tolte = development::togli_ripetizioni(lavoro.file_temporaneo(), unici, avanti);
-    if (!tolte || !development::completa_sviluppo(unici, finale(), tolte->byte)) return false;
-    return platform::Kill(lavoro.file_temporaneo()) == platform::Esito::ok;
+    return development::completa_sviluppo(lavoro.file_temporaneo(), finale(),
+                                          lavoro.byte_scritti());
 }
 
 /// Device that answers at once when asked to make the data outlive a power cut.
@@ -119,10 +117,16 @@ bool esegui(std::vector<std::string> parole, const char* uscita) {
     return stato == 0;
 }
 
-void elaborazione(benchmark::State& stato) {
+void sostituzione(benchmark::State& stato) {
     for (auto _ : stato) {
         if (!elabora()) stato.SkipWithError("the elaboration failed");
     }
+}
+
+/// Without an old file to replace, whose blocks the file system must free; cp and awk alike.
+void elaborazione(benchmark::State& stato) {
+    platform::Kill(finale());
+    sostituzione(stato);
 }
 
 void elaborazione_senza_sync(benchmark::State& stato) {
@@ -130,36 +134,22 @@ void elaborazione_senza_sync(benchmark::State& stato) {
     elaborazione(stato);
 }
 
-/// Without an old development to replace, whose blocks the file system must free.
-void prima_elaborazione_senza_sync(benchmark::State& stato) {
-    const SenzaSync senza;
-    platform::Kill(finale());
-    elaborazione(stato);
-}
-
+/// With repetitions, and left in the working file.
 void sviluppo(benchmark::State& stato) {
     for (auto _ : stato) {
         development::elimina_temporanei(cartella(), {});
-        development::Elaborazione lavoro(richiesta(), avanti);
+        development::Elaborazione lavoro(richiesta(false), avanti);
         if (lavoro.sviluppa() != development::Conclusione::completa) {
             stato.SkipWithError("the development failed");
         }
     }
 }
 
-void ripetizioni_senza_sync(benchmark::State& stato) {
-    const SenzaSync senza;
-    for (auto _ : stato) {
-        if (!development::togli_ripetizioni(intero(), cartella() + "/unici", avanti)) {
-            stato.SkipWithError("the removal failed");
-        }
-        platform::Kill(cartella() + "/unici");
-    }
-}
-
 void cp(benchmark::State& stato) {
+    const std::string copia = cartella() + "/copia";
+    platform::Kill(copia);
     for (auto _ : stato) {
-        if (!esegui({"cp", unico(), cartella() + "/copia"}, nullptr)) {
+        if (!esegui({"cp", unico(), copia}, nullptr)) {
             stato.SkipWithError("cp failed");
         }
     }
@@ -167,6 +157,7 @@ void cp(benchmark::State& stato) {
 
 void awk(benchmark::State& stato) {
     const std::string uscita = cartella() + "/awk";
+    platform::Kill(uscita);
     for (auto _ : stato) {
         if (!esegui({"awk", "!s[$0]++", intero()}, uscita.c_str())) {
             stato.SkipWithError("awk failed");
@@ -183,9 +174,8 @@ void come_una_volta(benchmark::internal::Benchmark* b) {
 }
 BENCHMARK(elaborazione)->Apply(come_una_volta);
 BENCHMARK(elaborazione_senza_sync)->Apply(come_una_volta);
-BENCHMARK(prima_elaborazione_senza_sync)->Apply(come_una_volta);
+BENCHMARK(sostituzione)->Apply(come_una_volta);
 BENCHMARK(sviluppo)->Apply(come_una_volta);
-BENCHMARK(ripetizioni_senza_sync)->Apply(come_una_volta);
 BENCHMARK(cp)->Apply(come_una_volta);
 BENCHMARK(awk)->Apply(come_una_volta);
 
@@ -236,7 +226,7 @@ int main(int argc, char** argv) {
     if (benchmark::ReportUnrecognizedArguments(quanti, argomenti.data())) return 1;
     bool pronto = !cartella().empty() && elabora();
     const double memoria = picco();
-    development::Elaborazione lavoro(richiesta(), avanti);
+    development::Elaborazione lavoro(richiesta(false), avanti);
     pronto = pronto && lavoro.sviluppa() == development::Conclusione::completa &&
              platform::FileCopy(lavoro.file_temporaneo(), intero()) == platform::Esito::ok &&
              platform::FileCopy(finale(), unico()) == platform::Esito::ok;

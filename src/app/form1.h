@@ -223,7 +223,8 @@ private:
     [[nodiscard]] bool nome_per_elaborare(const QString& domanda, const QString& titolo);
     [[nodiscard]] development::Richiesta richiesta() const;
     bool avanza(std::int32_t righe, bool muovi);
-    [[nodiscard]] development::Conclusione sviluppa_in(const QString& finale);
+    /// False when asked to stop.
+    bool sviluppa_in(const QString& finale);
     [[nodiscard]] bool esegui_elaborazione();
 
     Dialoghi& dialoghi_;
@@ -231,6 +232,7 @@ private:
     bool in_cronologia_ = false;
     bool matrice_di_lotto_ = false;
     platform::Rnd rnd_;
+    std::int32_t combinazioni_sviluppate_ = 0;  ///< by the last elaboration; 0 when it failed
     bool in_elaborazione_ = false;
     bool in_completamento_ = false;
     bool chiusura_chiesta_ = false;

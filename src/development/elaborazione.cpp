@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <string_view>
 #include <utility>
 
-#include "crossword/linee.h"
 #include "platform/disk.h"
 #include "platform/runtime.h"
 
@@ -16,10 +16,13 @@ namespace {
 /// Lines between two calls of the progress routine.
 constexpr std::int32_t passo = 250;
 
+/// Combinations between the one that is looked up and the one whose place is fetched meanwhile.
+constexpr std::size_t anticipo = 16;
+
 /// Text of a number and the separator behind it, ready to be appended.
 struct Pezzo {
     std::array<char, 4> testo{};
-    std::size_t lunghezza = 0;
+    std::uint32_t lunghezza = 0;
 };
 
 Pezzo pezzo(int numero) {
@@ -55,23 +58,47 @@ void Elaborazione::aggiungi_righe(const std::vector<std::uint8_t>& linea,
     pezzi.reserve(linea.size());
     for (const std::uint8_t numero : linea) pezzi.push_back(pezzo(numero));
     const auto k = static_cast<std::size_t>(t.k);
+    combinazioni_.clear();
     // Room for the longest lines a damaged crossword can give: a whole piece a number, LF.
-    testo_.resize(t.righe() * (k * sizeof(Pezzo::testo) + 1));
+    testo_.resize(std::max(testo_.size(), t.righe() * (k * sizeof(Pezzo::testo) + 1)));
     char* p = testo_.data();
     for (std::size_t i = 0; i < t.posizioni.size(); i += k) {
+        const char* const inizio = p;
+        Combinazione combinazione = 0;
         for (std::size_t j = 0; j < k; ++j) {
-            const Pezzo& parte = pezzi[t.posizioni[i + j] - 1U];
+            const std::size_t posto = t.posizioni[i + j] - 1U;
+            const Pezzo& parte = pezzi[posto];
             std::memcpy(p, parte.testo.data(), parte.testo.size());
             p += parte.lunghezza;
+            combinazione = combinazione << 8 | linea[posto];
         }
         p[-1] = '\r';
         *p++ = '\n';
-        if (++righe_scritte_ % passo == 0 && avanzamento_ && !avanzamento_(righe_scritte_)) {
+        combinazioni_.push_back(combinazione | static_cast<Combinazione>(p - inizio) << 56);
+        if (++righe_sviluppate_ % passo == 0 && avanzamento_ && !avanzamento_(righe_sviluppate_)) {
             interrotta_ = true;
             break;
         }
     }
-    testo_.resize(static_cast<std::size_t>(p - testo_.data()));
+    byte_linea_ = static_cast<std::size_t>(p - testo_.data());
+}
+
+void Elaborazione::togli_ripetizioni() {
+    char* fine = testo_.data();
+    const char* riga = testo_.data();
+    std::size_t tenute = 0;
+    for (std::size_t i = 0; i < combinazioni_.size(); ++i) {
+        if (i + anticipo < combinazioni_.size()) viste_->avvicina(combinazioni_[i + anticipo]);
+        const std::size_t byte = byte_riga(combinazioni_[i]);
+        if (viste_->aggiungi(combinazioni_[i])) {
+            if (fine != riga) std::memmove(fine, riga, byte);
+            fine += byte;
+            ++tenute;
+        }
+        riga += byte;
+    }
+    byte_linea_ = static_cast<std::size_t>(fine - testo_.data());
+    combinazioni_.resize(tenute);
 }
 
 bool Elaborazione::elabora(std::vector<std::uint8_t> linea, int tipo) {
@@ -80,23 +107,41 @@ bool Elaborazione::elabora(std::vector<std::uint8_t> linea, int tipo) {
     const TabellaPosizioni& t = tabella(static_cast<int>(linea.size()), tipo);
     if (!t.letta) return false;
     aggiungi_righe(linea, t);
+    if (viste_) togli_ripetizioni();
     esiste_ = true;
-    byte_scritti_ += static_cast<std::int64_t>(testo_.size());
-    if (platform::aggiungi(file_temporaneo(), testo_) != platform::Esito::ok) {
+    righe_scritte_ += static_cast<std::int32_t>(combinazioni_.size());
+    byte_scritti_ += static_cast<std::int64_t>(byte_linea_);
+    const std::string_view righe(testo_.data(), byte_linea_);
+    if (platform::aggiungi(file_temporaneo(), righe) != platform::Esito::ok) {
         guasta_ = true;
         return false;
     }
     return true;
 }
 
+int Elaborazione::tipo_di(const crossword::Linea& linea) const {
+    switch (linea.gruppo) {
+        case crossword::Gruppo::orizzontali:
+            return richiesta_.tipo_righe;
+        case crossword::Gruppo::verticali:
+            return richiesta_.tipo_colonne;
+        default:
+            return richiesta_.tipo_diagonali;
+    }
+}
+
 Conclusione Elaborazione::sviluppa() {
-    for (const crossword::Linea& linea :
-         crossword::linee_sviluppo(richiesta_.matrice, richiesta_.lotto)) {
-        const int tipo = linea.gruppo == crossword::Gruppo::orizzontali ? richiesta_.tipo_righe
-                         : linea.gruppo == crossword::Gruppo::verticali ? richiesta_.tipo_colonne
-                                                                        : richiesta_.tipo_diagonali;
-        elabora(linea.numeri, tipo);
-        if (avanzamento_ && !interrotta_ && !avanzamento_(righe_scritte_)) interrotta_ = true;
+    const auto linee = crossword::linee_sviluppo(richiesta_.matrice, richiesta_.lotto);
+    if (richiesta_.senza_ripetizioni) {
+        std::size_t quante = 0;
+        for (const crossword::Linea& linea : linee) {
+            quante += tabella(static_cast<int>(linea.numeri.size()), tipo_di(linea)).righe();
+        }
+        viste_.emplace(quante);
+    }
+    for (const crossword::Linea& linea : linee) {
+        elabora(linea.numeri, tipo_di(linea));
+        if (avanzamento_ && !interrotta_ && !avanzamento_(righe_sviluppate_)) interrotta_ = true;
         if (interrotta_) return Conclusione::interrotta;
     }
     if (!esiste_) return Conclusione::senza_file;

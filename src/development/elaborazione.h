@@ -6,10 +6,13 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "crossword/linee.h"
 #include "crossword/matrice.h"
+#include "development/ripetizioni.h"
 #include "development/tabelle.h"
 
 namespace development {
@@ -22,11 +25,12 @@ struct Richiesta {
     int tipo_righe = 0;  ///< type numbers; one below 0 names no table
     int tipo_colonne = 0;
     int tipo_diagonali = 0;
-    std::string cartella;  ///< program folder, no trailing separator
-    std::string ridotti;   ///< folder of the tables, no trailing separator
+    bool senza_ripetizioni = false;  ///< each combination at its first appearance only
+    std::string cartella;            ///< program folder, no trailing separator
+    std::string ridotti;             ///< folder of the tables, no trailing separator
 };
 
-/// Called as the work goes on with the lines done so far; false asks the job to stop.
+/// Called as the work goes on with the combinations developed so far; false asks the job to stop.
 using Avanzamento = std::function<bool(std::int32_t righe)>;
 
 enum class Conclusione {
@@ -66,16 +70,24 @@ public:
     [[nodiscard]] std::string file_temporaneo() const;
     /// Bytes that the working file must have.
     [[nodiscard]] std::int64_t byte_scritti() const { return byte_scritti_; }
+    /// Combinations in the working file.
     [[nodiscard]] std::int32_t righe_scritte() const { return righe_scritte_; }
 
 private:
+    [[nodiscard]] int tipo_di(const crossword::Linea& linea) const;
     const TabellaPosizioni& tabella(int n, int tipo);
     void aggiungi_righe(const std::vector<std::uint8_t>& linea, const TabellaPosizioni& t);
+    void togli_ripetizioni();
 
     Richiesta richiesta_;
     Avanzamento avanzamento_;
     std::map<std::string, TabellaPosizioni> tabelle_;
-    std::string testo_;
+    // The lines in the file and the combinations of the crossword's line in work.
+    std::vector<char> testo_;
+    std::size_t byte_linea_ = 0;
+    std::vector<Combinazione> combinazioni_;
+    std::optional<CombinazioniViste> viste_;
+    std::int32_t righe_sviluppate_ = 0;
     std::int64_t byte_scritti_ = 0;
     std::int32_t righe_scritte_ = 0;
     bool esiste_ = false;

@@ -3,7 +3,6 @@
 
 #include "app/dialoghi.h"
 #include "app/form1.h"
-#include "development/ripetizioni.h"
 #include "platform/application.h"
 #include "platform/desktop.h"
 #include "platform/disk.h"
@@ -48,6 +47,7 @@ development::Richiesta Form1::richiesta() const {
     r.tipo_diagonali = Combo5->ListIndex();
     r.cartella = App().Path;
     r.ridotti = platform::radice(App().Path) + "ridotti";
+    r.senza_ripetizioni = mnuRipetizioniSenza->isChecked();
     return r;
 }
 
@@ -57,26 +57,23 @@ bool Form1::avanza(std::int32_t righe, bool muovi) {
     return !chiusura_chiesta_;
 }
 
-Conclusione Form1::sviluppa_in(const QString& finale) {
+bool Form1::sviluppa_in(const QString& finale) {
     // In Lotto the bar stands still while the lines are walked.
     development::Elaborazione lavoro(richiesta(),
                                      [this](std::int32_t n) { return avanza(n, !lotto); });
     const Conclusione esito = lavoro.sviluppa();
-    if (esito == Conclusione::interrotta) return esito;
+    if (esito == Conclusione::interrotta) return false;
     const std::string arrivo = platform::s(finale);
-    if (esito != Conclusione::completa) {
-        // Lines that the disk refused are lost: what is left must not pass for a development.
+    // Lines that the disk refused are lost: what is left must not pass for a development.
+    const bool fatto =
+        esito == Conclusione::completa &&
+        development::completa_sviluppo(lavoro.file_temporaneo(), arrivo, lavoro.byte_scritti());
+    if (!fatto) {
         platform::Kill(arrivo);
         platform::Kill(lavoro.file_temporaneo());
-        return esito;
     }
-    if (!mnuRipetizioniSenza->isChecked()) {
-        return development::completa_sviluppo(lavoro.file_temporaneo(), arrivo,
-                                              lavoro.byte_scritti())
-                   ? esito
-                   : Conclusione::guasta;
-    }
-    return esito;
+    combinazioni_sviluppate_ = fatto ? lavoro.righe_scritte() : 0;
+    return true;
 }
 
 void Form1::cmd_elabora() {
@@ -118,7 +115,7 @@ bool Form1::esegui_elaborazione() {
     ProgressBar1->show();
     const QString estensione = development::estensione_sviluppo(lotto);
     const QString finale = platform::q(App().file(platform::s(lblsistema->text() + estensione)));
-    if (sviluppa_in(finale) != Conclusione::interrotta && mnuRipetizioniSenza->isChecked()) {
+    if (sviluppa_in(finale) && mnuRipetizioniSenza->isChecked()) {
         controllo_ripetizioni(lotto ? 5 : 6, estensione);
     }
     ProgressBar1->hide();
@@ -129,23 +126,10 @@ bool Form1::esegui_elaborazione() {
     return false;
 }
 
-void Form1::controllo_ripetizioni(std::uint8_t /*lunghezza*/, const QString& estensione) {
-    const std::string lavoro = App().file(platform::s("temp" + estensione));
-    const std::string unici = platform::nome_di_lavoro(App().Path);
-    ProgressBar1->setValue(0);
-    const auto tolte = development::togli_ripetizioni(
-        lavoro, unici, [this](std::int32_t n) { return avanza(n, true); });
-    if (chiusura_chiesta_) return;
+void Form1::controllo_ripetizioni(std::uint8_t /*lunghezza*/, const QString& /*estensione*/) {
     ProgressBar1->setValue(ProgressBar1->maximum());
-    const std::string finale = App().file(platform::s(lblsistema->text() + estensione));
-    const bool fatto = tolte && development::completa_sviluppo(unici, finale, tolte->byte);
-    if (!fatto) {
-        platform::Kill(finale);
-        platform::Kill(unici);
-    }
-    platform::Kill(lavoro);
-    const std::int32_t quante = fatto ? tolte->combinazioni : 0;
-    MSFlexGrid2->set_testo(5, 3, platform::q(platform::Format(quante, platform::Modello::interi)));
+    MSFlexGrid2->set_testo(
+        5, 3, platform::q(platform::Format(combinazioni_sviluppate_, platform::Modello::interi)));
     lblimportotot->setText(
         calcolo_importo(platform::leggi_numero(platform::s(MSFlexGrid2->testo(5, 3)))));
     mnusalva_Click();

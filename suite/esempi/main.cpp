@@ -7,7 +7,6 @@
 #include "crossword/matrice.h"
 #include "crossword/tipi.h"
 #include "development/elaborazione.h"
-#include "development/ripetizioni.h"
 #include "platform/disk.h"
 #include "systems/file_sistema.h"
 
@@ -99,12 +98,13 @@ std::int32_t elabora(const Esempio& e, const crossword::Matrice& matrice,
     richiesta.tipo_diagonali = e.tipo_diagonali;
     richiesta.cartella = cartella;
     richiesta.ridotti = ridotti;
+    richiesta.senza_ripetizioni = true;
     development::Elaborazione lavoro(richiesta, {});
     if (lavoro.sviluppa() != development::Conclusione::completa) return 0;
     const std::string finale = cartella + "/" + e.nome + development::estensione_sviluppo(e.lotto);
-    const auto tolte = development::togli_ripetizioni(lavoro.file_temporaneo(), finale, {});
-    platform::Kill(lavoro.file_temporaneo());
-    return tolte ? tolte->combinazioni : 0;
+    const bool fatto =
+        development::completa_sviluppo(lavoro.file_temporaneo(), finale, lavoro.byte_scritti());
+    return fatto ? lavoro.righe_scritte() : 0;
 }
 
 bool crea(const Esempio& e, const std::string& cartella, const std::string& ridotti) {

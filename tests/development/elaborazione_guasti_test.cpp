@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include "development/elaborazione.h"
-#include "development/ripetizioni.h"
 #include "support/guasti.h"
 #include "support/sviluppo.h"
 
@@ -141,10 +140,8 @@ using SviluppoGuasto = Sviluppo;
 /// The whole elaboration of a small crossword, as a program would run it.
 bool elabora_tutto(const Richiesta& richiesta, const std::string& finale) {
     Elaborazione lavoro(richiesta, {});
-    if (lavoro.sviluppa() != Conclusione::completa) return false;
-    const std::string unici = richiesta.cartella + "/temp-99999999.nuovo";
-    const auto tolte = togli_ripetizioni(lavoro.file_temporaneo(), unici, {});
-    return tolte && completa_sviluppo(unici, finale, tolte->byte);
+    return lavoro.sviluppa() == Conclusione::completa &&
+           completa_sviluppo(lavoro.file_temporaneo(), finale, lavoro.byte_scritti());
 }
 
 TEST_F(SviluppoGuasto, il_disco_pieno_lascia_soltanto_linee_intere) {
@@ -184,6 +181,7 @@ TEST_F(SviluppoGuasto, chi_muore_a_meta_lascia_il_vecchio_o_il_nuovo_intero) {
     tabella("cr0600.rid", "1,2,3,4,5,6\r\n");
     tabella("cr0800.rid", "1,2,3,4,5,6\r\n3,4,5,6,7,8\r\n");
     richiesta.matrice = cruciverba(6, 8);
+    richiesta.senza_ripetizioni = true;
     const std::string finale = cartella.file("a.col");
     const std::string nuovo = senza_ripetizioni(sviluppo_semplice(richiesta));
     bool finito = false;

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 #include <random>
 
-#include "development/ripetizioni.h"
 #include "support/sviluppo.h"
 
 using namespace development;
@@ -126,15 +125,13 @@ TEST_F(Sviluppo, integrale_di_quindici_per_quindici_come_il_conto_semplice) {
     EXPECT_EQ(righe_di(attesa).size(), 172172U);
     EXPECT_TRUE(testo == attesa);
     EXPECT_EQ(byte, static_cast<std::int64_t>(attesa.size()));
-    const auto tolte =
-        togli_ripetizioni(cartella.file("temp.col"), cartella.file("temp-1.nuovo"), {});
-    ASSERT_TRUE(tolte.has_value());
-    ASSERT_TRUE(
-        completa_sviluppo(cartella.file("temp-1.nuovo"), cartella.file("a.col"), tolte->byte));
+    richiesta.senza_ripetizioni = true;
+    EXPECT_EQ(sviluppa(), Conclusione::completa);
     const std::string unica = senza_ripetizioni(attesa);
     EXPECT_LT(unica.size(), attesa.size());
-    EXPECT_TRUE(cartella.leggi("a.col") == unica);
-    EXPECT_EQ(tolte->combinazioni, std::count(unica.begin(), unica.end(), '\n'));
+    EXPECT_TRUE(testo == unica);
+    EXPECT_EQ(righe, std::count(unica.begin(), unica.end(), '\n'));
+    EXPECT_EQ(byte, std::ssize(unica));
 }
 
 TEST_F(Sviluppo, ogni_forma_del_lotto_come_il_conto_semplice) {
@@ -164,10 +161,11 @@ TEST_F(Sviluppo, due_righe_degli_stessi_numeri_contano_una_volta_o_due) {
     EXPECT_EQ(sviluppa(), Conclusione::completa);
     const auto uscite = righe_di(testo);
     EXPECT_EQ(std::count(uscite.begin(), uscite.end(), "80,81,82,83,84,85\r"), 2);
-    const auto tolte = togli_ripetizioni(cartella.file("temp.col"), cartella.file("u"), {});
-    ASSERT_TRUE(tolte.has_value());
-    EXPECT_EQ(tolte->combinazioni, righe - 1);
-    const auto uniche = righe_di(cartella.leggi("u"));
+    const std::int32_t tutte = righe;
+    richiesta.senza_ripetizioni = true;
+    EXPECT_EQ(sviluppa(), Conclusione::completa);
+    EXPECT_EQ(righe, tutte - 1);
+    const auto uniche = righe_di(testo);
     EXPECT_EQ(uniche.front(), "80,81,82,83,84,85\r");
     EXPECT_EQ(std::count(uniche.begin(), uniche.end(), "80,81,82,83,84,85\r"), 1);
 }

@@ -1,188 +1,171 @@
 #include "development/ripetizioni.h"
 
-#include <filesystem>
 #include <gtest/gtest.h>
 #include <random>
 #include <set>
-#include <sstream>
 
-#include "support/cartella.h"
+#include "development/elaborazione.h"
 #include "support/guasti.h"
+#include "support/sviluppo.h"
 
 using namespace development;
+using namespace support;
 
 namespace {
 
-class TogliRipetizioni : public testing::Test {
-protected:
-    std::optional<SenzaRipetizioni> togli(const std::string& testo,
-                                          const Avanzamento& avanzamento = {}) {
-        cartella.scrivi("temp.col", testo);
-        return togli_ripetizioni(cartella.file("temp.col"), cartella.file("unici"), avanzamento);
+TEST(CombinazioniViste, ognuna_e_nuova_una_volta_sola) {
+    CombinazioniViste viste(3);
+    EXPECT_TRUE(viste.aggiungi(7));
+    EXPECT_TRUE(viste.aggiungi(8));
+    EXPECT_FALSE(viste.aggiungi(7));
+    EXPECT_TRUE(viste.aggiungi(9));
+    EXPECT_FALSE(viste.aggiungi(9));
+    EXPECT_FALSE(viste.aggiungi(8));
+}
+
+TEST(CombinazioniViste, come_il_conto_piu_semplice_fino_all_ultimo_posto) {
+    std::mt19937_64 caso(3);
+    for (const std::size_t quante : {1U, 2U, 31U, 250U, 5000U}) {
+        CombinazioniViste viste(quante);
+        std::set<Combinazione> semplici;
+        while (semplici.size() < quante) {
+            const Combinazione c = caso() % (2 * quante) + 1;
+            viste.avvicina(c);
+            ASSERT_EQ(viste.aggiungi(c), semplici.insert(c).second) << quante;
+        }
+        for (const Combinazione c : semplici) ASSERT_FALSE(viste.aggiungi(c)) << quante;
     }
-    support::Cartella cartella;
+}
+
+class SenzaRipetizioni : public Sviluppo {
+protected:
+    void SetUp() override {
+        Sviluppo::SetUp();
+        richiesta.senza_ripetizioni = true;
+    }
+    /// A crossword whose rows are the lines told.
+    void righe_del_cruciverba(const std::vector<std::vector<int>>& righe_date) {
+        richiesta.matrice = crossword::Matrice(static_cast<int>(righe_date.front().size()),
+                                               static_cast<int>(righe_date.size()));
+        for (std::size_t y = 0; y < righe_date.size(); ++y) {
+            for (std::size_t x = 0; x < righe_date[y].size(); ++x) {
+                richiesta.matrice.scrivi(static_cast<int>(x), static_cast<int>(y),
+                                         static_cast<std::int16_t>(righe_date[y][x]));
+            }
+        }
+    }
 };
 
-/// Lines of `testo` at their first appearance, by the plainest means.
-std::string attesi(const std::string& testo) {
-    std::set<std::string> viste;
-    std::string unici;
-    std::istringstream righe(testo);
-    for (std::string riga; std::getline(righe, riga);) {
-        if (viste.insert(riga).second) unici += riga + "\n";
-    }
-    return unici;
+TEST_F(SenzaRipetizioni, ogni_combinazione_al_posto_della_prima_volta) {
+    tabella("cr0600.rid", "1,2,3,4,5,6\r\n");
+    const std::vector<int> ripetuta{80, 81, 82, 83, 84, 85};
+    const std::vector<int> altra{1, 2, 3, 4, 5, 6};
+    righe_del_cruciverba({ripetuta, altra, ripetuta, {7, 8, 9, 10, 11, 12}, altra, ripetuta});
+    richiesta.tipo_colonne = -1;
+    richiesta.tipo_diagonali = -1;
+    EXPECT_EQ(sviluppa(), Conclusione::completa);
+    EXPECT_EQ(testo, "80,81,82,83,84,85\r\n1,2,3,4,5,6\r\n7,8,9,10,11,12\r\n");
+    EXPECT_EQ(righe, 3);
+    EXPECT_EQ(byte, std::ssize(testo));
 }
 
-TEST_F(TogliRipetizioni, senza_ripetizioni_il_file_resta_com_era) {
-    const std::string testo = "4,5,6,7,8,9\r\n1,2,3,4,5,6\r\n10,20,30,40,50,60\r\n";
-    const auto esito = togli(testo);
-    ASSERT_TRUE(esito.has_value());
-    EXPECT_EQ(esito->combinazioni, 3);
-    EXPECT_EQ(esito->byte, static_cast<std::int64_t>(testo.size()));
-    EXPECT_EQ(cartella.leggi("unici"), testo);
-    EXPECT_EQ(cartella.leggi("temp.col"), testo);
+TEST_F(SenzaRipetizioni, il_primo_numero_e_l_ultimo_distinguono) {
+    tabella("cr0600.rid", "1,2,3,4,5,6\r\n");
+    righe_del_cruciverba({{1, 2, 3, 4, 5, 6},
+                          {11, 2, 3, 4, 5, 6},
+                          {1, 2, 3, 4, 5, 66},
+                          {1, 2, 3, 4, 5, 60},
+                          {1, 2, 3, 4, 56, 6},
+                          {1, 12, 3, 4, 5, 6}});
+    richiesta.tipo_colonne = -1;
+    richiesta.tipo_diagonali = -1;
+    EXPECT_EQ(sviluppa(), Conclusione::completa);
+    EXPECT_EQ(righe, 6);
 }
 
-TEST_F(TogliRipetizioni, ogni_combinazione_al_posto_della_prima_volta) {
-    const auto esito = togli("7,8,9\r\n1,2,3\r\n7,8,9\r\n4,5,6\r\n1,2,3\r\n7,8,9\r\n");
-    ASSERT_TRUE(esito.has_value());
-    EXPECT_EQ(esito->combinazioni, 3);
-    EXPECT_EQ(esito->byte, 21);
-    EXPECT_EQ(cartella.leggi("unici"), "7,8,9\r\n1,2,3\r\n4,5,6\r\n");
+TEST_F(SenzaRipetizioni, le_righe_ripetute_di_una_tabella_contano_una_volta) {
+    tabella("cr0700.rid", "1,2,3,4,5,6\r\n2,3,4,5,6,7\r\n1,2,3,4,5,6\r\n1,2,3,4,5,7\r\n");
+    richiesta.matrice = cruciverba(7, 6);
+    richiesta.tipo_colonne = -1;
+    richiesta.tipo_diagonali = -1;
+    EXPECT_EQ(sviluppa(), Conclusione::completa);
+    EXPECT_EQ(testo, senza_ripetizioni(sviluppo_semplice(richiesta)));
+    EXPECT_EQ(righe, 18);
 }
 
-TEST_F(TogliRipetizioni, il_primo_numero_e_l_ultimo_distinguono) {
-    const std::string testo =
-        "1,2,3,4,5,6\r\n11,2,3,4,5,6\r\n1,2,3,4,5,66\r\n1,2,3,4,5,60\r\n1,23,4\r\n12,3,4\r\n";
-    ASSERT_TRUE(togli(testo).has_value());
-    EXPECT_EQ(cartella.leggi("unici"), testo);
+TEST_F(SenzaRipetizioni, senza_combinazioni_ripetute_il_file_e_lo_stesso) {
+    spedite();
+    richiesta.matrice = cruciverba(6, 8);
+    richiesta.senza_ripetizioni = false;
+    EXPECT_EQ(sviluppa(), Conclusione::completa);
+    const std::string con = testo;
+    richiesta.senza_ripetizioni = true;
+    EXPECT_EQ(sviluppa(), Conclusione::completa);
+    EXPECT_EQ(testo, con);
 }
 
-TEST_F(TogliRipetizioni, una_riga_che_comincia_un_altra_non_la_ripete) {
-    const std::string testo = "1,2,3,4,55\r\n1,2,3,4,5\r\n1,2,3,4\r\n1,2,3\r\n1,2\r\n1\r\n";
-    EXPECT_EQ(togli(testo)->combinazioni, 6);
-    EXPECT_EQ(cartella.leggi("unici"), testo);
-}
-
-TEST_F(TogliRipetizioni, l_ultima_riga_senza_fine_la_riceve) {
-    EXPECT_EQ(togli("1,2,3\r\n4,5,6")->combinazioni, 2);
-    EXPECT_EQ(cartella.leggi("unici"), "1,2,3\r\n4,5,6\r\n");
-    EXPECT_EQ(togli("1,2,3\r\n1,2,3")->combinazioni, 1);
-    EXPECT_EQ(cartella.leggi("unici"), "1,2,3\r\n");
-}
-
-TEST_F(TogliRipetizioni, un_file_vuoto_ne_da_uno_vuoto) {
-    const auto esito = togli("");
-    ASSERT_TRUE(esito.has_value());
-    EXPECT_EQ(esito->combinazioni, 0);
-    EXPECT_EQ(esito->byte, 0);
-    EXPECT_TRUE(cartella.esiste("unici"));
-    EXPECT_EQ(cartella.leggi("unici"), "");
-}
-
-TEST_F(TogliRipetizioni, come_il_conto_piu_semplice_su_molte_righe) {
-    std::mt19937 caso(3);
-    for (const unsigned quanti : {1U, 31U, 32U, 33U, 250U, 5000U}) {
-        std::string testo;
-        for (unsigned i = 0; i < quanti; ++i) {
-            testo += std::to_string(caso() % 9);
-            for (unsigned j = 0; j < quanti % 6; ++j) testo += "," + std::to_string(caso() % 12);
-            testo += "\r\n";
+TEST_F(SenzaRipetizioni, come_il_conto_semplice_anche_su_numeri_che_nessuno_mette) {
+    tabella("cr0600.rid", "1,2,3,4,5,6\r\n");
+    tabella("cr0800.rid", "1,2,3,4,5,6\r\n3,4,5,6,7,8\r\n1,2,3,4,7,8\r\n");
+    std::mt19937 caso(5);
+    for (int giro = 0; giro < 40; ++giro) {
+        richiesta.matrice = crossword::Matrice(6, 8);
+        for (int y = 0; y < 8; ++y) {
+            for (int x = 0; x < 6; ++x) {
+                const auto numero = static_cast<std::int16_t>(caso() % (giro % 2 == 0 ? 4 : 256));
+                richiesta.matrice.scrivi(x, y, numero);
+            }
         }
-        const auto esito = togli(testo);
-        ASSERT_TRUE(esito.has_value());
-        const std::string unici = attesi(testo);
-        EXPECT_EQ(cartella.leggi("unici"), unici);
-        EXPECT_EQ(esito->byte, static_cast<std::int64_t>(unici.size()));
-        EXPECT_EQ(esito->combinazioni, std::count(unici.begin(), unici.end(), '\n'));
+        ASSERT_EQ(sviluppa(), Conclusione::completa);
+        ASSERT_EQ(testo, senza_ripetizioni(sviluppo_semplice(richiesta)));
+        ASSERT_EQ(byte, std::ssize(testo));
+        ASSERT_EQ(righe, std::count(testo.begin(), testo.end(), '\n'));
     }
 }
 
-TEST_F(TogliRipetizioni, righe_lunghe_uguali_agli_estremi_restano_distinte) {
-    std::string testo;
-    for (int i = 0; i < 300; ++i) {
-        testo += std::string(30, '7') + std::to_string(1000 + i) + std::string(30, '7') + "\r\n";
-    }
-    EXPECT_EQ(togli(testo + testo)->combinazioni, 300);
-    EXPECT_EQ(cartella.leggi("unici"), testo);
-}
-
-TEST_F(TogliRipetizioni, byte_a_caso_non_fanno_danno) {
-    std::mt19937 caso(11);
-    for (int giro = 0; giro < 300; ++giro) {
-        std::string testo(caso() % 400, '\0');
-        for (char& c : testo) c = giro % 2 == 0 ? static_cast<char>(caso()) : "1,\r\n"[caso() % 4];
-        const auto esito = togli(testo);
-        ASSERT_TRUE(esito.has_value());
-        if (!testo.empty() && testo.back() != '\n') testo += "\r\n";
-        ASSERT_EQ(cartella.leggi("unici"), attesi(testo));
-    }
-}
-
-TEST_F(TogliRipetizioni, avanza_ogni_duecentocinquanta_righe_lette) {
-    std::string testo;
-    for (int i = 0; i < 501; ++i) testo += "1,2,3\r\n";
+TEST_F(SenzaRipetizioni, avanza_con_tutte_le_combinazioni_non_soltanto_le_nuove) {
+    std::string stessa;
+    for (int i = 0; i < 100; ++i) stessa += "1,2,3,4,5,6\r\n";
+    tabella("cr0600.rid", stessa);
+    richiesta.matrice = cruciverba(6, 6);
+    richiesta.tipo_colonne = -1;
+    richiesta.tipo_diagonali = -1;
     std::vector<std::int32_t> passi;
-    EXPECT_TRUE(togli(testo, [&passi](std::int32_t n) {
-                    passi.push_back(n);
-                    return true;
-                }).has_value());
-    EXPECT_EQ(passi, (std::vector<std::int32_t>{250, 500}));
+    Elaborazione lavoro(richiesta, [&passi](std::int32_t n) {
+        passi.push_back(n);
+        return true;
+    });
+    EXPECT_EQ(lavoro.sviluppa(), Conclusione::completa);
+    EXPECT_EQ(lavoro.righe_scritte(), 6);
+    passi.erase(std::unique(passi.begin(), passi.end()), passi.end());
+    EXPECT_EQ(passi, (std::vector<std::int32_t>{100, 200, 250, 300, 400, 500, 600}));
 }
 
-TEST_F(TogliRipetizioni, si_ferma_quando_e_chiesto_e_non_scrive) {
-    std::string testo;
-    for (int i = 0; i < 501; ++i) testo += "1,2,3\r\n";
-    int volte = 0;
-    EXPECT_FALSE(togli(testo, [&volte](std::int32_t) { return ++volte < 2; }).has_value());
-    EXPECT_EQ(volte, 2);
-    EXPECT_FALSE(cartella.esiste("unici"));
-    EXPECT_EQ(cartella.leggi("temp.col"), testo);
-}
-
-TEST_F(TogliRipetizioni, niente_senza_il_file_di_partenza) {
-    EXPECT_FALSE(togli_ripetizioni(cartella.file("manca"), cartella.file("unici"), {}).has_value());
-    EXPECT_FALSE(cartella.esiste("unici"));
-    EXPECT_FALSE(togli_ripetizioni(cartella.programma(), cartella.file("unici"), {}).has_value());
-}
-
-TEST_F(TogliRipetizioni, un_resto_di_un_altra_volta_non_si_mescola) {
-    cartella.scrivi("unici", "9,9,9\r\n");
-    ASSERT_TRUE(togli("1,2,3\r\n").has_value());
-    EXPECT_EQ(cartella.leggi("unici"), "1,2,3\r\n");
-}
-
-TEST_F(TogliRipetizioni, il_disco_pieno_non_lascia_un_file_a_meta) {
-    const std::string testo = "1,2,3\r\n4,5,6\r\n7,8,9\r\n";
-    for (std::int64_t spazio = 0; spazio < 21; ++spazio) {
-        cartella.scrivi("temp.col", testo);
+TEST_F(SenzaRipetizioni, il_disco_pieno_e_un_guasto_in_ogni_punto) {
+    tabella("cr0600.rid", "1,2,3,4,5,6\r\n");
+    richiesta.matrice = cruciverba(6, 6);
+    EXPECT_EQ(sviluppa(), Conclusione::completa);
+    const std::int64_t intero = byte;
+    for (std::int64_t spazio = 0; spazio < intero; spazio += 5) {
         support::Disco disco;
         disco.spazio = spazio;
-        EXPECT_FALSE(
-            togli_ripetizioni(cartella.file("temp.col"), cartella.file("unici"), {}).has_value());
-        EXPECT_FALSE(cartella.esiste("unici")) << spazio;
+        EXPECT_EQ(sviluppa(), Conclusione::guasta) << spazio;
     }
 }
 
-TEST_F(TogliRipetizioni, un_disco_che_perde_si_vede_dalla_misura) {
-    const std::string testo = "1,2,3\r\n4,5,6\r\n";
-    cartella.scrivi("temp.col", testo);
-    cartella.scrivi("a.col", "vecchio");
-    support::Disco disco;
-    disco.spazio = 9;
-    disco.perde = true;
-    const auto esito = togli_ripetizioni(cartella.file("temp.col"), cartella.file("unici"), {});
-    ASSERT_TRUE(esito.has_value());
-    EXPECT_EQ(esito->byte, 14);
-    EXPECT_FALSE(completa_sviluppo(cartella.file("unici"), cartella.file("a.col"), esito->byte));
-    EXPECT_FALSE(cartella.esiste("a.col"));
+TEST_F(SenzaRipetizioni, senza_tabelle_non_nasce_un_file) {
+    richiesta.matrice = cruciverba(6, 6);
+    EXPECT_EQ(sviluppa(), Conclusione::senza_file);
+    EXPECT_FALSE(cartella.esiste("temp.col"));
 }
 
-TEST_F(TogliRipetizioni, una_cartella_al_posto_del_file_nuovo_resta) {
-    std::filesystem::create_directory(cartella.file("unici"));
-    EXPECT_FALSE(togli("1,2,3\r\n").has_value());
-    EXPECT_TRUE(std::filesystem::is_directory(cartella.file("unici")));
+TEST_F(SenzaRipetizioni, una_tabella_vuota_da_un_file_vuoto) {
+    tabella("cr0600.rid", "");
+    richiesta.matrice = cruciverba(6, 6);
+    EXPECT_EQ(sviluppa(), Conclusione::completa);
+    EXPECT_TRUE(cartella.esiste("temp.col"));
+    EXPECT_EQ(righe, 0);
+    EXPECT_EQ(byte, 0);
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 #include <sys/stat.h>
 
 #include "development/elaborazione.h"
-#include "development/ripetizioni.h"
 #include "platform/application.h"
 #include "platform/disk.h"
 #include "viewer/importo.h"
@@ -31,6 +30,7 @@ development::Richiesta richiesta(const Libreria& libreria, int primo) {
     r.matrice = sistema(primo).matrice;
     r.cartella = libreria.programma();
     r.ridotti = libreria.ridotti();
+    r.senza_ripetizioni = true;
     return r;
 }
 
@@ -98,19 +98,13 @@ bool elabora(const Libreria& libreria, const std::string& nome, int primo) {
     development::elimina_temporanei(libreria.programma(), {});
     const std::string finale = libreria.qui(nome).sviluppo();
     development::Elaborazione lavoro(richiesta(libreria, primo), {});
-    if (lavoro.sviluppa() != development::Conclusione::completa) {
-        platform::Kill(finale);
-        platform::Kill(lavoro.file_temporaneo());
-        return false;
-    }
-    const std::string unici = platform::nome_di_lavoro(libreria.programma());
-    const auto tolte = development::togli_ripetizioni(lavoro.file_temporaneo(), unici, {});
-    const bool fatto = tolte && development::completa_sviluppo(unici, finale, tolte->byte);
+    const bool fatto =
+        lavoro.sviluppa() == development::Conclusione::completa &&
+        development::completa_sviluppo(lavoro.file_temporaneo(), finale, lavoro.byte_scritti());
     if (!fatto) {
         platform::Kill(finale);
-        platform::Kill(unici);
+        platform::Kill(lavoro.file_temporaneo());
     }
-    platform::Kill(lavoro.file_temporaneo());
     return salva(libreria, nome, primo) && fatto;
 }
 

@@ -1,4 +1,7 @@
 // Tables of positions, for every size of a combination, and what they make of a line.
+#include <set>
+#include <string_view>
+
 #include "development/elaborazione.h"
 #include "development/tabelle.h"
 #include "fuzz/ingresso.h"
@@ -12,8 +15,19 @@ void sviluppa(const fuzz::Suite& suite) {
     for (int x = 0; x < 8; ++x) r.matrice.scrivi(x, 0, static_cast<std::int16_t>(90 - x));
     r.cartella = suite.programma();
     r.ridotti = suite.programma();
+    r.tipo_colonne = -1;
+    r.tipo_diagonali = -1;
+    r.senza_ripetizioni = true;
     development::Elaborazione lavoro(r, {});
-    lavoro.elabora({90, 5, 3, 22, 71, 8, 44, 1}, 0);
+    fuzz::esigi(lavoro.sviluppa() == development::Conclusione::completa);
+    const std::string testo = platform::leggi_tutto(lavoro.file_temporaneo()).value_or("");
+    std::set<std::string_view> viste;
+    for (std::string_view resto = testo; !resto.empty();) {
+        const std::string_view riga = resto.substr(0, resto.find('\n') + 1);
+        fuzz::esigi(viste.insert(riga).second);
+        resto.remove_prefix(riga.size());
+    }
+    fuzz::esigi(static_cast<std::size_t>(lavoro.righe_scritte()) == viste.size());
     platform::Kill(lavoro.file_temporaneo());
 }
 
