@@ -143,7 +143,11 @@ int MousePointer() {
 
 void LockWindowUpdate(QWidget* finestra) {
     // Only pending events would paint, so only they freeze: thawing paints the whole window anew.
-    if (bloccata) bloccata->setUpdatesEnabled(true);
+    if (bloccata && !bloccata->updatesEnabled()) {
+        bloccata->setUpdatesEnabled(true);
+        // What changed while it was frozen asked for its painting then, in vain, and asks no more.
+        QCoreApplication::postEvent(bloccata->window(), new QEvent(QEvent::UpdateRequest));
+    }
     bloccata = finestra;
 }
 

@@ -337,6 +337,22 @@ TEST(Blocco, SenzaEventiNelMezzoNonRidipingeLaFinestra) {
     EXPECT_EQ(finestra.pitture, prima);
 }
 
+TEST(Blocco, QuelChePrimaDiGelareChiedevaPitturaLaRiceveDopo) {
+    QWidget finestra;
+    auto* figlio = new Pittore;
+    figlio->setParent(&finestra);
+    figlio->resize(20, 20);
+    mostra(finestra);
+    QApplication::processEvents();
+    platform::LockWindowUpdate(&finestra);
+    figlio->update();
+    eventi();
+    const int prima = figlio->pitture;
+    platform::LockWindowUpdate(nullptr);
+    QApplication::processEvents();
+    EXPECT_GT(figlio->pitture, prima);
+}
+
 TEST(LavoroLungo, TastiEMouseNonArrivano) {
     ComboBox combo(nullptr);
     riempi(combo);
