@@ -5,7 +5,9 @@
 #include <set>
 
 #include <QImage>
+#include <QPainter>
 #include <QRadioButton>
+#include <QStyleOption>
 
 #include "support/finestre_aperte.h"
 
@@ -117,6 +119,26 @@ TEST_P(Contrasto, OgniTestoSiLegge) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Aspetti, Contrasto, testing::Values(1, 2, 3));
+
+TEST(Fuoco, IncorniciaSenzaTingere) {
+    const auto dipinto = [](const QWidget* widget) {
+        QImage immagine(20, 10, QImage::Format_RGB32);
+        immagine.fill(Qt::white);
+        QPainter pittore(&immagine);
+        QStyleOptionFocusRect opzione;
+        opzione.rect = immagine.rect();
+        opzione.palette = QApplication::palette();
+        QApplication::style()->drawPrimitive(QStyle::PE_FrameFocusRect, &opzione, &pittore, widget);
+        return immagine;
+    };
+    const QImage riga = dipinto(nullptr);
+    EXPECT_EQ(riga.pixel(10, 5), qRgb(255, 255, 255));
+    for (const QPoint& bordo : {QPoint(0, 0), QPoint(19, 5), QPoint(10, 9)}) {
+        EXPECT_EQ(riga.pixel(bordo), qRgb(0xE0, 0x7B, 0));
+    }
+    const QPushButton pulsante;
+    EXPECT_EQ(dipinto(&pulsante).pixel(0, 0), qRgb(255, 255, 255));
+}
 
 TEST(MisuraDelContrasto, NeroSuBiancoEIlMassimo) {
     EXPECT_NEAR(contrasto(qRgb(0, 0, 0), qRgb(255, 255, 255)), 21, 0.01);
