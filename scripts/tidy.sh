@@ -3,6 +3,7 @@
 # are another compiler's and would hide an include that is missing.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-cmake --preset release -B build/tidy -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON >/dev/null
-cmake --build build/tidy --target tabellino_forms_autogen tabellino_autogen >/dev/null
+cmake --preset release -B build/tidy -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON \
+  -DCMAKE_GLOBAL_AUTOGEN_TARGET=ON -DCMAKE_GLOBAL_AUTORCC_TARGET=ON >/dev/null
+cmake --build build/tidy --target autogen autorcc >/dev/null
 git ls-files 'src/*.cpp' 'suite/*.cpp' | xargs -P "$(nproc)" -n 4 clang-tidy --quiet -p build/tidy

@@ -89,7 +89,7 @@ QComboBox[in_griglia="true"]:focus { border-color: #E07B00; }
 QComboBox QAbstractItemView { background: white; border: 1px solid #7E97BE;
     selection-background-color: #000080; selection-color: white; }
 
-QTableView { background: white; gridline-color: #B9CBE0; border: 1px solid #7E97BE; }
+QTableView { background: white; color: black; gridline-color: #B9CBE0; border: 1px solid #7E97BE; }
 QTableView:focus { border: 1px solid #E07B00; }
 QListView, QTreeView { background: white; border: 1px solid #B9CBE0; border-radius: 3px; }
 QListView:focus, QTreeView:focus { border-color: #E07B00; }
