@@ -11,8 +11,10 @@ namespace help {
 
 void apri_guida() {
     const std::uint32_t finestra = trova_finestra(platform::EnumWindows(), "guida*", false);
+    platform::ShowWindow(finestra);
     if (finestra != 0) {
-        platform::attiva_finestra(finestra);
+        // By its title: the first window that begins so may be another program's.
+        platform::AppActivate("guida");
     } else {
         avvia_guida("guida");
     }
@@ -26,7 +28,7 @@ void avvia_guida(const std::string& nome) {
 }
 
 void apri_sito() {
-    // Until the program has an address of its own, the guide's first page stands for it.
+    // Until the program has an address of its own, the whole guide on one page stands for it.
     static const std::string sito = "guida.html";
     platform::apri_documento(platform::q(platform::radice(platform::App().Path) + sito));
 }

@@ -12,6 +12,11 @@ namespace platform {
 
 namespace {
 
+Finestre& finte() {
+    static Finestre f;
+    return f;
+}
+
 std::int64_t avvia(const std::string& programma) {
     const std::string nome = nome_su_disco(programma);
     if (!esiste_file(nome)) return 0;
@@ -32,15 +37,30 @@ std::int64_t Shell(const std::string& programma) {
 }
 
 std::vector<Finestra> EnumWindows() {
+    if (finte().elenco) return finte().elenco();
     // A program that shows nothing must not reach for the windows of somebody's desktop.
     if (QGuiApplication::platformName() == "offscreen") return {};
     return finestre_aperte();
 }
 
+void ShowWindow(std::uint32_t finestra) {
+    if (finestra == 0) return;
+    if (finte().mostra) {
+        finte().mostra(finestra);
+    } else {
+        mostra_finestra(finestra);
+    }
+}
+
 bool AppActivate(std::string_view titolo) {
     const auto finestre = EnumWindows();
     const Finestra* trovata = finestra_titolata(finestre, titolo);
-    return trovata != nullptr && attiva_finestra(trovata->id);
+    if (trovata == nullptr) return false;
+    return finte().attiva ? finte().attiva(trovata->id) : attiva_finestra(trovata->id);
+}
+
+void finestre_con(Finestre altre) {
+    finte() = std::move(altre);
 }
 
 }  // namespace platform

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,8 +20,20 @@ std::int64_t Shell(const std::string& programma);
 /// shows nothing.
 std::vector<Finestra> EnumWindows();
 
+/// Gives a window of another program its normal state back; 0 is no window.
+void ShowWindow(std::uint32_t finestra);
+
 /// Brings the window titled so, or beginning so, to the front and gives it the keyboard; false
 /// when there is none.
 bool AppActivate(std::string_view titolo);
+
+/// What is asked of the screen about the windows of other programs.
+struct Finestre {
+    std::function<std::vector<Finestra>()> elenco;
+    std::function<void(std::uint32_t)> mostra;
+    std::function<bool(std::uint32_t)> attiva;
+};
+/// Puts `altre` in place of the screen; an empty one brings it back.
+void finestre_con(Finestre altre);
 
 }  // namespace platform

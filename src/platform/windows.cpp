@@ -1,6 +1,7 @@
 #include "platform/windows.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <memory>
 #include <xcb/xcb.h>
@@ -59,25 +60,43 @@ public:
         return {dati, dati + r->value_len};
     }
 
-    bool chiedi(xcb_window_t finestra, const char* cosa) const {
+    bool attiva(xcb_window_t finestra) const {
+        // 2 tells that the user asked for it; a mere program would be refused the keyboard.
+        return chiedi(finestra, "_NET_ACTIVE_WINDOW", {2});
+    }
+
+    bool ripristina(xcb_window_t finestra) const {
+        constexpr std::uint32_t togli = 0;
+        if (!chiedi(finestra, "_NET_WM_STATE",
+                    {togli, atomo("_NET_WM_STATE_MAXIMIZED_VERT"),
+                     atomo("_NET_WM_STATE_MAXIMIZED_HORZ")})) {
+            return false;
+        }
+        // The manager takes the mapping of a minimized window for the wish to see it again.
+        xcb_map_window(x_, finestra);
+        return arrivato();
+    }
+
+private:
+    /// An answer to a later question proves that the request has arrived.
+    [[nodiscard]] bool arrivato() const { return atomo("_NET_ACTIVE_WINDOW") != XCB_NONE; }
+
+    bool chiedi(xcb_window_t finestra, const char* cosa,
+                const std::array<std::uint32_t, 3>& dati) const {
         const xcb_window_t radice = fondo();
         if (radice == XCB_NONE) return false;
-        // 2 tells that the user asked for it; a mere program would be refused the keyboard.
-        constexpr std::uint32_t da_utente = 2;
         xcb_client_message_event_t evento{};
         evento.response_type = XCB_CLIENT_MESSAGE;
         evento.format = 32;
         evento.window = finestra;
         evento.type = atomo(cosa);
-        evento.data.data32[0] = da_utente;
+        std::copy(dati.begin(), dati.end(), evento.data.data32);
         xcb_send_event(x_, 0, radice,
                        XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
                        reinterpret_cast<const char*>(&evento));
-        // An answer to a later question proves that the request has arrived.
-        return atomo("_NET_ACTIVE_WINDOW") != XCB_NONE;
+        return arrivato();
     }
 
-private:
     [[nodiscard]] Risposta<xcb_get_property_reply_t> leggi(xcb_window_t di, xcb_atom_t proprieta,
                                                            xcb_atom_t tipo) const {
         constexpr std::uint32_t parole = 16384;
@@ -120,8 +139,12 @@ std::vector<Finestra> finestre_aperte(const std::string& display) {
     return finestre;
 }
 
+bool mostra_finestra(std::uint32_t id, const std::string& display) {
+    return Schermo(display).ripristina(id);
+}
+
 bool attiva_finestra(std::uint32_t id, const std::string& display) {
-    return Schermo(display).chiedi(id, "_NET_ACTIVE_WINDOW");
+    return Schermo(display).attiva(id);
 }
 
 const Finestra* finestra_titolata(const std::vector<Finestra>& finestre, std::string_view titolo) {

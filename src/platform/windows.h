@@ -19,6 +19,10 @@ struct Finestra {
 /// keeps no list. An empty name is the session's own display.
 std::vector<Finestra> finestre_aperte(const std::string& display = {});
 
+/// Gives a minimized or maximized window its own size back, without the keyboard; false when the
+/// display could not be asked.
+bool mostra_finestra(std::uint32_t id, const std::string& display = {});
+
 /// Restores a window when it is minimized, brings it to the front and gives it the keyboard;
 /// false when the display could not be asked.
 bool attiva_finestra(std::uint32_t id, const std::string& display = {});

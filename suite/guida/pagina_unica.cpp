@@ -27,8 +27,9 @@ QString corpo(const QString& pagina) {
 QString pagina_unica() {
     QString testo =
         "<!DOCTYPE html>\n<html lang=\"it\">\n<head>\n<meta charset=\"utf-8\">\n"
-        "<meta name=\"viewport\" content=\"width=device-width\">\n<title>Guida di "
-        "Tabellino</title>\n"
+        "<meta name=\"viewport\" content=\"width=device-width\">\n"
+        // A browser's window must not pass for the guide's, whose title begins with its name.
+        "<title>Tabellino - guida</title>\n"
         "<style>\nbody { font-family: \"Liberation Sans\", Arial, sans-serif; color: #10203A; "
         "max-width: 780px; margin: 24px auto; padding: 0 16px; }\nimg { max-width: 100%; }\n" +
         guida::stile_pagine() + "</style>\n</head>\n<body>\n<ul>\n";

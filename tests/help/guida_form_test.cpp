@@ -1,10 +1,13 @@
 // The menu "Guida": the guide's launcher, the web site and the about box.
+#include "help/finestra.h"
 #include "help/frmAbout.h"
 #include "help/guida.h"
+#include "support/altre_finestre.h"
 #include "support/programma.h"
 
 namespace {
 
+using support::AltreFinestre;
 using support::Programma;
 
 std::string contenuto(const std::string& nome) {
@@ -29,6 +32,50 @@ TEST(Guida, SiAvviaDallaRadiceEDiceCheCosaAprire) {
     p.voce(p.form1.mnuaiuto);
     EXPECT_EQ(quando_arriva(radice + "/prova"), "\"guida\"\r\n" + radice + "\n");
     EXPECT_EQ(contenuto(radice + "/open"), "\"guida\"\r\n");
+}
+
+TEST(Guida, ConLaFinestraAllaVistaNonSiScriveESiAttiva) {
+    Programma p;
+    const std::string radice = p.cartella.radice();
+    std::ofstream(radice + "/guida") << "#!/bin/sh\n: > avviata\n";
+    std::filesystem::permissions(radice + "/guida", std::filesystem::perms::owner_all);
+    AltreFinestre altre({{4, "Tabellino", false}, {7, "GUIDA", false}});
+    p.voce(p.form1.mnuaiuto);
+    EXPECT_EQ(altre.fatte, (std::vector<std::string>{"mostra 7", "attiva 7"}));
+    EXPECT_FALSE(std::filesystem::exists(radice + "/open"));
+    EXPECT_FALSE(std::filesystem::exists(radice + "/avviata"));
+}
+
+TEST(Guida, SiAttivaQuellaGiustaAncheSottoUnAltraCheCominciaCosi) {
+    Programma p;
+    AltreFinestre altre({{9, "Guida di Roma", false}, {7, "Guida", false}});
+    p.voce(p.form1.mnuaiuto);
+    EXPECT_EQ(altre.fatte, (std::vector<std::string>{"mostra 9", "attiva 7"}));
+    EXPECT_FALSE(std::filesystem::exists(p.cartella.radice() + "/open"));
+}
+
+TEST(Guida, UnTitoloQualunqueCheCominciaCosiBasta) {
+    Programma p;
+    AltreFinestre altre({{9, "Guidatori d'Italia", false}});
+    p.voce(p.form1.mnuaiuto);
+    EXPECT_EQ(altre.fatte, (std::vector<std::string>{"mostra 9", "attiva 9"}));
+    EXPECT_FALSE(std::filesystem::exists(p.cartella.radice() + "/open"));
+}
+
+TEST(Guida, LaPaginaUnicaNelBrowserNonPassaPerLaGuida) {
+    const std::string pagina = contenuto(SUITE_DIR "/guida.html");
+    const std::size_t da = pagina.find("<title>") + 7;
+    const std::string titolo = pagina.substr(da, pagina.find("</title>") - da);
+    EXPECT_EQ(titolo, "Tabellino - guida");
+    EXPECT_EQ(help::trova_finestra({{3, titolo, false}}, "guida*", false), 0U);
+}
+
+TEST(Guida, SenzaFinestraNonSiMostraNulla) {
+    Programma p;
+    AltreFinestre altre({{4, "La guida", false}});
+    p.voce(p.form1.mnuaiuto);
+    EXPECT_TRUE(altre.fatte.empty());
+    EXPECT_EQ(contenuto(p.cartella.radice() + "/open"), "\"guida\"\r\n");
 }
 
 TEST(Guida, SenzaIlProgrammaNonDiceNulla) {

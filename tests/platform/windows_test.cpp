@@ -23,6 +23,8 @@ using platform::finestre_aperte;
 namespace {
 
 constexpr int pazienza_ms = 10000;
+constexpr std::uint32_t normale = 1;
+constexpr std::uint32_t icona = 3;
 
 /// A program that ends with the test.
 class Processo {
@@ -125,13 +127,13 @@ protected:
         std::free(r);
         return sua;
     }
-    void manda(xcb_window_t w, const char* cosa, std::uint32_t dato) const {
+    void manda(xcb_window_t w, const char* cosa, const std::vector<std::uint32_t>& dati) const {
         xcb_client_message_event_t m{};
         m.response_type = XCB_CLIENT_MESSAGE;
         m.format = 32;
         m.window = w;
         m.type = atomo(cosa);
-        m.data.data32[0] = dato;
+        std::copy(dati.begin(), dati.end(), m.data.data32);
         xcb_send_event(x_, 0, fondo_,
                        XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
                        reinterpret_cast<const char*>(&m));
@@ -151,7 +153,7 @@ protected:
         const xcb_window_t prova = crea();
         constexpr int poco_ms = 100;
         for (int giri = 0; giri < pazienza_ms / poco_ms; ++giri) {
-            manda(prova, "_NET_REQUEST_FRAME_EXTENTS", 0);
+            manda(prova, "_NET_REQUEST_FRAME_EXTENTS", {0});
             if (aspetta([this, prova] { return ha(prova, "_NET_FRAME_EXTENTS"); }, poco_ms)) {
                 return true;
             }
@@ -182,6 +184,24 @@ protected:
         })) << titolo;
         return w;
     }
+    /// The state that the manager keeps a window in.
+    [[nodiscard]] std::uint32_t stato(xcb_window_t w) const {
+        auto* r = xcb_get_property_reply(
+            x_, xcb_get_property(x_, 0, w, atomo("WM_STATE"), XCB_GET_PROPERTY_TYPE_ANY, 0, 1),
+            nullptr);
+        std::uint32_t s = 0;
+        if (r != nullptr && r->value_len == 1) {
+            s = *static_cast<std::uint32_t*>(xcb_get_property_value(r));
+        }
+        std::free(r);
+        return s;
+    }
+    [[nodiscard]] int largo(xcb_window_t w) const {
+        auto* r = xcb_get_geometry_reply(x_, xcb_get_geometry(x_, w), nullptr);
+        const int pixel = r != nullptr ? r->width : 0;
+        std::free(r);
+        return pixel;
+    }
     [[nodiscard]] xcb_window_t attiva() const {
         auto* r = xcb_get_property_reply(
             x_, xcb_get_property(x_, 0, fondo_, atomo("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW, 0, 1),
@@ -206,6 +226,7 @@ protected:
 TEST(Finestre, SenzaSchermoNonCeNeSono) {
     EXPECT_TRUE(finestre_aperte(":9999").empty());
     EXPECT_FALSE(platform::attiva_finestra(1, ":9999"));
+    EXPECT_FALSE(platform::mostra_finestra(1, ":9999"));
     EXPECT_TRUE(finestre_aperte("nemmeno un nome").empty());
 }
 
@@ -250,10 +271,29 @@ TEST_F(Schermo, ElencaDallaPiuAltaEAttiva) {
     EXPECT_TRUE(aspetta([&] { return finestre_aperte(display_).front().id == guida; }));
 
     // A minimized window stays in the list and comes back.
-    manda(guida, "WM_CHANGE_STATE", 3);
+    manda(guida, "WM_CHANGE_STATE", {3});
     ASSERT_TRUE(aspetta([&] { return attiva() != guida; }));
     aperte = finestre_aperte(display_);
     ASSERT_NE(finestra_titolata(aperte, "guida"), nullptr);
     ASSERT_TRUE(platform::attiva_finestra(guida, display_));
     EXPECT_TRUE(aspetta([&] { return attiva() == guida; }));
+}
+
+TEST_F(Schermo, RipristinaLaFinestraRidottaAIconaEQuellaIngrandita) {
+    gestisci();
+    ASSERT_TRUE(gestore_pronto());
+    const xcb_window_t guida = apri("Guida");
+    const xcb_window_t altra = apri("Altra");
+    manda(guida, "WM_CHANGE_STATE", {3});
+    ASSERT_TRUE(aspetta([&] { return stato(guida) == icona; }));
+    ASSERT_TRUE(platform::mostra_finestra(guida, display_));
+    EXPECT_TRUE(aspetta([&] { return stato(guida) == normale; }));
+
+    const auto intero = [this](xcb_window_t w) { return largo(w) > 500; };
+    manda(altra, "_NET_WM_STATE",
+          {1, atomo("_NET_WM_STATE_MAXIMIZED_VERT"), atomo("_NET_WM_STATE_MAXIMIZED_HORZ")});
+    ASSERT_TRUE(aspetta([&] { return intero(altra); }));
+    ASSERT_TRUE(platform::mostra_finestra(altra, display_));
+    EXPECT_TRUE(aspetta([&] { return !intero(altra); }));
+    EXPECT_EQ(largo(altra), 200);
 }
