@@ -111,7 +111,7 @@ void frmstsvl::crea_invio() {
         riga->setGeometry(8, 10 + i * 20, 264, 18);
     }
     Picture2 = forma("Picture2", {20, 58, 240, 12}, "binario", Picture1);
-    // Nothing ever shows it: a job is over before there is anything to wait for.
+    // It belongs to the design and stays hidden: no job shows it.
     Picture1->hide();
 }
 

@@ -14,8 +14,6 @@ class QPagedPaintDevice;
 class QPushButton;
 class QStackedWidget;
 class QTreeWidget;
-class QTreeWidgetItem;
-class QVBoxLayout;
 
 namespace guida {
 
