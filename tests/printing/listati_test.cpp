@@ -264,6 +264,22 @@ TEST_F(Listati, LaPaginaPienaSiVedeDallaPenna) {
     EXPECT_EQ(che_cominciano("Schedina n.").back().testo, "Schedina n. 151");
 }
 
+TEST_F(Listati, QuanteBandeStannoInUnaPagina) {
+    // 33 tells the pen's 0.75 from none at all, 21 tells it from 1 and the foot's 6 from 7.
+    for (const auto& [colonne, bande] : {std::pair{5, 10}, std::pair{21, 4}, std::pair{33, 2}}) {
+        SCOPED_TRACE(colonne);
+        r_.fatte.clear();
+        cartella_.scrivi("col.dat", "\"" + std::to_string(colonne) + "\"\r\n");
+        ASSERT_TRUE(superenalotto(sestine(colonne * 5 * (2 * bande + 1))));
+        std::vector<int> blocchi(4);
+        for (const auto& o : che_cominciano("Schedina n.")) {
+            ASSERT_LE(o.pagina, 3);
+            ++blocchi[static_cast<std::size_t>(o.pagina)];
+        }
+        EXPECT_EQ(blocchi, (std::vector<int>{0, bande * 5, bande * 5, 5}));
+    }
+}
+
 TEST_F(Listati, LeBandeComincianoUgualiSuOgniPagina) {
     ASSERT_TRUE(superenalotto(sestine(25 * 30)));
     std::vector<float> prime;
