@@ -5,6 +5,7 @@
 
 #include "platform/controls.h"
 #include "printing/frmstsvl.h"
+#include "support/altre_finestre.h"
 #include "support/pdf.h"
 #include "support/programma.h"
 
@@ -531,4 +532,29 @@ TEST(StampaSchedine, ConLoStrumentoApertoNonScriveENonAvvia) {
     EXPECT_TRUE(s.p.mostrati().empty());
     EXPECT_EQ(s.dalla_suite("trans"), "prima");
     EXPECT_EQ(s.dalla_suite("partito"), "");
+}
+
+TEST(StampaSchedine, ConLoStrumentoApertoAttivaLaSuaFinestra) {
+    Stampa s;
+    s.in_linea();
+    s.sviluppato();
+    s.nella_suite("sch", "");
+    support::AltreFinestre altre(
+        {{2, "Tabellino", false}, {5, "Stampante", false}, {6, "Stampa", false}});
+    s.apri();
+    s.conferma(2);
+    EXPECT_EQ(altre.fatte, std::vector<std::string>{"attiva 6"});
+    EXPECT_TRUE(s.chiuso());
+}
+
+TEST(StampaSchedine, SenzaIlSegnoNonSiAttivaNulla) {
+    Stampa s;
+    s.in_linea();
+    s.sviluppato();
+    s.nella_suite("stampa.exe", strumento, true);
+    support::AltreFinestre altre({{6, "stampa", false}});
+    s.apri();
+    s.conferma(2);
+    EXPECT_TRUE(altre.fatte.empty());
+    EXPECT_EQ(s.dalla_suite("trans"), "\"cruciverba\",\"prova\"\r\n");
 }
