@@ -24,7 +24,9 @@ constexpr std::string_view uso =
     "     archivio verifica                       controlla l'archivio record per record\n"
     "     archivio dimostrativo                   mette un archivio di estrazioni inventate\n"
     "                                             dove non ce n'è nessuno\n"
+    "     archivio --aiuto                        queste righe; anche --help e -h\n"
     "Con --archivio FILE si lavora su un altro file; senza, su quello del programma.\n"
+    "Dopo -- ogni parola è un file, anche se comincia con --.\n"
     "Esce con 0 se tutto vale, 1 se qualche riga è stata rifiutata o lasciata com'era o se\n"
     "l'archivio ha difetti, 2 se il comando non si può eseguire.\n";
 
@@ -47,9 +49,8 @@ struct Opzioni {
     std::optional<std::string> errore;
 };
 
-Opzioni opzioni(const std::vector<std::string>& parole, const std::string& archivio) {
+Opzioni opzioni(const std::vector<std::string>& parole) {
     Opzioni o;
-    o.archivio = archivio;
     bool solo_file = false;
     for (std::size_t i = 1; i < parole.size(); ++i) {
         const std::string& p = parole[i];
@@ -59,7 +60,7 @@ Opzioni opzioni(const std::vector<std::string>& parole, const std::string& archi
             solo_file = true;
         } else if (p == "--sostituisci" && parole[0] == "importa") {
             o.sostituisci = true;
-        } else if (p == "--archivio" && i + 1 < parole.size()) {
+        } else if (p == "--archivio" && i + 1 < parole.size() && !parole[i + 1].empty()) {
             o.archivio = parole[++i];
         } else {
             o.errore = p == "--archivio" ? "--archivio vuole un file" : "opzione sconosciuta: " + p;
@@ -137,7 +138,7 @@ int metti_dimostrativo(const Opzioni& o) {
 
 }  // namespace
 
-int comando(const std::vector<std::string>& parole, const std::string& archivio) {
+int comando(const std::vector<std::string>& parole, const std::function<std::string()>& archivio) {
     if (parole[0] == "--aiuto" || parole[0] == "--help" || parole[0] == "-h") {
         stampa(uso);
         return riuscito;
@@ -150,10 +151,13 @@ int comando(const std::vector<std::string>& parole, const std::string& archivio)
          {Sottocomando{"importa", importa_file}, Sottocomando{"stato", mostra_stato},
           Sottocomando{"verifica", verifica}, Sottocomando{"dimostrativo", metti_dimostrativo}}) {
         if (parole[0] != c.nome) continue;
-        const Opzioni o = opzioni(parole, archivio);
-        if (!o.errore) return c.fare(o);
-        lamenta(*o.errore + "; archivio --aiuto spiega l'uso");
-        return impossibile;
+        Opzioni o = opzioni(parole);
+        if (o.errore) {
+            lamenta(*o.errore + "; archivio --aiuto spiega l'uso");
+            return impossibile;
+        }
+        if (o.archivio.empty()) o.archivio = archivio();
+        return c.fare(o);
     }
     lamenta("comando sconosciuto: " + parole[0] + "; archivio --aiuto li elenca");
     return impossibile;

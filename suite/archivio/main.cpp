@@ -1,6 +1,4 @@
 // Fills the archive of draws: a command with words behind it, a window without.
-#include <algorithm>
-
 #include <QApplication>
 #include <QIcon>
 
@@ -10,21 +8,19 @@
 #include "platform/application.h"
 
 int main(int argc, char** argv) {
-    const std::string eseguibile = platform::cartella_eseguibile();
     const std::vector<std::string> parole(argv + 1, argv + argc);
-    // The build makes the demonstration archive before the suite is complete.
-    const bool altrove = std::find(parole.begin(), parole.end(), "--archivio") != parole.end();
-    const std::string archivio = altrove
-                                     ? std::string()
-                                     : importazione::archivio_della_suite(platform::trova_cartella(
-                                           eseguibile, eseguibile + "/../share/tabellino"));
+    const auto archivio = [] {
+        const std::string eseguibile = platform::cartella_eseguibile();
+        return importazione::archivio_della_suite(
+            platform::trova_cartella(eseguibile, eseguibile + "/../share/tabellino"));
+    };
     if (!parole.empty()) return importazione::comando(parole, archivio);
 
     QApplication qt(argc, argv);
     QApplication::setApplicationName("tabellino-archivio");
     QApplication::setWindowIcon(QIcon(":/tabellino.svg"));
     app::applica_stile(qt);
-    importazione::Finestra finestra(archivio);
+    importazione::Finestra finestra(archivio());
     finestra.show();
     return QApplication::exec();
 }

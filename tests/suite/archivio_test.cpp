@@ -345,7 +345,7 @@ protected:
         if (con_archivio) {
             parole.insert(parole.begin() + 1, {"--archivio", archivio_});
         }
-        parole.insert(parole.begin(), ARCHIVIO);
+        parole.insert(parole.begin(), programma_);
         const std::string uscita = cartella_.file("uscita");
         const std::string errori = cartella_.file("errori");
         const pid_t figlio = ::fork();
@@ -356,7 +356,7 @@ protected:
             std::vector<char*> argomenti;
             for (std::string& parola : parole) argomenti.push_back(parola.data());
             argomenti.push_back(nullptr);
-            ::execv(ARCHIVIO, argomenti.data());
+            ::execv(programma_.c_str(), argomenti.data());
             ::_exit(127);
         }
         int stato = 0;
@@ -364,6 +364,24 @@ protected:
         return {WIFEXITED(stato) ? WEXITSTATUS(stato) : -1, support::contenuto(uscita),
                 support::contenuto(errori)};
     }
+
+    std::string programma_ = ARCHIVIO;
+};
+
+/// The command as it is installed, whose files are in the user's own folder.
+class ComandoInstallato : public Comando {
+protected:
+    ComandoInstallato() {
+        fs::create_directories(cartella_.file("bin"));
+        programma_ = cartella_.file("bin/archivio");
+        std::error_code altro_disco;
+        fs::create_hard_link(ARCHIVIO, programma_, altro_disco);
+        if (altro_disco) fs::copy_file(ARCHIVIO, programma_);
+        ::setenv("XDG_DATA_HOME", dati_.c_str(), 1);
+    }
+    ~ComandoInstallato() override { ::unsetenv("XDG_DATA_HOME"); }
+
+    const std::string dati_ = cartella_.file("dati");
 };
 
 }  // namespace
@@ -442,4 +460,34 @@ TEST(Suite, PortaUnArchivioDimostrativoInOrdine) {
     EXPECT_TRUE(
         aperto.apri(statistics::file_archivio(platform::radice(SUITE_DIR "/cruciverba")), false)
             .ok());
+}
+
+TEST_F(ComandoInstallato, AiutoEParoleSbagliateNonScrivonoSulDisco) {
+    using Parole = std::vector<std::string>;
+    for (const Parole& aiuto : {Parole{"--aiuto"}, Parole{"--help"}, Parole{"-h"}}) {
+        const Risposta r = esegui(aiuto, false);
+        EXPECT_EQ(r.codice, 0) << aiuto[0];
+        EXPECT_TRUE(r.uscita.starts_with("Uso: archivio ")) << aiuto[0];
+    }
+    for (const Parole& sbagliate :
+         {Parole{"boh"}, Parole{"importa"}, Parole{"stato", "--boh"}, Parole{"verifica", "altro"},
+          Parole{"stato", "--archivio"}, Parole{"stato", "--archivio", ""},
+          Parole{"dimostrativo", "--", "--archivio"}}) {
+        const Risposta r = esegui(sbagliate, false);
+        EXPECT_EQ(r.codice, 2) << sbagliate.back();
+        EXPECT_TRUE(r.errori.starts_with("archivio: ")) << r.errori;
+    }
+    EXPECT_FALSE(fs::exists(dati_));
+}
+
+TEST_F(ComandoInstallato, UnComandoInRegolaTrovaLaCartellaDelProgramma) {
+    EXPECT_EQ(esegui({"dimostrativo"}, false).codice, 0);
+    EXPECT_TRUE(fs::exists(dati_ + "/sortivario/archivio/drawit.sqlite"));
+    EXPECT_EQ(esegui({"stato"}, false).codice, 0);
+}
+
+TEST_F(Comando, DopoIDueTrattiOgniParolaEUnFile) {
+    const Risposta r = esegui({"importa", "--", "--aiuto"});
+    EXPECT_EQ(r.codice, 2);
+    EXPECT_TRUE(r.errori.starts_with("--aiuto: ")) << r.errori;
 }
