@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# pacchetto.sh voce|metadati|pacchetto SOURCE BUILD: what is installed, checked as a desktop and
+# pacchetto.sh voce|metadati|manuale|pacchetto SOURCE BUILD: what is installed, checked as a desktop and
 # Debian would. Exits 77 when the tools for it are missing.
 set -euo pipefail
 cosa=$1 sorgenti=$2 build=$3
@@ -13,6 +13,39 @@ serve() {
 }
 fallisci() { echo "FAILED: $*" >&2; exit 1; }
 
+# The options in a text.
+opzioni() { tr -c 'a-z-' '\n' | grep -xE -e '--[a-z]*|-[a-z]' | sort -u | tr '\n' ' '; }
+
+# What the sources accept, what a command tells of itself and what its page tells are the same.
+manuale() {
+  local comando eseguibile fonti pagina accettate dette scritte parola file
+  for comando in archivio ridotti; do
+    case $comando in
+    archivio) eseguibile=$build/suite/cruciverba/archivio fonti=("$sorgenti"/suite/archivio/comando.cpp) ;;
+    ridotti) eseguibile=$build/bin/ridotti fonti=("$sorgenti"/suite/ridotti/*.cpp) ;;
+    esac
+    pagina=$(sed 's/\\-/-/g' "$sorgenti/packaging/man/$comando.1")
+    accettate=$(grep -hoE '"(--[a-z]*|-[a-z])"' "${fonti[@]}" | opzioni)
+    dette=$("$eseguibile" --aiuto | opzioni)
+    [ -n "$dette" ] || fallisci "$comando --aiuto tells no option"
+    [ "$accettate" = "$dette" ] ||
+      fallisci "$comando accepts $accettate and tells of $dette"
+    scritte=$(opzioni <<<"$pagina")
+    [ "$scritte" = "$dette" ] || fallisci "$comando tells of $dette and $comando.1 of $scritte"
+    for parola in $("$eseguibile" --aiuto | grep -oE "^(Uso:)? +$comando [a-z]+" | awk '{print $NF}'); do
+      [ "$parola" = apre ] || grep -q "^\.B $comando $parola" <<<"$pagina" ||
+        fallisci "$comando.1 lacks $parola"
+    done
+    grep -q "^\.BR $comando (1)" "$sorgenti/packaging/man/tabellino.1" ||
+      fallisci "tabellino.1 does not lead to $comando.1"
+  done
+  for file in .sen .col .sel .lot cst rip.dat col.dat mstat.dat /act 'temp\*' -prospetto.pdf \
+    -sviluppo.pdf .rid drawit.mdb drawit.sqlite skn.dat 'skin1_\*.skn' guida.html open trans sch; do
+    sed 's/\\-/-/g' "$sorgenti/packaging/man/tabellino.1" | grep -q "^\.I.*$file" ||
+      fallisci "tabellino.1 lacks $file"
+  done
+}
+
 case $cosa in
 voce)
   serve desktop-file-validate
@@ -22,9 +55,12 @@ metadati)
   serve appstreamcli
   appstreamcli validate --no-net "$build/packaging/local.tabellino.tabellino.metainfo.xml"
   exit ;;
+manuale)
+  manuale
+  exit ;;
 esac
 
-serve cpack dpkg-deb dpkg-shlibdeps file
+serve cpack dpkg dpkg-deb dpkg-shlibdeps file
 lavoro=$(mktemp -d)
 programma=
 trap '[ -z "$programma" ] || kill -KILL "$programma" 2>/dev/null || true; rm -rf "$lavoro"' EXIT
