@@ -219,7 +219,7 @@ int chiedi(const std::vector<std::string>& argomenti, Tabella& tabella) {
     const LettoreJet& lettore = lettore_jet();
     Figlio figlio;
     const std::string programma =
-        lettore.programma.empty() ? cartella_eseguibile() + "/leggi_mdb" : lettore.programma;
+        lettore.programma.empty() ? trova_lettore(cartella_eseguibile()) : lettore.programma;
     if (!figlio.avvia(programma, argomenti)) return errore_lettore_assente;
     const auto dati = figlio.uscita(lettore);
     return dati ? leggi_messaggio(*dati, tabella) : errore_danneggiato;
@@ -246,6 +246,12 @@ bool intestazione(const std::string& file) {
 LettoreJet& lettore_jet() {
     static LettoreJet lettore;
     return lettore;
+}
+
+std::string trova_lettore(const std::string& eseguibile) {
+    const std::string accanto = eseguibile + "/leggi_mdb";
+    const std::string installato = eseguibile + "/" LIBEXEC "/leggi_mdb";
+    return !esiste_file(accanto) && esiste_file(installato) ? installato : accanto;
 }
 
 int verifica_jet(const std::string& file) {

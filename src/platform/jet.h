@@ -12,13 +12,17 @@ namespace platform {
 
 /// The child and how long it is waited for; a test sets its own.
 struct LettoreJet {
-    std::string programma;  ///< empty: "leggi_mdb" beside the running program
+    std::string programma;  ///< empty: what `trova_lettore` finds for the running program
     /// A good file yields something all the time; one that does not for so long is damaged.
     std::chrono::milliseconds attesa_muta{2000};
     std::chrono::milliseconds attesa_totale{10000};
     std::size_t uscita_massima = std::size_t{256} << 20;
 };
 LettoreJet& lettore_jet();
+
+/// The child of a program in the folder `eseguibile`: beside it in a suite folder, among the
+/// programs that are no commands where it is installed.
+std::string trova_lettore(const std::string& eseguibile);
 
 /// Tells whether the file is a Jet database with a catalogue; 0 or DAO's number of the error.
 int verifica_jet(const std::string& file);

@@ -72,9 +72,16 @@ dpkg-deb -x "$deb" "$lavoro/x"
 
 # Layout.
 usr=$lavoro/x/usr
-for eseguibile in bin/tabellino bin/ridotti bin/archivio bin/leggi_mdb; do
+comandi=$(find "$usr/bin" -type f -printf '%f\n' | sort | tr '\n' ' ')
+[ "$comandi" = "archivio ridotti tabellino " ] || fallisci "commands: $comandi"
+for eseguibile in bin/tabellino bin/ridotti bin/archivio libexec/tabellino/leggi_mdb; do
   [ -x "$usr/$eseguibile" ] || fallisci "$eseguibile is not there"
 done
+# The program looks for its reader of Jet files there, and the reader reads.
+LC_ALL=C grep -aqF /../libexec/tabellino/leggi_mdb "$usr/bin/tabellino" ||
+  fallisci "the program looks elsewhere for its reader"
+[ "$("$usr/bin/../libexec/tabellino/leggi_mdb" "$sorgenti/tests/fixtures/jet/drawit.mdb" archivio | wc -c)" -gt 1000 ] ||
+  fallisci "leggi_mdb reads nothing"
 for nome in applications/tabellino.desktop metainfo/local.tabellino.tabellino.metainfo.xml \
   icons/hicolor/scalable/apps/tabellino.svg man/man1/tabellino.1.gz man/man1/ridotti.1.gz man/man1/archivio.1.gz \
   doc/tabellino/copyright tabellino/ridotti/cr0600.rid tabellino/ridotti/cr1507.rid \

@@ -231,6 +231,20 @@ TEST_F(JetTest, a_reader_that_is_not_there_is_told) {
     EXPECT_EQ(leggi(intero_), 3170);
 }
 
+TEST_F(JetTest, the_reader_is_beside_the_program_or_where_it_is_installed) {
+    const std::string usr = cartella_.file("usr");
+    const std::string bin = usr + "/bin";
+    const std::string accanto = bin + "/leggi_mdb";
+    const std::string installato = usr + "/libexec/tabellino/leggi_mdb";
+    fs::create_directories(bin);
+    fs::create_directories(usr + "/libexec/tabellino");
+    EXPECT_EQ(trova_lettore(bin), accanto);
+    support::scrivi_file(installato, "x");
+    EXPECT_TRUE(fs::equivalent(trova_lettore(bin), installato));
+    support::scrivi_file(accanto, "x");
+    EXPECT_EQ(trova_lettore(bin), accanto);
+}
+
 TEST_F(JetTest, a_reader_that_dies_or_talks_nonsense_counts_as_a_damaged_file) {
     for (const char* comandi :
          {"kill -9 $$", "exit 0", "exit 1", "printf F", "printf 'F\\001\\000\\000\\000'",
