@@ -68,10 +68,27 @@ cpack -G DEB --config "$build/CPackConfig.cmake" -B "$lavoro/cpack" >"$lavoro/lo
   { cat "$lavoro/log"; fallisci "cpack"; }
 deb=$(echo "$lavoro"/cpack/*.deb)
 [ -f "$deb" ] || fallisci "no package"
-dpkg-deb -x "$deb" "$lavoro/x"
+# A root folder of its own with an empty list of packages; its owners are played where nobody is root.
+radice=$lavoro/x
+mkdir -p "$radice/var/lib/dpkg/info" "$radice/var/lib/dpkg/updates" "$radice/var/lib/dpkg/triggers"
+: >"$radice/var/lib/dpkg/status"
+: >"$radice/var/lib/dpkg/available"
+# dpkg looks for tools there, which only root's own path names.
+PATH=$PATH:/usr/sbin:/sbin
+in_radice=(dpkg --root="$radice" --log=/dev/null --force-depends --force-not-root
+  --force-script-chrootless)
+if [ "$(id -u)" -ne 0 ]; then
+  serve fakeroot
+  in_radice=(fakeroot "${in_radice[@]}")
+fi
+"${in_radice[@]}" --install "$deb" >"$lavoro/log" 2>&1 || { cat "$lavoro/log"; fallisci "dpkg --install"; }
+[ "$(dpkg-query --admindir="$radice/var/lib/dpkg" -W -f '${db:Status-Status}' tabellino)" = installed ] ||
+  fallisci "dpkg does not know the package"
+# Files below the root, without the list of packages.
+rimasti() { find "$radice" -path "$radice/var/lib/dpkg" -prune -o "$@" -print; }
 
 # Layout.
-usr=$lavoro/x/usr
+usr=$radice/usr
 comandi=$(find "$usr/bin" -type f -printf '%f\n' | sort | tr '\n' ' ')
 [ "$comandi" = "archivio ridotti tabellino " ] || fallisci "commands: $comandi"
 for eseguibile in bin/tabellino bin/ridotti bin/archivio libexec/tabellino/leggi_mdb; do
@@ -85,7 +102,8 @@ LC_ALL=C grep -aqF /../libexec/tabellino/leggi_mdb "$usr/bin/tabellino" ||
 for nome in applications/tabellino.desktop metainfo/local.tabellino.tabellino.metainfo.xml \
   icons/hicolor/scalable/apps/tabellino.svg man/man1/tabellino.1.gz man/man1/ridotti.1.gz man/man1/archivio.1.gz \
   doc/tabellino/copyright tabellino/ridotti/cr0600.rid tabellino/ridotti/cr1507.rid \
-  tabellino/skin/skn.dat tabellino/skin/skin1_1.skn tabellino/archivio/drawit.sqlite tabellino/guida.html; do
+  tabellino/skin/skn.dat tabellino/skin/skin1_1.skn tabellino/skin/skin1_2.skn tabellino/skin/skin1_3.skn \
+  tabellino/archivio/drawit.sqlite tabellino/guida.html; do
   [ -f "$usr/share/$nome" ] || fallisci "share/$nome is not there"
 done
 for lato in 16 22 24 32 48 64 128 256; do
@@ -100,10 +118,9 @@ done
 [ -x "$usr/libexec/tabellino/guida" ] || fallisci "the guide is not there"
 [ "$(readlink -f "$usr/share/tabellino/guida")" = "$(readlink -f "$usr/libexec/tabellino/guida")" ] ||
   fallisci "share/tabellino/guida does not lead to the guide"
-altrove=$(find "$lavoro/x" -type f ! -path '*/usr/bin/*' ! -path '*/usr/share/*' \
-  ! -path '*/usr/libexec/tabellino/*')
+altrove=$(rimasti -type f ! -path '*/usr/bin/*' ! -path '*/usr/share/*' ! -path '*/usr/libexec/tabellino/*')
 [ -z "$altrove" ] || fallisci "unexpected files: $altrove"
-scrivibili=$(find "$lavoro/x" -type f -perm /022)
+scrivibili=$(rimasti -type f -perm /022)
 [ -z "$scrivibili" ] || fallisci "writable by others: $scrivibili"
 
 # Dependencies: each library that a program wants belongs to a package that is named.
@@ -113,7 +130,7 @@ for pacchetto in libqt6widgets6 libqt6svg6 libqt6printsupport6 libmdb libc6 font
 done
 
 # A first start makes the user's suite folder and nothing else in the home.
-casa=$lavoro/casa dati=$lavoro/casa/dati
+casa=$radice/home/utente dati=$casa/dati
 mkdir -p "$casa/run"
 chmod 700 "$casa/run"
 env -u DISPLAY -u WAYLAND_DISPLAY HOME="$casa" XDG_DATA_HOME="$dati" XDG_RUNTIME_DIR="$casa/run" \
@@ -128,7 +145,9 @@ done
 kill -0 $programma 2>/dev/null || { cat "$lavoro/err"; fallisci "the program ended"; }
 suite=$dati/sortivario
 [ -d "$suite/cruciverba" ] || fallisci "no suite folder after the first start"
-diff -r "$usr/share/tabellino/ridotti" "$suite/ridotti" || fallisci "tables differ"
+for parte in ridotti skin archivio; do
+  diff -r "$usr/share/tabellino/$parte" "$suite/$parte" || fallisci "$parte differs"
+done
 for sistema in "$usr"/share/tabellino/cruciverba/*; do
   cmp "$sistema" "$suite/cruciverba/$(basename "$sistema")" || fallisci "sample systems differ"
 done
@@ -139,4 +158,13 @@ done
 kill -TERM $programma
 wait $programma || true
 programma=
+
+# Removed, it takes everything along but what is the user's.
+echo '"mio"' >"$suite/cruciverba/mio.sen"
+propri=$(cd "$casa" && find . | sort)
+"${in_radice[@]}" --remove tabellino >"$lavoro/log" 2>&1 || { cat "$lavoro/log"; fallisci "dpkg --remove"; }
+[ "$(cd "$casa" && find . | sort)" = "$propri" ] || fallisci "the user's files did not stay"
+avanzi=$(rimasti -mindepth 1 ! -path "$casa*" ! -path "$radice/home" ! -path "$radice/var" \
+  ! -path "$radice/var/lib")
+[ -z "$avanzi" ] || fallisci "left behind: $avanzi"
 echo "$(basename "$deb"): $dipendenze"
