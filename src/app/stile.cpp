@@ -57,6 +57,10 @@ QLabel[titolo="true"] { color: #000080; font-weight: bold; }
 QLabel[titolo_grande="true"] { color: #000080; font-size: 24px; font-weight: bold; }
 QLabel[valore="true"] { background: #F4F9FE; border: 1px solid #B9CBE0; border-radius: 3px;
     padding: 0 6px; font-weight: bold; color: #000080; }
+QLabel[trascina="true"] { background: #F4F9FE; border: 2px dashed #8FA6C8; border-radius: 6px;
+    color: #000080; }
+QLabel[trascina="true"][sopra="true"] { background: #FFF8EC; border-color: #E07B00; }
+QLabel[invito="true"] { color: #4A5A73; }
 QLabel[su_scuro="true"] { color: #D8EEFE; }
 QLabel[titolo_splash="true"] { color: white; font-size: 32px; font-weight: bold; }
 
@@ -103,6 +107,12 @@ QHeaderView::section { background: #000080; color: white; border: 0; padding: 4p
 QLineEdit { background: white; border: 1px solid #7E97BE; border-radius: 3px; padding: 1px 5px;
     selection-background-color: #000080; }
 QLineEdit:focus { border-color: #E07B00; }
+QCheckBox::indicator { width: 13px; height: 13px; background: white; border: 1px solid #7E97BE;
+    border-radius: 3px; }
+QCheckBox::indicator:hover, QCheckBox::indicator:focus { border-color: #E07B00; }
+QCheckBox::indicator:checked { image: url(:/spunta.svg); }
+QPlainTextEdit { background: white; border: 1px solid #7E97BE; border-radius: 3px; }
+QPlainTextEdit:focus { border-color: #E07B00; }
 
 QTabBar::tab { background: #D5E2F0; border: 1px solid #A9BCD6; border-bottom: 0; padding: 5px 16px;
     border-top-left-radius: 4px; border-top-right-radius: 4px; margin-right: 2px; }

@@ -63,6 +63,7 @@ Finestra::Finestra(std::string archivio) : archivio_(std::move(archivio)) {
         "lo storico del Lotto o del SuperEnalotto, anche in ZIP",
         this);
     lbltrascina->setObjectName("lbltrascina");
+    lbltrascina->setProperty("trascina", true);
     lbltrascina->setAlignment(Qt::AlignCenter);
     lbltrascina->setGeometry(margine, 120, largo, 62);
     cmdscegli = new QPushButton("&Scegli i file...", this);
@@ -81,8 +82,15 @@ Finestra::Finestra(std::string archivio) : archivio_(std::move(archivio)) {
     txtrapporto->setObjectName("txtrapporto");
     txtrapporto->setAccessibleName("Rapporto dell'importazione");
     txtrapporto->setReadOnly(true);
-    txtrapporto->setPlaceholderText("Il rapporto dell'importazione apparirà qui.");
     txtrapporto->setGeometry(margine, 240, largo, 136);
+    // A label, since the box's own hint is too pale to read.
+    auto* invito = new QLabel("Il rapporto dell'importazione apparirà qui.", txtrapporto);
+    invito->setObjectName("lblinvito");
+    invito->setProperty("invito", true);
+    invito->setAttribute(Qt::WA_TransparentForMouseEvents);
+    invito->setGeometry(6, 4, largo - 12, 18);
+    connect(txtrapporto, &QPlainTextEdit::textChanged, invito,
+            [this, invito] { invito->setVisible(txtrapporto->document()->isEmpty()); });
     cmdchiudi = new QPushButton("&Chiudi", this);
     cmdchiudi->setObjectName("cmdchiudi");
     cmdchiudi->setGeometry(larghezza - margine - 100, 384, 100, 28);
@@ -91,7 +99,6 @@ Finestra::Finestra(std::string archivio) : archivio_(std::move(archivio)) {
         importa_file(platform::scegli_file(this, "File delle estrazioni", QDir::homePath()));
     });
     connect(cmdchiudi, &QPushButton::clicked, this, &QWidget::close);
-    evidenzia(false);
     mostra_stato();
 }
 
@@ -140,10 +147,9 @@ void Finestra::importa_file(const QStringList& file) {
 }
 
 void Finestra::evidenzia(bool sopra) {
-    lbltrascina->setStyleSheet(
-        QStringLiteral("QLabel { background: %1; border: 2px dashed %2; border-radius: 6px; "
-                       "color: #000080; }")
-            .arg(sopra ? "#FFF8EC" : "#F4F9FE", sopra ? "#E07B00" : "#8FA6C8"));
+    lbltrascina->setProperty("sopra", sopra);
+    lbltrascina->style()->unpolish(lbltrascina);
+    lbltrascina->style()->polish(lbltrascina);
 }
 
 void Finestra::dragEnterEvent(QDragEnterEvent* evento) {

@@ -2,25 +2,32 @@
 #include <QApplication>
 #include <QIcon>
 
+#include "app/aspetto.h"
 #include "app/stile.h"
 #include "comando.h"
 #include "finestra.h"
 #include "platform/application.h"
+#include "platform/desktop.h"
 
 int main(int argc, char** argv) {
     const std::vector<std::string> parole(argv + 1, argv + argc);
-    const auto archivio = [] {
+    const auto cartella = [] {
         const std::string eseguibile = platform::cartella_eseguibile();
-        return importazione::archivio_della_suite(
-            platform::trova_cartella(eseguibile, eseguibile + "/../share/tabellino"));
+        return platform::trova_cartella(eseguibile, eseguibile + "/../share/tabellino");
     };
-    if (!parole.empty()) return importazione::comando(parole, archivio);
+    if (!parole.empty()) {
+        return importazione::comando(
+            parole, [&] { return importazione::archivio_della_suite(cartella()); });
+    }
 
     QApplication qt(argc, argv);
     QApplication::setApplicationName("tabellino-archivio");
+    QApplication::setDesktopFileName("tabellino");
     QApplication::setWindowIcon(QIcon(":/tabellino.svg"));
     app::applica_stile(qt);
-    importazione::Finestra finestra(archivio());
+    const std::string programma = cartella();
+    importazione::Finestra finestra(importazione::archivio_della_suite(programma));
+    finestra.setStyleSheet(platform::q(app::foglio_aspetto(platform::radice(programma))));
     finestra.show();
     return QApplication::exec();
 }

@@ -12,6 +12,7 @@
 #include "archivio/finestra.h"
 #include "platform/desktop.h"
 #include "platform/folder.h"
+#include "support/archivio.h"
 #include "support/cartella.h"
 
 using importazione::Finestra;
@@ -125,4 +126,49 @@ TEST_F(FinestraArchivio, ChiudiChiude) {
     f.show();
     QTest::mouseClick(f.cmdchiudi, Qt::LeftButton);
     EXPECT_FALSE(f.isVisible());
+}
+
+TEST_F(FinestraArchivio, LInvitoLasciaIlPostoAlRapporto) {
+    Finestra f(archivio_);
+    f.show();
+    const auto* invito = f.findChild<QLabel*>("lblinvito");
+    ASSERT_NE(invito, nullptr);
+    EXPECT_TRUE(invito->isVisible());
+    trascina(f, {scrivi("a.csv", una_sestina)});
+    EXPECT_FALSE(invito->isVisible());
+}
+
+/// Colour of the place for the files, clear of its edge and of its words.
+QColor fondo(Finestra& f) {
+    return f.lbltrascina->grab().toImage().pixelColor(20, 8);
+}
+
+TEST_F(FinestraArchivio, IColoriSonoQuelliDellAspetto) {
+    struct Caso {
+        const char* aspetto;
+        const char* finestra;
+        const char* fermo;
+        const char* sopra;
+        const char* rapporto;
+    };
+    for (const Caso& c : {Caso{"1", "#E9F1F8", "#F4F9FE", "#FFF8EC", "#FFFFFF"},
+                          Caso{"2", "#F6F5F2", "#FBFAF8", "#FFF8EC", "#FFFFFF"},
+                          Caso{"3", "#161E2A", "#1F2A3A", "#3A2E14", "#131A25"}}) {
+        SCOPED_TRACE(c.aspetto);
+        Finestra f(archivio_);
+        f.setStyleSheet(QString::fromStdString(
+            support::contenuto(SOURCE_DIR "/suite/skin/skin1_" + std::string(c.aspetto) + ".skn")));
+        f.show();
+        EXPECT_EQ(f.grab().toImage().pixelColor(3, 3), QColor(c.finestra));
+        EXPECT_EQ(f.txtrapporto->grab().toImage().pixelColor(20, 100), QColor(c.rapporto));
+        EXPECT_EQ(fondo(f), QColor(c.fermo));
+        QMimeData dati;
+        dati.setUrls({QUrl::fromLocalFile("/a.csv")});
+        QDragEnterEvent entra({10, 10}, Qt::CopyAction, &dati, Qt::LeftButton, {});
+        QApplication::sendEvent(&f, &entra);
+        EXPECT_EQ(fondo(f), QColor(c.sopra));
+        QDragLeaveEvent esce;
+        QApplication::sendEvent(&f, &esce);
+        EXPECT_EQ(fondo(f), QColor(c.fermo));
+    }
 }

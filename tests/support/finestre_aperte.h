@@ -4,6 +4,11 @@
 #include <functional>
 #include <string>
 
+#include <QDropEvent>
+#include <QMimeData>
+#include <QUrl>
+
+#include "archivio/finestra.h"
 #include "check/frmspoglio.h"
 #include "help/frmAbout.h"
 #include "platform/folder.h"
@@ -47,6 +52,7 @@ public:
             importo();
             informazioni();
             spoglio();
+            importatore();
         }
     }
 
@@ -107,6 +113,22 @@ private:
         help::frmAbout f(p_.form1);
         f.show();
         guarda(f, "frmAbout");
+    }
+    void importatore() {
+        importazione::Finestra f(p_.cartella.radice() + "/archivio/drawit.sqlite");
+        f.setStyleSheet(p_.form1.styleSheet());
+        f.show();
+        guarda(f, "Archivio");
+        QMimeData dati;
+        dati.setUrls({QUrl::fromLocalFile("/nessuno.csv")});
+        QDragEnterEvent entra({10, 10}, Qt::CopyAction, &dati, Qt::LeftButton, {});
+        QApplication::sendEvent(&f, &entra);
+        guarda(f, "Archivio con un file sopra");
+        QDropEvent lascia({10, 10}, Qt::CopyAction, &dati, Qt::LeftButton, {});
+        QApplication::sendEvent(&f, &lascia);
+        ASSERT_FALSE(f.txtrapporto->document()->isEmpty());
+        f.chksostituisci->setChecked(true);
+        guarda(f, "Archivio con il rapporto");
     }
     void spoglio() {
         p_.comando(6);
