@@ -4,8 +4,10 @@
 #include <map>
 #include <set>
 
+#include <QCheckBox>
 #include <QImage>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QStyleOption>
 
@@ -56,6 +58,7 @@ QString testo_di(const QWidget* w) {
     if (const auto* b = qobject_cast<const QAbstractButton*>(w)) return b->text();
     if (const auto* c = qobject_cast<const QComboBox*>(w)) return c->currentText();
     if (const auto* t = qobject_cast<const QLineEdit*>(w)) return t->text();
+    if (const auto* t = qobject_cast<const QPlainTextEdit*>(w)) return t->toPlainText();
     return {};
 }
 
@@ -63,7 +66,9 @@ QString testo_di(const QWidget* w) {
 QRect dove(const QWidget* w) {
     QRect interno = w->rect().adjusted(3, 3, -3, -3);
     if (qobject_cast<const QComboBox*>(w) != nullptr) interno.setRight(interno.right() - 20);
-    if (qobject_cast<const QRadioButton*>(w) != nullptr) interno.setLeft(24);
+    if (qobject_cast<const QRadioButton*>(w) != nullptr ||
+        qobject_cast<const QCheckBox*>(w) != nullptr)
+        interno.setLeft(24);
     return interno;
 }
 
@@ -95,6 +100,7 @@ protected:
                 << testo.toStdString() << '"';
             ++misurati;
         }
+        misura_le_scelte(finestra, tutta);
         for (const auto* f : finestra.findChildren<platform::Frame*>()) {
             const QString titolo = f->caption().trimmed();
             if (!f->isVisible() || titolo.isEmpty()) continue;
@@ -106,6 +112,27 @@ protected:
         }
     }
     int misurati = 0;
+    int scelte = 0;
+
+private:
+    /// The mark of a chosen box or option is no text: 3 to 1 will do.
+    void misura_le_scelte(const QWidget& finestra, const QImage& tutta) {
+        for (const auto* b : finestra.findChildren<QAbstractButton*>()) {
+            const bool casella = qobject_cast<const QCheckBox*>(b) != nullptr;
+            if (!casella && qobject_cast<const QRadioButton*>(b) == nullptr) continue;
+            if (!b->isVisible() || !b->isChecked()) continue;
+            QStyleOptionButton opzione;
+            opzione.initFrom(b);
+            const QRect segno = b->style()->subElementRect(
+                casella ? QStyle::SE_CheckBoxIndicator : QStyle::SE_RadioButtonIndicator, &opzione,
+                b);
+            const QRect dentro = segno.adjusted(3, 3, -3, -3);
+            const QPoint angolo = b->mapTo(&finestra, QPoint(0, 0));
+            EXPECT_GE(contrasto_del_testo(tutta.copy(dentro.translated(angolo))), 3)
+                << b->objectName().toStdString();
+            ++scelte;
+        }
+    }
 };
 
 TEST_P(Contrasto, OgniTestoSiLegge) {
@@ -116,6 +143,7 @@ TEST_P(Contrasto, OgniTestoSiLegge) {
         misura(finestra);
     }).tutte();
     EXPECT_GT(misurati, 500);
+    EXPECT_GE(scelte, 4);
 }
 
 INSTANTIATE_TEST_SUITE_P(Aspetti, Contrasto, testing::Values(1, 2, 3));
