@@ -18,7 +18,8 @@ struct Data {
     int anno = 0;
     int mese = 0;
     int giorno = 0;
-    auto operator<=>(const Data&) const = default;
+    // The comparison that the compiler writes holds a literal 0.
+    auto operator<=>(const Data&) const = default;  // NOLINT(modernize-use-nullptr)
 };
 
 /// Days since 1899-12-30, as the databases count them.

@@ -12,8 +12,8 @@ QString corpo(const QString& pagina) {
     testo = testo.section("<body>", 1).section("</body>", 0, 0);
     // Chapters are headings of one page now, and links lead within it.
     testo.replace("<h1>", "<h1 id=\"" + pagina + "\">");
-    testo.replace(QRegularExpression("href=\"([a-z]+)\\.html\""), "href=\"#\\1\"");
-    static const QRegularExpression figura("src=\"(figure/[a-z0-9]+\\.png)\"");
+    testo.replace(QRegularExpression(R"(href="([a-z]+)\.html")"), R"(href="#\1")");
+    static const QRegularExpression figura(R"re(src="(figure/[a-z0-9]+\.png)")re");
     for (auto i = figura.globalMatch(testo); i.hasNext();) {
         const QString nome = i.next().captured(1);
         QFile file(":/guida/" + nome);

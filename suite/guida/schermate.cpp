@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdio>
 #include <filesystem>
-#include <stdlib.h>
+#include <stdlib.h>  // NOLINT(modernize-deprecated-headers): mkdtemp is not in <cstdlib>
 #include <string>
 
 #include <QApplication>
