@@ -1,21 +1,13 @@
-// The print options: their controls, checks and messages, and the three jobs.
-#include <filesystem>
-
-#include <QPointer>
-
-#include "platform/controls.h"
-#include "printing/frmstsvl.h"
-#include "support/altre_finestre.h"
-#include "support/pdf.h"
-#include "support/programma.h"
+// The print options: their controls, checks and messages, the summary and the listing.
+#include "support/stampa.h"
 
 using platform::q;
 using printing::frmstsvl;
 using support::Icona;
 using support::Mostrato;
-using support::Parola;
 using support::Programma;
 using support::Pulsanti;
+using support::Stampa;
 
 namespace {
 
@@ -24,77 +16,6 @@ using Mostrati = std::vector<Mostrato>;
 const Mostrato da_elaborare{
     "Per Poter stampare lo sviluppo o le schedine, occorre prima elaborare il sistema.",
     "Tabellino", Pulsanti::ok, Icona::informazione};
-const Mostrato schedine_da_elaborare{
-    "Per poter stampare le schedine di un sistema bisogna prima elaborarlo.", "Tabellino",
-    Pulsanti::ok, Icona::informazione};
-const Mostrato danneggiato{"Reinstalla Sortivario dal tuo CD-ROM.\r\nFile Danneggiato!",
-                           "Sortivario 2004", Pulsanti::ok, Icona::nessuna};
-
-/// The program, with the documents that the desktop was asked to show.
-class Stampa {
-public:
-    Stampa() {
-        platform::apri_con([this](const QString& documento) {
-            aperti << documento;
-            return true;
-        });
-    }
-    ~Stampa() { platform::apri_con({}); }
-    Stampa(const Stampa&) = delete;
-    Stampa& operator=(const Stampa&) = delete;
-
-    /// A system in line as after a save.
-    void in_linea(const QString& nome = "prova") {
-        p.form1.sistema_in_linea(nome);
-        p.form1.salvato = true;
-    }
-    void sviluppato(const std::string& colonne = "4,17,23,38,61,90\r\n") const {
-        p.cartella.scrivi(p.form1.lotto ? "prova.lot" : "prova.col", colonne);
-    }
-    /// Opens the dialog with the command of the main form.
-    frmstsvl* apri() {
-        p.comando(7);
-        QApplication::processEvents();
-        f = cerca();
-        EXPECT_FALSE(f.isNull()) << "the dialog did not open";
-        return f;
-    }
-    static frmstsvl* cerca() {
-        for (QWidget* w : QApplication::topLevelWidgets()) {
-            auto* form = qobject_cast<frmstsvl*>(w);
-            if (form != nullptr && form->isVisible()) return form;
-        }
-        return nullptr;
-    }
-    void conferma(int opzione) {
-        if (opzione >= 0) Programma::clic(f->Option1[static_cast<std::size_t>(opzione)]);
-        Programma::clic(f->Command2);
-    }
-    [[nodiscard]] bool chiuso() const { return f.isNull() || !f->isVisible(); }
-    [[nodiscard]] std::string pdf(const std::string& nome) const { return p.cartella.file(nome); }
-    [[nodiscard]] std::string testo(const std::string& nome) const {
-        std::string unito;
-        for (const Parola& parola : support::parole(pdf(nome))) unito += parola.testo + " ";
-        return unito;
-    }
-    void nella_suite(const std::string& nome, const std::string& dati, bool programma = false) {
-        const std::string intero = p.cartella.radice() + "/" + nome;
-        std::ofstream(intero, std::ios::binary) << dati;
-        if (programma) {
-            std::filesystem::permissions(intero, std::filesystem::perms::owner_all);
-        }
-    }
-    [[nodiscard]] std::string dalla_suite(const std::string& nome) const {
-        std::ifstream file(p.cartella.radice() + "/" + nome, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-
-    Programma p;
-    QStringList aperti;
-    QPointer<frmstsvl> f;
-};
-
-const char* const strumento = "#!/bin/sh\npwd > partito.tmp\nmv partito.tmp partito\n";
 
 }  // namespace
 
@@ -461,100 +382,4 @@ TEST(Imprimer, NelLottoCercaIlSuperEnalotto) {
     s.p.cartella.scrivi("prova.col", "1,2,3,4,5,6\r\n");
     Programma::clic(f->cmdstampa);
     EXPECT_NE(s.testo("prova-sviluppo.pdf").find("SuperEnalotto:prova"), std::string::npos);
-}
-
-TEST(StampaSchedine, SenzaSviluppoAvvisa) {
-    Stampa s;
-    s.in_linea();
-    s.nella_suite("stampa.exe", strumento, true);
-    s.apri();
-    s.conferma(2);
-    EXPECT_EQ(s.p.mostrati(), Mostrati{schedine_da_elaborare});
-    EXPECT_FALSE(s.chiuso());
-    EXPECT_EQ(s.dalla_suite("trans"), "");
-}
-
-TEST(StampaSchedine, SenzaEtichettaAvvisa) {
-    Stampa s;
-    s.in_linea();
-    s.sviluppato();
-    s.apri();
-    s.p.form1.lblsistema->clear();
-    s.conferma(2);
-    EXPECT_EQ(s.p.mostrati(), (Mostrati{{"Nessun Sistema è attualmente in linea", "Tabellino",
-                                         Pulsanti::ok, Icona::nessuna}}));
-    EXPECT_FALSE(s.chiuso());
-    s.p.form1.sistema_in_linea("prova");
-}
-
-TEST(StampaSchedine, ScriveTransEAvviaLoStrumento) {
-    for (const char* nome : {"stampa.exe", "stampa", "Stampa.EXE"}) {
-        Stampa s;
-        s.in_linea();
-        s.sviluppato();
-        s.nella_suite(nome, strumento, true);
-        s.nella_suite("trans", "prima\r\nancora\r\n");
-        s.apri();
-        s.conferma(2);
-        EXPECT_TRUE(s.chiuso());
-        EXPECT_TRUE(s.p.mostrati().empty());
-        EXPECT_EQ(s.dalla_suite("trans"), "\"cruciverba\",\"prova\"\r\n");
-        EXPECT_TRUE(QTest::qWaitFor([&s] { return !s.dalla_suite("partito").empty(); })) << nome;
-        EXPECT_EQ(s.dalla_suite("partito"),
-                  std::filesystem::canonical(s.p.cartella.radice()).string() + "\n");
-    }
-}
-
-TEST(StampaSchedine, SenzaStrumentoLoDice) {
-    for (const bool guasto : {false, true}) {
-        Stampa s;
-        s.in_linea();
-        s.sviluppato();
-        if (guasto) s.nella_suite("stampa.exe", "MZ, no program here");
-        s.apri();
-        s.conferma(2);
-        EXPECT_EQ(s.p.mostrati(), Mostrati{danneggiato});
-        EXPECT_TRUE(s.chiuso());
-        EXPECT_EQ(s.dalla_suite("trans"), "\"cruciverba\",\"prova\"\r\n");
-    }
-}
-
-TEST(StampaSchedine, ConLoStrumentoApertoNonScriveENonAvvia) {
-    Stampa s;
-    s.in_linea();
-    s.sviluppato();
-    s.nella_suite("stampa.exe", strumento, true);
-    s.nella_suite("sch", "");
-    s.nella_suite("trans", "prima");
-    s.apri();
-    s.conferma(2);
-    EXPECT_TRUE(s.chiuso());
-    EXPECT_TRUE(s.p.mostrati().empty());
-    EXPECT_EQ(s.dalla_suite("trans"), "prima");
-    EXPECT_EQ(s.dalla_suite("partito"), "");
-}
-
-TEST(StampaSchedine, ConLoStrumentoApertoAttivaLaSuaFinestra) {
-    Stampa s;
-    s.in_linea();
-    s.sviluppato();
-    s.nella_suite("sch", "");
-    support::AltreFinestre altre(
-        {{2, "Tabellino", false}, {5, "Stampante", false}, {6, "Stampa", false}});
-    s.apri();
-    s.conferma(2);
-    EXPECT_EQ(altre.fatte, std::vector<std::string>{"attiva 6"});
-    EXPECT_TRUE(s.chiuso());
-}
-
-TEST(StampaSchedine, SenzaIlSegnoNonSiAttivaNulla) {
-    Stampa s;
-    s.in_linea();
-    s.sviluppato();
-    s.nella_suite("stampa.exe", strumento, true);
-    support::AltreFinestre altre({{6, "stampa", false}});
-    s.apri();
-    s.conferma(2);
-    EXPECT_TRUE(altre.fatte.empty());
-    EXPECT_EQ(s.dalla_suite("trans"), "\"cruciverba\",\"prova\"\r\n");
 }

@@ -16,8 +16,8 @@ using support::Foglio;
 using support::foglio_largo;
 using support::largo;
 using support::mezzo;
-using support::Registratore;
 using support::Operazione;
+using support::Registratore;
 using support::Tipo;
 using support::x0;
 
