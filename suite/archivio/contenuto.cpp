@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "platform/disk.h"
 #include "platform/runtime.h"
 #include "platform/sqlite.h"
 #include "platform/sqlite_scrivi.h"
@@ -52,7 +53,7 @@ bool numeri_dei_file(const std::map<Data, Estrazione>& estrazioni,
     });
 }
 
-/// A column's number, which is there and fits 16 bits.
+/// A column's number, which is there and can be drawn.
 std::optional<std::int16_t> corto(const Tabella& t, std::size_t colonna, std::size_t riga) {
     if (t.nullo(colonna, riga)) return std::nullopt;
     const std::int32_t n = t.grezzo(colonna, riga);
@@ -204,6 +205,7 @@ std::map<Data, std::int32_t> numera(const std::map<Data, GiornoLotto>& estrazion
 }
 
 int carica(const std::string& file, Contenuto& contenuto) {
+    if (!platform::esiste_file(file)) return platform::errore_file_assente;
     if (const int errore = platform::verifica_sqlite(file); errore != 0) return errore;
     auto note = informazioni(file);
     const bool lotto_suoi = note["lotto"] == propri;

@@ -105,7 +105,7 @@ Finestra::Finestra(std::string archivio) : archivio_(std::move(archivio)) {
 void Finestra::mostra_stato() {
     Contenuto c;
     const int errore = carica(archivio_, c);
-    if (errore == platform::errore_formato && !QFile::exists(q(archivio_))) {
+    if (errore == platform::errore_file_assente) {
         lblstato->setText("L'archivio non c'è ancora: la prima importazione lo crea.");
         return;
     }

@@ -413,7 +413,9 @@ TEST_F(Comando, ConRigheRifiutateOLasciateEsceCon1) {
 TEST_F(Comando, QuelCheNonSiPuoFareEsceCon2) {
     EXPECT_EQ(esegui({"importa", cartella_.file("non_c_e")}).codice, 2);
     EXPECT_EQ(esegui({"importa"}).codice, 2);
-    EXPECT_EQ(esegui({"stato"}).codice, 2);
+    const Risposta assente = esegui({"stato"});
+    EXPECT_EQ(assente.codice, 2);
+    EXPECT_EQ(assente.errori, "archivio: " + archivio_ + ": Impossibile trovare il file.\n");
     EXPECT_EQ(esegui({"verifica"}).codice, 2);
     EXPECT_EQ(esegui({"stato", "altro"}).codice, 2);
     EXPECT_EQ(esegui({"stato", "--sostituisci"}).codice, 2);
