@@ -64,6 +64,15 @@ std::optional<std::size_t> ruota(std::string_view testo) {
     return std::nullopt;
 }
 
+/// What a column's name says of counting the draws; nothing when the name is unknown.
+std::optional<bool> conta_le_estrazioni(const std::string& nome) {
+    if (nome.starts_with("conc") || nome.starts_with("estrazione") || nome.starts_with("num") ||
+        nome == "nr" || nome == "n.")
+        return true;
+    if (nome == "n1" || nome == "1" || nome == "primo") return false;
+    return std::nullopt;
+}
+
 /// A line whose day is known, its meaning still to be told.
 struct Grezza {
     int riga = 0;
@@ -113,10 +122,8 @@ void Lettore::riga(std::string_view testo) {
         if (!prima || !ha_lettere(testo)) return rifiuta(riga_, "data mancante o non valida");
         // Names of columns: only where the number of the draw stands is of use.
         for (std::size_t i = 0; i + 1 < c.size(); ++i) {
-            const bool di_data = platform::LCase(c[i]).starts_with("dat");
-            if (di_data)
-                intestazione_con_numero_ = platform::LCase(c[i + 1]).starts_with("conc") ||
-                                           platform::LCase(c[i + 1]).starts_with("estrazione");
+            if (platform::LCase(c[i]).starts_with("dat"))
+                intestazione_con_numero_ = conta_le_estrazioni(platform::LCase(c[i + 1]));
         }
         return;
     }

@@ -141,6 +141,36 @@ TEST(SuperEnalotto, SenzaIntestazioneIlNumeroSiRiconosceDalSuoCorso) {
     EXPECT_EQ(primo("1997-12-03,5,1,2,3,4,6,7\n1997-12-06,6,1,2,3,4,7,8\n"), 5);
 }
 
+TEST(SuperEnalotto, IlNomeDellaColonnaDopoLaDataDiceSeContaLeEstrazioni) {
+    // One draw alone has no course to be known by, so the name decides.
+    for (const char* nome : {"concorso", "Conc.", "estrazione", "numero", "Num", "NR", "n."}) {
+        EXPECT_EQ(una("data;" + std::string(nome) +
+                      ";n1;n2;n3;n4;n5;n6;jolly\n03/12/1997;7;20;36;39;41;72;76;88\n"),
+                  sestina(88, {}, 7))
+            << nome;
+    }
+    // Numbers drawn that happen to go up by one.
+    for (const char* nome : {"n1", "N1", "1", "primo"}) {
+        const Lettura l = leggi("data;" + std::string(nome) +
+                                ";b;c;d;e;f;jolly\n03/12/1997;5;10;20;30;40;50;60\n"
+                                "06/12/1997;6;11;21;31;41;51;61\n");
+        ASSERT_EQ(l.superenalotto.size(), 2U) << nome;
+        EXPECT_EQ(l.superenalotto[0].sestina.numero, std::nullopt) << nome;
+        EXPECT_EQ(l.superenalotto[0].sestina.jolly, 60) << nome;
+    }
+}
+
+TEST(SuperEnalotto, ConUnNomeSconosciutoDecideIlContenuto) {
+    const std::string nomi = "data;quale;n1;n2;n3;n4;n5;n6;jolly\n";
+    const Lettura l = leggi(nomi +
+                            "03/12/1997;5;20;36;39;41;72;76;88\n"
+                            "06/12/1997;6;2;4;25;29;30;52;24\n");
+    ASSERT_EQ(l.superenalotto.size(), 2U);
+    EXPECT_EQ(l.superenalotto[0].sestina, sestina(88, {}, 5));
+    EXPECT_EQ(l.superenalotto[1].sestina.numero, 6);
+    EXPECT_EQ(una(nomi + "03/12/1997;20;36;39;41;72;76;88;5\n"), sestina(88, 5));
+}
+
 TEST(SuperEnalotto, OgniRigaRifiutataHaIlSuoMotivo) {
     EXPECT_EQ(motivo("1997-12-03,20,36,39,41,72"), "servono sei numeri, Jolly e SuperStar");
     EXPECT_EQ(motivo("1997-12-03,20,36,39,41,72,91"), "numero fuori da 1-90: 91");
