@@ -215,8 +215,8 @@ private:
     void genera();
     /// Puts the draws of the wheel chosen in the place of `draws`; false when they do not do.
     [[nodiscard]] bool estrazioni_della_ruota();
-    /// Shows the numbers laid and the progress.
-    [[nodiscard]] statistics::Seguito seguito();
+    /// Shows the numbers laid, and with `avanza` the progress too.
+    [[nodiscard]] statistics::Seguito seguito(bool avanza);
     void chiudi_se_chiesto();
 
     // Steps of the elaboration.

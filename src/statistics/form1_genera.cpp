@@ -18,21 +18,23 @@ std::string file_mstat() {
 
 }  // namespace
 
-statistics::Seguito Form1::seguito() {
+statistics::Seguito Form1::seguito(bool avanza) {
     statistics::Seguito seguito;
     seguito.barra = [this](std::int32_t massimo) {
         ProgressBar1->setRange(0, qMax(1, massimo));
         ProgressBar1->setValue(0);
         ProgressBar1->show();
     };
-    seguito.posata = [this](int riga, int colonna, int numero) {
+    seguito.posata = [this, avanza](int riga, int colonna, int numero) {
         // The hidden board bars nothing meanwhile: the quotas see the lines for themselves.
         MSFlexGrid1->cella(riga, colonna);
         MSFlexGrid1->set_Text(QString::number(numero));
-        // A bar paints itself, and the grid with it, at every value: here pending events do.
-        ProgressBar1->setUpdatesEnabled(false);
-        ProgressBar1->setValue(ProgressBar1->value() + 1);
-        ProgressBar1->setUpdatesEnabled(true);
+        if (avanza) {
+            // A bar paints itself, and the grid with it, at every value: here pending events do.
+            ProgressBar1->setUpdatesEnabled(false);
+            ProgressBar1->setValue(ProgressBar1->value() + 1);
+            ProgressBar1->setUpdatesEnabled(true);
+        }
         DoEvents();
         return !chiusura_chiesta_;
     };
@@ -63,7 +65,7 @@ void Form1::genera_statistico() {
     in_elaborazione_ = true;
     statistics::LettoreArchivio lettore(archivio);
     statistics::genera_statistico(lotto, statistico, lettore, file_mstat(), matrice, rnd_,
-                                  seguito());
+                                  seguito(true));
     in_elaborazione_ = false;
     ProgressBar1->hide();
 }
@@ -74,7 +76,7 @@ void Form1::completa() {
         const platform::LavoroLungo lavoro;
         in_elaborazione_ = true;
         statistics::LettoreArchivio lettore(archivio);
-        statistics::completa(statistico, lettore, file_mstat(), matrice, seguito());
+        statistics::completa(statistico, lettore, file_mstat(), matrice, seguito(false));
         in_elaborazione_ = false;
         ProgressBar1->hide();
     }

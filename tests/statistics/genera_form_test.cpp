@@ -4,17 +4,18 @@
 
 #include "archivio_finto.h"
 #include "crossword/linee.h"
-#include "platform/text_file.h"
-#include "statistics/completamento.h"
-#include "support/programma.h"
+#include "generazione.h"
+#include "statistics/statistica.h"
 
 using statistics::Conclusione;
 using statistics::Generazione;
 using statistics::Statistico;
+using support::con;
 using support::Icona;
 using support::Mostrato;
 using support::Programma;
 using support::Pulsanti;
+using support::uguali;
 
 namespace {
 
@@ -24,13 +25,6 @@ const Mostrato servono_cento{
     "", Pulsanti::ok, Icona::informazione};
 
 constexpr int nazionale = 10;
-
-/// A program whose archive holds so many draws.
-std::function<void(const support::Cartella&)> con(const support::Quante& quante) {
-    return [quante](const support::Cartella& c) {
-        support::metti_archivio(c.radice(), support::archivio_inventato(quante, 1));
-    };
-}
 
 /// The crossword that the logic lays from draws held in memory.
 Generazione attesa(bool lotto, const std::vector<support::Record>& records, platform::Rnd& rnd,
@@ -46,17 +40,6 @@ Generazione attesa(bool lotto, const std::vector<support::Record>& records, plat
 std::vector<support::Record> della_ruota(int indice, int quante = 320) {
     const std::uint32_t seme = indice == nazionale ? 2U : 3U + static_cast<std::uint32_t>(indice);
     return support::estrazioni(quante, seme);
-}
-
-/// The number of each cell, as the matrix and as the screen have it.
-void uguali(const Programma& p, const crossword::Matrice& m) {
-    ASSERT_EQ(p.form1.matrice, m);
-    for (int x = 0; x < m.colonne(); ++x) {
-        for (int y = 0; y < m.righe(); ++y) {
-            const QString testo = m(x, y) == 0 ? QString() : QString::number(m(x, y));
-            EXPECT_EQ(p.form1.MSFlexGrid1->testo(y, x), testo) << x << ',' << y;
-        }
-    }
 }
 
 /// What every press that works leaves behind.
@@ -334,9 +317,9 @@ TEST(GeneraLotto, LasciaLaRuotaELaperturaDopoRidaLaTabella) {
     EXPECT_EQ(a.draws.RecordCount(), 320);
     EXPECT_EQ(a.campo_1.Value(), platform::Valore("CA"));
     EXPECT_EQ(a.campo_concorso.Value(), platform::Valore(320));
-    EXPECT_EQ(a.campi_estratti[5].Name(), "5°estratto");
+    EXPECT_EQ(a.campi_estratti[5].Value(), a.draws.Fields("5°estratto").Value());
     p.form1.apri_archivio();
-    EXPECT_EQ(a.draws.Fields(9).Name(), "concorso");
+    EXPECT_FALSE(a.draws.Fields("Jolly").Value().nullo());
 }
 
 TEST(GeneraSuperEnalotto, UnArchivioDi150EstrazioniBasta) {
@@ -409,87 +392,6 @@ TEST(Genera, LaCasellaDiChiusuraFermaIlLavoro) {
         EXPECT_FALSE(p.form1.ProgressBar1->isVisibleTo(&p.form1));
         EXPECT_FALSE(p.form1.archivio.draws.MoveLast().ok());
     }
-}
-
-/// A ranking in the order of the numbers, current for the archive; what the file then holds.
-std::string scrivi_mstat_in_ordine(const Programma& p) {
-    const auto data = support::giorno(319);
-    std::string testo = platform::Record().data(data.anno, data.mese, data.giorno).testo();
-    for (int i = 1; i <= 90; ++i) {
-        const int fascia = i <= 70 ? (i - 1) / 10 + 1 : 8;
-        testo += std::to_string(i) + ",0," + std::to_string(fascia) + "\r\n";
-    }
-    p.cartella.scrivi("mstat.dat", testo);
-    return testo;
-}
-
-TEST(Completa, SenzaMstatDalleFrequenzeSuUnaGrigliaVuota) {
-    Programma p(false, con({4100, 1, 1}));
-    p.cella(0, 0);
-    p.numero(13);
-    p.form1.completa();
-    EXPECT_TRUE(p.cartella.esiste("mstat.dat"));
-    support::ArchivioFinto draws(support::estrazioni(4100, 1));
-    Statistico s;
-    crossword::Matrice m(6, 6);
-    const support::Cartella altrove;
-    ASSERT_EQ(statistics::completa(s, draws, altrove.file("mstat.dat"), m, {}),
-              Conclusione::completa);
-    uguali(p, m);
-    EXPECT_FALSE(p.form1.ProgressBar1->isVisible());
-}
-
-TEST(Completa, ConUnMstatCorrenteTieneINumeriPosati) {
-    Programma p;
-    p.cella(1, 2);
-    p.numero(77);
-    const std::string testo = scrivi_mstat_in_ordine(p);
-    p.form1.completa();
-    EXPECT_EQ(p.form1.matrice(2, 1), 77);
-    bool completo = false;
-    p.form1.cruciverba_completo(completo);
-    EXPECT_TRUE(completo);
-    EXPECT_EQ(p.cartella.leggi("mstat.dat"), testo);
-}
-
-TEST(Completa, LaCasellaDiChiusuraFermaLaRicerca) {
-    Programma p(false, con({4100, 1, 1}));
-    QObject::connect(p.form1.ProgressBar1, &QProgressBar::valueChanged, &p.form1, [&p] {
-        if (p.form1.MSFlexGrid1->Row() != 1 || p.form1.MSFlexGrid1->Col() != 2) return;
-        p.form1.close();
-        EXPECT_TRUE(p.form1.isVisible());
-    });
-    p.form1.completa();
-    EXPECT_FALSE(p.form1.isVisible());
-    EXPECT_FALSE(p.form1.in_elaborazione());
-    EXPECT_FALSE(platform::LavoroLungo::in_corso());
-    EXPECT_NE(p.form1.MSFlexGrid1->testo(1, 2), "");
-    EXPECT_EQ(p.form1.MSFlexGrid1->testo(1, 3), "");
-    // What was shown is no crossword yet.
-    EXPECT_EQ(p.form1.matrice, crossword::Matrice(6, 6));
-}
-
-TEST(Completa, UnaRicercaCheNonFinirebbeMaiSiFermaDaSe) {
-    Programma p;
-    scrivi_mstat_in_ordine(p);
-    p.dimensioni(15, 14);
-    // The lines of the cell below the corner hold three numbers of every band, and two of the tail.
-    const auto posa = [&p](int x, int y, int n) {
-        p.form1.matrice.scrivi(x, y, static_cast<std::int16_t>(n));
-        p.form1.MSFlexGrid1->set_testo(y, x, QString::number(n));
-    };
-    for (int i = 0; i < 12; ++i) posa(1 + i, 1, 1 + i / 3 * 10 + i % 3);
-    for (int i = 0; i < 2; ++i) posa(13 + i, 1, 75 + i);
-    for (int i = 0; i < 9; ++i) posa(0, 2 + i, 41 + i / 3 * 10 + i % 3);
-    const crossword::Matrice prima = p.form1.matrice;
-    p.form1.completa();
-    EXPECT_EQ(p.form1.matrice, prima);
-    for (int x = 0; x < 15; ++x) EXPECT_NE(p.form1.MSFlexGrid1->testo(0, x), "") << x;
-    EXPECT_EQ(p.form1.MSFlexGrid1->testo(1, 0), "");
-    EXPECT_FALSE(p.form1.in_elaborazione());
-    EXPECT_FALSE(platform::LavoroLungo::in_corso());
-    EXPECT_FALSE(p.form1.ProgressBar1->isVisible());
-    EXPECT_TRUE(p.mostrati().empty());
 }
 
 TEST(Resetta, DimenticaLaClassifica) {
