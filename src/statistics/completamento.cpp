@@ -1,13 +1,9 @@
 #include "statistics/completamento.h"
 
 #include <algorithm>
-#include <bitset>
 #include <set>
 #include <tuple>
 #include <utility>
-
-#include "crossword/linee.h"
-#include "platform/disk.h"
 
 namespace statistics {
 
@@ -34,30 +30,6 @@ std::vector<int> numeri_scelti(const Matrice& matrice) {
         }
     }
     return scelti;
-}
-
-std::optional<int> primo_ammesso(const Matrice& matrice, const std::vector<int>& scelti, int riga,
-                                 int colonna) {
-    const std::bitset<91> vietati = crossword::numeri_sulle_linee(matrice, riga, colonna);
-    for (const int n : scelti) {
-        // Only the numbers of the board can be pressed, whatever a damaged grid holds.
-        if (n >= 1 && n <= 90 && !vietati.test(static_cast<std::size_t>(n))) return n;
-    }
-    return std::nullopt;
-}
-
-Conclusione completa_con_scelti(Matrice& matrice, const Posata& posata) {
-    const std::vector<int> scelti = numeri_scelti(matrice);
-    for (int riga = 0; riga < matrice.righe(); ++riga) {
-        for (int colonna = 0; colonna < matrice.colonne(); ++colonna) {
-            if (matrice(colonna, riga) != 0) continue;
-            const auto numero = primo_ammesso(matrice, scelti, riga, colonna);
-            if (!numero) return Conclusione::abbandonata;
-            matrice.scrivi(colonna, riga, static_cast<std::int16_t>(*numero));
-            if (posata && !posata(riga, colonna, *numero)) return Conclusione::interrotta;
-        }
-    }
-    return Conclusione::completa;
 }
 
 Ricerca::Ricerca(Tabella& statistica, Matrice griglia)

@@ -1,4 +1,4 @@
-// The empty cells of a crossword filled from the ranking, or from the numbers already in it.
+// The empty cells of a crossword filled from the ranking; the numbers that are in it already.
 #pragma once
 
 #include <array>
@@ -15,14 +15,6 @@ namespace statistics {
 
 /// The numbers of the grid, column after column; one that stands twice is listed twice.
 std::vector<int> numeri_scelti(const crossword::Matrice& matrice);
-
-/// First number of `scelti` that no line bars from the cell; nothing when all are barred.
-std::optional<int> primo_ammesso(const crossword::Matrice& matrice, const std::vector<int>& scelti,
-                                 int riga, int colonna);
-
-/// Lays the numbers already in the crossword into its empty cells. `abbandonata` means that a
-/// cell admits none of them; what was laid stays.
-Conclusione completa_con_scelti(crossword::Matrice& matrice, const Posata& posata);
 
 /// Greedy filling of the empty cells of a working grid. No number is ever taken back: what the
 /// search accepts widens instead.

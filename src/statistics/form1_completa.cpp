@@ -12,6 +12,8 @@ bool Form1::completa_cella(const std::vector<int>& scelti) {
     abilita_disabilita(static_cast<std::int16_t>(MSFlexGrid1->Row()),
                        static_cast<std::int16_t>(MSFlexGrid1->Col()));
     for (const int numero : scelti) {
+        // Only the numbers of the board can be pressed, whatever a damaged system holds.
+        if (numero < 1 || numero > 90) continue;
         if (!CMDnum[static_cast<std::size_t>(numero)]->isEnabled()) continue;
         CMDnum_Click(numero);
         return true;

@@ -115,6 +115,27 @@ inline bool segnato(const Griglia& g, int x, int y, int numero) {
     return false;
 }
 
+/// Tries every number that is already in the grid, in turn, for each empty cell; false at the
+/// first cell that none of them fits.
+inline bool completa_con_scelti(Griglia& g) {
+    std::vector<int> lista;
+    for (const auto& colonna : g) {
+        for (const int n : colonna) {
+            if (n != 0) lista.push_back(n);
+        }
+    }
+    for (int y = 0; y < static_cast<int>(g[0].size()); ++y) {
+        for (int x = 0; x < static_cast<int>(g.size()); ++x) {
+            int& cella = a(a(g, x), y);
+            for (std::size_t i = 0; cella == 0 && i < lista.size(); ++i) {
+                if (!segnato(g, x, y, lista[i])) cella = lista[i];
+            }
+            if (cella == 0) return false;
+        }
+    }
+    return true;
+}
+
 /// The generator in floating point, where all its steps are exact.
 struct Caso {
     double stato = 327680;
@@ -235,7 +256,7 @@ inline Esito casuale_lotto(const Elenco& e, int rows, int cols, Caso& caso) {
     return esito;
 }
 
-/// The greedy search, with its jumps as they are told.
+/// The greedy search, its jumps written as jumps.
 class Ricerca {
 public:
     enum Fine { piena, errore, per_sempre };

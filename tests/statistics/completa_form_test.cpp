@@ -1,12 +1,23 @@
 #include <bitset>
 #include <set>
 
+#include "confronti.h"
 #include "crossword/linee.h"
 #include "support/programma.h"
 
 namespace {
 
 using support::Programma;
+
+/// Puts a crossword on the form as an opened system would.
+void metti(Programma& p, const crossword::Matrice& m) {
+    p.form1.matrice = m;
+    for (int x = 0; x < m.colonne(); ++x) {
+        for (int y = 0; y < m.righe(); ++y) {
+            p.form1.MSFlexGrid1->set_testo(y, x, m(x, y) == 0 ? "" : QString::number(m(x, y)));
+        }
+    }
+}
 
 TEST(CompletaConScelti, OnAnEmptyCrosswordTheFirstCellEndsItWithTheMessage) {
     Programma p;
@@ -51,7 +62,87 @@ TEST(CompletaConScelti, WhereNoNumberFitsItKeepsWhatWasLaid) {
     ASSERT_EQ(p.messaggi.size(), 1U);
     EXPECT_EQ(p.form1.matrice(0, 0), 5);
     EXPECT_EQ(p.form1.matrice(1, 0), 0);
+    EXPECT_EQ(p.form1.MSFlexGrid1->Row(), 0);
+    EXPECT_EQ(p.form1.MSFlexGrid1->Col(), 1);
     EXPECT_TRUE(p.form1.Frame3->isVisible());
+}
+
+TEST(CompletaConScelti, EqualsTryingEveryNumberInTurn) {
+    support::Sorte sorte(17);
+    for (const bool lotto : {false, true}) {
+        Programma p;
+        if (lotto) Programma::clic(p.form1.Image10);
+        int completi = 0;
+        const int piccolo = lotto ? 5 : 6;
+        for (int prova = 0; prova < 8; ++prova) {
+            const int colonne = piccolo + sorte.sotto(3);
+            const int righe = prova % 2 == 0 ? colonne : piccolo + sorte.sotto(3);
+            p.dimensioni(colonne, righe);
+            const crossword::Matrice m =
+                support::iniziata(sorte, colonne, righe, 20 + sorte.sotto(50));
+            metti(p, m);
+            p.mostrati();
+            p.comando(5);
+            semplice::Griglia g = support::griglia(m);
+            const bool completo = semplice::completa_con_scelti(g);
+            EXPECT_EQ(support::testo(p.form1.matrice), support::testo(g));
+            EXPECT_EQ(p.griglia(), g);
+            EXPECT_EQ(p.mostrati().empty(), completo);
+            completi += completo ? 1 : 0;
+        }
+        EXPECT_GT(completi, 0);
+        EXPECT_LT(completi, 8);
+    }
+}
+
+TEST(CompletaConScelti, TheFirstNumberThatFitsIsTakenAndTheCursorStaysWhereNoneDoes) {
+    Programma p;
+    p.dimensioni(6, 7);
+    crossword::Matrice m(6, 7);
+    for (int x = 0; x < 6; ++x) m.scrivi(x, 6, static_cast<std::int16_t>(40 + x));
+    metti(p, m);
+    p.comando(5);
+    EXPECT_EQ(p.mostrati().size(), 1U);
+    EXPECT_EQ(support::testo(p.form1.matrice),
+              "41 40 43 42 45 44\n"
+              "42 43 40 41 0 0\n"
+              "0 0 0 0 0 0\n"
+              "0 0 0 0 0 0\n"
+              "0 0 0 0 0 0\n"
+              "0 0 0 0 0 0\n"
+              "40 41 42 43 44 45\n");
+    EXPECT_EQ(p.form1.MSFlexGrid1->Row(), 1);
+    EXPECT_EQ(p.form1.MSFlexGrid1->Col(), 4);
+}
+
+TEST(CompletaConScelti, TheBoardIsHiddenWhileItRuns) {
+    Programma p;
+    for (int n = 1; n <= 12; ++n) p.numero(n);
+    int posati = 0;
+    QObject::connect(p.form1.MSFlexGrid1, &QTableWidget::cellChanged, &p.form1, [&] {
+        ++posati;
+        EXPECT_FALSE(p.form1.Frame3->isVisible());
+    });
+    p.comando(5);
+    EXPECT_GE(posati, 24);
+    EXPECT_TRUE(p.form1.Frame3->isVisible());
+}
+
+TEST(CompletaConScelti, NumbersOffTheBoardAreNeverPressed) {
+    Programma p;
+    crossword::Matrice m(6, 6);
+    m.scrivi(0, 5, 300);
+    m.scrivi(1, 5, -4);
+    metti(p, m);
+    p.comando(5);
+    EXPECT_EQ(p.mostrati().size(), 1U);
+    EXPECT_EQ(p.form1.matrice, m);
+    m.scrivi(2, 5, 9);
+    metti(p, m);
+    p.comando(5);
+    EXPECT_EQ(p.mostrati().size(), 1U);
+    EXPECT_EQ(p.form1.matrice(0, 0), 9);
+    EXPECT_EQ(p.form1.matrice(1, 0), 0);
 }
 
 TEST(CompletaConScelti, TheSameNumbersGiveTheSameLayout) {
