@@ -1,5 +1,6 @@
 #include "check/modulo_spoglio.h"
 #include "platform/application.h"
+#include "support/tenuto.h"
 
 using check::frmspoglio;
 using support::Mostrato;
@@ -189,6 +190,15 @@ TEST_F(SenzaArchivio, HandlesStayAsTheyWere) {
     apri();
     p.mostrati();
     EXPECT_EQ(p.form1.archivio.draws.Fields(9).Value().intero(), prima);
+}
+
+TEST_F(Estrazione, ArchiveHeldByAnotherIsTold) {
+    const support::Tenuto tenuto(p.cartella.radice() + "/archivio/drawit.sqlite");
+    frmspoglio& f = apri();
+    EXPECT_EQ(p.mostrati(),
+              (std::vector<Mostrato>{{"Database archivio già aperto", "Tabellino",
+                                      support::Pulsanti::ok, support::Icona::nessuna}}));
+    EXPECT_EQ(f.Combo1->count(), 0);
 }
 
 TEST_F(Estrazione, ArchiveIsFoundFromAPathThatEndsInASeparator) {

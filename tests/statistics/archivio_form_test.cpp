@@ -1,11 +1,10 @@
 // The archive as the main form opens, keeps and closes it.
-#include <filesystem>
-#include <sys/file.h>
-
 #include "platform/application.h"
 #include "statistics/archivio.h"
 #include "statistics/lettore_archivio.h"
+#include "support/archivio.h"
 #include "support/programma.h"
+#include "support/tenuto.h"
 
 using platform::Valore;
 using support::Icona;
@@ -18,10 +17,6 @@ namespace {
 const Mostrato assente{"Errore n.3024 Impossibile trovare il file.", "", Pulsanti::ok,
                        Icona::nessuna};
 
-std::string file(const Programma& p) {
-    return p.cartella.radice() + "/archivio/drawit.sqlite";
-}
-
 }  // namespace
 
 TEST(ApriArchivio, AllAvvioLaTabellaDelSuperEnalottoSullUltimoRecord) {
@@ -29,18 +24,18 @@ TEST(ApriArchivio, AllAvvioLaTabellaDelSuperEnalottoSullUltimoRecord) {
     EXPECT_TRUE(p.mostrati().empty());
     statistics::Archivio& a = p.form1.archivio;
     EXPECT_EQ(a.draws.RecordCount(), 320);
-    EXPECT_EQ(a.campo_concorso.Name(), "concorso");
     EXPECT_EQ(a.campo_concorso.Value(), Valore(320));
-    EXPECT_EQ(a.draws.Fields("Jolly").Name(), "Jolly");
+    EXPECT_EQ(a.draws.Fields("concorso").Value(), Valore(320));
+    EXPECT_FALSE(a.draws.Fields("Jolly").Value().nullo());
     EXPECT_EQ(a.campo_data.Value(), a.draws.Fields(0).Value());
     EXPECT_TRUE(a.campo_data.Value().data());
-    EXPECT_EQ(a.campo_1.Name(), "1°estratto");
+    EXPECT_EQ(a.campo_1.Value(), a.draws.Fields("1°estratto").Value());
     // Of the six numbers the bound places hold the second to the sixth.
     for (int i = 1; i <= 5; ++i) {
-        EXPECT_EQ(a.campi_estratti[static_cast<std::size_t>(i)].Name(),
-                  std::to_string(i + 1) + "°estratto");
+        EXPECT_EQ(a.campi_estratti[static_cast<std::size_t>(i)].Value(),
+                  a.draws.Fields(std::to_string(i + 1) + "°estratto").Value());
     }
-    EXPECT_EQ(a.campi_estratti[0].Name(), "");
+    EXPECT_TRUE(a.campi_estratti[0].Value().nullo());
     EXPECT_EQ(a.national.RecordCount(), 320);
     EXPECT_EQ(a.national.Fields("concorso").Value(), Valore(320));
 }
@@ -49,7 +44,7 @@ TEST(ApriArchivio, InLottoFinoAlPrimoRitornoRestaLaTabellaDelSuperEnalotto) {
     Programma p;
     Programma::clic(p.form1.Image10);
     p.form1.apri_archivio();
-    EXPECT_EQ(p.form1.archivio.draws.Fields(9).Name(), "concorso");
+    EXPECT_FALSE(p.form1.archivio.draws.Fields("Jolly").Value().nullo());
 }
 
 TEST(ApriArchivio, TornatiAlSuperEnalottoLaTabellaDelleRuote) {
@@ -60,11 +55,13 @@ TEST(ApriArchivio, TornatiAlSuperEnalottoLaTabellaDelleRuote) {
     statistics::Archivio& a = p.form1.archivio;
     EXPECT_FALSE(p.form1.lotto);
     EXPECT_EQ(a.draws.RecordCount(), 3200);
-    EXPECT_EQ(a.campo_concorso.Name(), "concorso");
-    EXPECT_EQ(a.draws.Fields(7).Name(), "concorso");
+    EXPECT_EQ(a.campo_concorso.Value(), Valore(320));
+    EXPECT_EQ(a.draws.Fields("concorso").Value(), Valore(320));
     EXPECT_EQ(a.campo_1.Value(), Valore("VE"));
-    EXPECT_EQ(a.campi_estratti[1].Name(), "1°estratto");
-    EXPECT_EQ(a.campi_estratti[5].Name(), "5°estratto");
+    for (int i = 1; i <= 5; ++i) {
+        EXPECT_EQ(a.campi_estratti[static_cast<std::size_t>(i)].Value(),
+                  a.draws.Fields(std::to_string(i) + "°estratto").Value());
+    }
 }
 
 TEST(ApriArchivio, SenzaArchivioLErroreESiParte) {
@@ -77,11 +74,10 @@ TEST(ApriArchivio, SenzaArchivioLErroreESiParte) {
 
 TEST(ApriArchivio, TenutoDaAltriInEsclusivaLoDice) {
     Programma p;
-    const int fd = ::open(file(p).c_str(), O_RDONLY | O_CLOEXEC);
-    ASSERT_GE(fd, 0);
-    ASSERT_EQ(::flock(fd, LOCK_EX | LOCK_NB), 0);
-    p.form1.apri_archivio();
-    ::close(fd);
+    {
+        const support::Tenuto tenuto(p.cartella.radice() + "/archivio/drawit.sqlite");
+        p.form1.apri_archivio();
+    }
     EXPECT_EQ(p.mostrati(), (std::vector<Mostrato>{{"Database archivio già aperto", "Sortivario",
                                                     Pulsanti::ok, Icona::nessuna}}));
     // The handles stay as they were.
@@ -113,6 +109,21 @@ TEST(ApriArchivio, UnaTabellaVuotaEUnErroreSulMoveLast) {
     });
     EXPECT_EQ(p.mostrati(), (std::vector<Mostrato>{{"Errore n.3021 Nessun record corrente.", "",
                                                     Pulsanti::ok, Icona::nessuna}}));
+}
+
+TEST(ApriArchivio, SenzaLaTabellaNazionaleLErroreEILegamiRestano) {
+    Programma p(false, [](const support::Cartella& c) {
+        support::esegui_sql(c.radice() + "/archivio/drawit.sqlite", "DROP TABLE archivion");
+    });
+    const auto detti = p.mostrati();
+    ASSERT_EQ(detti.size(), 1U);
+    EXPECT_TRUE(detti[0].testo.startsWith("Errore n.3078 ")) << detti[0].testo.toStdString();
+    EXPECT_EQ(detti[0].titolo, "");
+    statistics::Archivio& a = p.form1.archivio;
+    EXPECT_EQ(a.campo_concorso.Value(), Valore(1)) << "on the first record still";
+    EXPECT_EQ(a.campi_estratti[5].Value(), a.draws.Fields("6°estratto").Value());
+    EXPECT_TRUE(a.draws.MoveLast().ok());
+    EXPECT_FALSE(a.national.MoveLast().ok());
 }
 
 TEST(ApriArchivio, UnPercorsoColSeparatoreFinaleDaUnaRadiceTroppoLunga) {

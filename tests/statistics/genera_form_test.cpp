@@ -6,6 +6,7 @@
 #include "crossword/linee.h"
 #include "generazione.h"
 #include "statistics/statistica.h"
+#include "support/tenuto.h"
 
 using statistics::Conclusione;
 using statistics::Generazione;
@@ -166,6 +167,7 @@ TEST(Genera, MentreLavoraIlTabelloneENascostoELaBarraConta) {
         EXPECT_TRUE(p.form1.ProgressBar1->isVisible());
         EXPECT_FALSE(p.form1.Frame3->isVisible());
         EXPECT_TRUE(p.form1.in_elaborazione());
+        EXPECT_EQ(platform::MousePointer(), 11);
         EXPECT_EQ(p.form1.MSFlexGrid1->Row(), (valore - 1) / 6);
         EXPECT_EQ(p.form1.MSFlexGrid1->Col(), (valore - 1) % 6);
     });
@@ -392,6 +394,37 @@ TEST(Genera, LaCasellaDiChiusuraFermaIlLavoro) {
         EXPECT_FALSE(p.form1.ProgressBar1->isVisibleTo(&p.form1));
         EXPECT_FALSE(p.form1.archivio.draws.MoveLast().ok());
     }
+}
+
+TEST(Genera, ConLArchivioTenutoDaAltriLoDiceERiempieDaQuelloDiPrima) {
+    for (const bool lotto : {false, true}) {
+        Programma p;
+        if (lotto) in_lotto(p, 3);
+        const support::Tenuto tenuto(p.cartella.radice() + "/archivio/drawit.sqlite");
+        Programma::clic(lotto ? p.form1.cmdstat2 : p.form1.cmdstat);
+        EXPECT_EQ(p.mostrati(),
+                  (std::vector<Mostrato>{{"Database archivio già aperto", "Sortivario",
+                                          Pulsanti::ok, Icona::nessuna}}));
+        const int lato = lotto ? 5 : 6;
+        crossword::Matrice m(lato, lato);
+        platform::Rnd rnd;
+        ASSERT_EQ(
+            attesa(lotto, lotto ? della_ruota(3) : support::estrazioni(320, 1), rnd, m).conclusione,
+            Conclusione::completa);
+        uguali(p, m);
+        a_riposo(p);
+    }
+}
+
+TEST(GeneraLotto, SenzaUnaRuotaSceltaLaGrigliaRestaVuotaTacendo) {
+    Programma p;
+    in_lotto(p, 0);
+    p.form1.Combo6->setCurrentIndex(-1);
+    ASSERT_EQ(p.form1.Combo6->ListIndex(), -1);
+    Programma::clic(p.form1.cmdstat2);
+    EXPECT_TRUE(p.mostrati().empty());
+    uguali(p, crossword::Matrice(5, 5));
+    a_riposo(p);
 }
 
 TEST(Resetta, DimenticaLaClassifica) {
