@@ -68,20 +68,21 @@ void frmspoglio::comb_se8() {
 void frmspoglio::Combo3_Click() {
     const std::string voce = s(Combo3->Text());
     statistics::Archivio& archivio = form1_.archivio;
-    const platform::Recordset* rs = &archivio.draws;
+    platform::Recordset estrazione = archivio.draws;
     if (nazionale(voce)) {
-        archivio.database.OpenRecordset(
+        // A draw that is missing leaves nothing in the boxes, not the numbers of another one.
+        for (QLineEdit* casella : txtnumlotto) casella->clear();
+        estrazione = {};
+        const platform::Err esito = archivio.database.OpenRecordset(
             "select * from archivion where concorso = " + std::to_string(concorso_di(voce)) +
                 " order by concorso",
             archivio.national);
-        rs = &archivio.national;
-        // A draw that is missing leaves nothing in the boxes, not the numbers of another one.
-        for (QLineEdit* casella : txtnumlotto) casella->clear();
+        if (esito.ok()) estrazione = archivio.national;
     } else {
         trova_ruota(archivio.draws, concorso_di(voce), ruota_di(voce));
     }
     for (std::size_t i = 0; i < txtnumlotto.size(); ++i) {
-        const auto testo = rs->Fields(static_cast<int>(i) + 2).Value().testo();
+        const auto testo = estrazione.Fields(static_cast<int>(i) + 2).Value().testo();
         if (testo) txtnumlotto[i]->setText(q(*testo));
     }
     if (txtnumlotto[0]->isVisible()) txtnumlotto[0]->setFocus();

@@ -113,6 +113,17 @@ TEST_F(Estrazione, DrawMissingFromTheNationalTableLeavesTheBoxesBlank) {
     EXPECT_EQ(testi(f.txtnumlotto), (QStringList{"", "", "", "", ""}));
 }
 
+TEST_F(Estrazione, NationalQueryThatFailsLeavesTheBoxesBlank) {
+    frmspoglio& f = apri_lotto("1,2,3,4,5\r\n", 1);
+    Programma::scegli(f.Combo3, 10);
+    EXPECT_EQ(f.txtnumlotto[0]->text(), "6");
+    // The record of that draw is still the current one.
+    p.form1.archivio.database = {};
+    Programma::scegli(f.Combo3, 21);
+    EXPECT_EQ(testi(f.txtnumlotto), (QStringList{"", "", "", "", ""}));
+    EXPECT_EQ(f.focusWidget(), f.txtnumlotto[0]);
+}
+
 TEST_F(Estrazione, WheelThatIsNotThereLeavesTheBoxesAsTheyAre) {
     frmspoglio& f = apri_lotto("1,2,3,4,5\r\n", 1);
     const QStringList prima = testi(f.txtnumlotto);
