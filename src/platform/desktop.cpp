@@ -178,8 +178,8 @@ bool cestina(const QString& nome) {
 }
 
 void centra(QWidget* finestra, const QWidget* sotto) {
-    const QPoint centro = sotto->mapToGlobal(sotto->rect().center());
-    finestra->move(centro - QPoint(finestra->width() / 2, finestra->height() / 2));
+    finestra->move(sotto->pos() + QPoint((sotto->width() - finestra->width()) / 2,
+                                         (sotto->height() - finestra->height()) / 2));
 }
 
 void mostra_di_nuovo(QWidget* finestra) {

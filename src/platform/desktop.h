@@ -63,7 +63,7 @@ void apri_con(std::function<bool(const QString&)> apritore);
 /// Moves a file to the desktop's trash; false when it could not, and then it stays.
 bool cestina(const QString& nome);
 
-/// Centres `finestra` on the client area of `sotto`.
+/// Centres `finestra` over `sotto`, by their outer corners and their inner sizes.
 void centra(QWidget* finestra, const QWidget* sotto);
 
 /// Shows a window that was hidden, where it stood.
