@@ -86,11 +86,17 @@ TEST_F(Esito, BoxThatIsEmptyIsRefusedAndAsksOnceMore) {
     f.MSFlexGrid1->set_testo(0, 0, "1");
     scrivi(f.txtnum, {"", "1", "2", "3", "4", "5", "6"});
     bool abilitato = true;
-    p.al_messaggio = [&] { abilitato = f.isEnabled(); };
+    int puntatore = 0;
+    p.al_messaggio = [&] {
+        abilitato = f.isEnabled();
+        puntatore = platform::MousePointer();
+    };
     Programma::clic(f.Cmdspoglio);
     p.al_messaggio = {};
     EXPECT_EQ(p.mostrati(), std::vector<Mostrato>{manca_un_numero});
     EXPECT_FALSE(abilitato);
+    EXPECT_EQ(puntatore, 11);
+    EXPECT_EQ(platform::MousePointer(), 0);
     EXPECT_TRUE(f.isEnabled());
     EXPECT_TRUE(f.Cmdspoglio->isEnabled());
     EXPECT_EQ(platform::Tag(f.Cmdspoglio), "");
@@ -265,6 +271,54 @@ TEST_F(Esito, AnnullaReturnsToReadyFromTheList) {
     EXPECT_EQ(platform::MousePointer(), 0);
 }
 
+TEST_F(Esito, ChoosingASuperenalottoDrawTakesTheListAway) {
+    frmspoglio& f = apri(ripeti(tre, 13), 13);
+    spoglia(f);
+    Programma::clic(f.Cmdvincenti);
+    ASSERT_FALSE(f.Frame4->isVisible());
+    Programma::scegli(f.Combo1, 1);
+    EXPECT_TRUE(f.Frame4->isVisible());
+    EXPECT_TRUE(f.Frame4->isAncestorOf(f.childAt(f.Frame4->geometry().center())));
+    EXPECT_EQ(f.ListView1->righe(), 0);
+    EXPECT_EQ(f.ListView1->Width(), 4980);
+    EXPECT_TRUE(f.Cmdspoglio->isEnabled());
+    EXPECT_FALSE(f.Cmdvincenti->isEnabled());
+    EXPECT_EQ(f.txtnum[1]->text(), "1");
+}
+
+TEST_F(Esito, ChoosingALottoDrawLeavesTheListStanding) {
+    frmspoglio& f = apri_lotto("1,2,30,40,50\r\n", 1);
+    spoglia_lotto(f);
+    Programma::clic(f.Cmdvincentilotto);
+    for (const int voce : {11, 21}) {
+        Programma::scegli(f.Combo3, voce);
+        EXPECT_TRUE(f.ListView1->isVisible());
+        EXPECT_FALSE(f.Frame4->isVisible());
+        EXPECT_EQ(f.ListView1->righe(), 1);
+        EXPECT_EQ(f.lblvinc[0]->text(), "1");
+        EXPECT_FALSE(f.Cmdspoglio->isEnabled());
+    }
+    EXPECT_EQ(testi(f.txtnumlotto), (QStringList{"1", "2", "3", "4", "5"}));
+}
+
+TEST_F(Esito, PictureStandsInForTheListWhileItIsBuilt) {
+    frmspoglio& f = apri(ripeti(tre, 20000), 20000);
+    spoglia(f);
+    bool visto = false;
+    QTimer::singleShot(0, &f, [&] {
+        visto = true;
+        EXPECT_TRUE(f.piclist->isVisible());
+        EXPECT_FALSE(f.ListView1->isVisible());
+        EXPECT_TRUE(f.picprog1->isVisible());
+        EXPECT_FALSE(f.isEnabled());
+        EXPECT_EQ(platform::MousePointer(), 11);
+    });
+    Programma::clic(f.Cmdvincenti);
+    EXPECT_TRUE(visto);
+    EXPECT_FALSE(f.piclist->isVisible());
+    EXPECT_TRUE(f.ListView1->isVisible());
+}
+
 TEST_F(Esito, AnnullaEmptiesTheBoxesUntilTheDrawIsChosenAnew) {
     frmspoglio& f = apri();
     Programma::clic(f.Command1);
@@ -317,6 +371,8 @@ TEST_F(Esito, LottoWithoutWinnersShowsZeroAndNoDetail) {
     EXPECT_EQ(testi(f.lblvinclotto), (QStringList{"", "", "", ""}));
     EXPECT_EQ(f.lblvinc[0]->text(), "0");
     EXPECT_FALSE(f.Cmdvincentilotto->isEnabled());
+    EXPECT_GT(f.picprog1->width(), 0);
+    EXPECT_EQ(f.picprog2->width(), f.picprog1->width());
 }
 
 TEST_F(Esito, LottoRefusesAnEmptyBox) {
@@ -357,6 +413,7 @@ TEST_F(Esito, SecondDetailOfTheLottoAddsTheRowsAgain) {
     Programma::clic(f.Cmdvincentilotto);
     EXPECT_EQ(f.ListView1->righe(), 14);
     EXPECT_TRUE(f.ListView1->isVisible());
+    EXPECT_EQ(f.ListView1->Width(), 4980) << "only what the check found counts";
 }
 
 TEST_F(Esito, WinnersAboveTwelveWidenTheListOfTheLotto) {
