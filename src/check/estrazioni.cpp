@@ -1,5 +1,8 @@
 #include "check/estrazioni.h"
 
+#include <algorithm>
+#include <optional>
+
 #include "development/elaborazione.h"
 #include "platform/runtime.h"
 #include "statistics/archivio.h"

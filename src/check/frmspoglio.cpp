@@ -14,7 +14,6 @@
 namespace check {
 
 using platform::App;
-using platform::q;
 using platform::s;
 
 namespace {

@@ -64,7 +64,6 @@ public:
     /// "0" to "6", or "5 + 1".
     [[nodiscard]] std::string testo() const;
     [[nodiscard]] std::uint8_t codice() const { return codice_; }
-    bool operator==(const Punti&) const = default;
 
     /// No record of six numbers scores more, whatever repeats in it.
     static constexpr int massimi = 36;

@@ -63,10 +63,6 @@ Valore Field::Value() const {
     return Value(valore).ok() ? valore : Valore();
 }
 
-std::string Field::Name() const {
-    return stato_ ? stato_->tabella->nome(colonna_) : "";
-}
-
 int Recordset::controlla() const {
     return stato_ ? stato_->uso() : errore_oggetto_assente;
 }
@@ -152,42 +148,30 @@ Err Recordset::Index(std::string_view nome) {
     const auto colonna = stato_->tabella->colonna(nome);
     if (!colonna) return err(errore_indice_sconosciuto);
     // The file's own indexes are not used: the order of the field is that of its index.
-    if (stato_->indice.empty() || stato_->colonna_indice != *colonna)
-        stato_->ordine = stato_->tabella->in_ordine(*colonna);
-    stato_->colonna_indice = *colonna;
-    stato_->indice = nome;
+    if (stato_->indice != colonna) stato_->ordine = stato_->tabella->in_ordine(*colonna);
+    stato_->indice = colonna;
     stato_->vai(0);
     return {};
-}
-
-std::string Recordset::Index() const {
-    return stato_ ? stato_->indice : "";
 }
 
 Err Recordset::Seek(std::string_view confronto, std::int32_t chiave) {
     if (const int errore = controlla(); errore != 0) return err(errore);
     if (stato_->query) return err(errore_operazione);
-    if (stato_->indice.empty()) return err(errore_senza_indice);
+    if (!stato_->indice) return err(errore_senza_indice);
     if (confronto != "=") return err(errore_argomento);
     const Tabella& tabella = *stato_->tabella;
-    const std::size_t colonna = stato_->colonna_indice;
+    const std::size_t colonna = *stato_->indice;
     if (tabella.tipo(colonna) != Tabella::Tipo::intero) return err(errore_tipi);
     const auto posto =
         std::partition_point(stato_->ordine.begin(), stato_->ordine.end(), [&](std::uint32_t r) {
             return tabella.nullo(colonna, r) || tabella.grezzo(colonna, r) < chiave;
         });
-    stato_->senza_riscontro =
-        posto == stato_->ordine.end() || tabella.grezzo(colonna, *posto) != chiave;
-    if (stato_->senza_riscontro) {
+    if (posto == stato_->ordine.end() || tabella.grezzo(colonna, *posto) != chiave) {
         stato_->indefinito = true;
     } else {
         stato_->vai(posto - stato_->ordine.begin());
     }
     return {};
-}
-
-bool Recordset::NoMatch() const {
-    return stato_ && stato_->senza_riscontro;
 }
 
 Err Recordset::Close() {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -52,8 +53,6 @@ public:
     Err Value(Valore& destinazione) const;
     /// Null also where the read fails.
     [[nodiscard]] Valore Value() const;
-    /// Column name, empty when bound to nothing.
-    [[nodiscard]] std::string Name() const;
 
 private:
     friend class Recordset;
@@ -94,11 +93,9 @@ public:
 
     /// Puts a table in the order of the index, which bears its field's name, at its first record.
     Err Index(std::string_view nome);
-    [[nodiscard]] std::string Index() const;
     /// Finds the first record with that key in the index; only "=" is known. When there is none,
-    /// `NoMatch` is true and no record is current.
+    /// no record is current.
     Err Seek(std::string_view confronto, std::int32_t chiave);
-    [[nodiscard]] bool NoMatch() const;
 
     Err Close();
 
@@ -118,12 +115,10 @@ struct Stato {
     std::vector<std::uint32_t> ordine;  ///< rows of the table in the order of the records
     bool query = false;
     bool aperto = true;
-    bool indefinito = false;  ///< no current record, and no end either
-    bool senza_riscontro = false;
+    bool indefinito = false;     ///< no current record, and no end either
     std::int64_t posizione = 0;  ///< -1 before the first record
     std::int64_t visti = 0;
-    std::string indice;
-    std::size_t colonna_indice = 0;
+    std::optional<std::size_t> indice;  ///< its column
 
     /// Error number of any use at all.
     [[nodiscard]] int uso() const { return aperto && *database_aperto ? 0 : errore_chiuso; }

@@ -5,7 +5,6 @@
 
 using check::frmspoglio;
 using platform::px;
-using support::Mostrato;
 using support::Programma;
 
 namespace {

@@ -320,7 +320,7 @@ TEST(Vincenti, ValueThatDoesNotFitStaysZero) {
     EXPECT_EQ((*v)[2], 2);
 }
 
-/// The count as it is told, step by step, over the fields of the whole file.
+/// The count done over step by step, on the fields of the whole file.
 struct Ricontato {
     std::map<int, int> totali;
     std::map<int, int> totali_j;

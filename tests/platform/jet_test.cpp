@@ -317,7 +317,7 @@ TEST_F(JetTest, the_surroundings_do_not_change_what_is_read) {
     ignora.sa_handler = SIG_IGN;
     ::sigaction(SIGCHLD, &ignora, &prima);
     const Database db = apri(fixture_jet + "drawit.mdb");
-    EXPECT_EQ(apri(db, "archivios").Fields(1).Name(), "1°estratto");
+    EXPECT_FALSE(apri(db, "archivios").Fields("1°estratto").Value().nullo());
     ::sigaction(SIGCHLD, &prima, nullptr);
     ::unsetenv("MDBICONV");
     ::unsetenv("MDB_ICONV");

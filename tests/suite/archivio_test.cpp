@@ -94,13 +94,13 @@ TEST_F(ArchivioSuite, LeTabelleSonoQuelleCheIlProgrammaLegge) {
     // The fields have the names that the program looks for.
     statistics::Archivio aperto;
     ASSERT_TRUE(aperto.apri(nome_nel_programma(), true).ok());
-    EXPECT_EQ(aperto.draws.Fields(2).Name(), "1°estratto");
-    EXPECT_EQ(aperto.campo_concorso.Name(), "concorso");
+    EXPECT_EQ(aperto.draws.Fields("1°estratto").Value(), aperto.draws.Fields(2).Value());
+    EXPECT_EQ(aperto.draws.Fields("concorso").Value(), platform::Valore(2));
     ASSERT_TRUE(aperto.apri(nome_nel_programma(), false).ok());
-    EXPECT_EQ(aperto.draws.Fields(6).Name(), "6°estratto");
-    EXPECT_EQ(aperto.draws.Fields(7).Name(), "Jolly");
-    EXPECT_EQ(aperto.draws.Fields(8).Name(), "superstar");
-    EXPECT_EQ(aperto.draws.Fields(9).Name(), "concorso");
+    EXPECT_EQ(aperto.draws.Fields("6°estratto").Value(), platform::Valore(76));
+    EXPECT_EQ(aperto.draws.Fields("Jolly").Value(), platform::Valore(88));
+    EXPECT_EQ(aperto.draws.Fields("superstar").Value(), platform::Valore(5));
+    EXPECT_EQ(aperto.draws.Fields("concorso").Value(), platform::Valore(1));
 }
 
 TEST_F(ArchivioSuite, DueVolteLoStessoNonCambiaNulla) {
