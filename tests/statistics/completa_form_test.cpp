@@ -79,7 +79,7 @@ TEST(CompletaConScelti, EqualsTryingEveryNumberInTurn) {
             const int righe = prova % 2 == 0 ? colonne : piccolo + sorte.sotto(3);
             p.dimensioni(colonne, righe);
             const crossword::Matrice m =
-                support::iniziata(sorte, colonne, righe, 20 + sorte.sotto(50));
+                support::iniziata(sorte, colonne, righe, 10 + sorte.sotto(60));
             metti(p, m);
             p.mostrati();
             p.comando(5);
