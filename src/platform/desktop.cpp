@@ -178,8 +178,14 @@ bool cestina(const QString& nome) {
 }
 
 void centra(QWidget* finestra, const QWidget* sotto) {
-    finestra->move(sotto->pos() + QPoint((sotto->width() - finestra->width()) / 2,
-                                         (sotto->height() - finestra->height()) / 2));
+    const QPoint posto = sotto->pos() + QPoint((sotto->width() - finestra->width()) / 2,
+                                               (sotto->height() - finestra->height()) / 2);
+    // A window that exists but has no frame yet would take a move for that of its client area.
+    if (QWindow* w = finestra->windowHandle()) {
+        w->setFramePosition(posto);
+    } else {
+        finestra->move(posto);
+    }
 }
 
 void mostra_di_nuovo(QWidget* finestra) {
