@@ -122,13 +122,12 @@ void Form2::apri_dimensioni(int ultima_colonna, int ultima_riga) {
 }
 
 void Form2::mostra_cruciverba(const crossword::Matrice& letta) {
-    // Sizes that no list offers leave the grid as it is, and the crossword is cut to it: what is
-    // developed must be what is seen.
-    form1_.matrice = crossword::Matrice(form1_.colonne(), form1_.righe());
+    // Sizes that no list offers leave the grid as it is; the crossword stays whole behind it, or
+    // the next save would cut the file.
+    form1_.matrice = letta;
     for (int x = 0; x < form1_.colonne(); ++x) {
         for (int y = 0; y < form1_.righe(); ++y) {
             const std::int16_t numero = letta(x, y);
-            form1_.matrice.scrivi(x, y, numero);
             form1_.MSFlexGrid1->set_testo(y, x, numero == 0 ? QString() : QString::number(numero));
         }
     }

@@ -32,14 +32,16 @@ void Giocatore::controlla_cruciverba(QStringList& difetti) {
     const platform::MSFlexGrid* g = f.MSFlexGrid1;
     if (platform::Tag(&f) != f.lblsistema->text()) difetti << "Form1.Tag e lblsistema";
     if (g->Cols() != f.colonne() || g->Rows() != f.righe()) difetti << "griglia e dimensioni";
-    if (m.colonne() != g->Cols() || m.righe() != g->Rows()) difetti << "griglia e matrice";
+    // The crossword of a damaged system may have sizes that the grid cannot take.
+    const bool altra_misura = m.colonne() != g->Cols() || m.righe() != g->Rows();
+    if (altra_misura && !estraneo_) difetti << "griglia e matrice";
     std::set<int> diversi;
     for (int y = 0; y < m.righe(); ++y) {
         for (int x = 0; x < m.colonne(); ++x) {
             const int n = m(x, y);
             if (n >= 1 && n <= 90) diversi.insert(n);
             const QString testo = g->testo(y, x);
-            if (testo != (n == 0 ? QString() : QString::number(n))) {
+            if (!altra_misura && testo != (n == 0 ? QString() : QString::number(n))) {
                 difetti
                     << QStringLiteral("casella %1,%2: \"%3\" e %4").arg(y).arg(x).arg(testo).arg(n);
             }

@@ -389,9 +389,7 @@ TEST(ApriSistema, MisureOltreGliElenchiLascianoQuelleDiPrima) {
         EXPECT_EQ(p.form1.Combo2->Text(), "8") << nome;
         EXPECT_EQ(p.form1.MSFlexGrid1->Cols(), 7);
         EXPECT_EQ(p.form1.Combo3->ListIndex(), 0);
-        // The crossword is cut to the grid, whatever stood in its cells before.
-        EXPECT_EQ(p.form1.matrice.colonne(), 7) << nome;
-        EXPECT_EQ(p.form1.matrice.righe(), 8) << nome;
+        // The grid shows what fits it, whatever stood in its cells before.
         for (int y = 0; y < 8; ++y) {
             for (int x = 0; x < 7; ++x) {
                 const int n = p.form1.matrice(x, y);
@@ -403,6 +401,39 @@ TEST(ApriSistema, MisureOltreGliElenchiLascianoQuelleDiPrima) {
         p.numero(90);
         p.form1.salvato = true;
     }
+}
+
+TEST(ApriSistema, IlCruciverbaPiuGrandeDegliElenchiRestaIntero) {
+    Programma p;
+    std::string file = "14,15,15,\"6\",0,0,0,12\r\n";
+    for (int y = 0; y < 16; ++y) {
+        for (int x = 0; x < 16; ++x) file += std::to_string((x + 5 * y) % 90 + 1) + ",";
+        file += "\r\n";
+    }
+    p.cartella.scrivi("grande.sen", file);
+    apri(p, "grande");
+    EXPECT_EQ(p.form1.MSFlexGrid1->Cols(), 6);
+    EXPECT_EQ(p.form1.matrice.colonne(), 16);
+    EXPECT_EQ(p.form1.matrice.righe(), 16);
+    EXPECT_EQ(p.form1.lblngioco->text(), "90");
+    p.form1.salvato = false;
+    Programma::voce(p.form1.mnusalva);
+    EXPECT_EQ(p.cartella.leggi("grande.sen"), file);
+}
+
+TEST(ApriSistema, UnCruciverbaPiuPiccoloDegliElenchiECompleto) {
+    Programma p;
+    const std::string file =
+        "0,4,4,\"6\",0,0,0,0\r\n1,2,3,4,5,\r\n6,7,8,9,10,\r\n11,12,13,14,15,\r\n"
+        "16,17,18,19,20,\r\n21,22,23,24,25,\r\n";
+    p.cartella.scrivi("piccolo.sen", file);
+    apri(p, "piccolo");
+    bool completo = false;
+    p.form1.cruciverba_completo(completo);
+    EXPECT_TRUE(completo);
+    EXPECT_EQ(p.form1.lblngioco->text(), "25");
+    EXPECT_EQ(p.form1.MSFlexGrid1->testo(4, 4), "25");
+    EXPECT_EQ(p.form1.MSFlexGrid1->testo(5, 5), "");
 }
 
 TEST(ApriSistema, DoppioClicApre) {
