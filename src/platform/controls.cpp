@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QStyle>
 #include <QSvgRenderer>
 #include <QVariant>
 #include <QWheelEvent>
@@ -197,6 +198,27 @@ void Image::paintEvent(QPaintEvent* /*evento*/) {
         pittore.setPen(QPen(QColor(224, 123, 0), 1, Qt::DotLine));
         pittore.drawRoundedRect(bordo, 4, 4);
     }
+}
+
+void EtichettaValore::paintEvent(QPaintEvent* evento) {
+    const int largo = fontMetrics().horizontalAdvance(text());
+    const int m = margin();
+    const QRect dove = contentsRect().adjusted(m, m, -m, -m);
+    const int posto = dove.width();
+    if (largo <= posto || posto <= 0) {
+        QLabel::paintEvent(evento);
+        return;
+    }
+    constexpr int piu_stretto = 70;
+    QPainter pittore(this);
+    drawFrame(&pittore);
+    QFont stretto = font();
+    stretto.setStretch(qMax(piu_stretto, posto * 100 / largo));
+    pittore.setFont(stretto);
+    const QString testo =
+        QFontMetrics(stretto, this).elidedText(text(), Qt::ElideRight, posto, Qt::TextSingleLine);
+    style()->drawItemText(&pittore, dove, static_cast<int>(alignment()), palette(), isEnabled(),
+                          testo, foregroundRole());
 }
 
 Frame::Frame(const QString& didascalia, QWidget* padre) : QFrame(padre), didascalia_(didascalia) {

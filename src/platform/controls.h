@@ -4,6 +4,7 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QFrame>
+#include <QLabel>
 #include <QListWidget>
 #include <QSpinBox>
 #include <QString>
@@ -74,6 +75,17 @@ private:
     QColor riposo_;
     QColor sopra_;
     bool rilievo_ = false;
+};
+
+/// Label of one line that narrows its letters, and then says with dots that it has more to tell,
+/// where the text is too long: an amount without its first digits would be another amount.
+class EtichettaValore : public QLabel {
+    Q_OBJECT
+public:
+    using QLabel::QLabel;
+
+protected:
+    void paintEvent(QPaintEvent* evento) override;
 };
 
 /// Panel with a thin border one pixel inside and a caption on it; a style sheet sets its colours.

@@ -3,12 +3,14 @@
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QDesktopServices>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
+#include <QStandardPaths>
 #include <QUrl>
 #include <QWidget>
 #include <QWindow>
@@ -174,6 +176,8 @@ void apri_con(std::function<bool(const QString&)> apritore) {
 }
 
 bool cestina(const QString& nome) {
+    // Where the folder above the trash is missing, the trash would be made in the current folder.
+    QDir().mkpath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
     return QFile::moveToTrash(nome);
 }
 

@@ -27,7 +27,8 @@ inline QLabel* etichetta(const QString& testo, QRect dove, QWidget* padre,
 /// Label that shows a value, whatever its characters.
 inline QLabel* valore(const QString& nome, QRect dove, QWidget* padre,
                       Qt::Alignment verso = Qt::AlignLeft) {
-    QLabel* e = posto(etichetta(QString(), dove, padre, verso), nome, dove);
+    auto* e = posto(new EtichettaValore(padre), nome, dove);
+    e->setAlignment(verso | Qt::AlignVCenter);
     e->setProperty("valore", true);
     e->setTextFormat(Qt::PlainText);
     return e;

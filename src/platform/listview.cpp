@@ -5,6 +5,7 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QSet>
 #include <QSignalBlocker>
 
 #include "platform/desktop.h"
@@ -82,6 +83,14 @@ void ListView::contextMenuEvent(QContextMenuEvent* evento) {
 }
 
 void ListView::keyPressEvent(QKeyEvent* evento) {
+    static const QSet<int> frecce{Qt::Key_Up,       Qt::Key_Down, Qt::Key_PageUp,
+                                  Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End};
+    if (selezionata() == nullptr && currentItem() != nullptr && frecce.contains(evento->key())) {
+        // The first key chooses the row that is framed instead of leaving it.
+        currentItem()->setSelected(true);
+        Q_EMIT Click();
+        return;
+    }
     const QTreeWidgetItem* prima = currentItem();
     QTreeWidget::keyPressEvent(evento);
     if (currentItem() != prima) Q_EMIT Click();

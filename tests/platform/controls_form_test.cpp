@@ -11,8 +11,10 @@
 #include "platform/desktop.h"
 #include "platform/flexgrid.h"
 #include "platform/listview.h"
+#include "support/cartella.h"
 
 using platform::ComboBox;
+using platform::EtichettaValore;
 using platform::ListBox;
 using platform::ListView;
 using platform::MSFlexGrid;
@@ -224,6 +226,72 @@ TEST(Griglia, TestoEColoriDellaCasellaCorrente) {
     EXPECT_EQ(griglia.item(2, 0)->textAlignment(), int(Qt::AlignRight));
 }
 
+TEST(Elenco, IlPrimoTastoSceglieLaRigaIncorniciata) {
+    for (const Qt::Key tasto : {Qt::Key_Down, Qt::Key_Home, Qt::Key_Up, Qt::Key_End}) {
+        ListView elenco(nullptr);
+        elenco.add_colonna("Nome", 1600, Qt::AlignLeft);
+        elenco.add_voce({"uno"});
+        elenco.add_voce({"due"});
+        mostra(elenco);
+        elenco.setFocus();
+        elenco.setCurrentItem(elenco.topLevelItem(0), 0, QItemSelectionModel::NoUpdate);
+        int clic = 0;
+        QObject::connect(&elenco, &ListView::Click, [&clic] { ++clic; });
+        ASSERT_EQ(elenco.selezionata(), nullptr);
+        QTest::keyClick(&elenco, tasto);
+        EXPECT_EQ(elenco.selezionata(), elenco.topLevelItem(0));
+        EXPECT_EQ(clic, 1);
+        QTest::keyClick(&elenco, Qt::Key_Down);
+        EXPECT_EQ(elenco.selezionata(), elenco.topLevelItem(1));
+        EXPECT_EQ(clic, 2);
+    }
+}
+
+/// Columns of pixels of a label on which something is written.
+std::vector<bool> scritte(QLabel& e) {
+    const QImage immagine = e.grab().toImage();
+    std::vector<bool> colonne;
+    for (int x = 2; x < immagine.width() - 2; ++x) {
+        bool scritta = false;
+        for (int y = 2; y < immagine.height() - 2; ++y) {
+            scritta = scritta || immagine.pixel(x, y) != immagine.pixel(1, 1);
+        }
+        colonne.push_back(scritta);
+    }
+    return colonne;
+}
+
+TEST(EtichettaValore, UnTestoLungoSiStringePrimaDiPerdereLettere) {
+    EtichettaValore e;
+    e.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    e.setMargin(4);
+    e.resize(80, 20);
+    for (const char* lungo : {"172.171.998.278", "123456789.123456789.123456789.123456789"}) {
+        e.setText(lungo);
+        ASSERT_GT(e.fontMetrics().horizontalAdvance(lungo), 72);
+        const std::vector<bool> colonne = scritte(e);
+        EXPECT_FALSE(colonne.front()) << lungo;
+        EXPECT_FALSE(colonne.back()) << lungo;
+    }
+    // What ends in dots begins with its first letters.
+    const QImage puntini = e.grab().toImage();
+    e.setText("123456789.123456789.123456789.000000000");
+    EXPECT_EQ(e.grab().toImage(), puntini);
+    e.setText("923456789.123456789.123456789.123456789");
+    EXPECT_NE(e.grab().toImage(), puntini);
+}
+
+TEST(EtichettaValore, UnTestoCheCiStaRestaComEra) {
+    EtichettaValore e;
+    QLabel semplice;
+    for (QLabel* l : {static_cast<QLabel*>(&e), &semplice}) {
+        l->resize(120, 20);
+        l->setText("86.086,00");
+        l->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    }
+    EXPECT_EQ(e.grab().toImage(), semplice.grab().toImage());
+}
+
 TEST(Elenco, SelezioneTagEOrdineSenzaMaiuscole) {
     ListView elenco(nullptr);
     elenco.add_colonna("Nome", 1600, Qt::AlignLeft);
@@ -310,6 +378,23 @@ TEST(Scatola, SottoNonRestanoFinestreBloccateNePuntatoreDAttesa) {
     EXPECT_TRUE(finestra.updatesEnabled());
     EXPECT_EQ(platform::MousePointer(), 11);
     platform::MousePointer(0);
+}
+
+TEST(Cestino, SiFaAncheDoveMancaLaCartellaSopra) {
+    const support::Cartella cartella;
+    cartella.scrivi("tempo2.sen", "x");
+    const QByteArray prima = qgetenv("XDG_DATA_HOME");
+    const QString dati = platform::q(cartella.file("casa/dati"));
+    qputenv("XDG_DATA_HOME", dati.toUtf8());
+    EXPECT_TRUE(platform::cestina(platform::q(cartella.file("tempo2.sen"))));
+    if (prima.isNull()) {
+        qunsetenv("XDG_DATA_HOME");
+    } else {
+        qputenv("XDG_DATA_HOME", prima);
+    }
+    EXPECT_FALSE(cartella.esiste("tempo2.sen"));
+    EXPECT_TRUE(QFile::exists(dati + "/Trash/files/tempo2.sen"));
+    EXPECT_FALSE(QFile::exists("files/tempo2.sen"));
 }
 
 TEST(Blocco, NeEsisteUnoSolo) {
