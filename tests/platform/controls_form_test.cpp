@@ -380,17 +380,36 @@ TEST(Scatola, SottoNonRestanoFinestreBloccateNePuntatoreDAttesa) {
     platform::MousePointer(0);
 }
 
+/// A variable of the environment with another value for a while.
+class Variabile {
+public:
+    Variabile(const char* nome, const QByteArray& valore) : nome_(nome), prima_(qgetenv(nome)) {
+        qputenv(nome, valore);
+    }
+    ~Variabile() {
+        if (prima_.isNull()) {
+            qunsetenv(nome_);
+        } else {
+            qputenv(nome_, prima_);
+        }
+    }
+    Variabile(const Variabile&) = delete;
+    Variabile& operator=(const Variabile&) = delete;
+
+private:
+    const char* nome_;
+    QByteArray prima_;
+};
+
 TEST(Cestino, SiFaAncheDoveMancaLaCartellaSopra) {
     const support::Cartella cartella;
     cartella.scrivi("tempo2.sen", "x");
-    const QByteArray prima = qgetenv("XDG_DATA_HOME");
     const QString dati = platform::q(cartella.file("casa/dati"));
-    qputenv("XDG_DATA_HOME", dati.toUtf8());
-    EXPECT_TRUE(platform::cestina(platform::q(cartella.file("tempo2.sen"))));
-    if (prima.isNull()) {
-        qunsetenv("XDG_DATA_HOME");
-    } else {
-        qputenv("XDG_DATA_HOME", prima);
+    {
+        // Another disk than the home's would have a trash of its own.
+        const Variabile casa("HOME", cartella.programma().c_str());
+        const Variabile dei_dati("XDG_DATA_HOME", dati.toUtf8());
+        EXPECT_TRUE(platform::cestina(platform::q(cartella.file("tempo2.sen"))));
     }
     EXPECT_FALSE(cartella.esiste("tempo2.sen"));
     EXPECT_TRUE(QFile::exists(dati + "/Trash/files/tempo2.sen"));
