@@ -127,7 +127,10 @@ bool Form1::esegui_elaborazione() {
 }
 
 void Form1::controllo_ripetizioni(std::uint8_t /*lunghezza*/, const QString& /*estensione*/) {
+    // The repetitions went with the walk; the bar tells of their removal all the same.
+    barra(ProgressBar1, combinazioni_sviluppate_);
     ProgressBar1->setValue(ProgressBar1->maximum());
+    platform::DoEvents();
     MSFlexGrid2->set_testo(
         5, 3, platform::q(platform::Format(combinazioni_sviluppate_, platform::Modello::interi)));
     lblimportotot->setText(

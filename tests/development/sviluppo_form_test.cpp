@@ -283,7 +283,25 @@ TEST(DuranteIlLavoro, NelLottoLaBarraStaFermaSulleLinee) {
     EXPECT_EQ(passi, 0);
 }
 
-/// The close box, pressed at a step of the walk and at one of the removal of repetitions.
+TEST(DuranteIlLavoro, LaBarraFinisceSulleCombinazioniSenzaRipetizioni) {
+    for (const bool lotto : {false, true}) {
+        Programma p(true);
+        if (lotto) Programma::clic(p.form1.Image10);
+        p.dimensioni(9, 9);
+        p.riempi_e_salva("uno");
+        int massimo = 0;
+        QObject::connect(p.form1.ProgressBar1, &QProgressBar::valueChanged, &p.form1,
+                         [&](int valore) { massimo = valore; });
+        p.comando(1);
+        const int quante = platform::leggi_numero(p.riepilogo(5, 3).toStdString());
+        EXPECT_GT(quante, 0);
+        EXPECT_EQ(massimo, quante);
+        EXPECT_EQ(p.form1.ProgressBar1->maximum(), quante);
+        EXPECT_FALSE(p.form1.ProgressBar1->isVisible());
+    }
+}
+
+/// The close box, pressed at the first step of the walk, at one in its middle and at the last.
 class Interruzione : public ::testing::TestWithParam<int> {};
 
 INSTANTIATE_TEST_SUITE_P(Passi, Interruzione, ::testing::Values(1, 1500, 30000));
@@ -297,7 +315,6 @@ TEST_P(Interruzione, LaCasellaDiChiusuraFermaIlLavoroELasciaIlFileFinale) {
     const std::string sistema = p.cartella.leggi("uno.sen");
     ASSERT_GT(platform::leggi_numero(p.riepilogo(4, 3).toStdString()), 20000);
     int passi = 0;
-    // The bar reaches its end, past every count of lines, when the repetitions are being removed.
     const int da = qMin(GetParam(), platform::leggi_numero(p.riepilogo(4, 3).toStdString()));
     al_passo(p, da, [&] {
         ++passi;
