@@ -42,8 +42,9 @@ void Form1::collega() {
                 [this, i] { Image3_Click(i); });
     }
     for (int i = 1; i <= 90; ++i) {
-        connect(CMDnum[static_cast<std::size_t>(i)], &QPushButton::clicked, this,
-                [this, i] { CMDnum_Click(i); });
+        connect(CMDnum[static_cast<std::size_t>(i)], &QPushButton::clicked, this, [this, i] {
+            if (!in_completamento_) CMDnum_Click(i);
+        });
     }
     for (int i = 0; i < 3; ++i) {
         const auto k = static_cast<std::size_t>(i);

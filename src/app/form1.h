@@ -201,7 +201,8 @@ private:
     void Form_KeyDown_Canc();
     void digita(int numero);
     void nuova_matrice(int colonne, int righe);
-    void annota(int dopo);
+    bool posa(int numero);
+    void annota(std::int16_t prima);
     void rifai(const std::vector<crossword::Modifica>* azione, bool indietro);
     void aggiorna_lblngioco();
     void UpDown2_Change();

@@ -94,25 +94,35 @@ void Form1::colore_griglia() {
     MSFlexGrid1->viewport()->update();
 }
 
+bool Form1::posa(int numero) {
+    const int x = MSFlexGrid1->Col();
+    const int y = MSFlexGrid1->Row();
+    const std::int16_t prima = matrice(x, y);
+    if (!crossword::posa(matrice, x, y, numero)) return false;
+    annota(prima);
+    colore_griglia();
+    salvato = false;
+    MSFlexGrid1->set_Text(QString::number(numero));
+    return true;
+}
+
 void Form1::CMDnum_Click(int Index) {
     if (in_elaborazione_) return;
     MousePointer(11);
     DoEvents();
     LockWindowUpdate(this);
-    colore_griglia();
-    salvato = false;
-    annota(Index);
-    MSFlexGrid1->set_Text(QString::number(Index));
-    matrice.scrivi(MSFlexGrid1->Col(), MSFlexGrid1->Row(), static_cast<std::int16_t>(Index));
-    if (MSFlexGrid1->Col() < matrice.ubound(1)) {
-        MSFlexGrid1->set_Col(MSFlexGrid1->Col() + 1);
-    } else {
-        MSFlexGrid1->set_Col(0);
-        MSFlexGrid1->set_Row(MSFlexGrid1->Row() < matrice.ubound(2) ? MSFlexGrid1->Row() + 1 : 0);
+    if (posa(Index)) {
+        if (MSFlexGrid1->Col() < matrice.ubound(1)) {
+            MSFlexGrid1->set_Col(MSFlexGrid1->Col() + 1);
+        } else {
+            MSFlexGrid1->set_Col(0);
+            MSFlexGrid1->set_Row(MSFlexGrid1->Row() < matrice.ubound(2) ? MSFlexGrid1->Row() + 1
+                                                                        : 0);
+        }
     }
     abilita_disabilita(static_cast<std::int16_t>(MSFlexGrid1->Row()),
                        static_cast<std::int16_t>(MSFlexGrid1->Col()));
-    lblngioco->setText(QString::number(aggiorna_lista()));
+    aggiorna_lblngioco();
     MSFlexGrid1->setFocus();
     MousePointer(0);
     DoEvents();
@@ -122,18 +132,23 @@ void Form1::CMDnum_Click(int Index) {
 void Form1::rimuovi() {
     if (in_elaborazione_) return;
     salvato = false;
-    annota(0);
+    const std::int16_t prima = matrice(MSFlexGrid1->Col(), MSFlexGrid1->Row());
     MSFlexGrid1->set_Text(QString());
     matrice.scrivi(MSFlexGrid1->Col(), MSFlexGrid1->Row(), 0);
+    annota(prima);
     abilita_disabilita(static_cast<std::int16_t>(MSFlexGrid1->Row()),
                        static_cast<std::int16_t>(MSFlexGrid1->Col()));
 }
 
 void Form1::abilita_disabilita(std::int16_t riga, std::int16_t colonna) {
+    const bool corrente = riga == MSFlexGrid1->Row() && colonna == MSFlexGrid1->Col();
     MousePointer(11);
     DoEvents();
     LockWindowUpdate(this);
-    const std::bitset<91> vietati = crossword::numeri_sulle_linee(matrice, riga, colonna);
+    // An assistive tool's press comes by a timer: it may have moved the current cell meanwhile.
+    const std::bitset<91> vietati =
+        corrente ? crossword::numeri_sulle_linee(matrice, MSFlexGrid1->Row(), MSFlexGrid1->Col())
+                 : crossword::numeri_sulle_linee(matrice, riga, colonna);
     for (std::size_t i = 0; i <= 90; ++i) {
         QPushButton* numero = CMDnum[i];
         const bool vietato = vietati.test(i);

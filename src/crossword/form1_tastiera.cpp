@@ -54,11 +54,11 @@ void Form1::nuova_matrice(int colonne, int righe) {
     cronologia_.chiudi();
 }
 
-void Form1::annota(int dopo) {
+void Form1::annota(std::int16_t prima) {
     if (in_cronologia_) return;
     const int y = MSFlexGrid1->Row();
     const int x = MSFlexGrid1->Col();
-    cronologia_.annota({y, x, matrice(x, y), static_cast<std::int16_t>(dopo)});
+    cronologia_.annota({y, x, prima, matrice(x, y)});
 }
 
 void Form1::annulla_modifica() {

@@ -4,16 +4,16 @@ namespace crossword {
 
 namespace {
 
-/// Collects the cells of a line, passing over the one under the cursor.
+/// Collects the numbers of lines, passing over the cell under the cursor.
 class Raccolta {
 public:
     Raccolta(const Matrice& matrice, int r, int c) : matrice_(matrice), r_(r), c_(c) {}
-    void cella(int x, int y) {
+    void cella(Sbarra linea, int x, int y) {
         if (x == c_ && y == r_) return;
         const int n = matrice_(x, y);
-        if (n >= 0 && n <= 90) numeri.set(static_cast<std::size_t>(n));
+        if (n >= 0 && n <= 90) sbarre[static_cast<std::size_t>(n)] |= linea;
     }
-    std::bitset<91> numeri;
+    std::array<std::uint8_t, 91> sbarre{};
 
 private:
     const Matrice& matrice_;
@@ -47,24 +47,37 @@ Linea antidiagonale(const Matrice& matrice, int somma) {
 
 }  // namespace
 
-std::bitset<91> numeri_sulle_linee(const Matrice& matrice, int r, int c) {
+std::array<std::uint8_t, 91> sbarre(const Matrice& matrice, int r, int c) {
     Raccolta raccolta(matrice, r, c);
     const int n = matrice.ubound(1);
-    for (int y = 0; y <= matrice.ubound(2); ++y) raccolta.cella(c, y);
-    for (int x = 0; x <= n; ++x) raccolta.cella(x, r);
-    if (!matrice.quadrata()) return raccolta.numeri;
+    for (int y = 0; y <= matrice.ubound(2); ++y) raccolta.cella(sulla_colonna, c, y);
+    for (int x = 0; x <= n; ++x) raccolta.cella(sulla_riga, x, r);
+    if (!matrice.quadrata()) return raccolta.sbarre;
     for (int i = 0; i <= n; ++i) {
-        if (r == c) raccolta.cella(i, i);
-        if (r + c == n) raccolta.cella(n - i, i);
+        if (r == c) raccolta.cella(sulla_diagonale, i, i);
+        if (r + c == n) raccolta.cella(sulla_diagonale, n - i, i);
     }
-    if (n < 6) return raccolta.numeri;
+    if (n < 6) return raccolta.sbarre;
     for (int i = 0; i < n; ++i) {
-        if (r + c == n + 1) raccolta.cella(i + 1, n - i);
-        if (r + c == n - 1) raccolta.cella(i, n - 1 - i);
-        if (r == c - 1) raccolta.cella(i + 1, i);
-        if (r == c + 1) raccolta.cella(i, i + 1);
+        if (r + c == n + 1) raccolta.cella(sulla_diagonale, i + 1, n - i);
+        if (r + c == n - 1) raccolta.cella(sulla_diagonale, i, n - 1 - i);
+        if (r == c - 1) raccolta.cella(sulla_diagonale, i + 1, i);
+        if (r == c + 1) raccolta.cella(sulla_diagonale, i, i + 1);
     }
-    return raccolta.numeri;
+    return raccolta.sbarre;
+}
+
+std::bitset<91> numeri_sulle_linee(const Matrice& matrice, int r, int c) {
+    const auto per_numero = sbarre(matrice, r, c);
+    std::bitset<91> numeri;
+    for (std::size_t n = 0; n < per_numero.size(); ++n) numeri.set(n, per_numero[n] != nessuna);
+    return numeri;
+}
+
+bool posa(Matrice& matrice, int x, int y, int numero) {
+    if (numero < 1 || numero > 90) return false;
+    if (sbarre(matrice, y, x)[static_cast<std::size_t>(numero)] != nessuna) return false;
+    return matrice.scrivi(x, y, static_cast<std::int16_t>(numero));
 }
 
 std::vector<Linea> linee_sviluppo(const Matrice& matrice, bool lotto) {

@@ -72,6 +72,7 @@ void MSFlexGrid::set_Rows(int righe) {
     setRowCount(qMax(0, righe));
     completa_voci();
     if (riga_ >= righe) riga_ = 0;
+    sposta();
 }
 
 void MSFlexGrid::set_Cols(int colonne) {
@@ -79,6 +80,7 @@ void MSFlexGrid::set_Cols(int colonne) {
     setColumnCount(qMax(0, colonne));
     completa_voci();
     if (colonna_ >= colonne) colonna_ = 0;
+    sposta();
 }
 
 void MSFlexGrid::completa_voci() {
@@ -179,12 +181,15 @@ void MSFlexGrid::currentChanged(const QModelIndex& ora, const QModelIndex& prima
 }
 
 void MSFlexGrid::mousePressEvent(QMouseEvent* evento) {
+    const int riga = riga_;
+    const int colonna = colonna_;
     {
         const QScopedValueRollback guardia(dal_mouse_, true);
         QTableWidget::mousePressEvent(evento);
     }
-    // Choosing the cell that is current already counts too.
-    if (evento->button() == Qt::LeftButton && indexAt(evento->pos()).isValid()) Q_EMIT SelChange();
+    // Every button moves the current cell; with the left one, choosing it again counts too.
+    const bool scelta = evento->button() == Qt::LeftButton && indexAt(evento->pos()).isValid();
+    if (scelta || riga_ != riga || colonna_ != colonna) Q_EMIT SelChange();
 }
 
 void MSFlexGrid::keyPressEvent(QKeyEvent* evento) {

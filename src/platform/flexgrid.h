@@ -53,7 +53,7 @@ public:
     void barra_esterna();
 
 Q_SIGNALS:
-    /// The user chose a cell, by mouse or keyboard; code that moves the cursor raises nothing.
+    /// A cell was chosen, by whatever moved the current cell other than the routines above.
     void SelChange();
     /// A key that gives a character, or Return, Backspace or Escape, by its code.
     void KeyPress(int tasto);

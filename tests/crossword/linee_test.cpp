@@ -253,6 +253,37 @@ TEST(LineeSviluppo, numeri_che_non_sono_byte_non_passano_per_altri) {
     EXPECT_EQ(linee_sviluppo(m, false)[0].numeri, (std::vector<std::uint8_t>{0, 0, 255, 0, 0, 0}));
 }
 
+TEST(Sbarre, dicono_su_quali_linee_sta_un_numero) {
+    Matrice m(6, 6);
+    m.scrivi(0, 3, 10);
+    m.scrivi(2, 0, 20);
+    m.scrivi(5, 5, 30);
+    m.scrivi(4, 4, 10);
+    m.scrivi(2, 2, 40);
+    const auto s = sbarre(m, 3, 3);
+    EXPECT_EQ(s[10], sulla_riga | sulla_diagonale);
+    EXPECT_EQ(s[20], nessuna);
+    EXPECT_EQ(s[30], sulla_diagonale);
+    EXPECT_EQ(sbarre(m, 2, 2)[20], sulla_colonna);
+    EXPECT_EQ(sbarre(m, 2, 2)[40], nessuna);
+}
+
+TEST(Posa, un_numero_che_sta_su_una_linea_non_entra) {
+    Matrice m(7, 7);
+    ASSERT_TRUE(posa(m, 0, 0, 5));
+    const Matrice prima = m;
+    for (const auto& [x, y] : {std::pair{6, 0}, {0, 6}, {3, 3}}) EXPECT_FALSE(posa(m, x, y, 5));
+    for (const int fuori : {-1, 0, 91, 65541}) EXPECT_FALSE(posa(m, 2, 1, fuori));
+    EXPECT_FALSE(posa(m, 7, 1, 9));
+    EXPECT_FALSE(posa(m, 1, -1, 9));
+    EXPECT_EQ(m, prima);
+    EXPECT_TRUE(posa(m, 0, 0, 5));
+    EXPECT_TRUE(posa(m, 0, 0, 6));
+    EXPECT_TRUE(posa(m, 2, 1, 5));
+    EXPECT_FALSE(posa(m, 3, 2, 5));
+    EXPECT_EQ(m(2, 1), 5);
+}
+
 TEST(LineeSviluppo, una_matrice_cancellata_non_ha_linee) {
     EXPECT_TRUE(linee_sviluppo(Matrice(), false).empty());
     EXPECT_TRUE(linee_sviluppo(Matrice(), true).empty());
