@@ -18,17 +18,18 @@ namespace {
 /// A development of the largest size, removed at the end of the run.
 class Sviluppo {
 public:
-    Sviluppo(std::int32_t righe, int numeri, bool lotto)
+    Sviluppo(std::int32_t righe, crossword::Gioco gioco)
         : nome_((std::filesystem::temp_directory_path() /
-                 ("spoglio-" + std::to_string(::getpid()) + (lotto ? ".lot" : ".col")))
+                 ("spoglio-" + std::to_string(::getpid()) + gioco.estensione_sviluppo()))
                     .string()),
-          richiesta_{nome_, righe, lotto, numeri, {7, 12, 23, 34, 45, 56, 67}} {
+          richiesta_{nome_, righe, gioco, {7, 12, 23, 34, 45, 56, 67}} {
         std::ofstream f(nome_, std::ios::binary);
         std::string testo;
         std::mt19937 caso(1);  // NOLINT: the same file every run
         for (std::int32_t i = 0; i < righe; ++i) {
             std::set<unsigned long> riga;
-            while (riga.size() < static_cast<std::size_t>(numeri)) riga.insert(1 + caso() % 90);
+            while (riga.size() < static_cast<std::size_t>(gioco.numeri()))
+                riga.insert(1 + caso() % 90);
             const char* separatore = "";
             for (const unsigned long numero : riga) {
                 testo += separatore + std::to_string(numero);
@@ -65,8 +66,8 @@ double secondi(const auto& lavoro) {
 /// The same count by awk, in milliseconds; 0 when it came out different.
 double awk(const Richiesta& r, const Spoglio& nostro) {
     std::string vincenti;
-    const std::size_t primo = r.lotto ? 0 : 1;
-    for (std::size_t b = primo; b < (r.lotto ? 5U : 7U); ++b) {
+    const std::size_t primo = r.gioco.e_lotto() ? 0 : 1;
+    for (std::size_t b = primo; b < (r.gioco.e_lotto() ? 5U : 7U); ++b) {
         vincenti += "v[" + std::to_string(r.vincente[b]) + "]++;";
     }
     const std::string uscita = r.file + ".awk";
@@ -97,17 +98,17 @@ void conta(benchmark::State& stato, const Sviluppo& file) {
 }
 
 void spoglio_di_172172_sestine(benchmark::State& stato) {
-    conta(stato, Sviluppo(sestine, 6, false));
+    conta(stato, Sviluppo(sestine, crossword::Gioco::superenalotto()));
 }
 BENCHMARK(spoglio_di_172172_sestine)->Unit(benchmark::kMillisecond);
 
 void spoglio_di_96096_cinquine(benchmark::State& stato) {
-    conta(stato, Sviluppo(cinquine, 5, true));
+    conta(stato, Sviluppo(cinquine, crossword::Gioco::lotto()));
 }
 BENCHMARK(spoglio_di_96096_cinquine)->Unit(benchmark::kMillisecond);
 
 void elenco_di_172172_righe(benchmark::State& stato) {
-    const Sviluppo file(sestine, 6, false);
+    const Sviluppo file(sestine, crossword::Gioco::superenalotto());
     Spoglio spoglio;
     spoglio.conta(file.richiesta(), sempre);
     Dettaglio dettaglio;
@@ -121,7 +122,7 @@ void elenco_di_172172_righe(benchmark::State& stato) {
 BENCHMARK(elenco_di_172172_righe)->Unit(benchmark::kMillisecond);
 
 void ordina(benchmark::State& stato, int colonna, Verso verso) {
-    const Sviluppo file(sestine, 6, false);
+    const Sviluppo file(sestine, crossword::Gioco::superenalotto());
     Spoglio spoglio;
     spoglio.conta(file.richiesta(), sempre);
     Dettaglio dettaglio;

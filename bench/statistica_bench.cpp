@@ -49,7 +49,7 @@ void frequenze_su_80000_estrazioni(benchmark::State& stato) {
 }
 BENCHMARK(frequenze_su_80000_estrazioni)->Unit(benchmark::kMillisecond);
 
-void genera(benchmark::State& stato, bool lotto) {
+void genera(benchmark::State& stato, crossword::Gioco gioco) {
     ArchivioFinto draws(estrazioni(320, 1));
     Statistico s;
     platform::Rnd rnd;
@@ -57,7 +57,7 @@ void genera(benchmark::State& stato, bool lotto) {
     double abbandonate = 0;
     for (auto _ : stato) {
         crossword::Matrice matrice(15, 15);
-        const Generazione g = genera_statistico(lotto, s, draws, file(), matrice, rnd, {});
+        const Generazione g = genera_statistico(gioco, s, draws, file(), matrice, rnd, {});
         sorteggi += static_cast<double>(g.sorteggi);
         abbandonate += g.conclusione == Conclusione::completa ? 0 : 1;
     }
@@ -67,12 +67,12 @@ void genera(benchmark::State& stato, bool lotto) {
 }
 
 void genera_15x15_superenalotto(benchmark::State& stato) {
-    genera(stato, false);
+    genera(stato, crossword::Gioco::superenalotto());
 }
 BENCHMARK(genera_15x15_superenalotto)->Unit(benchmark::kMillisecond);
 
 void genera_15x15_lotto(benchmark::State& stato) {
-    genera(stato, true);
+    genera(stato, crossword::Gioco::lotto());
 }
 BENCHMARK(genera_15x15_lotto)->Unit(benchmark::kMillisecond);
 

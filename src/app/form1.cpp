@@ -106,6 +106,10 @@ int Form1::forma() const {
     return platform::CInt(platform::Val(platform::s(platform::Tag(Frame9)))).value_or(0);
 }
 
+crossword::Gioco Form1::gioco() const {
+    return lotto ? crossword::Gioco::lotto(forma()) : crossword::Gioco::superenalotto();
+}
+
 int Form1::righe() const {
     return platform::CInt(platform::Val(platform::s(Combo2->Text()))).value_or(0);
 }

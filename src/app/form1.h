@@ -44,6 +44,7 @@ public:
     void sistema_in_linea(const QString& nome);
     /// Numbers of a Lotto combination from `Frame9.Tag`, 0 when it is no number.
     [[nodiscard]] int forma() const;
+    [[nodiscard]] crossword::Gioco gioco() const;
     [[nodiscard]] int righe() const;
     [[nodiscard]] int colonne() const;
     /// True while an elaboration or a generation runs.
@@ -104,7 +105,7 @@ public:
     void ripeti_modifica();
 
     // Types and counts.
-    void carica_combo(bool game, std::uint8_t& quale, std::int16_t N);
+    void carica_combo(crossword::Gioco game, std::uint8_t& quale, std::int16_t N);
     void INIZIZLAIZZA_MATSIS();
     void Inizializza1();
     void totale_combinazioni();

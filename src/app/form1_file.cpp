@@ -29,7 +29,7 @@ systems::Sistema Form1::sistema_a_schermo() {
     sistema.tipo_righe = Combo3->ListIndex();
     sistema.tipo_colonne = Combo4->ListIndex();
     sistema.tipo_diagonali = Combo5->ListIndex();
-    sistema.forma = forma();
+    sistema.gioco = gioco();
     sistema.matrice = matrice;
     return sistema;
 }
@@ -47,7 +47,7 @@ void Form1::salva_sistema(bool& esito) {
     if (Tag().isEmpty()) mnusalvanome_Click();
     esito = true;
     if (Tag().isEmpty()) return;
-    systems::scrivi_sistema(platform::App().Path, platform::s(Tag()), sistema_a_schermo(), lotto);
+    systems::scrivi_sistema(platform::App().Path, platform::s(Tag()), sistema_a_schermo());
     salvato = true;
 }
 

@@ -83,12 +83,12 @@ void Form1::Imageb_Click(int Index) {
     }
     INIZIZLAIZZA_MATSIS();
     std::uint8_t quale = 2;
-    carica_combo(lotto, quale, static_cast<std::int16_t>(righe()));
+    carica_combo(gioco(), quale, static_cast<std::int16_t>(righe()));
     quale = 1;
-    carica_combo(lotto, quale, static_cast<std::int16_t>(colonne()));
+    carica_combo(gioco(), quale, static_cast<std::int16_t>(colonne()));
     if (Combo1->Text() == Combo2->Text()) {
         quale = 3;
-        carica_combo(lotto, quale, static_cast<std::int16_t>(colonne()));
+        carica_combo(gioco(), quale, static_cast<std::int16_t>(colonne()));
     }
 }
 

@@ -34,8 +34,8 @@ std::int32_t scheda_di(std::int32_t combinazione, int pannelli) {
 
 bool Dettaglio::aggiungi(const Richiesta& richiesta, const Spoglio& spoglio, int pannelli,
                          const Passo& passo) {
-    Lettore lettore(richiesta.file, richiesta.numeri);
-    quanti_numeri_ = richiesta.numeri;
+    Lettore lettore(richiesta.file, richiesta.gioco.numeri());
+    quanti_numeri_ = richiesta.gioco.numeri();
     const std::size_t quante = righe() + spoglio.quante();
     schede_.reserve(quante);
     numeri_.reserve(quante);

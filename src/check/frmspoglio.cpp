@@ -4,7 +4,6 @@
 
 #include "app/form1.h"
 #include "check/estrazioni.h"
-#include "development/elaborazione.h"
 #include "platform/application.h"
 #include "platform/desktop.h"
 #include "platform/runtime.h"
@@ -56,7 +55,7 @@ void frmspoglio::iniz() {
     const std::string nome = s(platform::Tag(this));
     std::int32_t conteggio = 0;
     if (systems::nome_ammesso(nome)) {
-        platform::assegna(conteggio, systems::leggi_conteggio(App().Path, nome, form1_.lotto));
+        platform::assegna(conteggio, systems::leggi_conteggio(App().Path, nome, form1_.gioco()));
     }
     lblnumconb->setText(QString::number(conteggio));
     lblnomesistema->setText(platform::Tag(this));
@@ -89,11 +88,10 @@ Richiesta frmspoglio::richiesta() const {
     Richiesta r;
     const std::string nome = s(platform::Tag(this));
     if (systems::nome_ammesso(nome)) {
-        r.file = App().file(nome + development::estensione_sviluppo(form1_.lotto));
+        r.file = App().file(nome + form1_.gioco().estensione_sviluppo());
     }
     r.combinazioni = numero(lblnumconb);
-    r.lotto = form1_.lotto;
-    r.numeri = numeri_per_record(form1_.lotto, form1_.forma());
+    r.gioco = form1_.gioco();
     return r;
 }
 
@@ -113,7 +111,7 @@ bool frmspoglio::conta(std::span<QLineEdit* const> caselle) {
     r.vincente = *vincente;
     const platform::LavoroLungo lavoro;
     spoglio_.conta(r, [&](std::int32_t fatte) {
-        if (r.lotto) {
+        if (r.gioco.e_lotto()) {
             mostra_totali_lotto();
         } else {
             mostra_totali();

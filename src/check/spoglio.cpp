@@ -15,9 +15,9 @@ constexpr std::int32_t ogni = 1024;
 /// How often each number stands among the winning ones: a repeated one counts twice.
 class Pesi {
 public:
-    explicit Pesi(const Richiesta& r) : pesi_(std::size_t{1} << 16), numeri_(r.numeri) {
-        const std::size_t primo = r.lotto ? 0 : 1;
-        const std::size_t dopo = r.lotto ? 5 : 7;
+    explicit Pesi(const Richiesta& r) : pesi_(std::size_t{1} << 16), numeri_(r.gioco.numeri()) {
+        const std::size_t primo = r.gioco.e_lotto() ? 0 : 1;
+        const auto dopo = static_cast<std::size_t>(r.gioco.estratti());
         for (std::size_t b = primo; b < dopo; ++b) ++pesi_[posto(r.vincente[b])];
     }
     [[nodiscard]] int punti(const Numeri& colonna) const {
@@ -36,7 +36,7 @@ private:
 
 Punti valuta(const Richiesta& r, const Pesi& pesi, const Numeri& colonna) {
     const int punti = pesi.punti(colonna);
-    const bool jolly = !r.lotto && punti > 4 &&
+    const bool jolly = !r.gioco.e_lotto() && punti > 4 &&
                        std::find(colonna.begin(), colonna.end(), r.vincente[0]) != colonna.end();
     return {punti, jolly};
 }
@@ -72,9 +72,9 @@ std::string Punti::testo() const {
 bool Spoglio::conta(const Richiesta& richiesta, const Passo& passo) {
     *this = Spoglio();
     const Pesi pesi(richiesta);
-    Lettore lettore(richiesta.file, richiesta.numeri);
+    Lettore lettore(richiesta.file, richiesta.gioco.numeri());
     const std::int32_t n = richiesta.combinazioni;
-    if (!richiesta.lotto && n > 0) {
+    if (!richiesta.gioco.e_lotto() && n > 0) {
         // Room for the largest crossword; a count beyond it is damaged or grows as it goes.
         const auto posti = static_cast<std::size_t>(std::min(n, std::int32_t{1} << 18));
         lista_colonne_.reserve(posti);
@@ -96,10 +96,10 @@ bool Spoglio::conta(const Richiesta& richiesta, const Passo& passo) {
 void Spoglio::segna(const Richiesta& richiesta, Punti punti, std::int32_t prima,
                     std::int32_t ultima) {
     const int quanti = punti.punti();
-    if (richiesta.lotto && quanti < 2) return;
+    if (richiesta.gioco.e_lotto() && quanti < 2) return;
     const std::int32_t quante = ultima - prima + 1;
     somma(punti.jolly() ? totali_j_ : totali_, quanti, quante);
-    if (punti.jolly() || quanti > 2 || richiesta.lotto) vincenti_ += quante;
+    if (punti.jolly() || quanti > 2 || richiesta.gioco.e_lotto()) vincenti_ += quante;
     for (std::int32_t k = 0; k < quante && lista_colonne_.size() < posti_massimi; ++k) {
         lista_colonne_.push_back(prima + k);
         lista_punti_.push_back(punti);

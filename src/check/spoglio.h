@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "crossword/gioco.h"
 #include "platform/text_file.h"
 
 namespace check {
@@ -21,8 +22,7 @@ using Numeri = std::array<std::int16_t, 6>;
 struct Richiesta {
     std::string file;               ///< development
     std::int32_t combinazioni = 0;  ///< how many the check runs through
-    bool lotto = false;
-    int numeri = 6;  ///< numbers of a combination
+    crossword::Gioco gioco;
     /// The winning numbers: in SuperEnalotto the Jolly first and six more, in Lotto five.
     std::array<std::int16_t, 7> vincente{};
 };
@@ -32,12 +32,6 @@ using Passo = std::function<bool(std::int32_t fatte)>;
 
 /// The numbers that stand in the boxes; nothing when one of them is not greater than 0.
 std::optional<std::array<std::int16_t, 7>> leggi_vincenti(std::span<const std::string> caselle);
-
-/// Numbers of a record: 6, or in Lotto the form; one that is no form reads nothing.
-inline int numeri_per_record(bool lotto, int forma) {
-    if (!lotto) return 6;
-    return forma >= 3 && forma <= 5 ? forma : 0;
-}
 
 /// A development read record by record. What cannot be read keeps the value of the record before.
 class Lettore {

@@ -18,18 +18,18 @@ QString conteggio(double n) {
 
 }  // namespace
 
-void Form1::carica_combo(bool game, std::uint8_t& quale, std::int16_t N) {
+void Form1::carica_combo(crossword::Gioco game, std::uint8_t& quale, std::int16_t N) {
     platform::ComboBox* combo = quale == 1 ? Combo3 : quale == 2 ? Combo4 : Combo5;
     combo->Clear();
     for (const std::string& tipo :
-         crossword::tipi_sistema(game, forma(), static_cast<crossword::Elenco>(quale), N)) {
+         crossword::tipi_sistema(game, static_cast<crossword::Elenco>(quale), N)) {
         combo->AddItem(platform::q(tipo));
     }
     combo->set_Text(combo->itemText(0));
 }
 
 void Form1::INIZIZLAIZZA_MATSIS() {
-    matsis.INIZIZLAIZZA_MATSIS(lotto, forma());
+    matsis.INIZIZLAIZZA_MATSIS(gioco());
 }
 
 void Form1::Inizializza1() {
@@ -65,7 +65,7 @@ void Form1::Inizializza1() {
 }
 
 void Form1::tipo_riga(int riga, int n, int indice) {
-    if (const auto valore = matsis(n - (lotto ? 5 : 6), indice)) {
+    if (const auto valore = matsis(n - gioco().lato_minimo(), indice)) {
         MSFlexGrid2->set_testo(riga, 3, conteggio(*valore));
     }
     totale_combinazioni();
@@ -109,7 +109,7 @@ void Form1::totale_combinazioni() {
 }
 
 void Form1::controlo_colonne(const QString& nome, bool& esiste) const {
-    esiste = systems::esiste_sviluppo(platform::App().Path, platform::s(nome), lotto);
+    esiste = systems::esiste_sviluppo(platform::App().Path, platform::s(nome), gioco());
 }
 
 }  // namespace app

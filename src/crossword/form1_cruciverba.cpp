@@ -51,14 +51,14 @@ void Form1::modifica_griglia(std::uint8_t /*non_usato*/) {
     MSFlexGrid1->setUpdatesEnabled(true);
     MSFlexGrid2->set_testo(1, 1, Combo2->Text());
     std::uint8_t quale = 2;
-    carica_combo(lotto, quale, static_cast<std::int16_t>(r));
+    carica_combo(gioco(), quale, static_cast<std::int16_t>(r));
     MSFlexGrid2->set_testo(2, 1, Combo1->Text());
     quale = 1;
-    carica_combo(lotto, quale, static_cast<std::int16_t>(c));
+    carica_combo(gioco(), quale, static_cast<std::int16_t>(c));
     if (Combo1->Text() == Combo2->Text()) {
-        MSFlexGrid2->set_testo(3, 1, lotto ? "2" : "6");
+        MSFlexGrid2->set_testo(3, 1, QString::number(gioco().diagonali()));
         quale = 3;
-        carica_combo(lotto, quale, static_cast<std::int16_t>(c));
+        carica_combo(gioco(), quale, static_cast<std::int16_t>(c));
         Combo5->setEnabled(true);
     } else {
         Combo5->Clear();

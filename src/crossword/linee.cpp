@@ -80,10 +80,10 @@ bool posa(Matrice& matrice, int x, int y, int numero) {
     return matrice.scrivi(x, y, static_cast<std::int16_t>(numero));
 }
 
-std::vector<Linea> linee_sviluppo(const Matrice& matrice, bool lotto) {
+std::vector<Linea> linee_sviluppo(const Matrice& matrice, Gioco gioco) {
     std::vector<Linea> linee;
     const int n = matrice.ubound(1);
-    const bool adiacenti = matrice.quadrata() && n > 5 && !lotto;
+    const bool adiacenti = matrice.quadrata() && gioco.adiacenti(matrice.colonne());
     for (int y = 0; y < matrice.righe(); ++y) {
         Linea riga{Gruppo::orizzontali, {}};
         for (int x = 0; x <= n; ++x) riga.numeri.push_back(cella(matrice, x, y));

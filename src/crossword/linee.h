@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "crossword/gioco.h"
 #include "crossword/matrice.h"
 
 namespace crossword {
@@ -33,8 +34,7 @@ struct Linea {
     std::vector<std::uint8_t> numeri;
 };
 
-/// All lines in the order of development. Adjacent diagonals come on square grids of 7 or more
-/// columns, and never in Lotto.
-std::vector<Linea> linee_sviluppo(const Matrice& matrice, bool lotto);
+/// All lines in the order of development, the adjacent diagonals where the game has them.
+std::vector<Linea> linee_sviluppo(const Matrice& matrice, Gioco gioco);
 
 }  // namespace crossword

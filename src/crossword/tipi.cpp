@@ -8,9 +8,8 @@ namespace crossword {
 
 namespace {
 
-constexpr int primo_superenalotto = 6;
-constexpr int primo_lotto = 5;
-constexpr int ultimo = 15;
+constexpr int primo_superenalotto = Gioco::superenalotto().lato_minimo();
+constexpr int primo_lotto = Gioco::lotto().lato_minimo();
 
 const std::vector<std::vector<std::int16_t>> sestine = {
     {1},
@@ -52,9 +51,17 @@ const std::vector<std::vector<std::int16_t>> cinquine = {
     {3003, 13, 56, 295},
 };
 
-const std::vector<std::vector<std::int16_t>>& tabella(bool lotto, int forma) {
-    if (!lotto) return sestine;
-    return forma == 3 ? terzine : forma == 4 ? quartine : cinquine;
+const std::vector<std::vector<std::int16_t>>& tabella(Gioco gioco) {
+    switch (gioco.numeri()) {
+        case 3:
+            return terzine;
+        case 4:
+            return quartine;
+        case 5:
+            return cinquine;
+        default:
+            return sestine;
+    }
 }
 
 std::vector<std::string> tipi_superenalotto(Elenco quale, int n) {
@@ -122,26 +129,31 @@ std::vector<std::string> tipi_cinquine(int n) {
 
 }  // namespace
 
-std::vector<std::string> tipi_sistema(bool lotto, int forma, Elenco quale, int n) {
-    if (n < (lotto ? primo_lotto : primo_superenalotto) || n > ultimo) return {};
+std::vector<std::string> tipi_sistema(Gioco gioco, Elenco quale, int n) {
+    if (!gioco.valido() || n < gioco.lato_minimo() || n > Gioco::lato_massimo) return {};
     std::vector<std::string> tipi;
-    if (!lotto) {
-        tipi = tipi_superenalotto(quale, n);
-    } else if (forma == 3) {
-        tipi = tipi_terzine(n);
-    } else if (forma == 4) {
-        tipi = tipi_quartine(n);
-    } else if (forma == 5) {
-        tipi = tipi_cinquine(n);
+    switch (gioco.numeri()) {
+        case 3:
+            tipi = tipi_terzine(n);
+            break;
+        case 4:
+            tipi = tipi_quartine(n);
+            break;
+        case 5:
+            tipi = tipi_cinquine(n);
+            break;
+        default:
+            tipi = tipi_superenalotto(quale, n);
+            break;
     }
     // A type of the diagonals also serves lines one shorter, and named tables exist for one N.
     if (quale == Elenco::diagonali && tipi.size() > 4) tipi.resize(4);
     return tipi;
 }
 
-void Matsis::INIZIZLAIZZA_MATSIS(bool lotto, int forma) {
-    if (lotto && (forma < 3 || forma > 5)) return;
-    const auto& righe = tabella(lotto, forma);
+void Matsis::INIZIZLAIZZA_MATSIS(Gioco gioco) {
+    if (!gioco.valido()) return;
+    const auto& righe = tabella(gioco);
     for (std::size_t i = 0; i < righe.size(); ++i) {
         for (std::size_t t = 0; t < righe[i].size(); ++t) valori_[i][t] = righe[i][t];
     }

@@ -7,20 +7,22 @@
 #include <string>
 #include <vector>
 
+#include "crossword/gioco.h"
+
 namespace crossword {
 
 /// Which list of types: that of the rows, the columns or the diagonals.
 enum class Elenco : std::uint8_t { orizzontali = 1, verticali = 2, diagonali = 3 };
 
 /// Texts of the types for lines of `n` numbers, in order of type number; empty for an `n` that
-/// no list has. `forma` is 3, 4 or 5 and counts in Lotto only.
-std::vector<std::string> tipi_sistema(bool lotto, int forma, Elenco quale, int n);
+/// no list has and for a game that plays nothing.
+std::vector<std::string> tipi_sistema(Gioco gioco, Elenco quale, int n);
 
 /// Combinations per line and type; 0 where nothing was written.
 class Matsis {
 public:
-    /// Writes the places of one game and form and leaves the others as they were.
-    void INIZIZLAIZZA_MATSIS(bool lotto, int forma);
+    /// Writes the places of one game and leaves the others as they were.
+    void INIZIZLAIZZA_MATSIS(Gioco gioco);
     /// Value for list row `i` (N - 6, or N - 5 in Lotto) and type `t`; nothing outside 11 x 8.
     [[nodiscard]] std::optional<std::int16_t> operator()(int i, int t) const;
 

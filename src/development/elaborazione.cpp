@@ -37,17 +37,16 @@ Elaborazione::Elaborazione(Richiesta richiesta, Avanzamento avanzamento)
     : richiesta_(std::move(richiesta)), avanzamento_(std::move(avanzamento)) {}
 
 std::string Elaborazione::file_temporaneo() const {
-    return richiesta_.cartella + "/temp" + estensione_sviluppo(richiesta_.lotto);
+    return richiesta_.cartella + "/temp" + richiesta_.gioco.estensione_sviluppo();
 }
 
 const TabellaPosizioni& Elaborazione::tabella(int n, int tipo) {
-    const std::string nome = nome_tabella(richiesta_.lotto, richiesta_.forma, n, tipo);
+    const std::string nome = nome_tabella(richiesta_.gioco, n, tipo);
     const auto nota = tabelle_.find(nome);
     if (nota != tabelle_.end()) return nota->second;
     TabellaPosizioni letta;
     if (!nome.empty() && tipo >= 0) {
-        letta = leggi_tabella(richiesta_.ridotti + "/" + nome,
-                              numeri_combinazione(richiesta_.lotto, richiesta_.forma), n);
+        letta = leggi_tabella(richiesta_.ridotti + "/" + nome, richiesta_.gioco.numeri(), n);
     }
     return tabelle_.emplace(nome, std::move(letta)).first->second;
 }
@@ -131,7 +130,7 @@ int Elaborazione::tipo_di(const crossword::Linea& linea) const {
 }
 
 Conclusione Elaborazione::sviluppa() {
-    const auto linee = crossword::linee_sviluppo(richiesta_.matrice, richiesta_.lotto);
+    const auto linee = crossword::linee_sviluppo(richiesta_.matrice, richiesta_.gioco);
     if (richiesta_.senza_ripetizioni) {
         std::size_t quante = 0;
         for (const crossword::Linea& linea : linee) {

@@ -20,8 +20,7 @@ namespace development {
 /// What to develop and where.
 struct Richiesta {
     crossword::Matrice matrice;
-    bool lotto = false;
-    int forma = 5;       ///< numbers of a Lotto combination: 3, 4 or 5
+    crossword::Gioco gioco;
     int tipo_righe = 0;  ///< type numbers; one below 0 names no table
     int tipo_colonne = 0;
     int tipo_diagonali = 0;
@@ -47,11 +46,6 @@ void ordina_controlli(std::vector<T>& v, std::size_t da, std::size_t a) {
     const auto inizio = v.begin() + static_cast<std::ptrdiff_t>(da);
     const auto fine = v.begin() + static_cast<std::ptrdiff_t>(std::min(a, v.size() - 1)) + 1;
     std::sort(inizio, fine);
-}
-
-/// Extension of a development file: ".col", or ".lot" in Lotto.
-inline const char* estensione_sviluppo(bool lotto) {
-    return lotto ? ".lot" : ".col";
 }
 
 /// Walks the lines of one crossword, appending their combinations to the working file.

@@ -40,8 +40,7 @@ bool Form1::nome_per_elaborare(const QString& domanda, const QString& titolo) {
 development::Richiesta Form1::richiesta() const {
     development::Richiesta r;
     r.matrice = matrice;
-    r.lotto = lotto;
-    r.forma = forma();
+    r.gioco = gioco();
     r.tipo_righe = Combo3->ListIndex();
     r.tipo_colonne = Combo4->ListIndex();
     r.tipo_diagonali = Combo5->ListIndex();
@@ -113,7 +112,7 @@ bool Form1::esegui_elaborazione() {
     for (QAction* menu : menuBar()->actions()) menu->setEnabled(false);
     barra(ProgressBar1, platform::leggi_numero(platform::s(MSFlexGrid2->testo(4, 3))) + 1);
     ProgressBar1->show();
-    const QString estensione = development::estensione_sviluppo(lotto);
+    const QString estensione = gioco().estensione_sviluppo();
     const QString finale = platform::q(App().file(platform::s(lblsistema->text() + estensione)));
     if (sviluppa_in(finale) && mnuRipetizioniSenza->isChecked()) {
         controllo_ripetizioni(lotto ? 5 : 6, estensione);

@@ -4,13 +4,9 @@
 
 namespace development {
 
-std::string nome_tabella(bool lotto, int forma, int n, int tipo) {
-    const char* prefisso = "cr";
-    if (lotto) {
-        if (forma < 3 || forma > 5) return "";
-        prefisso = forma == 3 ? "tr" : forma == 4 ? "qt" : "cn";
-    }
-    return prefisso + std::string(n < 10 ? "0" : "") + std::to_string(n) + "0" +
+std::string nome_tabella(crossword::Gioco gioco, int n, int tipo) {
+    if (!gioco.valido()) return "";
+    return gioco.prefisso_tabelle() + std::string(n < 10 ? "0" : "") + std::to_string(n) + "0" +
            std::to_string(tipo) + ".rid";
 }
 

@@ -5,16 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "crossword/gioco.h"
+
 namespace development {
 
-/// Numbers of one combination: 6 in SuperEnalotto, the Lotto form (3, 4 or 5) in Lotto.
-inline int numeri_combinazione(bool lotto, int forma) {
-    return lotto ? forma : 6;
-}
-
 /// File name of the table for lines of `n` numbers and type number `tipo`, such as
-/// "cr0904.rid"; empty for a Lotto form that is not 3, 4 or 5.
-std::string nome_tabella(bool lotto, int forma, int n, int tipo);
+/// "cr0904.rid"; empty for a game that plays nothing.
+std::string nome_tabella(crossword::Gioco gioco, int n, int tipo);
 
 /// Rows of positions, `k` to a row, as far as they could be read.
 struct TabellaPosizioni {

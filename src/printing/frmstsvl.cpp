@@ -137,7 +137,7 @@ void frmstsvl::Command2_Click() {
 }
 
 void frmstsvl::cmdstampa_Click() {
-    static_cast<void>(stampa_sviluppo(false));
+    static_cast<void>(stampa_sviluppo(crossword::Gioco::superenalotto()));
 }
 
 Testata frmstsvl::testata() const {
@@ -153,7 +153,7 @@ Prospetto frmstsvl::prospetto_a_schermo() {
     };
     Prospetto p;
     p.testata = testata();
-    p.lotto = form1_.lotto;
+    p.gioco = form1_.gioco();
     p.matrice = form1_.matrice;
     p.in_gioco = s(form1_.lblngioco->text());
     const std::array<const platform::ComboBox*, 3> tipi = {form1_.Combo3, form1_.Combo4,
@@ -177,12 +177,12 @@ bool frmstsvl::prospetto() {
     return stampa_prospetto(printer, schermo, prospetto_a_schermo());
 }
 
-bool frmstsvl::stampa_sviluppo(bool lotto) {
+bool frmstsvl::stampa_sviluppo(crossword::Gioco gioco) {
     platform::PrinterQt printer(nome(), q(App().file(s(nome()) + "-sviluppo.pdf")));
     SchermoQt schermo;
     const Sviluppo da_stampare{testata(), App().Path, s(nome()), form1_.forma()};
-    return lotto ? stampa_sviluppo_lotto(printer, schermo, da_stampare)
-                 : stampa_sviluppo_superenalotto(printer, schermo, da_stampare);
+    return gioco.e_lotto() ? stampa_sviluppo_lotto(printer, schermo, da_stampare)
+                           : stampa_sviluppo_superenalotto(printer, schermo, da_stampare);
 }
 
 bool frmstsvl::manca_lo_sviluppo() const {
@@ -198,7 +198,7 @@ bool frmstsvl::sviluppo() {
             "Tabellino", true);
         return false;
     }
-    return stampa_sviluppo(form1_.lotto);
+    return stampa_sviluppo(form1_.gioco());
 }
 
 bool frmstsvl::schedine() {

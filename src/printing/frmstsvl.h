@@ -65,7 +65,7 @@ private:
     [[nodiscard]] bool manca_lo_sviluppo() const;
     [[nodiscard]] Testata testata() const;
     [[nodiscard]] Prospetto prospetto_a_schermo();
-    [[nodiscard]] bool stampa_sviluppo(bool lotto);
+    [[nodiscard]] bool stampa_sviluppo(crossword::Gioco gioco);
     void messaggio(const QString& testo, const QString& titolo, bool informazione);
 
     app::Form1& form1_;

@@ -75,7 +75,7 @@ public:
         titoli();
         griglia();
         tabella();
-        if (!p_.lotto) prezzo();
+        if (!p_.gioco.e_lotto()) prezzo();
         nota();
     }
 
@@ -111,7 +111,7 @@ private:
 
 void Pagina::titoli() {
     r_.CurrentY -= r_.TextHeight("0") * 1.5F;
-    titolo_centrato(r_, p_.lotto ? "Cruciverba Lotto" : "Cruciverba SuperEnalotto", 32);
+    titolo_centrato(r_, p_.gioco.e_lotto() ? "Cruciverba Lotto" : "Cruciverba SuperEnalotto", 32);
     r_.CurrentY -= r_.TextHeight("0");
     titolo_centrato(r_, "Numeri in gioco: " + p_.in_gioco, 12);
     r_.CurrentY -= 2 * r_.TextHeight("0");
@@ -281,7 +281,7 @@ void Pagina::tabella() {
     r_.FontBold = true;
     for (const Colonna& c : {sistemi, quantita, tipo, combinazioni}) cella(c, c.titolo, false);
     r_.CurrentY += 1;
-    if (p_.lotto) {
+    if (p_.gioco.e_lotto()) {
         riga_lotto(p_.righe[0], "Orizzontali", 1.5F);
         riga_lotto(p_.righe[1], "Verticali", 2.125F);
         diagonali_lotto(p_.righe[2]);
@@ -309,7 +309,7 @@ void Pagina::prezzo() {
 void Pagina::nota() {
     constexpr int ultima_da_due = 5;
     constexpr std::uint8_t corpo = 10;
-    if (p_.lotto) {
+    if (p_.gioco.e_lotto()) {
         titolo_centrato(
             r_,
             nc_ == nr_ ? "* Si devono prendere in considerazione solo le 2 diagonali principali."

@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+#include "crossword/gioco.h"
 #include "crossword/matrice.h"
 #include "printing/mod_stampa.h"
 
@@ -20,7 +21,7 @@ struct RigaProspetto {
 /// All that the page says.
 struct Prospetto {
     Testata testata;
-    bool lotto = false;
+    crossword::Gioco gioco;
     crossword::Matrice matrice;
     std::string in_gioco;                ///< count of different numbers
     std::array<RigaProspetto, 3> righe;  ///< rows, columns, diagonals

@@ -64,7 +64,7 @@ void Form1::genera_statistico() {
     const platform::LavoroLungo lavoro;
     in_elaborazione_ = true;
     statistics::LettoreArchivio lettore(archivio);
-    statistics::genera_statistico(lotto, statistico, lettore, file_mstat(), matrice, rnd_,
+    statistics::genera_statistico(gioco(), statistico, lettore, file_mstat(), matrice, rnd_,
                                   seguito(true));
     in_elaborazione_ = false;
     ProgressBar1->hide();

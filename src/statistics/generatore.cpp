@@ -231,11 +231,11 @@ bool bastano_estrazioni(LettoreEstrazioni& draws) {
     return draws.MoveLast() && draws.RecordCount() >= 100;
 }
 
-Generazione genera_statistico(bool lotto, Statistico& statistico, LettoreEstrazioni& draws,
-                              const std::string& file, Matrice& matrice, platform::Rnd& rnd,
-                              const Seguito& seguito) {
+Generazione genera_statistico(crossword::Gioco gioco, Statistico& statistico,
+                              LettoreEstrazioni& draws, const std::string& file, Matrice& matrice,
+                              platform::Rnd& rnd, const Seguito& seguito) {
     if (!draws.MoveLast()) return {};
-    if (!lotto) {
+    if (!gioco.e_lotto()) {
         if (!statistico.statistica_ritardi(draws, file, seguito.barra)) return {};
         return riempi_casuale(statistico.statistica(), matrice, rnd, seguito);
     }

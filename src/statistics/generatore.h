@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+#include "crossword/gioco.h"
 #include "crossword/matrice.h"
 #include "platform/runtime.h"
 #include "statistics/statistica.h"
@@ -45,8 +46,9 @@ bool bastano_estrazioni(LettoreEstrazioni& draws);
 
 /// Delays of `draws`, then the filling by them; a draw that cannot be read takes no random
 /// number. SuperEnalotto keeps its ranking in `file`, Lotto forgets it.
-Generazione genera_statistico(bool lotto, Statistico& statistico, LettoreEstrazioni& draws,
-                              const std::string& file, crossword::Matrice& matrice,
-                              platform::Rnd& rnd, const Seguito& seguito);
+Generazione genera_statistico(crossword::Gioco gioco, Statistico& statistico,
+                              LettoreEstrazioni& draws, const std::string& file,
+                              crossword::Matrice& matrice, platform::Rnd& rnd,
+                              const Seguito& seguito);
 
 }  // namespace statistics

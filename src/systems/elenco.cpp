@@ -5,7 +5,6 @@
 #include "platform/disk.h"
 #include "platform/runtime.h"
 #include "platform/text_file.h"
-#include "systems/file_sistema.h"
 
 namespace systems {
 
@@ -18,48 +17,39 @@ struct Testa {
     std::uint8_t forma = 0;
 };
 
-void leggi_testa(const std::string& nome, bool lotto, Testa& testa) {
+void leggi_testa(const std::string& nome, crossword::Gioco gioco, Testa& testa) {
     platform::TextReader file(nome);
     std::string non_tenuto;
     file.campo(non_tenuto);
     file.intero(testa.ultima_riga);
     file.intero(testa.ultima_colonna);
-    if (!lotto) return;
+    if (!gioco.e_lotto()) return;
     for (int i = 4; i <= 7; ++i) file.campo(non_tenuto);
     file.intero(testa.forma);
 }
 
-std::string testo_dimensione(const Testa& testa, bool lotto) {
-    if (!lotto) {
+std::string testo_dimensione(const Testa& testa, crossword::Gioco gioco) {
+    if (!gioco.e_lotto()) {
         return std::to_string(testa.ultima_riga + 1) + " x" +
                platform::Str(testa.ultima_colonna + 1);
     }
-    switch (testa.forma) {
-        case 3:
-            return "Terzine";
-        case 4:
-            return "Quartine";
-        case 5:
-            return "Cinquine";
-        default:
-            return "";
-    }
+    return crossword::Gioco::lotto(testa.forma).nome_combinazioni();
 }
 
 }  // namespace
 
 std::vector<Voce> trova_sistemi(const std::string& cartella, const std::string& programma,
-                                bool lotto) {
+                                crossword::Gioco gioco) {
     std::vector<Voce> voci;
     Testa testa;
     std::string data;
-    const std::string modello = std::string("*") + estensione_sistema(lotto);
+    const std::string modello = std::string("*") + gioco.estensione_sistema();
     for (const std::string& nome : platform::Dir(cartella, modello)) {
         const std::string file = programma + "/" + nome;
-        leggi_testa(file, lotto, testa);
+        leggi_testa(file, gioco, testa);
         const std::string creazione = ShowFileInfo(file);
         if (!creazione.empty()) data = creazione.substr(0, 8);
-        voci.push_back({nome.substr(0, nome.size() - 4), testo_dimensione(testa, lotto), data});
+        voci.push_back({nome.substr(0, nome.size() - 4), testo_dimensione(testa, gioco), data});
     }
     return voci;
 }

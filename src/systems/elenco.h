@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "crossword/gioco.h"
+
 namespace systems {
 
 /// One row of the list.
@@ -17,7 +19,7 @@ struct Voce {
 /// Systems of the game whose files stand in `cartella`. Heads and dates are read from the files
 /// of the same name in `programma`; one that cannot be read keeps the values of the one before.
 std::vector<Voce> trova_sistemi(const std::string& cartella, const std::string& programma,
-                                bool lotto);
+                                crossword::Gioco gioco);
 
 /// Creation date and time of a file as "dd/mm/yy hh.mm.ss" in local time, empty without it.
 std::string ShowFileInfo(const std::string& nome);

@@ -1,16 +1,17 @@
 #include "systems/file_sistema.h"
 
-#include "development/elaborazione.h"
 #include "platform/disk.h"
 #include "platform/runtime.h"
 #include "platform/text_file.h"
 
 namespace systems {
 
+using crossword::Gioco;
+
 namespace {
 
-std::string nome_file(const std::string& cartella, const std::string& nome, bool lotto) {
-    return cartella + "/" + nome + estensione_sistema(lotto);
+std::string nome_file(const std::string& cartella, const std::string& nome, Gioco gioco) {
+    return cartella + "/" + nome + gioco.estensione_sistema();
 }
 
 /// A type index is read as text and turned into a number only when it is used.
@@ -25,7 +26,7 @@ struct Testata {
     std::uint8_t ultima_colonna = 0;
 };
 
-Testata leggi_testata(platform::TextReader& file, bool lotto, Sistema& sistema) {
+Testata leggi_testata(platform::TextReader& file, Gioco gioco, Sistema& sistema) {
     Testata testata;
     file.intero(sistema.totale);
     file.intero(testata.ultima_riga);
@@ -34,10 +35,10 @@ Testata leggi_testata(platform::TextReader& file, bool lotto, Sistema& sistema) 
     sistema.tipo_righe = indice(file);
     sistema.tipo_colonne = indice(file);
     sistema.tipo_diagonali = indice(file);
-    if (lotto) {
+    if (gioco.e_lotto()) {
         std::int16_t forma = 0;
         file.intero(forma);
-        sistema.forma = forma;
+        sistema.gioco = Gioco::lotto(forma);
     }
     file.intero(sistema.senza_ripetizioni);
     return testata;
@@ -45,7 +46,7 @@ Testata leggi_testata(platform::TextReader& file, bool lotto, Sistema& sistema) 
 
 }  // namespace
 
-std::string testo_sistema(const Sistema& sistema, bool lotto) {
+std::string testo_sistema(const Sistema& sistema) {
     platform::Record testata;
     testata.scrivi(sistema.totale)
         .scrivi(sistema.matrice.ubound(2))
@@ -54,7 +55,7 @@ std::string testo_sistema(const Sistema& sistema, bool lotto) {
         .scrivi(sistema.tipo_righe)
         .scrivi(sistema.tipo_colonne)
         .scrivi(sistema.tipo_diagonali);
-    if (lotto) testata.scrivi(sistema.forma);
+    if (sistema.gioco.e_lotto()) testata.scrivi(sistema.gioco.forma());
     testata.scrivi(sistema.senza_ripetizioni);
     std::string testo = testata.testo();
     for (int y = 0; y <= sistema.matrice.ubound(2); ++y) {
@@ -66,16 +67,15 @@ std::string testo_sistema(const Sistema& sistema, bool lotto) {
     return testo;
 }
 
-bool scrivi_sistema(const std::string& cartella, const std::string& nome, const Sistema& sistema,
-                    bool lotto) {
-    return platform::sostituisci(nome_file(cartella, nome, lotto), testo_sistema(sistema, lotto)) ==
-           platform::Esito::ok;
+bool scrivi_sistema(const std::string& cartella, const std::string& nome, const Sistema& sistema) {
+    return platform::sostituisci(nome_file(cartella, nome, sistema.gioco),
+                                 testo_sistema(sistema)) == platform::Esito::ok;
 }
 
-Sistema leggi_sistema(const std::string& cartella, const std::string& nome, bool lotto) {
+Sistema leggi_sistema(const std::string& cartella, const std::string& nome, Gioco gioco) {
     Sistema sistema;
-    platform::TextReader file(nome_file(cartella, nome, lotto));
-    const Testata testata = leggi_testata(file, lotto, sistema);
+    platform::TextReader file(nome_file(cartella, nome, gioco));
+    const Testata testata = leggi_testata(file, gioco, sistema);
     sistema.matrice = crossword::Matrice(testata.ultima_colonna + 1, testata.ultima_riga + 1);
     for (int y = 0; y <= testata.ultima_riga && !file.eof(); ++y) {
         for (int x = 0; x <= testata.ultima_colonna; ++x) {
@@ -91,16 +91,16 @@ Sistema leggi_sistema(const std::string& cartella, const std::string& nome, bool
 }
 
 std::optional<std::int32_t> leggi_conteggio(const std::string& cartella, const std::string& nome,
-                                            bool lotto) {
-    platform::TextReader file(nome_file(cartella, nome, lotto));
+                                            Gioco gioco) {
+    platform::TextReader file(nome_file(cartella, nome, gioco));
     if (!file.aperto()) return std::nullopt;
     Sistema sistema;
-    leggi_testata(file, lotto, sistema);
+    leggi_testata(file, gioco, sistema);
     return sistema.senza_ripetizioni;
 }
 
-bool esiste_sviluppo(const std::string& cartella, const std::string& nome, bool lotto) {
-    return platform::esiste_file(cartella + "/" + nome + development::estensione_sviluppo(lotto));
+bool esiste_sviluppo(const std::string& cartella, const std::string& nome, Gioco gioco) {
+    return platform::esiste_file(cartella + "/" + nome + gioco.estensione_sviluppo());
 }
 
 }  // namespace systems

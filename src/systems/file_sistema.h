@@ -5,14 +5,10 @@
 #include <optional>
 #include <string>
 
+#include "crossword/gioco.h"
 #include "crossword/matrice.h"
 
 namespace systems {
-
-/// Extension of a system file: ".sen", or ".sel" in Lotto.
-inline const char* estensione_sistema(bool lotto) {
-    return lotto ? ".sel" : ".sen";
-}
 
 /// What one system file holds.
 struct Sistema {
@@ -21,27 +17,27 @@ struct Sistema {
     std::int32_t tipo_righe = -1;  ///< list indexes; -1 is no selection
     std::int32_t tipo_colonne = -1;
     std::int32_t tipo_diagonali = -1;
-    int forma = 5;                       ///< numbers of a Lotto combination; Lotto only
+    crossword::Gioco gioco;              ///< the file names it, but for the form in Lotto
     std::int32_t senza_ripetizioni = 0;  ///< combinations without repetitions
     crossword::Matrice matrice;
 };
 
 /// Bytes of the file of a system.
-std::string testo_sistema(const Sistema& sistema, bool lotto);
+std::string testo_sistema(const Sistema& sistema);
 
 /// Writes the file of `nome` in `cartella`, whole or not at all; false when the disk refused.
-bool scrivi_sistema(const std::string& cartella, const std::string& nome, const Sistema& sistema,
-                    bool lotto);
+bool scrivi_sistema(const std::string& cartella, const std::string& nome, const Sistema& sistema);
 
-/// Reads the file of `nome`. What is missing, also the whole file, reads as zeros and empty
-/// texts; the crossword then is as large as the header says, at most 256 x 256.
-Sistema leggi_sistema(const std::string& cartella, const std::string& nome, bool lotto);
+/// Reads the file that `nome` has in a game; in Lotto the form comes from the file. What is
+/// missing, also the whole file, reads as zeros and empty texts; the crossword then is as large as
+/// the header says, at most 256 x 256.
+Sistema leggi_sistema(const std::string& cartella, const std::string& nome, crossword::Gioco gioco);
 
 /// Count of combinations without repetitions from the header; nothing when there is no file.
 std::optional<std::int32_t> leggi_conteggio(const std::string& cartella, const std::string& nome,
-                                            bool lotto);
+                                            crossword::Gioco gioco);
 
 /// True when the development file of `nome` exists for the game.
-bool esiste_sviluppo(const std::string& cartella, const std::string& nome, bool lotto);
+bool esiste_sviluppo(const std::string& cartella, const std::string& nome, crossword::Gioco gioco);
 
 }  // namespace systems

@@ -44,7 +44,7 @@ void Form2::trova_sistemi(const QString& cartella) {
     ListView1->svuota();
     numero_sistemi_ = 0;
     for (const Voce& voce :
-         systems::trova_sistemi(platform::s(cartella), App().Path, form1_.lotto)) {
+         systems::trova_sistemi(platform::s(cartella), App().Path, form1_.gioco())) {
         QTreeWidgetItem* nuova =
             ListView1->add_voce({q(voce.nome), q(voce.dimensione), q(voce.data)});
         nuova->setToolTip(0, q(voce.nome));
@@ -93,8 +93,7 @@ bool Form2::sovrascrittura_negata(const QString& nome) {
             return true;
         }
         // The old development goes first: it must never stand beside another crossword.
-        platform::Kill(App().Path + "/" + platform::s(nome) +
-                       development::estensione_sviluppo(form1_.lotto));
+        platform::Kill(App().Path + "/" + platform::s(nome) + form1_.gioco().estensione_sviluppo());
         return false;
     }
     return false;
@@ -109,14 +108,14 @@ void Form2::cmdsalva_Click() {
         return;
     }
     if (!nome_ammesso(platform::s(nome)) || sovrascrittura_negata(nome)) return;
-    scrivi_sistema(App().Path, platform::s(nome), form1_.sistema_a_schermo(), form1_.lotto);
+    scrivi_sistema(App().Path, platform::s(nome), form1_.sistema_a_schermo());
     form1_.sistema_in_linea(nome);
     form1_.salvato = true;
     close();
 }
 
 void Form2::apri_dimensioni(int ultima_colonna, int ultima_riga) {
-    const int primo = form1_.lotto ? 4 : 5;
+    const int primo = form1_.gioco().lato_minimo() - 1;
     form1_.Combo1->set_ListIndex(ultima_colonna - primo);
     form1_.Combo2->set_ListIndex(ultima_riga - primo);
 }
@@ -137,10 +136,10 @@ void Form2::Command5_Click() {
     if (platform::Val(platform::s(platform::Tag(ListView1))) == 0) return;
     const QString nome = platform::ListView::tag_voce(ListView1->selezionata());
     if (nome.isEmpty() || !nome_ammesso(platform::s(nome)) || form1_.in_elaborazione()) return;
-    const Sistema sistema = leggi_sistema(App().Path, platform::s(nome), form1_.lotto);
+    const Sistema sistema = leggi_sistema(App().Path, platform::s(nome), form1_.gioco());
     if (form1_.lotto) {
-        platform::set_Tag(form1_.Frame9, QString::number(sistema.forma));
-        form1_.Imageb_Click(sistema.forma - 3);
+        platform::set_Tag(form1_.Frame9, QString::number(sistema.gioco.forma()));
+        form1_.Imageb_Click(sistema.gioco.forma() - 3);
     }
     apri_dimensioni(sistema.matrice.ubound(1), sistema.matrice.ubound(2));
     form1_.Combo3->set_ListIndex(sistema.tipo_righe);

@@ -90,7 +90,7 @@ void Form2::avverti(const QString& testo, Icona icona) {
 }
 
 Coppia Form2::coppia(const QString& cartella, const QString& nome) const {
-    return {s(cartella), s(nome), form1_.lotto};
+    return {s(cartella), s(nome), form1_.gioco()};
 }
 
 QString Form2::nome_scelto() const {
@@ -216,7 +216,7 @@ void Form2::mnueliminatutti_Click() {
         return;
     }
     MousePointer(11);
-    elimina_tutti(App().Path, form1_.lotto);
+    elimina_tutti(App().Path, form1_.gioco());
     trova_sistemi(cartella_programma());
     MousePointer(0);
 }

@@ -2,10 +2,8 @@
 
 #include <algorithm>
 
-#include "development/elaborazione.h"
 #include "platform/links.h"
 #include "systems/elenco.h"
-#include "systems/file_sistema.h"
 
 namespace systems {
 
@@ -49,11 +47,11 @@ Esito libera_file(const std::string& origine, const std::string& arrivo) {
 }  // namespace
 
 std::string Coppia::sistema() const {
-    return con_barra(cartella) + nome + estensione_sistema(lotto);
+    return con_barra(cartella) + nome + gioco.estensione_sistema();
 }
 
 std::string Coppia::sviluppo() const {
-    return con_barra(cartella) + nome + development::estensione_sviluppo(lotto);
+    return con_barra(cartella) + nome + gioco.estensione_sviluppo();
 }
 
 bool nome_valido(std::string_view nome) {
@@ -67,7 +65,7 @@ bool controllo_sistemi_esistenti(const std::string& cartella, const std::string&
 }
 
 Passi rinomina(const Coppia& vecchia, const std::string& nuovo) {
-    const Coppia nuova{vecchia.cartella, nuovo, vecchia.lotto};
+    const Coppia nuova{vecchia.cartella, nuovo, vecchia.gioco};
     if (!ammesse(vecchia, nuova)) return rifiutati();
     Passi passi;
     passi.sviluppo = rinomina_file(vecchia.sviluppo(), nuova.sviluppo());
@@ -94,10 +92,9 @@ Passi libera(const Coppia& origine, const Coppia& arrivo) {
     return passi;
 }
 
-std::vector<std::string> elimina_tutti(const std::string& cartella, bool lotto) {
+std::vector<std::string> elimina_tutti(const std::string& cartella, crossword::Gioco gioco) {
     std::vector<std::string> rimasti;
-    for (const char* estensione :
-         {development::estensione_sviluppo(lotto), estensione_sistema(lotto)}) {
+    for (const char* estensione : {gioco.estensione_sviluppo(), gioco.estensione_sistema()}) {
         for (const std::string& nome : platform::Dir(cartella, std::string("*") + estensione)) {
             if (platform::Kill(con_barra(cartella) + nome) != Esito::ok) rimasti.push_back(nome);
         }

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "crossword/gioco.h"
 #include "platform/disk.h"
 
 namespace systems {
@@ -14,7 +15,7 @@ namespace systems {
 struct Coppia {
     std::string cartella;  ///< with or without a final separator
     std::string nome;
-    bool lotto = false;
+    crossword::Gioco gioco;
 
     [[nodiscard]] std::string sistema() const;
     [[nodiscard]] std::string sviluppo() const;
@@ -50,7 +51,7 @@ Passi elimina(const Coppia& coppia);
 Passi libera(const Coppia& origine, const Coppia& arrivo);
 
 /// Deletes every development, then every system, of the game. Returns the names that stayed.
-std::vector<std::string> elimina_tutti(const std::string& cartella, bool lotto);
+std::vector<std::string> elimina_tutti(const std::string& cartella, crossword::Gioco gioco);
 
 /// Copies the development, then the system.
 Passi duplica(const Coppia& origine, const Coppia& arrivo, const Pausa& pausa);

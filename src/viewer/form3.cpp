@@ -5,7 +5,6 @@
 #include <QWheelEvent>
 
 #include "app/form1.h"
-#include "development/elaborazione.h"
 #include "platform/application.h"
 #include "platform/desktop.h"
 #include "platform/runtime.h"
@@ -28,9 +27,8 @@ constexpr int scatto = 120;
 
 std::string Form3::file_sviluppo() const {
     const std::string nome = s(platform::Tag(this));
-    return systems::nome_ammesso(nome)
-               ? App().file(nome + development::estensione_sviluppo(form1_.lotto))
-               : "";
+    return systems::nome_ammesso(nome) ? App().file(nome + form1_.gioco().estensione_sviluppo())
+                                       : "";
 }
 
 void Form3::iniz() {
@@ -39,7 +37,7 @@ void Form3::iniz() {
     const std::string nome = s(platform::Tag(this));
     std::int32_t conteggio = 0;
     if (systems::nome_ammesso(nome)) {
-        platform::assegna(conteggio, systems::leggi_conteggio(App().Path, nome, form1_.lotto));
+        platform::assegna(conteggio, systems::leggi_conteggio(App().Path, nome, form1_.gioco()));
     }
     pagine_ = pagine_di(conteggio);
     // A bar without a range would show the busy pattern.
@@ -96,7 +94,7 @@ void Form3::popola_griglia(std::int32_t page, bool avanti) {
     Frame2->setUpdatesEnabled(false);
     for (platform::ListView* l : {ListView1, ListView2, ListView3, ListView4}) l->svuota();
     platform::DoEvents();
-    const int numeri = numeri_per_riga(form1_.lotto, s(platform::Tag(form1_.Frame9)));
+    const int numeri = form1_.gioco().numeri();
     const Pagina pagina = leggi_pagina(file_sviluppo(), posizioni_.posizione(page), numeri);
     int linea = 0;
     for (const Riga& riga : pagina.righe) {

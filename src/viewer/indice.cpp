@@ -40,12 +40,6 @@ std::int32_t pagine_di(std::int32_t conteggio) {
     return conteggio / righe_pagina + (conteggio % righe_pagina != 0 ? 1 : 0);
 }
 
-int numeri_per_riga(bool lotto, std::string_view forma) {
-    if (!lotto) return 6;
-    if (forma == "3" || forma == "4" || forma == "5") return forma.front() - '0';
-    return 0;
-}
-
 Pagina leggi_pagina(const std::string& file, std::int64_t posizione, int numeri) {
     Pagina pagina;
     platform::TextReader sviluppo(file);

@@ -6,7 +6,6 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace viewer {
@@ -45,9 +44,6 @@ private:
 
 /// Pages of forty lines that hold `conteggio` lines.
 std::int32_t pagine_di(std::int32_t conteggio);
-
-/// Numbers of a line: 6, or in Lotto what the text of the form says; 0 for any other text.
-int numeri_per_riga(bool lotto, std::string_view forma);
 
 /// Reads up to forty lines of `numeri` numbers from a 1-based position. A line that is cut short
 /// or holds no byte values ends the page.

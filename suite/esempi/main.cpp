@@ -15,8 +15,7 @@ namespace {
 /// One sample as a player would choose it.
 struct Esempio {
     const char* nome;
-    bool lotto;
-    int forma;  ///< numbers of a Lotto combination
+    crossword::Gioco gioco;
     int colonne;
     int righe;
     int tipo_righe;
@@ -30,8 +29,7 @@ struct Esempio {
 /// the second waits for the player's own first elaboration.
 const std::vector<Esempio> esempi = {
     {"primipassi",
-     false,
-     5,
+     crossword::Gioco::superenalotto(),
      6,
      6,
      0,
@@ -39,12 +37,13 @@ const std::vector<Esempio> esempi = {
      0,
      true,
      {3, 7, 12, 18, 21, 26, 33, 38, 41, 47, 54, 56, 62, 69, 73, 78, 85, 90}},
-    {"ridotto", false, 5, 9, 6, 4, 0, -1, false, {2,  5,  9,  14, 17, 19, 23, 28, 30,
-                                                  34, 37, 42, 45, 48, 51, 55, 58, 61,
-                                                  66, 68, 71, 74, 77, 80, 83, 86, 89}},
+    {"ridotto", crossword::Gioco::superenalotto(), 9, 6, 4, 0, -1, false, {2,  5,  9,  14, 17, 19,
+                                                                           23, 28, 30, 34, 37, 42,
+                                                                           45, 48, 51, 55, 58, 61,
+                                                                           66, 68, 71, 74, 77, 80,
+                                                                           83, 86, 89}},
     {"terzine",
-     true,
-     3,
+     crossword::Gioco::lotto(3),
      5,
      5,
      1,
@@ -52,9 +51,11 @@ const std::vector<Esempio> esempi = {
      1,
      true,
      {4, 11, 16, 22, 29, 35, 40, 46, 53, 59, 64, 70, 75, 81, 87}},
-    {"cinquine", true, 5, 8, 8, 2, 2, 2, false, {1,  6,  10, 13, 18, 20, 25, 27, 32, 36, 39,
-                                                 43, 44, 49, 52, 57, 60, 63, 65, 67, 72, 76,
-                                                 79, 82, 84, 88, 90, 8,  15, 24, 31, 50}},
+    {"cinquine", crossword::Gioco::lotto(5), 8, 8, 2, 2, 2, false, {1,  6,  10, 13, 18, 20, 25,
+                                                                    27, 32, 36, 39, 43, 44, 49,
+                                                                    52, 57, 60, 63, 65, 67, 72,
+                                                                    76, 79, 82, 84, 88, 90, 8,
+                                                                    15, 24, 31, 50}},
 };
 
 /// Lays the cells from the `posto`-th on, each number only where the board would allow it.
@@ -77,12 +78,12 @@ bool disponi(const Esempio& e, crossword::Matrice& m, int posto) {
 
 std::int32_t totale(const Esempio& e) {
     crossword::Matsis matsis;
-    matsis.INIZIZLAIZZA_MATSIS(e.lotto, e.forma);
-    const int primo = e.lotto ? 5 : 6;
+    matsis.INIZIZLAIZZA_MATSIS(e.gioco);
+    const int primo = e.gioco.lato_minimo();
     std::int32_t somma = e.righe * matsis(e.colonne - primo, e.tipo_righe).value_or(0) +
                          e.colonne * matsis(e.righe - primo, e.tipo_colonne).value_or(0);
     if (e.tipo_diagonali < 0) return somma;
-    if (e.lotto) return somma + 2 * matsis(e.righe - primo, e.tipo_diagonali).value_or(0);
+    if (e.gioco.e_lotto()) return somma + 2 * matsis(e.righe - primo, e.tipo_diagonali).value_or(0);
     return somma + crossword::combinazioni_diagonali(matsis, e.righe, e.tipo_diagonali).value_or(0);
 }
 
@@ -91,8 +92,7 @@ std::int32_t elabora(const Esempio& e, const crossword::Matrice& matrice,
                      const std::string& cartella, const std::string& ridotti) {
     development::Richiesta richiesta;
     richiesta.matrice = matrice;
-    richiesta.lotto = e.lotto;
-    richiesta.forma = e.forma;
+    richiesta.gioco = e.gioco;
     richiesta.tipo_righe = e.tipo_righe;
     richiesta.tipo_colonne = e.tipo_colonne;
     richiesta.tipo_diagonali = e.tipo_diagonali;
@@ -101,7 +101,7 @@ std::int32_t elabora(const Esempio& e, const crossword::Matrice& matrice,
     richiesta.senza_ripetizioni = true;
     development::Elaborazione lavoro(richiesta, {});
     if (lavoro.sviluppa() != development::Conclusione::completa) return 0;
-    const std::string finale = cartella + "/" + e.nome + development::estensione_sviluppo(e.lotto);
+    const std::string finale = cartella + "/" + e.nome + e.gioco.estensione_sviluppo();
     const bool fatto =
         development::completa_sviluppo(lavoro.file_temporaneo(), finale, lavoro.byte_scritti());
     return fatto ? lavoro.righe_scritte() : 0;
@@ -112,16 +112,16 @@ bool crea(const Esempio& e, const std::string& cartella, const std::string& rido
     sistema.matrice = crossword::Matrice(e.colonne, e.righe);
     if (!disponi(e, sistema.matrice, 0)) return false;
     sistema.totale = totale(e);
-    sistema.diagonali = e.tipo_diagonali < 0 ? "" : e.lotto ? "2" : "6";
+    sistema.diagonali = e.tipo_diagonali < 0 ? "" : std::to_string(e.gioco.diagonali());
     sistema.tipo_righe = e.tipo_righe;
     sistema.tipo_colonne = e.tipo_colonne;
     sistema.tipo_diagonali = e.tipo_diagonali;
-    sistema.forma = e.forma;
+    sistema.gioco = e.gioco;
     if (e.elaborato) {
         sistema.senza_ripetizioni = elabora(e, sistema.matrice, cartella, ridotti);
         if (sistema.senza_ripetizioni == 0) return false;
     }
-    return systems::scrivi_sistema(cartella, e.nome, sistema, e.lotto);
+    return systems::scrivi_sistema(cartella, e.nome, sistema);
 }
 
 }  // namespace

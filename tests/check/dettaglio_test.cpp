@@ -35,13 +35,12 @@ protected:
         cartella.scrivi("s.col", testo);
         return {cartella.file("s.col"),
                 static_cast<std::int32_t>(punti.size()),
-                false,
-                6,
+                crossword::Gioco::superenalotto(),
                 {7, 1, 2, 3, 4, 5, 6}};
     }
     Richiesta terzine(const std::string& testo, int quante) {
         cartella.scrivi("s.lot", testo);
-        return {cartella.file("s.lot"), quante, true, 3, {1, 2, 3, 4, 5}};
+        return {cartella.file("s.lot"), quante, crossword::Gioco::lotto(3), {1, 2, 3, 4, 5}};
     }
     void elenca(const Richiesta& r, int pannelli) {
         s.conta(r, sempre);

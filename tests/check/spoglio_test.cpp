@@ -13,6 +13,7 @@
 using check::Punti;
 using check::Richiesta;
 using check::Spoglio;
+using crossword::Gioco;
 
 namespace {
 
@@ -26,15 +27,14 @@ class SpoglioTest : public ::testing::Test {
 protected:
     [[nodiscard]] Richiesta superenalotto(const Righe& righe, std::array<std::int16_t, 7> vincente,
                                           std::int32_t n = -1) const {
-        return {scrivi("s.col", righe), n < 0 ? static_cast<std::int32_t>(righe.size()) : n, false,
-                6, vincente};
+        return {scrivi("s.col", righe), n < 0 ? static_cast<std::int32_t>(righe.size()) : n,
+                Gioco(), vincente};
     }
     [[nodiscard]] Richiesta lotto(const Righe& righe, int numeri, std::array<std::int16_t, 5> v,
                                   std::int32_t n = -1) const {
         return {scrivi("s.lot", righe),
                 n < 0 ? static_cast<std::int32_t>(righe.size()) : n,
-                true,
-                numeri,
+                Gioco::lotto(numeri),
                 {v[0], v[1], v[2], v[3], v[4]}};
     }
     [[nodiscard]] std::string scrivi(const std::string& nome, const Righe& righe) const {
@@ -153,13 +153,13 @@ TEST_F(SpoglioTest, ShortFileCountsItsLastRecordAgain) {
 
 TEST_F(SpoglioTest, RecordCutShortKeepsTheNumbersOfTheOneBefore) {
     cartella.scrivi("s.col", "1,2,3,40,50,60\r\n70,2");
-    conta({cartella.file("s.col"), 2, false, 6, uno_a_sei});
+    conta({cartella.file("s.col"), 2, Gioco(), uno_a_sei});
     EXPECT_EQ(punti(), (Testi{"3", "2"}));
 }
 
 TEST_F(SpoglioTest, NumberBeyondSixteenBitsLeavesTheOneBefore) {
     cartella.scrivi("s.col", "1,2,3,40,50,60\r\n70000,2,3,40,50,60\r\n");
-    conta({cartella.file("s.col"), 2, false, 6, uno_a_sei});
+    conta({cartella.file("s.col"), 2, Gioco(), uno_a_sei});
     EXPECT_EQ(punti(), (Testi{"3", "3"}));
 }
 
@@ -169,7 +169,7 @@ TEST_F(SpoglioTest, NumberOutOfRangeIsComparedAsItStands) {
 }
 
 TEST_F(SpoglioTest, MissingFileCountsCombinationsWithoutAnyNumber) {
-    conta({cartella.file("no.col"), 3, false, 6, uno_a_sei});
+    conta({cartella.file("no.col"), 3, Gioco(), uno_a_sei});
     EXPECT_EQ(s.totale(0), 3);
     EXPECT_EQ(s.vincenti(), 0);
     EXPECT_EQ(s.quante(), 3U);
@@ -257,9 +257,6 @@ TEST_F(SpoglioTest, LottoHasNoJolly) {
 }
 
 TEST_F(SpoglioTest, WidthThatIsNoFormReadsNothing) {
-    EXPECT_EQ(check::numeri_per_record(false, 3), 6);
-    for (int n = 3; n <= 5; ++n) EXPECT_EQ(check::numeri_per_record(true, n), n);
-    for (const int n : {-1, 0, 1, 2, 6, 7}) EXPECT_EQ(check::numeri_per_record(true, n), 0) << n;
     conta(lotto({{1, 2, 3}}, 0, {1, 2, 3, 4, 5}, 10));
     EXPECT_EQ(s.vincenti(), 0);
     EXPECT_EQ(s.quante(), 0U);
@@ -337,23 +334,24 @@ Ricontato riconta(const Richiesta& r) {
         if (std::getline(f, riga)) {
             std::istringstream campi(riga);
             std::string campo;
-            for (int a = 0; a < r.numeri && std::getline(campi, campo, ','); ++a) {
+            for (int a = 0; a < r.gioco.numeri() && std::getline(campi, campo, ','); ++a) {
                 colonna[static_cast<std::size_t>(a)] = std::stoi(campo);
             }
         }
         int punti = 0;
         bool jolly = false;
-        for (int a = 0; a < r.numeri; ++a) {
+        for (int a = 0; a < r.gioco.numeri(); ++a) {
             const int numero = colonna[static_cast<std::size_t>(a)];
-            for (std::size_t b = r.lotto ? 0 : 1; b < (r.lotto ? 5U : 7U); ++b) {
+            for (std::size_t b = r.gioco.e_lotto() ? 0 : 1; b < (r.gioco.e_lotto() ? 5U : 7U);
+                 ++b) {
                 if (numero == r.vincente[b]) ++punti;
             }
-            jolly = jolly || (!r.lotto && numero == r.vincente[0]);
+            jolly = jolly || (!r.gioco.e_lotto() && numero == r.vincente[0]);
         }
-        if (r.lotto && punti < 2) continue;
+        if (r.gioco.e_lotto() && punti < 2) continue;
         jolly = jolly && punti > 4;
         ++(jolly ? e.totali_j : e.totali)[punti];
-        if (r.lotto || jolly || punti > 2) ++e.vincenti;
+        if (r.gioco.e_lotto() || jolly || punti > 2) ++e.vincenti;
         e.lista.emplace_back(i, std::to_string(punti) + (jolly ? " + 1" : ""));
     }
     return e;
@@ -383,8 +381,7 @@ TEST_F(SpoglioTest, CountsEqualAPlainRecountForRandomDevelopmentsAndDraws) {
         std::array<std::int16_t, 7> v{};
         for (auto& numero : v) numero = static_cast<std::int16_t>(fino_a(in_gioco));
         Richiesta r = superenalotto(righe, v, n);
-        r.lotto = in_lotto;
-        r.numeri = numeri;
+        r.gioco = in_lotto ? Gioco::lotto(numeri) : Gioco();
         conta(r);
         const Ricontato atteso = riconta(r);
         EXPECT_EQ(s.vincenti(), atteso.vincenti) << prova;

@@ -162,12 +162,12 @@ TEST(NumeriSulleLinee, numeri_guasti_e_caselle_inesistenti_non_fanno_danno) {
 }
 
 TEST(LineeSviluppo, come_la_definizione_in_ogni_misura_e_gioco) {
-    for (const bool lotto : {false, true}) {
+    for (const Gioco gioco : {Gioco::superenalotto(), Gioco::lotto()}) {
         for (int c = 5; c <= 15; ++c) {
             for (int r = 5; r <= 15; ++r) {
                 const Matrice m = numerata(c, r);
-                const auto linee = linee_sviluppo(m, lotto);
-                const auto attese = equazioni(c, r, !lotto);
+                const auto linee = linee_sviluppo(m, gioco);
+                const auto attese = equazioni(c, r, !gioco.e_lotto());
                 ASSERT_EQ(linee.size(), attese.size()) << c << " x " << r;
                 for (std::size_t i = 0; i < linee.size(); ++i) {
                     std::multiset<int> numeri;
@@ -203,24 +203,24 @@ constexpr auto v = Gruppo::verticali;
 constexpr auto d = Gruppo::diagonali;
 
 TEST(LineeSviluppo, venti_nella_sette_per_sette_del_superenalotto) {
-    const auto linee = linee_sviluppo(numerata(7, 7), false);
+    const auto linee = linee_sviluppo(numerata(7, 7), Gioco());
     EXPECT_EQ(linee.size(), 20U);
     EXPECT_EQ(gruppi(linee), (Gruppi{{o, 7}, {d, 3}, {v, 7}, {d, 3}}));
 }
 
 TEST(LineeSviluppo, sedici_nella_sette_per_sette_del_lotto) {
-    const auto linee = linee_sviluppo(numerata(7, 7), true);
+    const auto linee = linee_sviluppo(numerata(7, 7), Gioco::lotto());
     EXPECT_EQ(linee.size(), 16U);
     EXPECT_EQ(gruppi(linee), (Gruppi{{o, 7}, {d, 1}, {v, 7}, {d, 1}}));
 }
 
 TEST(LineeSviluppo, nessuna_adiacente_nella_sei_per_sei) {
-    EXPECT_EQ(gruppi(linee_sviluppo(numerata(6, 6), false)),
+    EXPECT_EQ(gruppi(linee_sviluppo(numerata(6, 6), Gioco())),
               (Gruppi{{o, 6}, {d, 1}, {v, 6}, {d, 1}}));
 }
 
 TEST(LineeSviluppo, rettangolare_righe_da_sei_e_colonne_da_otto) {
-    const auto linee = linee_sviluppo(numerata(6, 8), false);
+    const auto linee = linee_sviluppo(numerata(6, 8), Gioco());
     EXPECT_EQ(gruppi(linee), (Gruppi{{o, 8}, {v, 6}}));
     for (const Linea& linea : linee) EXPECT_EQ(linea.numeri.size(), linea.gruppo == o ? 6U : 8U);
 }
@@ -230,7 +230,7 @@ TEST(LineeSviluppo, diagonali_intere_e_adiacenti_con_i_loro_numeri) {
     for (int y = 0; y < 7; ++y) {
         for (int x = 0; x < 7; ++x) m.scrivi(x, y, static_cast<std::int16_t>(10 * x + y + 1));
     }
-    const auto linee = linee_sviluppo(m, false);
+    const auto linee = linee_sviluppo(m, Gioco());
     using Numeri = std::vector<std::uint8_t>;
     const auto ordinati = [&linee](std::size_t i) {
         Numeri numeri = linee[i].numeri;
@@ -250,7 +250,8 @@ TEST(LineeSviluppo, numeri_che_non_sono_byte_non_passano_per_altri) {
     m.scrivi(0, 0, 300);
     m.scrivi(1, 0, -1);
     m.scrivi(2, 0, 255);
-    EXPECT_EQ(linee_sviluppo(m, false)[0].numeri, (std::vector<std::uint8_t>{0, 0, 255, 0, 0, 0}));
+    EXPECT_EQ(linee_sviluppo(m, Gioco())[0].numeri,
+              (std::vector<std::uint8_t>{0, 0, 255, 0, 0, 0}));
 }
 
 TEST(Sbarre, dicono_su_quali_linee_sta_un_numero) {
@@ -285,8 +286,8 @@ TEST(Posa, un_numero_che_sta_su_una_linea_non_entra) {
 }
 
 TEST(LineeSviluppo, una_matrice_cancellata_non_ha_linee) {
-    EXPECT_TRUE(linee_sviluppo(Matrice(), false).empty());
-    EXPECT_TRUE(linee_sviluppo(Matrice(), true).empty());
+    EXPECT_TRUE(linee_sviluppo(Matrice(), Gioco()).empty());
+    EXPECT_TRUE(linee_sviluppo(Matrice(), Gioco::lotto()).empty());
 }
 
 }  // namespace

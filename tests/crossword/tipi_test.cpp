@@ -119,57 +119,51 @@ const std::map<int, Testi> cinquine = {
       "15 Numeri - 295 Cinquine - Garanzia 1 Quaterna con 4 Estratti"}},
 };
 
-void controlla_testi(bool lotto, int forma, const std::map<int, Testi>& attesi) {
+void controlla_testi(Gioco gioco, const std::map<int, Testi>& attesi) {
     for (const auto& [n, testi] : attesi) {
-        EXPECT_EQ(tipi_sistema(lotto, forma, Elenco::orizzontali, n), testi) << n;
-        EXPECT_EQ(tipi_sistema(lotto, forma, Elenco::verticali, n), testi) << n;
+        EXPECT_EQ(tipi_sistema(gioco, Elenco::orizzontali, n), testi) << n;
+        EXPECT_EQ(tipi_sistema(gioco, Elenco::verticali, n), testi) << n;
         Testi primi(testi.begin(), testi.begin() + std::min<std::ptrdiff_t>(4, std::ssize(testi)));
-        if (!lotto && n == 7) primi = {"Integrale"};
-        EXPECT_EQ(tipi_sistema(lotto, forma, Elenco::diagonali, n), primi) << n;
+        if (!gioco.e_lotto() && n == 7) primi = {"Integrale"};
+        EXPECT_EQ(tipi_sistema(gioco, Elenco::diagonali, n), primi) << n;
     }
 }
 
 TEST(TipiSistema, sestine) {
-    controlla_testi(false, 5, sestine);
+    controlla_testi(Gioco(), sestine);
 }
 TEST(TipiSistema, terzine) {
-    controlla_testi(true, 3, terzine);
+    controlla_testi(Gioco::lotto(3), terzine);
 }
 TEST(TipiSistema, quartine) {
-    controlla_testi(true, 4, quartine);
+    controlla_testi(Gioco::lotto(4), quartine);
 }
 TEST(TipiSistema, cinquine) {
-    controlla_testi(true, 5, cinquine);
+    controlla_testi(Gioco::lotto(5), cinquine);
 }
 
 TEST(TipiSistema, la_sette_per_sette_offre_alle_diagonali_il_solo_integrale) {
-    EXPECT_EQ(tipi_sistema(false, 5, Elenco::diagonali, 7), Testi{"Integrale"});
-    EXPECT_EQ(tipi_sistema(false, 5, Elenco::orizzontali, 7).size(), 2U);
+    EXPECT_EQ(tipi_sistema(Gioco(), Elenco::diagonali, 7), Testi{"Integrale"});
+    EXPECT_EQ(tipi_sistema(Gioco(), Elenco::orizzontali, 7).size(), 2U);
 }
 
 TEST(TipiSistema, le_diagonali_non_passano_i_quattro_tipi) {
-    EXPECT_EQ(tipi_sistema(false, 5, Elenco::diagonali, 15),
+    EXPECT_EQ(tipi_sistema(Gioco(), Elenco::diagonali, 15),
               (Testi{"Integrale", "Autoridotto [N-1]", "Autoridotto [N-2]", "Autoridotto [N-3]"}));
-}
-
-TEST(TipiSistema, la_forma_non_conta_nel_superenalotto) {
-    for (const int forma : {-1, 0, 3, 4, 5, 99}) {
-        EXPECT_EQ(tipi_sistema(false, forma, Elenco::orizzontali, 12), sestine.at(12));
-    }
 }
 
 TEST(TipiSistema, fuori_dalle_misure_elenco_vuoto) {
     for (const auto quale : {Elenco::orizzontali, Elenco::verticali, Elenco::diagonali}) {
         for (const int n : {-2147483647, -1, 0, 5, 16, 2147483647}) {
-            EXPECT_TRUE(tipi_sistema(false, 5, quale, n).empty()) << n;
+            EXPECT_TRUE(tipi_sistema(Gioco(), quale, n).empty()) << n;
         }
         for (const int forma : {3, 4, 5}) {
             for (const int n : {-2147483647, 0, 4, 16, 2147483647}) {
-                EXPECT_TRUE(tipi_sistema(true, forma, quale, n).empty()) << n;
+                EXPECT_TRUE(tipi_sistema(Gioco::lotto(forma), quale, n).empty()) << n;
             }
         }
-        EXPECT_TRUE(tipi_sistema(true, 2, quale, 10).empty());
-        EXPECT_TRUE(tipi_sistema(true, 6, quale, 10).empty());
+        EXPECT_TRUE(tipi_sistema(Gioco::lotto(2), quale, 10).empty());
+        EXPECT_TRUE(tipi_sistema(Gioco::lotto(6), quale, 10).empty());
     }
 }
 
@@ -205,19 +199,18 @@ const Conti conti_cinquine = {{5, {1}},
                               {14, {2002, 12, 43, 230}},
                               {15, {3003, 13, 56, 295}}};
 
-struct Gioco {
-    bool lotto;
-    int forma;
+struct Attesi {
+    Gioco gioco;
     const Conti* conti;
     const std::map<int, Testi>* testi;
 };
-const Gioco giochi[] = {{false, 5, &conti_sestine, &sestine},
-                        {true, 3, &conti_terzine, &terzine},
-                        {true, 4, &conti_quartine, &quartine},
-                        {true, 5, &conti_cinquine, &cinquine}};
+const Attesi giochi[] = {{Gioco(), &conti_sestine, &sestine},
+                         {Gioco::lotto(3), &conti_terzine, &terzine},
+                         {Gioco::lotto(4), &conti_quartine, &quartine},
+                         {Gioco::lotto(5), &conti_cinquine, &cinquine}};
 
-int primo(const Gioco& gioco) {
-    return gioco.lotto ? 5 : 6;
+int primo(const Attesi& attesi) {
+    return attesi.gioco.e_lotto() ? 5 : 6;
 }
 
 int binomiale(int n, int k) {
@@ -228,62 +221,62 @@ int binomiale(int n, int k) {
 
 /// Rows of a shipped table, counted by its line ends; -1 without one.
 int righe_spedite(const Gioco& gioco, int n, int tipo) {
-    std::ifstream f(
-        SUITE_DIR "/ridotti/" + development::nome_tabella(gioco.lotto, gioco.forma, n, tipo),
-        std::ios::binary);
+    std::ifstream f(SUITE_DIR "/ridotti/" + development::nome_tabella(gioco, n, tipo),
+                    std::ios::binary);
     if (!f) return -1;
     return static_cast<int>(
         std::count(std::istreambuf_iterator<char>(f), std::istreambuf_iterator<char>(), '\n'));
 }
 
 TEST(MatsisConteggi, ogni_numero_di_ogni_gioco_e_zero_altrove) {
-    for (const Gioco& gioco : giochi) {
+    for (const Attesi& attesi : giochi) {
         Matsis matsis;
-        matsis.INIZIZLAIZZA_MATSIS(gioco.lotto, gioco.forma);
+        matsis.INIZIZLAIZZA_MATSIS(attesi.gioco);
         for (int i = 0; i < 11; ++i) {
-            const auto conti = gioco.conti->find(i + primo(gioco));
+            const auto conti = attesi.conti->find(i + primo(attesi));
             for (int t = 0; t < 8; ++t) {
-                const bool scritto = conti != gioco.conti->end() && t < std::ssize(conti->second);
+                const bool scritto = conti != attesi.conti->end() && t < std::ssize(conti->second);
                 const int atteso = scritto ? conti->second[static_cast<std::size_t>(t)] : 0;
-                EXPECT_EQ(matsis(i, t), atteso)
-                    << gioco.lotto << gioco.forma << ' ' << i << ' ' << t;
+                EXPECT_EQ(matsis(i, t), atteso) << attesi.gioco.titolo() << ' ' << i << ' ' << t;
             }
         }
     }
 }
 
 TEST(MatsisConteggi, integrale_e_il_coefficiente_binomiale) {
-    for (const Gioco& gioco : giochi) {
+    for (const Attesi& attesi : giochi) {
         Matsis matsis;
-        matsis.INIZIZLAIZZA_MATSIS(gioco.lotto, gioco.forma);
-        for (int n = primo(gioco); n <= 15; ++n) {
-            EXPECT_EQ(matsis(n - primo(gioco), 0), binomiale(n, gioco.lotto ? gioco.forma : 6));
+        matsis.INIZIZLAIZZA_MATSIS(attesi.gioco);
+        for (int n = primo(attesi); n <= 15; ++n) {
+            EXPECT_EQ(matsis(n - primo(attesi), 0),
+                      binomiale(n, attesi.gioco.e_lotto() ? attesi.gioco.forma() : 6));
         }
     }
 }
 
 TEST(MatsisConteggi, uguali_alle_righe_delle_tabelle_spedite) {
-    for (const Gioco& gioco : giochi) {
-        for (const auto& [n, conti] : *gioco.conti) {
+    for (const Attesi& attesi : giochi) {
+        for (const auto& [n, conti] : *attesi.conti) {
             for (std::size_t t = 0; t < conti.size(); ++t) {
                 // The quartine of 14 numbers count 14 and play the 18 of their caption.
-                const bool eccezione = gioco.forma == 4 && n == 14 && t == 1;
-                EXPECT_EQ(righe_spedite(gioco, n, static_cast<int>(t)), eccezione ? 18 : conti[t])
-                    << gioco.forma << ' ' << n << ' ' << t;
+                const bool eccezione = attesi.gioco == Gioco::lotto(4) && n == 14 && t == 1;
+                EXPECT_EQ(righe_spedite(attesi.gioco, n, static_cast<int>(t)),
+                          eccezione ? 18 : conti[t])
+                    << attesi.gioco.forma() << ' ' << n << ' ' << t;
             }
         }
     }
 }
 
 TEST(MatsisConteggi, il_numero_in_testa_a_un_tipo_e_il_conteggio) {
-    for (const Gioco& gioco : giochi) {
-        for (const auto& [n, testi] : *gioco.testi) {
+    for (const Attesi& attesi : giochi) {
+        for (const auto& [n, testi] : *attesi.testi) {
             for (std::size_t t = 1; t < testi.size(); ++t) {
                 if (testi[t].starts_with("Autoridotto")) continue;
-                const std::size_t da = gioco.lotto ? testi[t].find("- ") + 2 : 0;
+                const std::size_t da = attesi.gioco.e_lotto() ? testi[t].find("- ") + 2 : 0;
                 const int quante = std::atoi(testi[t].c_str() + da);
-                const bool eccezione = gioco.forma == 4 && n == 14 && t == 1;
-                EXPECT_EQ(eccezione ? 14 : quante, gioco.conti->at(n)[t]) << testi[t];
+                const bool eccezione = attesi.gioco == Gioco::lotto(4) && n == 14 && t == 1;
+                EXPECT_EQ(eccezione ? 14 : quante, attesi.conti->at(n)[t]) << testi[t];
             }
         }
     }
@@ -291,23 +284,23 @@ TEST(MatsisConteggi, il_numero_in_testa_a_un_tipo_e_il_conteggio) {
 
 TEST(MatsisConteggi, valori_senza_voce_nella_lista_restano) {
     Matsis matsis;
-    matsis.INIZIZLAIZZA_MATSIS(true, 4);
+    matsis.INIZIZLAIZZA_MATSIS(Gioco::lotto(4));
     EXPECT_EQ(matsis(8 - 5, 2), 14);
     EXPECT_EQ(matsis(14 - 5, 1), 14);
-    matsis.INIZIZLAIZZA_MATSIS(true, 5);
+    matsis.INIZIZLAIZZA_MATSIS(Gioco::lotto(5));
     EXPECT_EQ(matsis(7 - 5, 3), 9);
 }
 
 TEST(MatsisConteggi, scrive_i_suoi_posti_e_lascia_gli_altri) {
     Matsis matsis;
-    matsis.INIZIZLAIZZA_MATSIS(false, 5);
-    matsis.INIZIZLAIZZA_MATSIS(true, 3);
+    matsis.INIZIZLAIZZA_MATSIS(Gioco());
+    matsis.INIZIZLAIZZA_MATSIS(Gioco::lotto(3));
     EXPECT_EQ(matsis(0, 0), 10);
     EXPECT_EQ(matsis(0, 1), 4);
     EXPECT_EQ(matsis(1, 2), 1);
     EXPECT_EQ(matsis(9, 7), 25);
     EXPECT_EQ(matsis(10, 0), 455);
-    matsis.INIZIZLAIZZA_MATSIS(false, 5);
+    matsis.INIZIZLAIZZA_MATSIS(Gioco());
     EXPECT_EQ(matsis(0, 0), 1);
     EXPECT_EQ(matsis(0, 1), 4);
     EXPECT_EQ(matsis(10, 0), 455);
@@ -315,7 +308,7 @@ TEST(MatsisConteggi, scrive_i_suoi_posti_e_lascia_gli_altri) {
 
 TEST(MatsisConteggi, una_forma_che_non_esiste_non_scrive) {
     Matsis matsis;
-    for (const int forma : {-1, 0, 2, 6}) matsis.INIZIZLAIZZA_MATSIS(true, forma);
+    for (const int forma : {-1, 0, 2, 6}) matsis.INIZIZLAIZZA_MATSIS(Gioco::lotto(forma));
     for (int i = 0; i < 11; ++i) {
         for (int t = 0; t < 8; ++t) EXPECT_EQ(matsis(i, t), 0);
     }
@@ -323,7 +316,7 @@ TEST(MatsisConteggi, una_forma_che_non_esiste_non_scrive) {
 
 TEST(MatsisConteggi, niente_fuori_dagli_undici_per_otto_posti) {
     Matsis matsis;
-    matsis.INIZIZLAIZZA_MATSIS(false, 5);
+    matsis.INIZIZLAIZZA_MATSIS(Gioco());
     EXPECT_TRUE(matsis(10, 7).has_value());
     for (const auto& [i, t] : {std::pair{-1, 0}, {0, -1}, {11, 0}, {0, 8}}) {
         EXPECT_FALSE(matsis(i, t).has_value());
@@ -332,7 +325,7 @@ TEST(MatsisConteggi, niente_fuori_dagli_undici_per_otto_posti) {
 
 class Diagonali : public testing::Test {
 protected:
-    void SetUp() override { matsis.INIZIZLAIZZA_MATSIS(false, 5); }
+    void SetUp() override { matsis.INIZIZLAIZZA_MATSIS(Gioco()); }
     Matsis matsis;
 };
 

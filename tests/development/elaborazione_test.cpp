@@ -30,11 +30,6 @@ TEST(OrdinaControlli, limiti_impossibili_non_fanno_danno) {
     EXPECT_TRUE(vuoto.empty());
 }
 
-TEST(EstensioneSviluppo, col_o_lot) {
-    EXPECT_STREQ(estensione_sviluppo(false), ".col");
-    EXPECT_STREQ(estensione_sviluppo(true), ".lot");
-}
-
 TEST_F(Sviluppo, le_posizioni_contano_nella_linea_ordinata) {
     tabella("cr0700.rid", "1,2,3,4,5,6\r\n2,3,4,5,6,7\r\n");
     Elaborazione lavoro(richiesta, {});
@@ -46,8 +41,7 @@ TEST_F(Sviluppo, le_posizioni_contano_nella_linea_ordinata) {
 
 TEST_F(Sviluppo, le_linee_si_accodano_nel_file_temporaneo_del_gioco) {
     tabella("tr0500.rid", "1,2,3\r\n");
-    richiesta.lotto = true;
-    richiesta.forma = 3;
+    richiesta.gioco = Gioco::lotto(3);
     Elaborazione lavoro(richiesta, {});
     EXPECT_EQ(lavoro.file_temporaneo(), cartella.file("temp.lot"));
     EXPECT_TRUE(lavoro.elabora({5, 4, 3, 2, 1}, 0));
@@ -70,7 +64,7 @@ TEST_F(Sviluppo, venti_linee_nella_sette_per_sette_sedici_nel_lotto) {
     EXPECT_EQ(sviluppa(), Conclusione::completa);
     EXPECT_EQ(righe, 20);
     EXPECT_EQ(righe_di(testo).size(), 20U);
-    richiesta.lotto = true;
+    richiesta.gioco = Gioco::lotto();
     EXPECT_EQ(sviluppa(), Conclusione::completa);
     EXPECT_EQ(righe, 16);
     EXPECT_EQ(righe_di(testo).size(), 16U);
@@ -136,10 +130,9 @@ TEST_F(Sviluppo, integrale_di_quindici_per_quindici_come_il_conto_semplice) {
 
 TEST_F(Sviluppo, ogni_forma_del_lotto_come_il_conto_semplice) {
     spedite();
-    richiesta.lotto = true;
     for (const int forma : {3, 4, 5}) {
         for (const auto& [c, r] : {std::pair{5, 5}, {7, 7}, {9, 12}, {15, 15}}) {
-            richiesta.forma = forma;
+            richiesta.gioco = Gioco::lotto(forma);
             richiesta.matrice = cruciverba(c, r);
             richiesta.tipo_colonne = r > 6 ? 1 : 0;
             richiesta.tipo_diagonali = r > 6 ? 1 : 0;
@@ -233,7 +226,7 @@ TEST_F(Sviluppo, tabelle_e_cruciverba_a_caso_non_fanno_danno) {
             c = giro % 2 == 0 ? static_cast<char>(caso()) : lettere[caso() % lettere.size()];
         }
         const int lato = 1 + static_cast<int>(caso() % 20);
-        tabella(nome_tabella(false, 5, lato, 0), guasta);
+        tabella(nome_tabella(Gioco(), lato, 0), guasta);
         richiesta.matrice = crossword::Matrice(lato, lato);
         for (int i = 0; i < lato * lato; ++i) {
             richiesta.matrice.scrivi(i % lato, i / lato, static_cast<std::int16_t>(caso()));

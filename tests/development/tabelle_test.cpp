@@ -7,29 +7,25 @@
 #include "support/cartella.h"
 
 using namespace development;
+using crossword::Gioco;
 
 namespace {
 
 TEST(NomeTabella, esempi_di_ogni_gioco) {
-    EXPECT_EQ(nome_tabella(false, 5, 6, 0), "cr0600.rid");
-    EXPECT_EQ(nome_tabella(false, 3, 9, 4), "cr0904.rid");
-    EXPECT_EQ(nome_tabella(true, 3, 15, 1), "tr1501.rid");
-    EXPECT_EQ(nome_tabella(true, 4, 8, 2), "qt0802.rid");
-    EXPECT_EQ(nome_tabella(true, 5, 8, 3), "cn0803.rid");
+    EXPECT_EQ(nome_tabella(Gioco(), 6, 0), "cr0600.rid");
+    EXPECT_EQ(nome_tabella(Gioco(), 9, 4), "cr0904.rid");
+    EXPECT_EQ(nome_tabella(Gioco::lotto(3), 15, 1), "tr1501.rid");
+    EXPECT_EQ(nome_tabella(Gioco::lotto(4), 8, 2), "qt0802.rid");
+    EXPECT_EQ(nome_tabella(Gioco::lotto(5), 8, 3), "cn0803.rid");
 }
 
 TEST(NomeTabella, zero_davanti_soltanto_sotto_dieci) {
-    EXPECT_EQ(nome_tabella(false, 5, 9, 0), "cr0900.rid");
-    EXPECT_EQ(nome_tabella(false, 5, 10, 0), "cr1000.rid");
+    EXPECT_EQ(nome_tabella(Gioco(), 9, 0), "cr0900.rid");
+    EXPECT_EQ(nome_tabella(Gioco(), 10, 0), "cr1000.rid");
 }
 
 TEST(NomeTabella, vuoto_per_una_forma_che_non_esiste) {
-    for (const int forma : {-1, 0, 2, 6}) EXPECT_EQ(nome_tabella(true, forma, 10, 0), "");
-}
-
-TEST(NumeriCombinazione, sei_o_la_forma) {
-    EXPECT_EQ(numeri_combinazione(false, 3), 6);
-    for (const int forma : {3, 4, 5}) EXPECT_EQ(numeri_combinazione(true, forma), forma);
+    for (const int forma : {-1, 0, 2, 6}) EXPECT_EQ(nome_tabella(Gioco::lotto(forma), 10, 0), "");
 }
 
 class LeggiTabella : public testing::Test {

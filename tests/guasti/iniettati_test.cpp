@@ -398,11 +398,11 @@ const std::vector<std::pair<const char*, Lettura>>& letture() {
         {"a.sen",
          [](const Libreria& x) {
              return static_cast<std::size_t>(
-                 systems::leggi_sistema(x.programma(), "a", false).matrice.righe());
+                 systems::leggi_sistema(x.programma(), "a", {}).matrice.righe());
          }},
         {"a.sen",
          [](const Libreria& x) {
-             return systems::leggi_conteggio(x.programma(), "a", false).has_value() ? 1U : 0U;
+             return systems::leggi_conteggio(x.programma(), "a", {}).has_value() ? 1U : 0U;
          }},
         {"a.col",
          [](const Libreria& x) {

@@ -50,11 +50,11 @@ void Libreria::prepara() const {
         fs::create_directories(cartella);
     }
     for (const auto& [nome, primo] : {std::pair{"a", 1}, {"b", 2}}) {
-        metti(qui(nome).sistema(), systems::testo_sistema(sistema(primo), false));
+        metti(qui(nome).sistema(), systems::testo_sistema(sistema(primo)));
         metti(qui(nome).sviluppo(), sviluppo_atteso(primo));
     }
     for (const auto& [nome, primo] : {std::pair{"c", 3}, {"a", 4}}) {
-        metti(la(nome).sistema(), systems::testo_sistema(sistema(primo), false));
+        metti(la(nome).sistema(), systems::testo_sistema(sistema(primo)));
         metti(la(nome).sviluppo(), sviluppo_atteso(primo));
     }
     metti(programma() + "/cst", "\"0,50\",\"Euro\"\r\n");
@@ -90,7 +90,7 @@ systems::Sistema sistema(int primo) {
 }
 
 bool salva(const Libreria& libreria, const std::string& nome, int primo) {
-    return systems::scrivi_sistema(libreria.programma(), nome, sistema(primo), false);
+    return systems::scrivi_sistema(libreria.programma(), nome, sistema(primo));
 }
 
 bool elabora(const Libreria& libreria, const std::string& nome, int primo) {
@@ -151,7 +151,7 @@ const std::vector<Lavoro>& lavori() {
                      {}});
         l.push_back({"deleting", [](const Libreria& x) { systems::elimina(x.qui("a")); }, {}});
         l.push_back({"deleting all",
-                     [](const Libreria& x) { systems::elimina_tutti(x.programma(), false); },
+                     [](const Libreria& x) { systems::elimina_tutti(x.programma(), {}); },
                      {}});
         l.push_back(
             {"importing", [](const Libreria& x) { systems::importa(x.la("c"), x.qui("c")); }, {}});

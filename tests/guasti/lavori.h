@@ -31,11 +31,9 @@ public:
     [[nodiscard]] std::string altra() const { return cartella_.radice() + "/altra"; }
     [[nodiscard]] std::string ridotti() const { return cartella_.radice() + "/ridotti"; }
     [[nodiscard]] systems::Coppia qui(const std::string& nome) const {
-        return {programma(), nome, false};
+        return {programma(), nome, {}};
     }
-    [[nodiscard]] systems::Coppia la(const std::string& nome) const {
-        return {altra(), nome, false};
-    }
+    [[nodiscard]] systems::Coppia la(const std::string& nome) const { return {altra(), nome, {}}; }
     [[nodiscard]] std::vector<std::string> cartelle() const { return {programma(), altra()}; }
 
 private:

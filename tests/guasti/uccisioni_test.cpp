@@ -35,7 +35,7 @@ testing::AssertionResult tutto_intero(const Libreria& libreria) {
     static const std::set<std::string> noti = [] {
         std::set<std::string> s{"\"0,50\",\"Euro\"\r\n", "\"1,00\",\"Euro\"\r\n"};
         for (int primo = 1; primo <= 8; ++primo) {
-            s.insert(systems::testo_sistema(sistema(primo), false));
+            s.insert(systems::testo_sistema(sistema(primo)));
             s.insert(sviluppo_atteso(primo));
         }
         return s;
@@ -118,7 +118,7 @@ bool interi_ora(const Libreria& libreria) {
         bool sistema_noto = !s;
         bool sviluppo_noto = !v;
         for (int primo = 1; primo <= 8; ++primo) {
-            sistema_noto = sistema_noto || *s == systems::testo_sistema(sistema(primo), false);
+            sistema_noto = sistema_noto || *s == systems::testo_sistema(sistema(primo));
             sviluppo_noto = sviluppo_noto || *v == sviluppo_atteso(primo);
         }
         if (!sistema_noto || !sviluppo_noto) return false;

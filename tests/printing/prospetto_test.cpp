@@ -323,8 +323,8 @@ TEST(Prospetto, LottoDiagonaliSuDueRighe) {
 TEST(Prospetto, OgniTipoDelLottoPrendeLaSuaStrada) {
     for (int forma = 3; forma <= 5; ++forma) {
         for (int n = 5; n <= 15; ++n) {
-            const auto tipi =
-                crossword::tipi_sistema(true, forma, crossword::Elenco::orizzontali, n);
+            const auto tipi = crossword::tipi_sistema(crossword::Gioco::lotto(forma),
+                                                      crossword::Elenco::orizzontali, n);
             for (std::size_t k = 0; k < tipi.size(); ++k) {
                 SCOPED_TRACE(tipi[k]);
                 Prospetto p = esempio(n, n, true);
@@ -351,8 +351,9 @@ TEST(Prospetto, NessunTipoEsceDallaColonna) {
     for (const bool lotto : {false, true}) {
         for (int n = lotto ? 5 : 6; n <= 15; ++n) {
             for (int forma = 3; forma <= 5; ++forma) {
-                const auto tipi =
-                    crossword::tipi_sistema(lotto, forma, crossword::Elenco::orizzontali, n);
+                const auto tipi = crossword::tipi_sistema(
+                    lotto ? crossword::Gioco::lotto(forma) : crossword::Gioco(),
+                    crossword::Elenco::orizzontali, n);
                 for (std::size_t k = 0; k < tipi.size(); ++k) {
                     Prospetto p = esempio(n, n, lotto);
                     for (RigaProspetto& riga : p.righe) {

@@ -33,8 +33,8 @@ Generazione attesa(bool lotto, const std::vector<support::Record>& records, plat
     const support::Cartella altrove;
     support::ArchivioFinto draws(records);
     Statistico s;
-    return statistics::genera_statistico(lotto, s, draws, altrove.file("mstat.dat"), matrice, rnd,
-                                         {});
+    return statistics::genera_statistico(lotto ? crossword::Gioco::lotto() : crossword::Gioco(), s,
+                                         draws, altrove.file("mstat.dat"), matrice, rnd, {});
 }
 
 /// Draws of a wheel by its index in the list.

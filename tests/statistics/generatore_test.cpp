@@ -9,6 +9,7 @@
 #include "support/cartella.h"
 
 using namespace statistics;
+using crossword::Gioco;
 using crossword::Matrice;
 using support::ArchivioFinto;
 using support::estrazioni;
@@ -21,8 +22,8 @@ protected:
     Generazione genera(bool lotto, std::vector<support::Record> records, int colonne, int righe) {
         ArchivioFinto draws(std::move(records));
         matrice_ = Matrice(colonne, righe);
-        return genera_statistico(lotto, s_, draws, cartella_.file("mstat.dat"), matrice_, rnd_,
-                                 seguito_);
+        return genera_statistico(lotto ? Gioco::lotto() : Gioco(), s_, draws,
+                                 cartella_.file("mstat.dat"), matrice_, rnd_, seguito_);
     }
     /// The rankings that both computations have of the same draws.
     void prepara(bool lotto, std::uint32_t seme) {

@@ -16,7 +16,7 @@ constexpr float mezzo = foglio_largo / 2;
 inline printing::Prospetto esempio(int colonne, int righe, bool lotto = false) {
     printing::Prospetto p;
     p.testata = {"1.0.0", "Prova", "21/11/2026"};
-    p.lotto = lotto;
+    p.gioco = lotto ? crossword::Gioco::lotto() : crossword::Gioco();
     p.matrice = cruciverba(colonne, righe);
     p.in_gioco = "37";
     const bool quadrato = colonne == righe;

@@ -15,6 +15,7 @@
 
 namespace support {
 
+using crossword::Gioco;
 using development::Conclusione;
 using development::Elaborazione;
 using development::Richiesta;
@@ -60,9 +61,9 @@ inline std::vector<std::pair<std::vector<int>, int>> linee_semplici(const Richie
         }
         linee.emplace_back(numeri, tipo);
     };
-    const std::vector<int> scarti = c != n             ? std::vector<int>{}
-                                    : c < 7 || r.lotto ? std::vector<int>{0}
-                                                       : std::vector<int>{0, 1, -1};
+    const std::vector<int> scarti = c != n                       ? std::vector<int>{}
+                                    : c < 7 || r.gioco.e_lotto() ? std::vector<int>{0}
+                                                                 : std::vector<int>{0, 1, -1};
     for (int k = 0; k < n; ++k) lungo(r.tipo_righe, [k](int, int y) { return y == k; });
     for (const int s : scarti) lungo(r.tipo_diagonali, [s](int x, int y) { return x == y + s; });
     for (int k = 0; k < c; ++k) lungo(r.tipo_colonne, [k](int x, int) { return x == k; });
@@ -77,10 +78,10 @@ inline std::string sviluppo_semplice(const Richiesta& r) {
     std::string testo;
     for (auto& [numeri, tipo] : linee_semplici(r)) {
         std::sort(numeri.begin(), numeri.end());
-        const std::string prefisso = !r.lotto       ? "cr"
-                                     : r.forma == 3 ? "tr"
-                                     : r.forma == 4 ? "qt"
-                                                    : "cn";
+        const std::string prefisso = !r.gioco.e_lotto()     ? "cr"
+                                     : r.gioco.forma() == 3 ? "tr"
+                                     : r.gioco.forma() == 4 ? "qt"
+                                                            : "cn";
         const std::string lunghezza = std::to_string(numeri.size());
         std::ifstream tabella(r.ridotti + "/" + prefisso + (lunghezza.size() < 2 ? "0" : "") +
                               lunghezza + "0" + std::to_string(tipo) + ".rid");
@@ -118,7 +119,7 @@ protected:
     }
     void spedite() { richiesta.ridotti = SUITE_DIR "/ridotti"; }
     Conclusione sviluppa() {
-        fs::remove(cartella.file(richiesta.lotto ? "temp.lot" : "temp.col"));
+        fs::remove(cartella.file(richiesta.gioco.e_lotto() ? "temp.lot" : "temp.col"));
         Elaborazione lavoro(richiesta, {});
         const Conclusione esito = lavoro.sviluppa();
         righe = lavoro.righe_scritte();

@@ -10,18 +10,19 @@
 #include "systems/file_sistema.h"
 
 using namespace systems;
+using crossword::Gioco;
 
 namespace {
 
 class Elenco : public testing::Test {
 protected:
-    std::vector<Voce> trova(bool lotto = false) {
-        return trova_sistemi(cartella.programma(), cartella.programma(), lotto);
+    std::vector<Voce> trova(Gioco gioco = Gioco()) {
+        return trova_sistemi(cartella.programma(), cartella.programma(), gioco);
     }
     /// Second column of the only system, whose file has this head.
-    std::string dimensione(const std::string& testa, bool lotto = false) {
-        cartella.scrivi(lotto ? "a.sel" : "a.sen", testa + "\r\n");
-        const auto voci = trova(lotto);
+    std::string dimensione(const std::string& testa, Gioco gioco = Gioco()) {
+        cartella.scrivi(gioco.e_lotto() ? "a.sel" : "a.sen", testa + "\r\n");
+        const auto voci = trova(gioco);
         return voci.size() == 1 ? voci[0].dimensione : "?";
     }
     support::Cartella cartella;
@@ -34,17 +35,17 @@ std::vector<std::string> nomi(const std::vector<Voce>& voci) {
 }
 
 TEST_F(Elenco, una_cartella_vuota_non_ha_sistemi) {
-    EXPECT_TRUE(trova(false).empty());
-    EXPECT_TRUE(trova(true).empty());
-    EXPECT_TRUE(trova_sistemi(cartella.file("manca"), cartella.programma(), false).empty());
+    EXPECT_TRUE(trova().empty());
+    EXPECT_TRUE(trova(Gioco::lotto()).empty());
+    EXPECT_TRUE(trova_sistemi(cartella.file("manca"), cartella.programma(), Gioco()).empty());
 }
 
 TEST_F(Elenco, soltanto_i_sistemi_del_gioco) {
     for (const char* nome : {"uno.sen", "due.sel", "tre.col", "quattro.lot", "temp.txt"}) {
         cartella.scrivi(nome, "0,5,5,\"2\",0,0,0,5,0\r\n");
     }
-    EXPECT_EQ(nomi(trova(false)), (std::vector<std::string>{"uno"}));
-    EXPECT_EQ(nomi(trova(true)), (std::vector<std::string>{"due"}));
+    EXPECT_EQ(nomi(trova()), (std::vector<std::string>{"uno"}));
+    EXPECT_EQ(nomi(trova(Gioco::lotto())), (std::vector<std::string>{"due"}));
 }
 
 TEST_F(Elenco, il_nome_tiene_le_maiuscole_e_perde_quattro_caratteri) {
@@ -65,17 +66,19 @@ TEST_F(Elenco, righe_per_colonne_nel_superenalotto) {
 }
 
 TEST_F(Elenco, la_forma_nel_lotto) {
-    EXPECT_EQ(dimensione("0,5,5,\"2\",0,0,0,3,0", true), "Terzine");
-    EXPECT_EQ(dimensione("0,5,5,\"2\",0,0,0,4,0", true), "Quartine");
-    EXPECT_EQ(dimensione("0,5,5,\"2\",0,0,0,5,0", true), "Cinquine");
+    EXPECT_EQ(dimensione("0,5,5,\"2\",0,0,0,3,0", Gioco::lotto()), "Terzine");
+    EXPECT_EQ(dimensione("0,5,5,\"2\",0,0,0,4,0", Gioco::lotto()), "Quartine");
+    EXPECT_EQ(dimensione("0,5,5,\"2\",0,0,0,5,0", Gioco::lotto()), "Cinquine");
     for (const char* altra : {"0", "2", "6", "255", "x"}) {
-        EXPECT_EQ(dimensione(std::string("0,5,5,\"2\",0,0,0,") + altra + ",0", true), "") << altra;
+        EXPECT_EQ(dimensione(std::string("0,5,5,\"2\",0,0,0,") + altra + ",0", Gioco::lotto()), "")
+            << altra;
     }
 }
 
 TEST_F(Elenco, i_campi_non_tenuti_non_fermano_la_lettura) {
-    EXPECT_EQ(dimensione("999999999999,5,5,\"molto\",70000,-70000,1e400,4,0", true), "Quartine");
-    EXPECT_EQ(dimensione("-1e400,5,7,\"molto\"", false), "6 x 8");
+    EXPECT_EQ(dimensione("999999999999,5,5,\"molto\",70000,-70000,1e400,4,0", Gioco::lotto()),
+              "Quartine");
+    EXPECT_EQ(dimensione("-1e400,5,7,\"molto\""), "6 x 8");
 }
 
 TEST_F(Elenco, un_file_illeggibile_tiene_i_valori_di_prima_o_uno_per_uno) {
@@ -97,7 +100,7 @@ TEST_F(Elenco, la_forma_di_un_file_corto_e_quella_di_prima) {
     cartella.scrivi("a.sel", "0,5,5\r\n");
     cartella.scrivi("b.sel", "0,5,5,\"2\",0,0,0,3,0\r\n");
     cartella.scrivi("c.sel", "0,5,5\r\n");
-    const auto voci = trova(true);
+    const auto voci = trova(Gioco::lotto());
     ASSERT_EQ(voci.size(), 3U);
     EXPECT_EQ(voci[0].dimensione, "");
     EXPECT_EQ(voci[1].dimensione, "Terzine");
@@ -110,13 +113,13 @@ TEST_F(Elenco, la_testa_e_la_data_vengono_dalla_cartella_del_programma) {
     cartella.scrivi("a.sen", "0,7,5\r\n");
     std::ofstream(altra + "/a.sen") << "0,9,9\r\n";
     std::ofstream(altra + "/b.sen") << "0,9,9\r\n";
-    const auto voci = trova_sistemi(altra, cartella.programma(), false);
+    const auto voci = trova_sistemi(altra, cartella.programma(), Gioco());
     ASSERT_EQ(voci.size(), 2U);
     EXPECT_EQ(voci[0].dimensione, "8 x 6");
     EXPECT_EQ(voci[1].nome, "b");
     EXPECT_EQ(voci[1].dimensione, "8 x 6");
     EXPECT_EQ(voci[1].data, voci[0].data);
-    const auto sola = trova_sistemi(altra, cartella.file("manca"), false);
+    const auto sola = trova_sistemi(altra, cartella.file("manca"), Gioco());
     EXPECT_EQ(sola[0].dimensione, "1 x 1");
     EXPECT_EQ(sola[0].data, "");
 }
@@ -136,13 +139,13 @@ TEST_F(Elenco, la_data_ha_otto_caratteri_giorno_mese_anno) {
 TEST_F(Elenco, un_sistema_salvato_di_nuovo_tiene_la_data_della_prima_volta) {
     Sistema sistema;
     sistema.matrice = crossword::Matrice(6, 6);
-    ASSERT_TRUE(scrivi_sistema(cartella.programma(), "a", sistema, false));
+    ASSERT_TRUE(scrivi_sistema(cartella.programma(), "a", sistema));
     // The fifth of May 1999, about noon, noted as by a saving of then.
     if (::setxattr(cartella.file("a.sen").c_str(), "user.tabellino.creazione", "925905600", 9, 0) !=
         0) {
         GTEST_SKIP() << "this disk keeps no attributes";
     }
-    ASSERT_TRUE(scrivi_sistema(cartella.programma(), "a", sistema, false));
+    ASSERT_TRUE(scrivi_sistema(cartella.programma(), "a", sistema));
     ASSERT_EQ(trova().size(), 1U);
     EXPECT_EQ(trova()[0].data, "05/05/99");
 }
@@ -154,9 +157,9 @@ TEST_F(Elenco, byte_a_caso_non_fanno_danno) {
         for (char& c : testo) c = static_cast<char>(caso());
         cartella.scrivi("a.sen", testo);
         cartella.scrivi("a.sel", testo);
-        ASSERT_EQ(trova(false).size(), 1U);
-        ASSERT_EQ(trova(true).size(), 1U);
-        ASSERT_NE(trova(false)[0].dimensione.find(" x "), std::string::npos);
+        ASSERT_EQ(trova().size(), 1U);
+        ASSERT_EQ(trova(Gioco::lotto()).size(), 1U);
+        ASSERT_NE(trova()[0].dimensione.find(" x "), std::string::npos);
     }
 }
 

@@ -10,20 +10,21 @@
 #include "support/guasti.h"
 
 using namespace systems;
+using crossword::Gioco;
 
 namespace {
 
 namespace fs = std::filesystem;
 
 /// The shape with 3 rows of 4 columns.
-Sistema esempio() {
+Sistema esempio(Gioco gioco = Gioco()) {
     Sistema s;
     s.totale = 1200;
     s.diagonali = "2";
     s.tipo_righe = 0;
     s.tipo_colonne = 1;
     s.tipo_diagonali = 2;
-    s.forma = 4;
+    s.gioco = gioco;
     s.senza_ripetizioni = 980;
     s.matrice = crossword::Matrice(4, 3);
     const std::int16_t numeri[] = {1, 12, 23, 34, 45, 56, 67, 78, 89, 90, 2, 3};
@@ -37,14 +38,14 @@ const std::string testo_sel = "1200,2,3,\"2\",0,1,2,4,980\r\n" + griglia;
 
 class FileSistema : public testing::Test {
 protected:
-    Sistema leggi(const std::string& testo, bool lotto = false) {
-        cartella.scrivi(lotto ? "a.sel" : "a.sen", testo);
-        return leggi_sistema(cartella.programma(), "a", lotto);
+    Sistema leggi(const std::string& testo, Gioco gioco = Gioco()) {
+        cartella.scrivi(gioco.e_lotto() ? "a.sel" : "a.sen", testo);
+        return leggi_sistema(cartella.programma(), "a", gioco);
     }
     support::Cartella cartella;
 };
 
-void uguali(const Sistema& letto, const Sistema& atteso, bool lotto) {
+void uguali(const Sistema& letto, const Sistema& atteso) {
     EXPECT_EQ(letto.totale, atteso.totale);
     EXPECT_EQ(letto.diagonali, atteso.diagonali);
     EXPECT_EQ(letto.tipo_righe, atteso.tipo_righe);
@@ -52,46 +53,43 @@ void uguali(const Sistema& letto, const Sistema& atteso, bool lotto) {
     EXPECT_EQ(letto.tipo_diagonali, atteso.tipo_diagonali);
     EXPECT_EQ(letto.senza_ripetizioni, atteso.senza_ripetizioni);
     EXPECT_EQ(letto.matrice, atteso.matrice);
-    if (lotto) {
-        EXPECT_EQ(letto.forma, atteso.forma);
-    }
+    EXPECT_EQ(letto.gioco, atteso.gioco);
 }
 
 TEST_F(FileSistema, i_byte_di_un_sen_e_di_un_sel) {
-    EXPECT_EQ(testo_sistema(esempio(), false), testo_sen);
-    EXPECT_EQ(testo_sistema(esempio(), true), testo_sel);
+    EXPECT_EQ(testo_sistema(esempio()), testo_sen);
+    EXPECT_EQ(testo_sistema(esempio(Gioco::lotto(4))), testo_sel);
 }
 
 TEST_F(FileSistema, scritto_con_l_estensione_del_gioco) {
-    EXPECT_TRUE(scrivi_sistema(cartella.programma(), "a", esempio(), false));
+    EXPECT_TRUE(scrivi_sistema(cartella.programma(), "a", esempio()));
     EXPECT_EQ(cartella.leggi("a.sen"), testo_sen);
     EXPECT_FALSE(cartella.esiste("a.sel"));
-    EXPECT_TRUE(scrivi_sistema(cartella.programma(), "a", esempio(), true));
+    EXPECT_TRUE(scrivi_sistema(cartella.programma(), "a", esempio(Gioco::lotto(4))));
     EXPECT_EQ(cartella.leggi("a.sel"), testo_sel);
     EXPECT_EQ(cartella.leggi("a.sen"), testo_sen);
-    EXPECT_STREQ(estensione_sistema(false), ".sen");
-    EXPECT_STREQ(estensione_sistema(true), ".sel");
 }
 
 TEST_F(FileSistema, mai_sviluppato_ha_zero_in_fondo_e_diagonali_vuote_restano_vuote) {
     Sistema s;
     s.matrice = crossword::Matrice(1, 1);
-    EXPECT_EQ(testo_sistema(s, false), "0,0,0,\"\",-1,-1,-1,0\r\n0,\r\n");
-    EXPECT_EQ(testo_sistema(s, true), "0,0,0,\"\",-1,-1,-1,5,0\r\n0,\r\n");
+    EXPECT_EQ(testo_sistema(s), "0,0,0,\"\",-1,-1,-1,0\r\n0,\r\n");
+    s.gioco = Gioco::lotto();
+    EXPECT_EQ(testo_sistema(s), "0,0,0,\"\",-1,-1,-1,5,0\r\n0,\r\n");
 }
 
 TEST_F(FileSistema, riletto_uguale_in_ogni_misura) {
     for (const bool lotto : {false, true}) {
         for (int c = 5; c <= 15; ++c) {
             for (int r = 5; r <= 15; ++r) {
-                Sistema s = esempio();
-                s.forma = 3 + c % 3;
+                Sistema s = esempio(lotto ? Gioco::lotto(3 + c % 3) : Gioco());
                 s.matrice = crossword::Matrice(c, r);
                 for (int i = 0; i < c * r; ++i) {
                     s.matrice.scrivi(i % c, i / c, static_cast<std::int16_t>(i % 91));
                 }
-                ASSERT_TRUE(scrivi_sistema(cartella.programma(), "a", s, lotto));
-                uguali(leggi_sistema(cartella.programma(), "a", lotto), s, lotto);
+                ASSERT_TRUE(scrivi_sistema(cartella.programma(), "a", s));
+                uguali(leggi_sistema(cartella.programma(), "a", lotto ? Gioco::lotto() : Gioco()),
+                       s);
             }
         }
     }
@@ -106,7 +104,7 @@ TEST_F(FileSistema, la_riga_del_file_e_la_riga_della_griglia) {
 }
 
 TEST_F(FileSistema, un_sel_con_tutti_i_campi) {
-    uguali(leggi(testo_sel, true), esempio(), true);
+    uguali(leggi(testo_sel, Gioco::lotto()), esempio(Gioco::lotto(4)));
 }
 
 TEST_F(FileSistema, un_sel_letto_come_sen_prende_la_forma_per_il_conto) {
@@ -124,7 +122,7 @@ TEST_F(FileSistema, il_primo_campo_non_decide_niente) {
 TEST_F(FileSistema, il_solo_lf_chiude_la_riga_come_cr_lf) {
     std::string testo = testo_sen;
     std::erase(testo, '\r');
-    uguali(leggi(testo), esempio(), false);
+    uguali(leggi(testo), esempio());
 }
 
 TEST_F(FileSistema, campi_che_non_sono_numeri_valgono_zero) {
@@ -147,8 +145,8 @@ TEST_F(FileSistema, una_casella_fuori_misura_e_zero_e_le_altre_restano_al_posto)
 }
 
 TEST_F(FileSistema, un_file_che_manca_da_zeri) {
-    for (const bool lotto : {false, true}) {
-        const Sistema s = leggi_sistema(cartella.programma(), "manca", lotto);
+    for (const Gioco gioco : {Gioco::superenalotto(), Gioco::lotto()}) {
+        const Sistema s = leggi_sistema(cartella.programma(), "manca", gioco);
         EXPECT_EQ(s.totale, 0);
         EXPECT_EQ(s.diagonali, "");
         EXPECT_EQ(s.tipo_righe, 0);
@@ -157,16 +155,16 @@ TEST_F(FileSistema, un_file_che_manca_da_zeri) {
         EXPECT_EQ(s.senza_ripetizioni, 0);
         EXPECT_EQ(s.matrice, crossword::Matrice(1, 1));
     }
-    EXPECT_EQ(leggi_sistema(cartella.programma(), "manca", true).forma, 0);
+    EXPECT_EQ(leggi_sistema(cartella.programma(), "manca", Gioco::lotto()).gioco, Gioco::lotto(0));
 }
 
 TEST_F(FileSistema, tagliato_in_ogni_punto_si_legge_fin_dove_arriva) {
     for (std::size_t n = 0; n <= testo_sel.size(); ++n) {
-        const Sistema s = leggi(testo_sel.substr(0, n), true);
+        const Sistema s = leggi(testo_sel.substr(0, n), Gioco::lotto());
         ASSERT_LE(s.matrice.colonne(), 4);
         ASSERT_LE(s.matrice.righe(), 3);
     }
-    const Sistema s = leggi(testo_sel.substr(0, testo_sel.find("67")), true);
+    const Sistema s = leggi(testo_sel.substr(0, testo_sel.find("67")), Gioco::lotto());
     EXPECT_EQ(s.matrice(1, 1), 56);
     EXPECT_EQ(s.matrice(2, 1), 0);
     EXPECT_EQ(s.matrice(3, 2), 0);
@@ -182,7 +180,7 @@ TEST_F(FileSistema, byte_a_caso_non_fanno_danno) {
     std::mt19937 caso(13);
     const std::string lettere = "0123456789,,,,\"\r\n-e. ";
     for (int giro = 0; giro < 400; ++giro) {
-        const bool lotto = giro % 3 == 0;
+        const Gioco gioco = giro % 3 == 0 ? Gioco::lotto() : Gioco();
         std::string testo = testo_sel;
         if (giro % 2 == 0) {
             for (int i = 0; i < 6; ++i) testo[caso() % testo.size()] = static_cast<char>(caso());
@@ -190,36 +188,36 @@ TEST_F(FileSistema, byte_a_caso_non_fanno_danno) {
             testo.assign(caso() % 200, '\0');
             for (char& c : testo) c = lettere[caso() % lettere.size()];
         }
-        const Sistema s = leggi(testo, lotto);
+        const Sistema s = leggi(testo, gioco);
         ASSERT_TRUE(s.matrice.colonne() >= 1 && s.matrice.colonne() <= 256);
         ASSERT_TRUE(s.matrice.righe() >= 1 && s.matrice.righe() <= 256);
-        ASSERT_EQ(leggi_conteggio(cartella.programma(), "a", lotto), s.senza_ripetizioni);
+        ASSERT_EQ(leggi_conteggio(cartella.programma(), "a", gioco), s.senza_ripetizioni);
     }
 }
 
 TEST_F(FileSistema, il_conteggio_e_l_ultimo_campo_della_testa) {
     cartella.scrivi("a.sen", testo_sen);
     cartella.scrivi("b.sel", testo_sel);
-    EXPECT_EQ(leggi_conteggio(cartella.programma(), "a", false), 980);
-    EXPECT_EQ(leggi_conteggio(cartella.programma(), "b", true), 980);
-    EXPECT_FALSE(leggi_conteggio(cartella.programma(), "a", true).has_value());
-    EXPECT_FALSE(leggi_conteggio(cartella.programma(), "manca", false).has_value());
+    EXPECT_EQ(leggi_conteggio(cartella.programma(), "a", Gioco()), 980);
+    EXPECT_EQ(leggi_conteggio(cartella.programma(), "b", Gioco::lotto()), 980);
+    EXPECT_FALSE(leggi_conteggio(cartella.programma(), "a", Gioco::lotto()).has_value());
+    EXPECT_FALSE(leggi_conteggio(cartella.programma(), "manca", Gioco()).has_value());
 }
 
 TEST_F(FileSistema, lo_sviluppo_si_cerca_con_l_estensione_del_gioco) {
     cartella.scrivi("a.col", "");
     cartella.scrivi("B.LOT", "");
-    EXPECT_TRUE(esiste_sviluppo(cartella.programma(), "a", false));
-    EXPECT_FALSE(esiste_sviluppo(cartella.programma(), "a", true));
-    EXPECT_TRUE(esiste_sviluppo(cartella.programma(), "b", true));
-    EXPECT_FALSE(esiste_sviluppo(cartella.programma(), "b", false));
+    EXPECT_TRUE(esiste_sviluppo(cartella.programma(), "a", Gioco()));
+    EXPECT_FALSE(esiste_sviluppo(cartella.programma(), "a", Gioco::lotto()));
+    EXPECT_TRUE(esiste_sviluppo(cartella.programma(), "b", Gioco::lotto()));
+    EXPECT_FALSE(esiste_sviluppo(cartella.programma(), "b", Gioco()));
     fs::create_directory(cartella.file("c.col"));
-    EXPECT_FALSE(esiste_sviluppo(cartella.programma(), "c", false));
+    EXPECT_FALSE(esiste_sviluppo(cartella.programma(), "c", Gioco()));
 }
 
 TEST_F(FileSistema, sovrascrive_il_nome_che_differisce_nelle_maiuscole) {
     cartella.scrivi("Mio.SEN", "vecchio");
-    EXPECT_TRUE(scrivi_sistema(cartella.programma(), "mio", esempio(), false));
+    EXPECT_TRUE(scrivi_sistema(cartella.programma(), "mio", esempio()));
     EXPECT_EQ(cartella.leggi("Mio.SEN"), testo_sen);
     EXPECT_FALSE(cartella.esiste("mio.sen"));
 }
@@ -231,18 +229,18 @@ TEST_F(FileSistema, il_disco_che_rifiuta_lascia_il_vecchio_intero) {
             support::Disco disco;
             disco.spazio = spazio;
             disco.perde = perde;
-            ASSERT_FALSE(scrivi_sistema(cartella.programma(), "a", esempio(), false));
+            ASSERT_FALSE(scrivi_sistema(cartella.programma(), "a", esempio()));
             ASSERT_EQ(cartella.leggi("a.sen"), "vecchio");
         }
     }
     {
         support::Disco disco;
         disco.rename_fallisce = true;
-        EXPECT_FALSE(scrivi_sistema(cartella.programma(), "a", esempio(), false));
+        EXPECT_FALSE(scrivi_sistema(cartella.programma(), "a", esempio()));
     }
     support::Disco disco;
     disco.fsync_fallisce = true;
-    EXPECT_FALSE(scrivi_sistema(cartella.programma(), "a", esempio(), false));
+    EXPECT_FALSE(scrivi_sistema(cartella.programma(), "a", esempio()));
     EXPECT_EQ(cartella.leggi("a.sen"), "vecchio");
     EXPECT_EQ(std::distance(fs::directory_iterator(cartella.programma()), {}), 1);
 }
@@ -256,7 +254,7 @@ TEST_F(FileSistema, chi_muore_mentre_salva_lascia_il_vecchio_o_il_nuovo) {
         if (figlio == 0) {
             support::Disco disco;
             disco.vita = vita;
-            _exit(scrivi_sistema(cartella.programma(), "a", esempio(), false) ? 0 : 1);
+            _exit(scrivi_sistema(cartella.programma(), "a", esempio()) ? 0 : 1);
         }
         int stato = 0;
         ASSERT_EQ(waitpid(figlio, &stato, 0), figlio);
@@ -269,7 +267,7 @@ TEST_F(FileSistema, chi_muore_mentre_salva_lascia_il_vecchio_o_il_nuovo) {
 }
 
 TEST_F(FileSistema, in_una_cartella_che_manca_non_si_scrive) {
-    EXPECT_FALSE(scrivi_sistema(cartella.file("manca"), "a", esempio(), false));
+    EXPECT_FALSE(scrivi_sistema(cartella.file("manca"), "a", esempio()));
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "support/cartella.h"
 
 using namespace systems;
+using crossword::Gioco;
 using platform::Esito;
 namespace fs = std::filesystem;
 
@@ -52,9 +53,10 @@ protected:
         std::ofstream(altra + "/" + nome, std::ios::binary) << dati;
     }
     [[nodiscard]] Coppia qui(const std::string& nome) const {
-        return {cartella.programma(), nome, GetParam()};
+        return {cartella.programma(), nome, gioco()};
     }
-    [[nodiscard]] Coppia la(const std::string& nome) const { return {altra, nome, GetParam()}; }
+    [[nodiscard]] Coppia la(const std::string& nome) const { return {altra, nome, gioco()}; }
+    static Gioco gioco() { return GetParam() ? Gioco::lotto() : Gioco(); }
     [[nodiscard]] Stato programma() const { return stato(cartella.programma()); }
     /// The files of the other game under the same names, which no step may touch.
     Stato estranei() const {
@@ -192,14 +194,14 @@ TEST_P(OperazioniTest, DeleteAllTakesEveryFileOfTheGame) {
     scrivi(sis("CASO"), "T");
     scrivi("rip.dat", "");
     const Stato fermi = unisci(estranei(), {{"rip.dat", ""}});
-    EXPECT_TRUE(elimina_tutti(cartella.programma(), GetParam()).empty());
+    EXPECT_TRUE(elimina_tutti(cartella.programma(), gioco()).empty());
     EXPECT_EQ(programma(), fermi);
 }
 
 TEST_P(OperazioniTest, DeleteAllTakesCapitalExtensionsToo) {
     scrivi(GetParam() ? "A.SEL" : "A.SEN", "S");
     scrivi(GetParam() ? "A.LOT" : "A.COL", "V");
-    elimina_tutti(cartella.programma(), GetParam());
+    elimina_tutti(cartella.programma(), gioco());
     EXPECT_TRUE(programma().empty());
 }
 
@@ -230,8 +232,7 @@ TEST_P(OperazioniTest, DeletingGoesOnPastAFileThatStaysAndTellsIt) {
     const SenzaUnlink guasto(svi("a"));
     EXPECT_EQ(elimina(qui("a")).sviluppo, Esito::errore);
     EXPECT_EQ(programma(), (Stato{{svi("a"), "V"}, {sis("b"), "T"}}));
-    EXPECT_EQ(elimina_tutti(cartella.programma(), GetParam()),
-              (std::vector<std::string>{svi("a")}));
+    EXPECT_EQ(elimina_tutti(cartella.programma(), gioco()), (std::vector<std::string>{svi("a")}));
     EXPECT_EQ(programma(), (Stato{{svi("a"), "V"}}));
 }
 
@@ -300,7 +301,7 @@ TEST_P(OperazioniTest, SameFolderUnderAnotherNameIsTheSameFolder) {
     scrivi(svi("a"), "V");
     const Stato prima = programma();
     fs::create_directory_symlink(cartella.programma(), altra + "/giro");
-    const Coppia giro{altra + "/giro/", "a", GetParam()};
+    const Coppia giro{altra + "/giro/", "a", gioco()};
     libera(giro, qui("a"));
     importa(giro, qui("a"));
     EXPECT_EQ(programma(), prima);

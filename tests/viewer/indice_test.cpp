@@ -53,17 +53,6 @@ TEST(Pagine, CountOfPagesRoundsUp) {
     EXPECT_EQ(pagine_di(-2147483647 - 1), -53687090);
 }
 
-TEST(Pagine, NumbersOfALineComeFromTheGameAndTheFormText) {
-    EXPECT_EQ(numeri_per_riga(false, "3"), 6);
-    EXPECT_EQ(numeri_per_riga(false, ""), 6);
-    EXPECT_EQ(numeri_per_riga(true, "3"), 3);
-    EXPECT_EQ(numeri_per_riga(true, "4"), 4);
-    EXPECT_EQ(numeri_per_riga(true, "5"), 5);
-    for (const char* altro : {"", "2", "6", "03", "3 ", "cinque"}) {
-        EXPECT_EQ(numeri_per_riga(true, altro), 0) << altro;
-    }
-}
-
 TEST_F(IndiceTest, EachPageBeginsFortyLinesAfterTheOneBefore) {
     const Indice indice = costruisci(130, 4);
     ASSERT_EQ(indice.pagine(), 4U);

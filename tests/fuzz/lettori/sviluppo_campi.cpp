@@ -6,12 +6,11 @@
 
 namespace {
 
-void spoglia(const std::string& file, bool lotto, int numeri) {
+void spoglia(const std::string& file, crossword::Gioco gioco) {
     check::Richiesta r;
     r.file = file;
     r.combinazioni = 300;
-    r.lotto = lotto;
-    r.numeri = numeri;
+    r.gioco = gioco;
     r.vincente = {90, 1, 2, 3, 4, 5, 6};
     const auto avanti = [](std::int32_t) { return true; };
     check::Spoglio spoglio;
@@ -32,8 +31,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t quanti) {
     static const fuzz::Suite suite;
     static fuzz::Ingresso ingresso(suite.file("x.col"));
     const std::string& file = ingresso.riempi(dati, quanti);
-    spoglia(file, false, 6);
-    for (int numeri = 3; numeri <= 5; ++numeri) spoglia(file, true, numeri);
+    spoglia(file, crossword::Gioco::superenalotto());
+    for (int numeri = 3; numeri <= 5; ++numeri) spoglia(file, crossword::Gioco::lotto(numeri));
     for (int numeri = 0; numeri <= 7; ++numeri) {
         std::int64_t posizione = 1;
         for (int pagina = 0; pagina < 3; ++pagina) {
