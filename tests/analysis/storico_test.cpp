@@ -46,6 +46,8 @@ TEST(Storico, ogni_estrazione_come_lo_spoglio) {
     for (int prova = 0; prova < 20; ++prova) {
         const int numeri = 3 + prova % 4;
         const bool lotto = numeri < 6;
+        const auto gioco =
+            lotto ? crossword::Gioco::lotto(numeri) : crossword::Gioco::superenalotto();
         const auto righe =
             prova::righe_a_caso(caso, 10 + prova::a_caso(caso, 70), 1 + prova::a_caso(caso, 8),
                                 8 + prova % 3, numeri, 1 + prova % 2);
@@ -54,7 +56,7 @@ TEST(Storico, ogni_estrazione_come_lo_spoglio) {
         for (int i = 0; i < 120; ++i) {
             const Estrazione e = estrai(caso, lotto);
             check::Richiesta r{
-                cartella.file("s"), static_cast<std::int32_t>(righe.size()), lotto, numeri, {}};
+                cartella.file("s"), static_cast<std::int32_t>(righe.size()), gioco, {}};
             std::size_t casella = 0;
             if (!lotto) r.vincente[casella++] = e.jolly;
             for (std::size_t n = 0; n < (lotto ? 5U : 6U); ++n) r.vincente[casella++] = e.numeri[n];
