@@ -6,4 +6,4 @@ cd "$(dirname "$0")/.."
 cmake --preset release -B build/tidy -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON \
   -DCMAKE_GLOBAL_AUTOGEN_TARGET=ON -DCMAKE_GLOBAL_AUTORCC_TARGET=ON >/dev/null
 cmake --build build/tidy --target autogen autorcc >/dev/null
-git ls-files 'src/*.cpp' 'suite/*.cpp' | xargs -P "$(nproc)" -n 4 clang-tidy --quiet -p build/tidy
+find src suite -name '*.cpp' -print0 | xargs -0 -P "$(nproc)" -n 4 clang-tidy --quiet -p build/tidy
