@@ -60,12 +60,17 @@ manuale)
   exit ;;
 esac
 
-serve cpack dpkg dpkg-deb dpkg-shlibdeps file
+serve cpack cmake dpkg dpkg-deb dpkg-shlibdeps file
 lavoro=$(mktemp -d)
 programma=
 trap '[ -z "$programma" ] || kill -KILL "$programma" 2>/dev/null || true; rm -rf "$lavoro"' EXIT
-cpack -G DEB --config "$build/CPackConfig.cmake" -B "$lavoro/cpack" >"$lavoro/log" 2>&1 ||
+# Installed or packed by a user whose mask hides all, it is still for everybody.
+(umask 077 && cpack -G DEB --config "$build/CPackConfig.cmake" -B "$lavoro/cpack") >"$lavoro/log" 2>&1 ||
   { cat "$lavoro/log"; fallisci "cpack"; }
+(umask 077 && DESTDIR=$lavoro/installato cmake --install "$build") >"$lavoro/log" 2>&1 ||
+  { cat "$lavoro/log"; fallisci "cmake --install"; }
+chiusi() { find "$@" \( -type f ! -perm -444 -o -type d ! -perm -555 -o -type f -perm /100 ! -perm /001 \) -print; }
+[ -z "$(chiusi "$lavoro/installato")" ] || fallisci "closed to others: $(chiusi "$lavoro/installato")"
 deb=$(echo "$lavoro"/cpack/*.deb)
 [ -f "$deb" ] || fallisci "no package"
 # A root folder of its own with an empty list of packages; its owners are played where nobody is root.
@@ -122,6 +127,7 @@ altrove=$(rimasti -type f ! -path '*/usr/bin/*' ! -path '*/usr/share/*' ! -path 
 [ -z "$altrove" ] || fallisci "unexpected files: $altrove"
 scrivibili=$(rimasti -type f -perm /022)
 [ -z "$scrivibili" ] || fallisci "writable by others: $scrivibili"
+[ -z "$(chiusi "$usr")" ] || fallisci "closed to others: $(chiusi "$usr")"
 
 # Dependencies: each library that a program wants belongs to a package that is named.
 dipendenze=$(dpkg-deb -f "$deb" Depends)
