@@ -1,10 +1,12 @@
 #include <QApplication>
 #include <QIcon>
 #include <QScreen>
+#include <QTimer>
 
 #include "app/dialoghi_qt.h"
 #include "app/form1.h"
 #include "app/frmsplash.h"
+#include "app/mancanze.h"
 #include "app/stile.h"
 #include "platform/application.h"
 
@@ -31,6 +33,8 @@ int main(int argc, char** argv) {
             // A window manager may leave to the corner what follows a window without a frame.
             form1.move(form1.screen()->availableGeometry().center() - form1.rect().center());
             form1.show();
+            // Once the splash is gone.
+            QTimer::singleShot(0, &form1, [&form1] { app::avvisa_mancanze(&form1); });
         });
     splash->show();
     return QApplication::exec();

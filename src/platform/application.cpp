@@ -6,7 +6,6 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <functional>
-#include <memory>
 #include <poll.h>
 #include <pwd.h>
 #include <sys/file.h>
@@ -14,6 +13,7 @@
 #include <unistd.h>
 
 #include "platform/disk.h"
+#include "platform/installazione.h"
 
 namespace platform {
 
@@ -38,35 +38,14 @@ std::string dati_utente() {
     return casa + "/.local/share";
 }
 
-/// Copies the files that `a` lacks; false when the disk filled before the end.
-bool copia_cartella(const std::string& da, const std::string& a) {
-    crea_cartella(a);
-    spazza(a);
-    const std::string lavoro = nome_di_lavoro(a);
-    for (const std::string& nome : Dir(da, "*")) {
-        if (esiste_file(a + "/" + nome)) continue;
-        // By way of another name, so that a copy cut short is never taken for the file.
-        Esito esito = FileCopy(da + "/" + nome, lavoro);
-        if (esito == Esito::ok) esito = Name(lavoro, a + "/" + nome);
-        if (esito != Esito::ok) Kill(lavoro);
-        if (esito == Esito::disco_pieno) return false;
-    }
-    return true;
-}
-
-/// Leads the suite's root to an installed file; one that is there, or can be reached, stays.
-void collega(const std::string& condivisi, const std::string& utente, const std::string& nome) {
-    const std::string collegamento = utente + "/" + nome;
-    struct stat s {};
-    if (::stat(collegamento.c_str(), &s) == 0) return;
-    if (::lstat(collegamento.c_str(), &s) == 0 && !S_ISLNK(s.st_mode)) return;
-    const std::unique_ptr<char, decltype(&std::free)> vero(
-        ::realpath((condivisi + "/" + nome).c_str(), nullptr), &std::free);
-    if (vero == nullptr) return;
-    // A link to a program since moved leads nowhere and gives way. Without a link the menu finds
-    // no guide and does nothing, so a failure needs no word.
-    ::unlink(collegamento.c_str());
-    if (::symlink(vero.get(), collegamento.c_str()) != 0) return;
+/// The suite that the program came with.
+std::string suite_del_programma(const std::string& eseguibile, const std::string& condivisi) {
+    const std::size_t barra = eseguibile.rfind('/');
+    if (barra == std::string::npos || esiste_cartella(condivisi + "/ridotti")) return condivisi;
+    const std::string sopra = eseguibile.substr(0, barra);
+    const bool suite =
+        eseguibile.substr(barra + 1) == nome_cartella || esiste_cartella(sopra + "/ridotti");
+    return suite ? sopra : condivisi;
 }
 
 /// One name for a folder by whatever path it is reached.
@@ -137,19 +116,9 @@ std::string trova_cartella(const std::string& eseguibile, const std::string& con
         return eseguibile;
     }
     const std::string utente = dati_utente() + "/sortivario";
-    const std::string cartella = utente + "/" + std::string(nome_cartella);
-    if (!esiste_cartella(cartella)) {
-        bool completa = true;
-        for (const char* parte : {"ridotti", "skin", "archivio"}) {
-            completa = completa && copia_cartella(condivisi + "/" + parte, utente + "/" + parte);
-        }
-        // Complete under another name first, so that a first start cut short is taken up again.
-        const std::string nuova = cartella + ".nuova";
-        completa = completa && copia_cartella(condivisi + "/cruciverba", nuova);
-        if (completa && ::rename(nuova.c_str(), cartella.c_str()) != 0) crea_cartella(cartella);
-    }
-    for (const char* nome : {"guida", "guida.html"}) collega(condivisi, utente, nome);
-    return cartella;
+    const std::string programma(nome_cartella);
+    riempi_radice(suite_del_programma(eseguibile, condivisi), utente, programma);
+    return utente + "/" + programma;
 }
 
 std::string cartella_eseguibile() {

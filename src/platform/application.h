@@ -56,8 +56,8 @@ Application& App();
 std::string radice(std::string_view percorso);
 
 /// Finds the program folder: that of the executable when it is named "cruciverba" and can be
-/// written, else the user's own, made on first use with tables, skins and samples of `condivisi`;
-/// its root is led to the guide that is installed there.
+/// written, else the user's own, whose root is filled from the suite that the program came with:
+/// `condivisi` of an installation, or the folder above the executable's.
 std::string trova_cartella(const std::string& cartella_eseguibile, const std::string& condivisi);
 
 /// Folder of the running executable, empty when the system does not tell.

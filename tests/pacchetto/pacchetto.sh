@@ -40,7 +40,7 @@ manuale() {
       fallisci "tabellino.1 does not lead to $comando.1"
   done
   for file in .sen .col .sel .lot cst rip.dat col.dat mstat.dat /act 'temp\*' -prospetto.pdf \
-    -sviluppo.pdf .rid drawit.mdb drawit.sqlite skn.dat 'skin1_\*.skn' guida.html open trans sch; do
+    -sviluppo.pdf .rid drawit.mdb drawit.sqlite skn.dat 'skin1_\*.skn' guida.html dotazione open trans sch; do
     sed 's/\\-/-/g' "$sorgenti/packaging/man/tabellino.1" | grep -q "^\.I.*$file" ||
       fallisci "tabellino.1 lacks $file"
   done
