@@ -1,0 +1,126 @@
+// The files of the session: saving, opening, developing.
+#include "platform/application.h"
+#include "platform/disk.h"
+#include "systems/elenco.h"
+#include "systems/operazioni.h"
+#include "systems/sessione_interna.h"
+
+namespace systems {
+
+using crossword::Elenco;
+using development::Conclusione;
+
+bool Sessione::sviluppo_presente() const {
+    return esiste_sviluppo(cartella_, nome_, gioco_);
+}
+
+void Sessione::libera_sviluppo(crossword::Gioco gioco) const {
+    platform::Kill(Coppia{cartella_, nome_, gioco}.sviluppo());
+}
+
+void Sessione::libera(const std::string& nome) const {
+    if (nome_ammesso(nome)) platform::Kill(Coppia{cartella_, nome, gioco_}.sviluppo());
+}
+
+void Sessione::ripetizioni(bool con) {
+    con_ripetizioni_ = con;
+    if (!con) {
+        platform::Kill(file("rip.dat"));
+    } else if (!platform::esiste_file(file("rip.dat"))) {
+        platform::scrivi(file("rip.dat"), "");
+    }
+}
+
+Salvataggio Sessione::salva() {
+    if (occupata_) return Salvataggio::occupata;
+    if (!completo()) return Salvataggio::incompleto;
+    if (nome_.empty()) return Salvataggio::senza_nome;
+    const Azione azione(*this);
+    const bool scritto = scrivi_sistema(cartella_, nome_, sistema());
+    segna_salvato(true);
+    return scritto ? Salvataggio::salvato : Salvataggio::non_scritto;
+}
+
+Salvataggio Sessione::salva_come(const std::string& nome) {
+    if (occupata_) return Salvataggio::occupata;
+    if (!nome_ammesso(nome)) return Salvataggio::nome_vietato;
+    if (!completo()) return Salvataggio::incompleto;
+    const Azione azione(*this);
+    nomina(nome);
+    return salva();
+}
+
+bool Sessione::apri(const std::string& nome) {
+    if (occupata_ || !nome_ammesso(nome)) return false;
+    const Azione azione(*this);
+    const Sistema letto = leggi_sistema(cartella_, nome, gioco_);
+    if (gioco_.e_lotto()) cambia_forma(letto.gioco.forma());
+    // A side that the game does not have leaves that of the grid as it is.
+    dimensioni(letto.matrice.colonne(), righe_);
+    dimensioni(colonne_, letto.matrice.righe());
+    scegli_tipo(Elenco::orizzontali, letto.tipo_righe);
+    scegli_tipo(Elenco::verticali, letto.tipo_colonne);
+    scegli_tipo(Elenco::diagonali, letto.tipo_diagonali);
+    // The crossword stays whole behind the grid, or the next save would cut the file.
+    matrice_ = letto.matrice;
+    cambiamento_.celle = cambiamento_.conteggi = true;
+    senza_ripetizioni_ = letto.senza_ripetizioni;
+    prezzo_.totale = calcolo_importo(senza_ripetizioni_);
+    nomina(nome);
+    senza_cronologia();
+    segna_salvato(true);
+    return true;
+}
+
+Elaborato Sessione::sviluppa(const SeguitoSviluppo& seguito) {
+    if (occupata_) return Elaborato::occupata;
+    if (!completo()) return Elaborato::incompleto;
+    if (nome_.empty()) return Elaborato::senza_nome;
+    const Azione azione(*this);
+    if (!salvato_) salva();
+    Elaborato esito = Elaborato::interrotto;
+    {
+        const Lavoro lavoro(*this);
+        // Programs on one folder share the working file.
+        const platform::Turno turno(cartella_);
+        development::elimina_temporanei(cartella_, seguito.cestina);
+        esito = elabora(seguito);
+    }
+    if (esito != Elaborato::interrotto) salva();
+    return esito;
+}
+
+Elaborato Sessione::elabora(const SeguitoSviluppo& seguito) {
+    development::Richiesta r;
+    r.matrice = matrice_;
+    r.gioco = gioco_;
+    r.tipo_righe = tipo(Elenco::orizzontali);
+    r.tipo_colonne = tipo(Elenco::verticali);
+    r.tipo_diagonali = tipo(Elenco::diagonali);
+    r.cartella = cartella_;
+    r.ridotti = platform::radice(cartella_) + "ridotti";
+    r.senza_ripetizioni = !con_ripetizioni_;
+    development::Elaborazione lavoro(r, seguito.avanzamento);
+    const Conclusione conclusione = lavoro.sviluppa();
+    if (conclusione == Conclusione::interrotta) return Elaborato::interrotto;
+    const std::string finale = Coppia{cartella_, nome_, gioco_}.sviluppo();
+    // Lines that the disk refused are lost: what is left must not pass for a development.
+    const bool fatto =
+        conclusione == Conclusione::completa &&
+        development::completa_sviluppo(lavoro.file_temporaneo(), finale, lavoro.byte_scritti());
+    if (!fatto) {
+        platform::Kill(finale);
+        platform::Kill(lavoro.file_temporaneo());
+    }
+    if (!con_ripetizioni_) {
+        const std::int32_t quante = fatto ? lavoro.righe_scritte() : 0;
+        if (seguito.ripetizioni) seguito.ripetizioni(quante);
+        senza_ripetizioni_ = quante;
+        cambiamento_.conteggi = true;
+        prezzo_.totale = calcolo_importo(quante);
+    }
+    if (fatto) return Elaborato::completo;
+    return conclusione == Conclusione::senza_file ? Elaborato::senza_file : Elaborato::guasto;
+}
+
+}  // namespace systems
