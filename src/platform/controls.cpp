@@ -169,7 +169,8 @@ void Image::leaveEvent(QEvent* evento) {
 
 void Image::keyPressEvent(QKeyEvent* evento) {
     if (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter) {
-        click();
+        // A key held down gives its command once.
+        if (!evento->isAutoRepeat()) click();
         return;
     }
     QAbstractButton::keyPressEvent(evento);
@@ -264,9 +265,16 @@ void ListBox::keyPressEvent(QKeyEvent* evento) {
 
 UpDown::UpDown(QWidget* padre) : QSpinBox(padre) {
     setRange(1, 999);
-    // Only the arrows belong to this control: the number has a label of its own.
+    // The number has a label of its own: what is typed shows there.
     lineEdit()->hide();
     setKeyboardTracking(false);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    lineEdit()->setContextMenuPolicy(Qt::NoContextMenu);
+}
+
+void UpDown::stepBy(int passi) {
+    digitato_.clear();
+    QSpinBox::stepBy(passi);
 }
 
 bool UpDown::event(QEvent* evento) {
@@ -277,16 +285,34 @@ bool UpDown::event(QEvent* evento) {
     return QSpinBox::event(evento);
 }
 
+void UpDown::focusOutEvent(QFocusEvent* evento) {
+    digitato_.clear();
+    QSpinBox::focusOutEvent(evento);
+}
+
+void UpDown::digita(const QString& cifre) {
+    const int numero = cifre.toInt();
+    digitato_ = numero < minimum() ? QString() : cifre;
+    if (!digitato_.isEmpty()) setValue(numero);
+}
+
 void UpDown::keyPressEvent(QKeyEvent* evento) {
-    switch (evento->key()) {
-        case Qt::Key_Up:
-        case Qt::Key_Down:
-        case Qt::Key_PageUp:
-        case Qt::Key_PageDown:
-            QSpinBox::keyPressEvent(evento);
-            break;
-        default:
-            evento->ignore();
+    const int tasto = evento->key();
+    const bool cifra = tasto >= Qt::Key_0 && tasto <= Qt::Key_9 &&
+                       (evento->modifiers() & ~Qt::KeypadModifier) == 0;
+    if (tasto == Qt::Key_PageUp || tasto == Qt::Key_PageDown) {
+        stepBy(tasto == Qt::Key_PageUp ? 1 : -1);
+    } else if (tasto == Qt::Key_Up || tasto == Qt::Key_Down) {
+        QSpinBox::keyPressEvent(evento);
+    } else if (cifra) {
+        const QString una(QChar('0' + tasto - Qt::Key_0));
+        // A digit that makes the number too large begins another one.
+        digita((digitato_ + una).toInt() <= maximum() ? digitato_ + una : una);
+    } else if (tasto == Qt::Key_Backspace && !digitato_.isEmpty()) {
+        digita(digitato_.chopped(1));
+    } else {
+        digitato_.clear();
+        evento->ignore();
     }
 }
 

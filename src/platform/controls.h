@@ -131,16 +131,22 @@ protected:
     void keyPressEvent(QKeyEvent* evento) override;
 };
 
-/// Pair of arrows that steps a number shown elsewhere.
+/// Pair of arrows that steps a number shown elsewhere; it can be typed too.
 class UpDown : public QSpinBox {
     Q_OBJECT
 public:
     explicit UpDown(QWidget* padre);
+    void stepBy(int passi) override;
 
 protected:
-    /// Without a text to edit, only the keys that step the number belong to the control.
+    /// Only the digits and the keys that step the number belong to the control.
     bool event(QEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
+    void focusOutEvent(QFocusEvent* evento) override;
+
+private:
+    void digita(const QString& cifre);
+    QString digitato_;
 };
 
 }  // namespace platform

@@ -93,7 +93,10 @@ int MsgBox(QWidget* padre, const Messaggio& messaggio) {
         box.adjustSize();
         box.move(schermo->availableGeometry().center() - box.rect().center());
     }
+    // A long job swallows all input, but its own question must be answered.
+    if (LavoroLungo::in_corso()) qApp->removeEventFilter(&filtro());
     const int risposta = box.exec();
+    if (LavoroLungo::in_corso()) qApp->installEventFilter(&filtro());
     MousePointer(prima);
     switch (risposta) {
         case QMessageBox::Yes:
@@ -115,8 +118,8 @@ void rispondi_con(std::function<int(const Messaggio&)> risponditore) {
 }
 
 void DoEvents() {
-    // Counted from the moment the event loop handed over: a short handler needs no events run in
-    // its middle, where they would find its work half done.
+    // Counted from the end of the last round of events, so that the wait for the next one counts
+    // too: the first call after an idle time runs events, and then none for 15 ms.
     static QElapsedTimer orologio;
     static const QMetaObject::Connection risveglio =
         QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake,

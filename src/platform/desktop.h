@@ -32,8 +32,8 @@ int MsgBox(QWidget* padre, const Messaggio& messaggio);
 /// Puts `risponditore` in place of the boxes; an empty one brings them back.
 void rispondi_con(std::function<int(const Messaggio&)> risponditore);
 
-/// Lets pending events run, at most every 15 ms; input waits, but for a closing during a
-/// `LavoroLungo`.
+/// Lets pending events run, when the last ones ended 15 ms ago or more, an idle wait included;
+/// input waits, but for a closing during a `LavoroLungo`.
 void DoEvents();
 
 /// Pointer values: 0 is the default, 11 the hourglass.

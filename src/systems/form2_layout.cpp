@@ -1,4 +1,5 @@
 // Where everything stands on the manager. The list shows eight rows.
+#include <QToolTip>
 #include <QValidator>
 
 #include "app/form1.h"
@@ -50,6 +51,10 @@ QLineEdit* casella(const QString& nome, const QString& scopo, QRect dove, QWidge
     QLineEdit* t = platform::posto(new QLineEdit(padre), nome, dove);
     t->setAccessibleName(scopo);
     t->setValidator(new FiltroNome(t));
+    QObject::connect(t, &QLineEdit::inputRejected, t, [t] {
+        QToolTip::showText(t->mapToGlobal(t->rect().bottomLeft()),
+                           Form2::tr("Il nome prende solo lettere senza accenti e cifre."), t);
+    });
     return t;
 }
 

@@ -120,6 +120,7 @@ void Form3::crea_pagina() {
     HScroll1->setRange(1, 1);
     HScroll1->setPageStep(1);
     HScroll1->setEnabled(false);
+    HScroll1->setContextMenuPolicy(Qt::NoContextMenu);
     HScroll1->installEventFilter(this);
     connect(HScroll1, &QScrollBar::valueChanged, this, &Form3::HScroll1_Change);
     const int y = y_liste + h_liste + 42;

@@ -1,5 +1,8 @@
 #include "viewer/formeuro.h"
 
+#include <algorithm>
+
+#include <QKeyEvent>
 #include <QLabel>
 #include <QShowEvent>
 #include <QValidator>
@@ -18,15 +21,21 @@ using platform::Pulsanti;
 
 namespace {
 
+qsizetype estranei(const QString& testo) {
+    return std::count_if(testo.begin(), testo.end(),
+                         [](QChar c) { return !tasto_prezzo(c.unicode()); });
+}
+
+/// Refuses a pasted text that brings in what cannot be typed; what the file held stays editable.
 class FiltroPrezzo : public QValidator {
 public:
-    using QValidator::QValidator;
+    FiltroPrezzo(QObject* padre, qsizetype dal_file) : QValidator(padre), dal_file_(dal_file) {}
     State validate(QString& testo, int& /*posizione*/) const override {
-        for (const QChar c : testo) {
-            if (!tasto_prezzo(c.unicode())) return Invalid;
-        }
-        return Acceptable;
+        return estranei(testo) > dal_file_ ? Invalid : Acceptable;
     }
+
+private:
+    qsizetype dal_file_;
 };
 
 }  // namespace
@@ -46,7 +55,7 @@ formeuro::formeuro(app::Form1& form1) : QDialog(&form1), form1_(form1) {
     Text1->setAccessibleName("Importo per singola colonna");
     Text1->setAlignment(Qt::AlignRight);
     Text1->setGeometry(200, 24, 80, 24);
-    Text1->setValidator(new FiltroPrezzo(Text1));
+    Text1->installEventFilter(this);
     auto* Label2 = new QLabel("Euro", riquadro);
     Label2->setObjectName("Label2");
     Label2->setGeometry(288, 24, 48, 24);
@@ -64,12 +73,26 @@ formeuro::formeuro(app::Form1& form1) : QDialog(&form1), form1_(form1) {
     Command2->setDefault(true);
     connect(Command1, &QPushButton::clicked, this, &QDialog::close);
     connect(Command2, &QPushButton::clicked, this, &formeuro::Command2_Click);
-    connect(Command3, &QPushButton::clicked, this, [this] {
-        Text1->setText(platform::q(leggi_cst(App().Path, Lettore::annulla).prezzo));
-    });
+    connect(Command3, &QPushButton::clicked, this,
+            [this] { mostra(platform::q(leggi_cst(App().Path, Lettore::annulla).prezzo)); });
     connect(Command4, &QPushButton::clicked, this, [this] { Text1->setText("0,50"); });
-    Text1->setText(platform::q(leggi_cst(App().Path, Lettore::formeuro).prezzo));
+    mostra(platform::q(leggi_cst(App().Path, Lettore::formeuro).prezzo));
     Text1->setFocus();
+}
+
+void formeuro::mostra(const QString& prezzo) {
+    delete Text1->validator();
+    Text1->setValidator(new FiltroPrezzo(Text1, estranei(prezzo)));
+    Text1->setText(prezzo);
+}
+
+bool formeuro::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (oggetto == Text1 && evento->type() == QEvent::KeyPress) {
+        const QString testo = static_cast<QKeyEvent*>(evento)->text();
+        // The keys that are dropped belong to nobody else either.
+        if (estranei(testo) > 0 && testo.front().isPrint()) return true;
+    }
+    return QDialog::eventFilter(oggetto, evento);
 }
 
 void formeuro::Command2_Click() {

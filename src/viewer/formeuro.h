@@ -24,8 +24,11 @@ public:
 
 protected:
     void showEvent(QShowEvent* evento) override;
+    /// Drops the keys that are no part of a price.
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
 private:
+    void mostra(const QString& prezzo);
     void Command2_Click();
     app::Form1& form1_;
 };

@@ -174,8 +174,77 @@ TEST(Frecce, PassoUnoDaUnoANovecentonovantanove) {
     QTest::keyClick(&frecce, Qt::Key_Down);
     EXPECT_EQ(frecce.value(), 1);
     EXPECT_EQ(frecce.maximum(), 999);
-    QTest::keyClicks(&frecce, "77");
+    QTest::keyClick(&frecce, Qt::Key_PageUp);
+    EXPECT_EQ(frecce.value(), 2);
+    QTest::keyClick(&frecce, Qt::Key_PageDown);
+    QTest::keyClick(&frecce, Qt::Key_PageDown);
     EXPECT_EQ(frecce.value(), 1);
+}
+
+TEST(Frecce, IlNumeroSiPuoScrivere) {
+    UpDown frecce(nullptr);
+    mostra(frecce);
+    const auto scritto = [&frecce](const char* tasti) {
+        QTest::keyClicks(&frecce, tasti);
+        return frecce.value();
+    };
+    EXPECT_EQ(scritto("0"), 1);
+    EXPECT_EQ(scritto("77"), 77);
+    EXPECT_EQ(scritto("5"), 775);
+    EXPECT_EQ(scritto("3"), 3);
+    EXPECT_EQ(scritto("6"), 36);
+    QTest::keyClick(&frecce, Qt::Key_Backspace);
+    EXPECT_EQ(frecce.value(), 3);
+    QTest::keyClick(&frecce, Qt::Key_Up);
+    EXPECT_EQ(scritto("8"), 8);
+    frecce.clearFocus();
+    frecce.setFocus();
+    EXPECT_EQ(scritto("9"), 9);
+    EXPECT_EQ(scritto("a1"), 1);
+    EXPECT_EQ(frecce.contextMenuPolicy(), Qt::NoContextMenu);
+}
+
+TEST(Immagine, InvioTenutoGiuComandaUnaVolta) {
+    platform::Image immagine(":/comando_0.svg", {32, 32}, nullptr);
+    mostra(immagine);
+    const QSignalSpy click(&immagine, &QAbstractButton::clicked);
+    for (const bool ripetuto : {false, true, true}) {
+        QKeyEvent premuto(QEvent::KeyPress, Qt::Key_Return, {}, "\r", ripetuto);
+        QApplication::sendEvent(&immagine, &premuto);
+    }
+    EXPECT_EQ(click.count(), 1);
+}
+
+TEST(Griglia, LeLineeHannoUnaLarghezzaSolaAOgniScala) {
+    QWidget finestra;
+    finestra.setStyleSheet("QTableView { background: white; gridline-color: #0000FF; border: 0; }");
+    MSFlexGrid griglia(&finestra);
+    griglia.set_Rows(6);
+    griglia.set_Cols(6);
+    for (int i = 0; i < 6; ++i) {
+        griglia.ColWidth(i, 300);
+        griglia.RowHeight(i, 300);
+    }
+    griglia.setGeometry(7, 3, 140, 140);
+    mostra(finestra);
+    for (const double scala : {1.0, 1.25, 1.5, 1.75, 2.0}) {
+        QImage vista(finestra.size() * scala, QImage::Format_RGB32);
+        vista.setDevicePixelRatio(scala);
+        vista.fill(Qt::white);
+        finestra.render(&vista);
+        std::vector<int> larghezze;
+        int larga = 0;
+        const int y = qRound((3 + 10) * scala);
+        for (int x = 0; x < vista.width(); ++x) {
+            if (vista.pixelColor(x, y) == QColor(Qt::blue)) {
+                ++larga;
+            } else if (larga > 0) {
+                larghezze.push_back(std::exchange(larga, 0));
+            }
+        }
+        EXPECT_EQ(larghezze.size(), 6U) << scala;
+        for (const int l : larghezze) EXPECT_EQ(l, static_cast<int>(scala)) << scala;
+    }
 }
 
 TEST(Griglia, IlCodiceNonAlzaSelChangeIlMouseSi) {
@@ -481,4 +550,16 @@ TEST(Misure, TwipsEColori) {
     EXPECT_EQ(platform::colore(65535), QColor(255, 255, 0));
     EXPECT_EQ(platform::colore(16707288), QColor(216, 238, 254));
     EXPECT_EQ(platform::membro("CMDnum", 7), "CMDnum(7)");
+}
+
+TEST(LavoroLungo, UnaDomandaNelMezzoSiPuoRispondere) {
+    const platform::LavoroLungo lavoro;
+    int risposta = 0;
+    rispondi({"Continuare?", platform::Pulsanti::si_no, "Tabellino"}, "Sì", risposta);
+    EXPECT_EQ(risposta, platform::vbYes);
+    // What comes after it is swallowed again.
+    UpDown frecce(nullptr);
+    mostra(frecce);
+    QTest::keyClick(&frecce, Qt::Key_Up);
+    EXPECT_EQ(frecce.value(), 1);
 }

@@ -1,5 +1,6 @@
 // Saving and opening through the manager: names, overwriting, what comes back on the screen.
 #include <QClipboard>
+#include <QToolTip>
 
 #include "platform/disk.h"
 #include "support/programma.h"
@@ -448,4 +449,19 @@ TEST(ApriSistema, DoppioClicApre) {
     QTest::mouseClick(form2->ListView1->viewport(), Qt::LeftButton, {}, dove);
     QTest::mouseDClick(form2->ListView1->viewport(), Qt::LeftButton, {}, dove);
     EXPECT_EQ(p.form1.Tag(), "uno");
+}
+
+TEST(SalvaConNome, UnCarattereCheNonVaDiceQualiVanno) {
+    Programma p;
+    p.riempi();
+    p.nel_gestore([](Form2& form2) {
+        QTest::keyClicks(form2.Text1, "a");
+        EXPECT_EQ(QToolTip::text(), "");
+        QTest::keyClicks(form2.Text1, "_");
+        EXPECT_EQ(form2.Text1->text(), "a");
+        EXPECT_EQ(QToolTip::text(), "Il nome prende solo lettere senza accenti e cifre.");
+        QToolTip::hideText();
+        Programma::clic(form2.cmdeffacer1);
+    });
+    Programma::voce(p.form1.mnusalva);
 }

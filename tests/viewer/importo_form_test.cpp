@@ -1,4 +1,6 @@
 // The price of a column, the shares, and the dialog that changes the price.
+#include <QClipboard>
+
 #include "support/programma.h"
 #include "viewer/formeuro.h"
 
@@ -276,4 +278,22 @@ TEST(FormEuro, EsciChiudeSoloLei) {
     Programma::clic(f->Command1);
     EXPECT_TRUE(f.isNull() || !f->isVisible());
     EXPECT_TRUE(p.form1.isVisible());
+}
+
+TEST(Importo, UnPrezzoConSegniEstraneiSiPuoCorreggere) {
+    Programma p(false, con_cst("\"0.5x\",\"Euro\"\r\n"));
+    formeuro* f = apri(p);
+    ASSERT_NE(f, nullptr);
+    EXPECT_EQ(f->Text1->text(), "0.5x");
+    QTest::keyClick(f->Text1, Qt::Key_End);
+    QTest::keyClicks(f->Text1, "a.7-");
+    EXPECT_EQ(f->Text1->text(), "0.5x7");
+    for (int i = 0; i < 4; ++i) QTest::keyClick(f->Text1, Qt::Key_Backspace);
+    QTest::keyClicks(f->Text1, ",75");
+    EXPECT_EQ(f->Text1->text(), "0,75");
+    f->Text1->selectAll();
+    QApplication::clipboard()->setText("abc");
+    f->Text1->paste();
+    EXPECT_EQ(f->Text1->text(), "0,75");
+    f->close();
 }
