@@ -15,6 +15,7 @@ void Form1::mnunuovo_Click() {
     sistema_in_linea(QString());
     Combo1->set_ListIndex(0);
     Combo2->set_ListIndex(0);
+    MSFlexGrid1->setFocus();
     salvato = true;
 }
 

@@ -157,6 +157,8 @@ void Form1::crea_cruciverba() {
     annulla =
         azione("annulla", tr("&Annulla la modifica"), QKeySequence(Qt::CTRL | Qt::Key_Z), this);
     ripeti = azione("ripeti", tr("&Ripeti la modifica"), QKeySequence(Qt::CTRL | Qt::Key_Y), this);
+    ripeti->setShortcuts({Qt::CTRL | Qt::Key_Y, Qt::CTRL | Qt::SHIFT | Qt::Key_Z});
+    aggiorna_annulla();
     MSFlexGrid1->addActions({annulla, ripeti});
     MSFlexGrid1->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
@@ -172,11 +174,11 @@ void Form1::crea_lista() {
 }
 
 void Form1::crea_giochi() {
-    Frame9 = riquadro("Frame9", tr("Gioco"), {margine, y_giochi, 374, h_giochi}, centralWidget());
+    Frame9 = riquadro("Frame9", tr("Gioco"), {margine, y_giochi, 388, h_giochi}, centralWidget());
     platform::set_Tag(Frame9, "5");
     const QSize placca(120, 36);
-    const QRect sinistra(12, 30, 122, 40);
-    const QRect destra(144, 30, 122, 40);
+    const QRect sinistra(8, 30, 122, 40);
+    const QRect destra(136, 30, 122, 40);
     const QString se = tr("Passa al SuperEnalotto");
     const QString lo = tr("Passa al Lotto");
     Image8 = immagine("Image8", ":/gioco_superenalotto.svg", placca, sinistra, se, Frame9);
@@ -186,18 +188,21 @@ void Form1::crea_giochi() {
     Image10 = immagine("Image10", ":/gioco_lotto.svg", placca, destra, lo, Frame9);
     // The pictures of the game in force do nothing: Tab passes them by.
     for (Image* in_forza : {Image7, Image9}) in_forza->setFocusPolicy(Qt::NoFocus);
-    etichetta(tr("SuperEnalotto"), {12, 76, 122, 18}, Frame9, Qt::AlignHCenter);
-    etichetta(tr("Lotto"), {144, 76, 122, 18}, Frame9, Qt::AlignHCenter);
+    etichetta(tr("SuperEnalotto"), {8, 76, 122, 18}, Frame9, Qt::AlignHCenter);
+    etichetta(tr("Lotto"), {136, 76, 122, 18}, Frame9, Qt::AlignHCenter);
 
-    Frame8 = riquadro("Frame8", tr("Forma"), {284, y_giochi, 98, h_giochi}, centralWidget());
+    Frame8 = riquadro("Frame8", tr("Forma"), {274, y_giochi, 122, h_giochi}, centralWidget());
     const std::array<QString, 3> forme = {tr("Terzine"), tr("Quartine"), tr("Cinquine")};
     for (int i = 0; i < 3; ++i) {
         const auto k = static_cast<std::size_t>(i);
-        const QRect dove(platform::px(105), 20 + i * 30, 84, 28);
+        const QRect dove(platform::px(105), 22 + i * 29, 62, 24);
+        etichetta(forme[k], {71, dove.y(), 49, dove.height()}, Frame8);
         const QString base = QStringLiteral(":/forma_%1").arg(i);
-        Imageb[k] = immagine(membro("Imageb", i), base + ".svg", {84, 28}, dove, forme[k], Frame8);
-        Imagey[k] = immagine(membro("Imagey", i), base + "_attiva.svg", {84, 28}, dove,
+        Imageb[k] = immagine(membro("Imageb", i), base + ".svg", {60, 20}, dove, forme[k], Frame8);
+        Imagey[k] = immagine(membro("Imagey", i), base + "_attiva.svg", {60, 20}, dove,
                              tr("%1 (scelta)").arg(forme[k]), Frame8);
+        // The form chosen acts no more: Tab passes it by, as it does the game in force.
+        Imagey[k]->setFocusPolicy(Qt::NoFocus);
         Imagey[k]->setVisible(i == 2);
         Imageb[k]->setVisible(i != 2);
     }
@@ -205,12 +210,12 @@ void Form1::crea_giochi() {
 }
 
 void Form1::crea_generatori() {
-    Frame4 = riquadro("Frame4", tr(" Dimensioni Cruciverba"), {390, y_giochi, 160, h_giochi},
+    Frame4 = riquadro("Frame4", tr(" Dimensioni Cruciverba"), {404, y_giochi, 146, h_giochi},
                       centralWidget());
-    etichetta(tr("Colonne"), {12, 34, 60, 24}, Frame4);
-    etichetta(tr("Righe"), {12, 68, 60, 24}, Frame4);
-    Combo1 = elenco("Combo1", tr("Colonne"), {80, 34, 68, 24}, Frame4);
-    Combo2 = elenco("Combo2", tr("Righe"), {80, 68, 68, 24}, Frame4);
+    etichetta(tr("Colonne"), {12, 34, 54, 24}, Frame4);
+    etichetta(tr("Righe"), {12, 68, 54, 24}, Frame4);
+    Combo1 = elenco("Combo1", tr("Colonne"), {68, 34, 66, 24}, Frame4);
+    Combo2 = elenco("Combo2", tr("Righe"), {68, 68, 66, 24}, Frame4);
 
     Frame7 = riquadro("Frame7", tr("Sistema Statistico"), {558, y_giochi, 218, h_giochi},
                       centralWidget());

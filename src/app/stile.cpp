@@ -97,7 +97,7 @@ QTableView { background: white; color: black; gridline-color: #B9CBE0; border: 1
 QTableView:focus { border: 1px solid #E07B00; }
 QListView, QTreeView { background: white; border: 1px solid #B9CBE0; border-radius: 3px; }
 QListView:focus, QTreeView:focus { border-color: #E07B00; }
-QListView::item { padding: 1px 8px 1px 2px; }
+QListView::item { padding: 1px 8px 1px 2px; border: 0; }
 QListView, QTreeView { outline: 0; }
 QListView::item:selected, QTreeView::item:selected { background: #BFDDF8; color: #000080; }
 QTreeView::item:hover:!selected { background: #EEF6FD; }

@@ -1,4 +1,7 @@
 // Typing into the crossword, and undo and redo.
+#include <algorithm>
+
+#include "platform/controls.h"
 #include "support/programma.h"
 
 namespace {
@@ -175,6 +178,82 @@ TEST(Tastiera, IComandiDelLavoroHannoUnTasto) {
     tasto(p, Qt::Key_F8);
     ASSERT_EQ(p.messaggi.size(), 1U);
     EXPECT_EQ(p.mostrati().front().testo, "Nessun sistema in linea.");
+}
+
+TEST(Tastiera, LaFormaSceltaNonFermaIlTabulatore) {
+    Programma p;
+    p.clic(p.form1.Image10);
+    QStringList giro;
+    p.form1.MSFlexGrid1->setFocus();
+    do {
+        giro << p.form1.focusWidget()->objectName();
+        QTest::keyClick(p.form1.focusWidget(), Qt::Key_Tab);
+    } while (p.form1.focusWidget() != p.form1.MSFlexGrid1 && giro.size() < 50);
+    EXPECT_TRUE(giro.contains("Imageb(0)"));
+    EXPECT_TRUE(giro.contains("Imageb(1)"));
+    EXPECT_TRUE(giro.filter("Imagey").isEmpty());
+}
+
+TEST(Tastiera, DopoNuovoSiScriveNelCruciverba) {
+    Programma p;
+    p.form1.Combo3->setFocus();
+    Programma::voce(p.form1.mnunuovo);
+    EXPECT_EQ(p.form1.focusWidget(), p.form1.MSFlexGrid1);
+}
+
+TEST(Finestra, FissaNonOffreDiIngrandirla) {
+    Programma p;
+    Programma::voce(p.form1.mnuImportocolonna);
+    Programma::voce(p.form1.mnugest_sist);
+    int quante = 0;
+    for (const QWidget* w : QApplication::topLevelWidgets()) {
+        if (!w->isVisible() || w->minimumSize() != w->maximumSize()) continue;
+        ++quante;
+        EXPECT_FALSE(w->windowFlags().testFlag(Qt::WindowMaximizeButtonHint))
+            << w->objectName().toStdString();
+    }
+    EXPECT_GE(quante, 3);
+}
+
+TEST(Forma, OgniImmagineHaLaSuaScritta) {
+    Programma p;
+    p.clic(p.form1.Image10);
+    const QStringList nomi{"Terzine", "Quartine", "Cinquine"};
+    for (int i = 0; i < 3; ++i) {
+        const auto k = static_cast<std::size_t>(i);
+        const QList<QLabel*> scritte = p.form1.Frame8->findChildren<QLabel*>();
+        const auto scritta = std::find_if(scritte.begin(), scritte.end(),
+                                          [&](const QLabel* e) { return e->text() == nomi[i]; });
+        ASSERT_NE(scritta, scritte.end());
+        EXPECT_FALSE((*scritta)->geometry().intersects(p.form1.Imageb[k]->geometry()));
+        EXPECT_LE((*scritta)->sizeHint().width(), (*scritta)->width());
+        EXPECT_TRUE(p.form1.Frame8->rect().contains((*scritta)->geometry()));
+        EXPECT_EQ((*scritta)->y(), p.form1.Imageb[k]->y());
+        // The pictures are drawn three times as wide as high.
+        const QSize misura = p.form1.Imageb[k]->sizeHint();
+        EXPECT_EQ(misura.width(), misura.height() * 3);
+    }
+}
+
+TEST(Lista, IlNumeroSceltoNonSiSposta) {
+    Programma p;
+    for (const int n : {11, 12}) p.numero(n);
+    const auto ultimo_scuro = [&p](int voce) {
+        const QRect posto = p.form1.List1->visualItemRect(p.form1.List1->item(voce));
+        const QImage vista = p.form1.List1->viewport()->grab(posto).toImage();
+        int destro = -1;
+        for (int y = 2; y < vista.height() - 2; ++y) {
+            for (int x = 0; x < vista.width() - 2; ++x) {
+                if (qGray(vista.pixel(x, y)) < 120) destro = qMax(destro, x);
+            }
+        }
+        return destro;
+    };
+    p.form1.List1->clearSelection();
+    const int prima = ultimo_scuro(0);
+    ASSERT_GT(prima, 0);
+    p.form1.List1->setCurrentRow(0);
+    EXPECT_EQ(ultimo_scuro(0), prima);
 }
 
 }  // namespace
