@@ -29,6 +29,7 @@ Form1::Form1(Dialoghi& dialoghi) : dialoghi_(dialoghi) {
     crea_riepilogo();
     crea_importo();
     ordine_tastiera();
+    setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     setFixedSize(centralWidget()->width(),
                  centralWidget()->height() + menuBar()->sizeHint().height());
     collega();
@@ -37,6 +38,14 @@ Form1::Form1(Dialoghi& dialoghi) : dialoghi_(dialoghi) {
 Form1::~Form1() = default;
 
 void Form1::collega() {
+    // A half-typed number must not wait behind another command for its second digit.
+    const auto dimentica_cifra = [this] { MSFlexGrid1->set_digitato(QString()); };
+    for (const QAbstractButton* b : findChildren<QAbstractButton*>()) {
+        connect(b, &QAbstractButton::clicked, this, dimentica_cifra);
+    }
+    for (const QAction* a : findChildren<QAction*>()) {
+        connect(a, &QAction::triggered, this, dimentica_cifra);
+    }
     for (int i = 0; i < 9; ++i) {
         connect(Image3[static_cast<std::size_t>(i)], &QAbstractButton::clicked, this,
                 [this, i] { Image3_Click(i); });
@@ -55,7 +64,6 @@ void Form1::collega() {
     connect(Image8, &QAbstractButton::clicked, this, &Form1::Image8_Click);
     connect(Image10, &QAbstractButton::clicked, this, &Form1::Image10_Click);
     connect(MSFlexGrid1, &platform::MSFlexGrid::SelChange, this, [this] {
-        MSFlexGrid1->set_digitato(QString());
         colore_griglia();
         abilita_disabilita(static_cast<std::int16_t>(MSFlexGrid1->Row()),
                            static_cast<std::int16_t>(MSFlexGrid1->Col()));
@@ -97,7 +105,12 @@ void Form1::collega() {
 }
 
 void Form1::sistema_in_linea(const QString& nome) {
-    if (nome != Tag()) cronologia_.vuota();
+    cronologia_.vuota();
+    aggiorna_annulla();
+    salvato_come(nome);
+}
+
+void Form1::salvato_come(const QString& nome) {
     platform::set_Tag(this, nome);
     lblsistema->setText(nome);
 }

@@ -42,6 +42,8 @@ public:
     /// Name of the system in line; written together with the caption of `lblsistema`.
     [[nodiscard]] QString Tag() const { return lblsistema->text(); }
     void sistema_in_linea(const QString& nome);
+    /// The same for a system that only takes a name: what was done to it can still be undone.
+    void salvato_come(const QString& nome);
     /// Numbers of a Lotto combination from `Frame9.Tag`, 0 when it is no number.
     [[nodiscard]] int forma() const;
     [[nodiscard]] crossword::Gioco gioco() const;
@@ -201,10 +203,14 @@ private:
     void Image3_Click(int Index);
     void Form_KeyDown_Canc();
     void digita(int numero);
-    void nuova_matrice(int colonne, int righe);
     bool posa(int numero);
+    /// Notes for undo what the current cell held, or all that an action changed as one step.
     void annota(std::int16_t prima);
-    void rifai(const std::vector<crossword::Modifica>* azione, bool indietro);
+    void annota(const crossword::Matrice& prima, const std::array<int, 3>& tipi_prima);
+    void aggiorna_annulla();
+    /// Indexes chosen in the lists of types: rows, columns, diagonals.
+    [[nodiscard]] std::array<int, 3> tipi() const;
+    void rifai(const std::vector<crossword::Modifica>* voluta, bool indietro);
     void aggiorna_lblngioco();
     void UpDown2_Change();
     void carica_dimensioni(int da);
@@ -231,8 +237,6 @@ private:
 
     Dialoghi& dialoghi_;
     crossword::Cronologia cronologia_;
-    bool in_cronologia_ = false;
-    bool matrice_di_lotto_ = false;
     platform::Rnd rnd_;
     std::int32_t combinazioni_sviluppate_ = 0;  ///< by the last elaboration; 0 when it failed
     bool in_elaborazione_ = false;

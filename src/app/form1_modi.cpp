@@ -82,6 +82,8 @@ void Form1::Imageb_Click(int Index) {
         Imageb[scelta]->hide();
     }
     INIZIZLAIZZA_MATSIS();
+    cronologia_.dimentica_tipi();
+    aggiorna_annulla();
     std::uint8_t quale = 2;
     carica_combo(gioco(), quale, static_cast<std::int16_t>(righe()));
     quale = 1;

@@ -28,15 +28,29 @@ int larghezza_griglia(int righe, int colonne) {
     return colonne * 300 + (righe >= 11 ? 45 : 105);
 }
 
+/// Why the board bars a number; empty when it does not.
+QString motivo(int numero, std::uint8_t sbarre) {
+    QStringList dove;
+    if ((sbarre & crossword::sulla_riga) != 0) dove << Form1::tr("sulla riga");
+    if ((sbarre & crossword::sulla_colonna) != 0) dove << Form1::tr("sulla colonna");
+    if ((sbarre & crossword::sulla_diagonale) != 0) dove << Form1::tr("su una diagonale");
+    if (dove.isEmpty()) return {};
+    return Form1::tr("Il %1 sta già %2 di questa casella.")
+        .arg(numero)
+        .arg(dove.join(Form1::tr(" e ")));
+}
+
 }  // namespace
 
 void Form1::modifica_griglia(std::uint8_t /*non_usato*/) {
+    const crossword::Matrice prima = matrice;
+    const std::array<int, 3> tipi_prima = tipi();
     List1->Clear();
     colore_griglia();
     lblngioco->setText(QString());
     const int c = colonne();
     const int r = righe();
-    nuova_matrice(c, r);
+    matrice = crossword::Matrice(c, r);
     statistico.azzera();
     MSFlexGrid1->setUpdatesEnabled(false);
     MSFlexGrid1->set_Rows(r);
@@ -70,9 +84,11 @@ void Form1::modifica_griglia(std::uint8_t /*non_usato*/) {
     for (int i = 1; i <= 90; ++i) {
         QPushButton* numero = CMDnum[static_cast<std::size_t>(i)];
         numero->setEnabled(true);
+        numero->setToolTip(QString());
         platform::set_Tag(numero, QString());
     }
     MSFlexGrid1->cella(0, 0);
+    annota(prima, tipi_prima);
 }
 
 void Form1::svuota() {
@@ -141,19 +157,22 @@ void Form1::rimuovi() {
 }
 
 void Form1::abilita_disabilita(std::int16_t riga, std::int16_t colonna) {
+    // The digit typed was for the cell as it was.
+    MSFlexGrid1->set_digitato(QString());
     const bool corrente = riga == MSFlexGrid1->Row() && colonna == MSFlexGrid1->Col();
     MousePointer(11);
     DoEvents();
     LockWindowUpdate(this);
     // An assistive tool's press comes by a timer: it may have moved the current cell meanwhile.
-    const std::bitset<91> vietati =
-        corrente ? crossword::numeri_sulle_linee(matrice, MSFlexGrid1->Row(), MSFlexGrid1->Col())
-                 : crossword::numeri_sulle_linee(matrice, riga, colonna);
+    const auto sbarre = corrente
+                            ? crossword::sbarre(matrice, MSFlexGrid1->Row(), MSFlexGrid1->Col())
+                            : crossword::sbarre(matrice, riga, colonna);
     for (std::size_t i = 0; i <= 90; ++i) {
         QPushButton* numero = CMDnum[i];
-        const bool vietato = vietati.test(i);
+        const bool vietato = sbarre[i] != crossword::nessuna;
         if (numero->isEnabled() == vietato) numero->setEnabled(!vietato);
         platform::set_Tag(numero, vietato ? "0" : QString());
+        numero->setToolTip(motivo(static_cast<int>(i), sbarre[i]));
         if (i > 0) numero->setVisible(true);
     }
     MousePointer(0);

@@ -6,6 +6,7 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
+#include <QtMath>
 
 #include "platform/desktop.h"
 
@@ -25,6 +26,8 @@ public:
         const QVariant sfondo = indice.data(Qt::BackgroundRole);
         pittore->fillRect(opzione.rect,
                           sfondo.isValid() ? sfondo.value<QBrush>() : QBrush(Qt::white));
+        linee(pittore, opzione);
+        const QRect casella = opzione.rect.adjusted(0, 0, -1, -1);
         const QVariant inchiostro = indice.data(Qt::ForegroundRole);
         pittore->setPen(inchiostro.isValid() ? inchiostro.value<QBrush>().color()
                                              : opzione.palette.color(QPalette::Text));
@@ -37,17 +40,34 @@ public:
         const QVariant carattere = indice.data(Qt::FontRole);
         pittore->setFont(carattere.isValid() ? carattere.value<QFont>() : opzione.font);
         const bool ai_lati = (allineamento & Qt::AlignHCenter) == 0;
-        pittore->drawText(opzione.rect.adjusted(ai_lati ? 6 : 0, 0, ai_lati ? -6 : 0, 0),
+        pittore->drawText(casella.adjusted(ai_lati ? 6 : 0, 0, ai_lati ? -6 : 0, 0),
                           allineamento | int(Qt::AlignVCenter),
                           digitando ? griglia_->digitato() + '_' : indice.data().toString());
         if (corrente) {
             pittore->setPen(QPen(accento, 2));
             pittore->setBrush(Qt::NoBrush);
-            pittore->drawRect(opzione.rect.adjusted(1, 1, -1, -1));
+            pittore->drawRect(casella.adjusted(1, 1, -1, -1));
         }
     }
 
 private:
+    /// Right and lower edge of a cell, of one width on every scale: the view's own lines are one
+    /// or two pixels wide as they fall.
+    void linee(QPainter* pittore, const QStyleOptionViewItem& opzione) const {
+        const QTransform schermo = pittore->deviceTransform();
+        const QRectF cella = schermo.mapRect(QRectF(opzione.rect));
+        const QPointF fine(qRound(cella.right()), qRound(cella.bottom()));
+        const qreal spessore = qMax(1, qFloor(schermo.m11()));
+        const QColor colore = QColor::fromRgba(static_cast<QRgb>(
+            griglia_->style()->styleHint(QStyle::SH_Table_GridLineColor, &opzione, griglia_)));
+        const QTransform indietro = schermo.inverted();
+        for (const QRectF& linea :
+             {QRectF(fine.x() - spessore, cella.top(), spessore, fine.y() - cella.top()),
+              QRectF(cella.left(), fine.y() - spessore, fine.x() - cella.left(), spessore)}) {
+            pittore->fillRect(indietro.mapRect(linea), colore);
+        }
+    }
+
     MSFlexGrid* griglia_;
 };
 
@@ -64,6 +84,9 @@ MSFlexGrid::MSFlexGrid(QWidget* padre) : QTableWidget(padre) {
     setHorizontalScrollMode(ScrollPerItem);
     setVerticalScrollMode(ScrollPerItem);
     setItemDelegate(new Disegno(this));
+    setInputMethodHints(Qt::ImhDigitsOnly);
+    // The cells draw their own.
+    setShowGrid(false);
     connect(this, &QTableWidget::currentCellChanged, this, [this] { viewport()->update(); });
 }
 
@@ -203,15 +226,29 @@ void MSFlexGrid::keyPressEvent(QKeyEvent* evento) {
         case Qt::Key_End:
         case Qt::Key_PageUp:
         case Qt::Key_PageDown:
+            set_digitato(QString());
             QTableWidget::keyPressEvent(evento);
             break;
         default:
             if (evento->text().size() == 1 &&
                 (evento->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0) {
                 Q_EMIT KeyPress(evento->text().front().unicode());
+            } else if (!evento->text().isEmpty()) {
+                set_digitato(QString());
             }
             evento->ignore();
     }
+}
+
+void MSFlexGrid::inputMethodEvent(QInputMethodEvent* evento) {
+    // A keyboard on the screen writes texts, not keys; the view would search its cells for them.
+    for (const QChar c : evento->commitString()) Q_EMIT KeyPress(c.unicode());
+    evento->accept();
+}
+
+void MSFlexGrid::focusOutEvent(QFocusEvent* evento) {
+    set_digitato(QString());
+    QTableWidget::focusOutEvent(evento);
 }
 
 void MSFlexGrid::set_digitato(const QString& testo) {

@@ -46,7 +46,8 @@ public:
     /// Marks the current cell with a border of its own.
     void cursore_visibile(bool visibile) { cursore_ = visibile; }
     [[nodiscard]] bool cursore() const { return cursore_; }
-    /// Text being typed into the current cell, shown there until it is cleared.
+    /// Text being typed into the current cell, shown there until it is cleared; it goes by itself
+    /// with the focus and with a key that types nothing.
     void set_digitato(const QString& testo);
     [[nodiscard]] QString digitato() const { return digitato_; }
     /// Puts the vertical scroll bar outside, on the right, so that it covers no column.
@@ -55,13 +56,16 @@ public:
 Q_SIGNALS:
     /// A cell was chosen, by whatever moved the current cell other than the routines above.
     void SelChange();
-    /// A key that gives a character, or Return, Backspace or Escape, by its code.
+    /// A key that gives a character, or Return, Backspace or Escape, by its code; also each
+    /// character of an input method.
     void KeyPress(int tasto);
 
 protected:
     void currentChanged(const QModelIndex& ora, const QModelIndex& prima) override;
     void mousePressEvent(QMouseEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
+    void inputMethodEvent(QInputMethodEvent* evento) override;
+    void focusOutEvent(QFocusEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;
     void moveEvent(QMoveEvent* evento) override;
     void showEvent(QShowEvent* evento) override;

@@ -37,6 +37,7 @@ bool Form1::completa_caselle() {
         }
     }
     cronologia_.chiudi();
+    aggiorna_annulla();
     // The walk over full cells told the board nothing: it must bar for the cell it stopped at.
     abilita_disabilita(static_cast<std::int16_t>(MSFlexGrid1->Row()),
                        static_cast<std::int16_t>(MSFlexGrid1->Col()));

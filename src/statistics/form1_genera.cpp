@@ -1,4 +1,6 @@
 // A whole crossword laid by the program, from the draws of the archive.
+#include <utility>
+
 #include "app/form1.h"
 #include "platform/application.h"
 #include "platform/desktop.h"
@@ -89,15 +91,21 @@ void Form1::genera() {
     const int colonne_scelte = Combo1->ListIndex();
     const int righe_scelte = Combo2->ListIndex();
     platform::MousePointer(11);
+    // The sizes pass by the smallest ones and come back: what was done before can still be undone.
+    const crossword::Matrice prima = matrice;
+    const std::array<int, 3> tipi_prima = tipi();
+    crossword::Cronologia passato = std::exchange(cronologia_, {});
     resetta();
     Combo1->set_ListIndex(colonne_scelte);
     Combo2->set_ListIndex(righe_scelte);
+    cronologia_ = std::move(passato);
     Frame3->hide();
     DoEvents();
     LockWindowUpdate(nullptr);
     apri_archivio();
     platform::MousePointer(11);
     genera_statistico();
+    annota(prima, tipi_prima);
     LockWindowUpdate(this);
     Frame3->show();
     aggiorna_lblngioco();

@@ -109,7 +109,7 @@ void Form2::cmdsalva_Click() {
     }
     if (!nome_ammesso(platform::s(nome)) || sovrascrittura_negata(nome)) return;
     scrivi_sistema(App().Path, platform::s(nome), form1_.sistema_a_schermo());
-    form1_.sistema_in_linea(nome);
+    form1_.salvato_come(nome);
     form1_.salvato = true;
     close();
 }

@@ -81,4 +81,73 @@ TEST(Cronologia, OltreMilleSiPerdonoLePiuVecchie) {
     EXPECT_EQ(ultima, 3);
 }
 
+TEST(Cronologia, DiceSeCEDaAnnullareEDaRipetere) {
+    Cronologia k;
+    EXPECT_FALSE(k.annullabile());
+    EXPECT_FALSE(k.ripetibile());
+    k.annota(a);
+    EXPECT_TRUE(k.annullabile());
+    EXPECT_FALSE(k.ripetibile());
+    k.annulla();
+    EXPECT_FALSE(k.annullabile());
+    EXPECT_TRUE(k.ripetibile());
+}
+
+TEST(Cronologia, DueCruciverbaSiAnnotanoNelleCaselleCheCambiano) {
+    crossword::Matrice prima(6, 6);
+    prima.scrivi(1, 0, 6);
+    crossword::Matrice dopo(6, 6);
+    dopo.scrivi(0, 0, 5);
+    Cronologia k;
+    k.apri();
+    k.annota(prima, dopo);
+    k.chiudi();
+    EXPECT_EQ(*k.annulla(), (Azione{a, c}));
+}
+
+TEST(Cronologia, ITipiDimenticatiLascianoLeCaselle) {
+    Cronologia k;
+    const Modifica tipo{0, 2, 1, 0, true};
+    k.annota(tipo);
+    k.apri();
+    k.annota(a);
+    k.annota(tipo);
+    k.chiudi();
+    k.annota(b);
+    k.annulla();
+    k.dimentica_tipi();
+    EXPECT_EQ(*k.annulla(), Azione{a});
+    EXPECT_FALSE(k.annullabile());
+    k.ripeti();
+    EXPECT_EQ(*k.ripeti(), Azione{b});
+}
+
+TEST(Rimetti, ScambiaDueNumeriDiUnaLinea) {
+    crossword::Matrice m(6, 6);
+    m.scrivi(0, 0, 6);
+    m.scrivi(1, 0, 5);
+    const Azione scambio{{0, 0, 5, 6}, {0, 1, 6, 5}};
+    ASSERT_TRUE(crossword::rimetti(scambio, true, m));
+    EXPECT_EQ(m(0, 0), 5);
+    EXPECT_EQ(m(1, 0), 6);
+    ASSERT_TRUE(crossword::rimetti(scambio, false, m));
+    EXPECT_EQ(m(0, 0), 6);
+}
+
+TEST(Rimetti, UnNumeroSbarratoRestaFuori) {
+    crossword::Matrice m(6, 6);
+    m.scrivi(5, 0, 5);
+    ASSERT_TRUE(crossword::rimetti({{0, 0, 5, 0}, {0, 1, 7, 0}}, true, m));
+    EXPECT_EQ(m(0, 0), 0);
+    EXPECT_EQ(m(1, 0), 7);
+}
+
+TEST(Rimetti, UnAltroCruciverbaRestaComE) {
+    crossword::Matrice m(6, 6);
+    m.scrivi(0, 0, 9);
+    const crossword::Matrice prima = m;
+    EXPECT_FALSE(crossword::rimetti({b, a}, true, m));
+    EXPECT_EQ(m, prima);
+}
+
 }  // namespace

@@ -115,7 +115,7 @@ public:
             case 11:
                 return metodo();
             case 12:
-                QTest::keyClick(&f, sotto(2) == 0 ? Qt::Key_Z : Qt::Key_Y, Qt::ControlModifier);
+                QTest::keyClick(&f, sotto(3) < 2 ? Qt::Key_Z : Qt::Key_Y, Qt::ControlModifier);
                 return "undo or redo";
             case 13:
                 Programma::clic(f.List1->viewport());
