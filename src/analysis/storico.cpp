@@ -143,24 +143,49 @@ EsitoEstrazione Mappe::conta(const Estrazione& estrazione) const {
 
 namespace {
 
-/// What only the whole sequence tells.
-void riassumi(Storico& s, int minimo) {
+/// True when the draw at `i` is of another wheel on the day of the one before.
+bool stesso_concorso(std::span<const Estrazione> estrazioni, std::size_t i) {
+    return i > 0 && !estrazioni[i].ruota.empty() &&
+           estrazioni[i].concorso == estrazioni[i - 1].concorso &&
+           estrazioni[i].ruota != estrazioni[i - 1].ruota;
+}
+
+void conta_digiuni(std::span<const Estrazione> estrazioni, int minimo, Storico& s) {
     std::size_t digiuno = 0;
-    for (std::size_t i = 0; i < s.esiti.size(); ++i) {
-        const EsitoEstrazione& esito = s.esiti[i];
+    std::size_t da = 0;
+    for (std::size_t i = 0; i < estrazioni.size();) {
+        const std::size_t primo = i;
+        bool vince = false;
+        do {
+            vince = vince || s.esiti[i].migliore() >= minimo;
+            ++i;
+        } while (i < estrazioni.size() && stesso_concorso(estrazioni, i));
+        ++s.concorsi;
+        if (vince) {
+            ++s.concorsi_vincenti;
+            digiuno = 0;
+            continue;
+        }
+        if (digiuno++ == 0) da = primo;
+        if (digiuno > s.digiuno) {
+            s.digiuno = digiuno;
+            s.digiuno_da = da;
+            s.digiuno_a = i - 1;
+        }
+    }
+    s.digiuno_attuale = digiuno;
+}
+
+/// What only the whole sequence tells.
+void riassumi(std::span<const Estrazione> estrazioni, int minimo, Storico& s) {
+    for (const EsitoEstrazione& esito : s.esiti) {
         for (std::size_t t = 0; t < s.combinazioni.size(); ++t) {
             s.combinazioni[t] += esito.combinazioni[t];
         }
         s.cinque_piu_uno += esito.cinque_piu_uno;
-        if (esito.migliore() >= minimo) {
-            ++s.vincenti;
-            digiuno = 0;
-        } else if (++digiuno > s.digiuno) {
-            s.digiuno = digiuno;
-            s.digiuno_da = i + 1 - digiuno;
-        }
+        if (esito.migliore() >= minimo) ++s.vincenti;
     }
-    s.digiuno_attuale = digiuno;
+    conta_digiuni(estrazioni, minimo, s);
     std::vector<std::size_t> ordine;
     for (std::size_t i = 0; i < s.esiti.size(); ++i) {
         if (s.esiti[i].migliore() >= minimo) ordine.push_back(i);
@@ -194,7 +219,7 @@ bool calcola_storico(const Mappe& mappe, std::span<const Estrazione> estrazioni,
         }
     });
     if (ferma) return false;
-    riassumi(storico, minimo);
+    riassumi(estrazioni, minimo, storico);
     return true;
 }
 

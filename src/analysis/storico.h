@@ -60,10 +60,14 @@ struct Storico {
     /// Sums over the draws.
     std::array<std::uint64_t, 7> combinazioni{};
     std::uint64_t cinque_piu_uno = 0;
-    std::uint64_t vincenti = 0;       ///< draws with a win
-    std::size_t digiuno = 0;          ///< longest run of draws without one
+    std::uint64_t vincenti = 0;  ///< draws with a win
+    /// The same with the wheels of one day as one draw: they follow each other and bear its number.
+    std::size_t concorsi = 0;
+    std::size_t concorsi_vincenti = 0;
+    std::size_t digiuno = 0;          ///< longest run of such days without a win
     std::size_t digiuno_da = 0;       ///< index of the first draw of that run
-    std::size_t digiuno_attuale = 0;  ///< draws without a win since the last one that had it
+    std::size_t digiuno_a = 0;        ///< index of its last draw
+    std::size_t digiuno_attuale = 0;  ///< days without a win since the last one that had it
     /// Indexes of the ten best draws, the best first; of equal ones the later first.
     std::vector<std::size_t> migliori;
 };

@@ -1,5 +1,6 @@
 #include "platform/runtime.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -156,6 +157,21 @@ std::string Format(double valore, Modello modello) {
     const bool nullo = (cifre + frazione).find_first_of("123456789") == std::string::npos;
     for (std::size_t i = cifre.size(); i > 3; i -= 3) cifre.insert(i - 3, ".");
     return (valore < 0 && !nullo ? "-" : "") + cifre + frazione;
+}
+
+std::string Significative(double valore, int cifre) {
+    if (!std::isfinite(valore)) return "";
+    if (valore == 0) return "0";
+    const int decimali = std::max(0, cifre - decimale(valore).punto);
+    std::string testo = cifre_arrotondate(valore, decimali);
+    const auto dopo = static_cast<std::size_t>(decimali);
+    if (testo.size() <= dopo) testo.insert(0, dopo + 1 - testo.size(), '0');
+    std::string frazione = testo.substr(testo.size() - dopo);
+    testo.resize(testo.size() - dopo);
+    while (!frazione.empty() && frazione.back() == '0') frazione.pop_back();
+    for (std::size_t i = testo.size(); i > 3; i -= 3) testo.insert(i - 3, ".");
+    if (!frazione.empty()) testo += "," + frazione;
+    return (valore < 0 ? "-" : "") + testo;
 }
 
 std::string CStr(double valore) {

@@ -40,6 +40,11 @@ enum class Modello {
 /// infinite.
 std::string Format(double valore, Modello modello);
 
+/// `valore` with at least `cifre` significant digits, and no zeros at the end of its decimals: all
+/// whole digits with points between thousands, and as many decimals as it takes; "0" for 0, empty
+/// when infinite.
+std::string Significative(double valore, int cifre);
+
 /// Plain text of a number, up to 15 significant digits, with a decimal comma; empty when infinite.
 std::string CStr(double valore);
 

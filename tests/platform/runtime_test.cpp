@@ -157,6 +157,18 @@ TEST(Format, takes_any_magnitude) {
     EXPECT_EQ(Format(std::nan(""), Modello::decimali), "");
 }
 
+TEST(Significative, as_many_decimals_as_it_takes) {
+    EXPECT_EQ(Significative(0, 3), "0");
+    EXPECT_EQ(Significative(1234.5, 3), "1.235");
+    EXPECT_EQ(Significative(622614630, 3), "622.614.630");
+    EXPECT_EQ(Significative(12.34, 3), "12,3");
+    EXPECT_EQ(Significative(12, 3), "12");
+    EXPECT_EQ(Significative(9.996, 3), "10");
+    EXPECT_EQ(Significative(0.0001606, 3), "0,000161");
+    EXPECT_EQ(Significative(-0.5, 2), "-0,5");
+    EXPECT_EQ(Significative(HUGE_VAL, 2), "");
+}
+
 TEST(CStr, has_a_decimal_comma_and_no_padding) {
     EXPECT_EQ(CStr(86086), "86086");
     EXPECT_EQ(CStr(0.5), "0,5");
