@@ -14,8 +14,9 @@ install_missing() {
 }
 
 setup_build() {
-  install_missing build-essential cmake ninja-build qt6-base-dev qt6-svg-dev libgl-dev \
-    fonts-liberation libbenchmark-dev libsqlite3-dev mdbtools-dev zlib1g-dev pkg-config libxcb1-dev
+  install_missing build-essential cmake ninja-build qt6-base-dev qt6-svg-dev qt6-translations-l10n \
+    libgl-dev fonts-liberation libbenchmark-dev libsqlite3-dev mdbtools-dev zlib1g-dev pkg-config \
+    libxcb1-dev
 }
 
 setup_tests() {

@@ -8,6 +8,8 @@
 #include <QPushButton>
 #include <QStyleOption>
 
+#include "platform/lingua.h"
+
 /// A static library's resources are linked in only when somebody asks for them; the macro works
 /// in the global namespace alone.
 static void carica_risorse() {
@@ -158,6 +160,7 @@ public:
 
 void applica_stile(QApplication& applicazione) {
     carica_risorse();
+    platform::parla_italiano();
     QApplication::setStyle(new Stile);
     QFont carattere("Liberation Sans");
     carattere.setStyleHint(QFont::SansSerif);

@@ -18,14 +18,9 @@ std::function<QStringList()>& scelta_file_in_forza() {
     return scelta;
 }
 
-/// The answer of the dialog, its words in Italian.
-QStringList esegui(QFileDialog& dialogo, const QString& che_cosa) {
+QStringList esegui(QFileDialog& dialogo) {
     // The titles of the program speak of this button by its name.
     dialogo.setLabelText(QFileDialog::Accept, "OK");
-    dialogo.setLabelText(QFileDialog::Reject, "Annulla");
-    dialogo.setLabelText(QFileDialog::LookIn, "Cerca in:");
-    dialogo.setLabelText(QFileDialog::FileName, che_cosa);
-    dialogo.setLabelText(QFileDialog::FileType, "Tipo:");
     const int prima = MousePointer();
     MousePointer(0);
     const QStringList scelti =
@@ -41,7 +36,7 @@ QString scegli_cartella(QWidget* proprietario, const QString& titolo, const QStr
     QFileDialog dialogo(proprietario, titolo, inizio);
     dialogo.setFileMode(QFileDialog::Directory);
     dialogo.setOption(QFileDialog::ShowDirsOnly);
-    return esegui(dialogo, "Cartella:").value(0);
+    return esegui(dialogo).value(0);
 }
 
 QStringList scegli_file(QWidget* proprietario, const QString& titolo, const QString& inizio) {
@@ -49,9 +44,7 @@ QStringList scegli_file(QWidget* proprietario, const QString& titolo, const QStr
     QFileDialog dialogo(proprietario, titolo, inizio);
     dialogo.setFileMode(QFileDialog::ExistingFiles);
     dialogo.setNameFilter("Tutti i file (*)");
-    // The plain list has no headings, which the dialog would write in English.
-    dialogo.setViewMode(QFileDialog::List);
-    return esegui(dialogo, "File:");
+    return esegui(dialogo);
 }
 
 void scegli_file_con(std::function<QStringList()> scelta) {

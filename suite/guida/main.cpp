@@ -1,8 +1,6 @@
 // The guide of the suite, a program of its own.
 #include <QApplication>
 #include <QIcon>
-#include <QLibraryInfo>
-#include <QTranslator>
 
 #include "app/aspetto.h"
 #include "app/stile.h"
@@ -16,10 +14,6 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName("tabellino");
     app::applica_stile(qt);
     QApplication::setWindowIcon(QIcon(":/tabellino.svg"));
-    QTranslator italiano;
-    // The print dialog comes with Qt and speaks Italian where Qt's translations are installed.
-    if (italiano.load("qtbase_it", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QApplication::installTranslator(&italiano);
 
     const QString radice = guida::radice_suite(
         QString::fromLocal8Bit(argv[0]), QString::fromStdString(platform::cartella_eseguibile()));
