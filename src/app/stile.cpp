@@ -86,6 +86,7 @@ QScrollBar::handle:horizontal { background: #A9BCD6; min-width: 24px; border-rad
 QScrollBar::handle:horizontal:hover { background: #000080; }
 QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; border: 0; }
 QScrollBar::add-page, QScrollBar::sub-page { background: none; }
+QMessageBox { messagebox-information-icon: url(:/informazione.svg); }
 QMessageBox, QDialogButtonBox { button-layout: 0; dialogbuttonbox-buttons-have-icons: 0; }
 QComboBox:focus { border-color: #E07B00; }
 QComboBox:disabled { background: #EEF2F7; color: #9AA7B8; border-color: #C9D4E2; }

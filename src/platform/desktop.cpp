@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -63,6 +65,19 @@ Filtro& filtro() {
     return unico;
 }
 
+/// Where there is no icon its place goes too, and the text stands as far from either side.
+void senza_rientro(QMessageBox& box) {
+    auto* testo = box.findChild<QLabel*>("qt_msgbox_label");
+    auto* griglia = qobject_cast<QGridLayout*>(box.layout());
+    QLayoutItem* posto = griglia != nullptr ? griglia->itemAtPosition(0, 0) : nullptr;
+    if (testo == nullptr || posto == nullptr || posto->spacerItem() == nullptr) return;
+    posto->spacerItem()->changeSize(0, 0);
+    griglia->setHorizontalSpacing(0);
+    testo->setContentsMargins(0, 0, 0, 0);
+    testo->setIndent(0);
+    griglia->invalidate();
+}
+
 }  // namespace
 
 int MsgBox(QWidget* padre, const Messaggio& messaggio) {
@@ -77,7 +92,11 @@ int MsgBox(QWidget* padre, const Messaggio& messaggio) {
     box.setWindowTitle(messaggio.titolo);
     box.setText(messaggio.testo);
     box.setTextFormat(Qt::PlainText);
-    if (messaggio.icona == Icona::informazione) box.setIcon(QMessageBox::Information);
+    if (messaggio.icona == Icona::informazione) {
+        box.setIcon(QMessageBox::Information);
+    } else {
+        senza_rientro(box);
+    }
     if (messaggio.pulsanti == Pulsanti::ok) {
         box.setStandardButtons(QMessageBox::Ok);
     } else {
