@@ -6,7 +6,9 @@
 #include <QPalette>
 #include <QProxyStyle>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QStyleOption>
+#include <QTabBar>
 
 #include "platform/lingua.h"
 
@@ -31,7 +33,7 @@ QMenuBar::item:selected { background: #000080; color: white; }
 QMenu { background: white; border: 1px solid #8FA6C8; }
 QMenu::item { padding: 5px 28px 5px 26px; }
 QMenu::item:selected { background: #000080; color: white; }
-QMenu::item:disabled { color: #9AA7B8; }
+QMenu::item:disabled { color: #667384; }
 QMenu::separator { height: 1px; background: #D4DFEC; margin: 3px 8px; }
 
 QPushButton { background: qlineargradient(x1:0,y1:0,x2:0,y2:1, stop:0 #FFFFFF, stop:1 #E3ECF6);
@@ -40,12 +42,12 @@ QPushButton:hover { border-color: #E07B00; background: #FFF8EC; }
 QPushButton:pressed { background: #D8EEFE; }
 QPushButton:focus { border: 1px solid #E07B00; }
 QPushButton:default { border: 1px solid #000080; font-weight: bold; }
-QPushButton:disabled { color: #9AA7B8; background: #EEF2F7; border-color: #C9D4E2; }
+QPushButton:disabled { color: #5A6779; background: #EEF2F7; border-color: #C9D4E2; }
 QPushButton[numero="true"] { border-radius: 2px; padding: 0; border: 1px solid #A9BCD6;
     background: white; color: #000080; }
 QPushButton[numero="true"]:hover { background: #FFFF00; border-color: #000080; }
 QPushButton[numero="true"]:focus { border: 2px solid #E07B00; }
-QPushButton[numero="true"]:disabled { background: #E4EAF2; color: #A3AFC0; border-color: #CFD9E6; }
+QPushButton[numero="true"]:disabled { background: #DDE4ED; color: #4B576A; border-color: #CBD5E1; }
 
 platform--Frame[evidenza="true"] { qproperty-fondo: #FFF8EC; qproperty-linea: #E07B00; }
 QFrame[forma="fondo"] { background: white; border: 1px solid #A9BCD6; border-radius: 4px; }
@@ -89,7 +91,7 @@ QScrollBar::add-page, QScrollBar::sub-page { background: none; }
 QMessageBox { messagebox-information-icon: url(:/informazione.svg); }
 QMessageBox, QDialogButtonBox { button-layout: 0; dialogbuttonbox-buttons-have-icons: 0; }
 QComboBox:focus { border-color: #E07B00; }
-QComboBox:disabled { background: #EEF2F7; color: #9AA7B8; border-color: #C9D4E2; }
+QComboBox:disabled { background: #EEF2F7; color: #5A6779; border-color: #C9D4E2; }
 QComboBox[lunga="true"] { combobox-popup: 0; }
 QComboBox[in_griglia="true"] { border-radius: 0; border: 1px solid #B9CBE0; }
 QComboBox[in_griglia="true"]:focus { border-color: #E07B00; }
@@ -152,8 +154,23 @@ public:
         pittore->save();
         pittore->setPen(QColor("#E07B00"));
         pittore->setBrush(Qt::NoBrush);
-        pittore->drawRect(opzione->rect.adjusted(0, 0, -1, -1));
+        pittore->drawRect(intorno_al_testo(opzione->rect, widget).adjusted(0, 0, -1, -1));
         pittore->restore();
+    }
+
+private:
+    /// What a style sheet draws itself it frames whole, mark and all, or on the very letters.
+    static QRect intorno_al_testo(const QRect& dove, const QWidget* widget) {
+        if (qobject_cast<const QTabBar*>(widget) != nullptr) return dove.adjusted(-6, -2, 6, 2);
+        const auto* scelta = qobject_cast<const QRadioButton*>(widget);
+        if (scelta == nullptr) return dove;
+        QStyleOptionButton opzione;
+        opzione.initFrom(scelta);
+        const QRect posto =
+            scelta->style()->subElementRect(SE_RadioButtonContents, &opzione, scelta);
+        const QRect testo = scelta->fontMetrics().boundingRect(
+            posto, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, scelta->text());
+        return testo.adjusted(-3, -2, 3, 2);
     }
 };
 

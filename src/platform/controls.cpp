@@ -238,7 +238,7 @@ void Frame::paintEvent(QPaintEvent* evento) {
     if (copre_) pittore.fillRect(rect(), fondo_);
     if (!bordo_) return;
     pittore.setRenderHint(QPainter::Antialiasing);
-    const QRectF cornice(1.5, 1.5, width() - 3, height() - 3);
+    const QRectF cornice(1.5, 1.5, width() - 2, height() - 2);
     pittore.setPen(QPen(linea_, 1));
     pittore.setBrush(fondo_);
     pittore.drawRoundedRect(cornice, 4, 4);

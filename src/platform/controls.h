@@ -88,7 +88,8 @@ protected:
     void paintEvent(QPaintEvent* evento) override;
 };
 
-/// Panel with a thin border one pixel inside and a caption on it; a style sheet sets its colours.
+/// Panel with a caption and a thin border that begins one pixel inside and is one pixel narrower
+/// and lower than the panel; a style sheet sets its colours.
 class Frame : public QFrame {
     Q_OBJECT
     Q_PROPERTY(QString caption READ caption WRITE set_caption)

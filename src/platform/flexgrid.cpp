@@ -34,7 +34,6 @@ public:
         const bool corrente = griglia_->cursore() && indice.row() == griglia_->Row() &&
                               indice.column() == griglia_->Col();
         const bool digitando = corrente && !griglia_->digitato().isEmpty();
-        if (digitando) pittore->setPen(accento);
         const QVariant verso = indice.data(Qt::TextAlignmentRole);
         const int allineamento = verso.isValid() ? verso.toInt() : int(Qt::AlignCenter);
         const QVariant carattere = indice.data(Qt::FontRole);

@@ -35,6 +35,7 @@ constexpr double densita_figure = 1.7;
 /// On paper they fit between the margins.
 constexpr double densita_carta = 2.0;
 constexpr double corpo_carta = 10;
+constexpr int tinta_invito = 190;
 const QColor colore_luogo("#FFFF00");
 const QColor colore_luogo_scelto("#FFB84D");
 
@@ -45,6 +46,20 @@ QUrl indirizzo(const QString& pagina) {
 QString pagina_di(const QUrl& url) {
     return url.fileName().section('.', 0, 0);
 }
+
+/// Box whose hint is readable: of the ink that a style sheet gives it, the hint gets but half.
+class CampoRicerca : public QLineEdit {
+protected:
+    void changeEvent(QEvent* evento) override {
+        QLineEdit::changeEvent(evento);
+        QPalette colori = palette();
+        QColor inchiostro = colori.color(QPalette::PlaceholderText);
+        if (inchiostro.alpha() >= tinta_invito) return;
+        inchiostro.setAlpha(tinta_invito);
+        colori.setColor(QPalette::PlaceholderText, inchiostro);
+        setPalette(colori);
+    }
+};
 
 }  // namespace
 
@@ -130,7 +145,7 @@ QWidget* Finestra::crea_sinistra() {
     auto* colonna = new QVBoxLayout(lato);
     colonna->setContentsMargins(10, 10, 0, 10);
     colonna->setSpacing(8);
-    ricerca_ = new QLineEdit;
+    ricerca_ = new CampoRicerca;
     ricerca_->setObjectName("ricerca");
     ricerca_->setAccessibleName("Cerca nella guida");
     ricerca_->setPlaceholderText("Cerca nella guida");

@@ -1,149 +1,157 @@
 // What is written can be read, in every skin: a contrast of 4.5 to 1 at least.
-#include <cmath>
-#include <filesystem>
-#include <map>
-#include <set>
-
-#include <QCheckBox>
-#include <QImage>
+#include <QDir>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QPainter>
-#include <QPlainTextEdit>
-#include <QRadioButton>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QStyleOption>
+#include <QTabWidget>
+#include <QToolTip>
 
+#include "app/frmsplash.h"
+#include "guida/finestra.h"
 #include "support/finestre_aperte.h"
+#include "support/lettore_finestre.h"
 
 namespace {
 
+using support::contrasto;
 using support::FinestreAperte;
+using support::Lettore;
 using support::Programma;
-
-/// Relative luminance of a colour, by the rule of the guidelines for accessible contents.
-double luminanza(QRgb colore) {
-    const auto lineare = [](int canale) {
-        const double c = canale / 255.0;
-        return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * lineare(qRed(colore)) + 0.7152 * lineare(qGreen(colore)) +
-           0.0722 * lineare(qBlue(colore));
-}
-
-double contrasto(QRgb a, QRgb b) {
-    const double la = luminanza(a);
-    const double lb = luminanza(b);
-    return (qMax(la, lb) + 0.05) / (qMin(la, lb) + 0.05);
-}
-
-/// Contrast between the commonest colour and the one that stands out most.
-double contrasto_del_testo(const QImage& immagine) {
-    std::map<QRgb, int> quanti;
-    for (int y = 0; y < immagine.height(); ++y) {
-        for (int x = 0; x < immagine.width(); ++x) ++quanti[immagine.pixel(x, y)];
-    }
-    QRgb fondo = 0;
-    int massimo = 0;
-    for (const auto& [colore, n] : quanti) {
-        if (n > massimo) {
-            massimo = n;
-            fondo = colore;
-        }
-    }
-    double migliore = 1;
-    for (const auto& voce : quanti) migliore = qMax(migliore, contrasto(voce.first, fondo));
-    return migliore;
-}
-
-QString testo_di(const QWidget* w) {
-    if (const auto* e = qobject_cast<const QLabel*>(w)) return e->text();
-    if (const auto* b = qobject_cast<const QAbstractButton*>(w)) return b->text();
-    if (const auto* c = qobject_cast<const QComboBox*>(w)) return c->currentText();
-    if (const auto* t = qobject_cast<const QLineEdit*>(w)) return t->text();
-    if (const auto* t = qobject_cast<const QPlainTextEdit*>(w)) return t->toPlainText();
-    return {};
-}
-
-/// What the text stands on, less the borders and what is no text.
-QRect dove(const QWidget* w) {
-    QRect interno = w->rect().adjusted(3, 3, -3, -3);
-    if (qobject_cast<const QComboBox*>(w) != nullptr) interno.setRight(interno.right() - 20);
-    if (qobject_cast<const QRadioButton*>(w) != nullptr ||
-        qobject_cast<const QCheckBox*>(w) != nullptr)
-        interno.setLeft(24);
-    return interno;
-}
 
 class Contrasto : public testing::TestWithParam<int> {
 protected:
-    /// The folder with the skin of the parameter.
-    static void aspetto(const support::Cartella& cartella) {
-        const std::string numero = std::to_string(GetParam());
-        const std::string nome = "/skin1_" + numero + ".skn";
-        std::filesystem::copy(SOURCE_DIR "/suite/skin" + nome, cartella.radice() + "/skin" + nome);
-        std::ofstream(cartella.radice() + "/skin/skn.dat") << numero << "\r\n";
-    }
-    void misura(QWidget& finestra) {
-        QWidget* fuoco = finestra.focusWidget();
-        const QImage tutta = finestra.grab().toImage();
-        for (QWidget* w : finestra.findChildren<QWidget*>()) {
-            const QString testo = testo_di(w).trimmed();
-            if (!w->isVisible() || !w->isEnabled() || testo.isEmpty() || w->window() != &finestra)
-                continue;
-            // What lies under another control is not read.
-            const QPoint centro = w->mapTo(&finestra, w->rect().center());
-            const QWidget* sopra = finestra.childAt(centro);
-            if (sopra != w && !w->isAncestorOf(sopra)) continue;
-            // A focused box shows its text chosen, in other colours.
-            if (w == fuoco && qobject_cast<QLineEdit*>(w) != nullptr) continue;
-            const QRect qui = dove(w).translated(w->mapTo(&finestra, QPoint(0, 0)));
-            EXPECT_GE(contrasto_del_testo(tutta.copy(qui)), 4.5)
-                << w->metaObject()->className() << ' ' << w->objectName().toStdString() << " \""
-                << testo.toStdString() << '"';
-            ++misurati;
-        }
-        misura_le_scelte(finestra, tutta);
-        for (const auto* f : finestra.findChildren<platform::Frame*>()) {
-            const QString titolo = f->caption().trimmed();
-            if (!f->isVisible() || titolo.isEmpty()) continue;
-            const int largo = f->fontMetrics().horizontalAdvance(titolo);
-            const QRect qui =
-                QRect(f->mapTo(&finestra, QPoint(9, 4)), QSize(qMin(largo, f->width() - 18), 14));
-            EXPECT_GE(contrasto_del_testo(tutta.copy(qui)), 4.5) << titolo.toStdString();
-            ++misurati;
-        }
-    }
-    int misurati = 0;
-    int scelte = 0;
-
-private:
-    /// The mark of a chosen box or option is no text: 3 to 1 will do.
-    void misura_le_scelte(const QWidget& finestra, const QImage& tutta) {
-        for (const auto* b : finestra.findChildren<QAbstractButton*>()) {
-            const bool casella = qobject_cast<const QCheckBox*>(b) != nullptr;
-            if (!casella && qobject_cast<const QRadioButton*>(b) == nullptr) continue;
-            if (!b->isVisible() || !b->isChecked()) continue;
-            QStyleOptionButton opzione;
-            opzione.initFrom(b);
-            const QRect segno = b->style()->subElementRect(
-                casella ? QStyle::SE_CheckBoxIndicator : QStyle::SE_RadioButtonIndicator, &opzione,
-                b);
-            const QRect dentro = segno.adjusted(3, 3, -3, -3);
-            const QPoint angolo = b->mapTo(&finestra, QPoint(0, 0));
-            EXPECT_GE(contrasto_del_testo(tutta.copy(dentro.translated(angolo))), 3)
-                << b->objectName().toStdString();
-            ++scelte;
-        }
-    }
+    Lettore lettore;
+    Programma p{true, [](const support::Cartella& c) { Lettore::aspetto(c, GetParam()); }};
 };
 
 TEST_P(Contrasto, OgniTestoSiLegge) {
-    Programma p(true, aspetto);
     ASSERT_FALSE(p.form1.styleSheet().isEmpty());
     FinestreAperte(p, [this](QWidget& finestra, const std::string& nome) {
         SCOPED_TRACE(nome);
-        misura(finestra);
+        lettore.misura(finestra);
     }).tutte();
-    EXPECT_GT(misurati, 500);
-    EXPECT_GE(scelte, 4);
+    EXPECT_GT(lettore.misurati, 2000);
+    EXPECT_GE(lettore.scelte, 4);
+}
+
+TEST_P(Contrasto, LeListeAperteSiLeggono) {
+    p.dimensioni(9, 9);
+    for (platform::ComboBox* c : p.form1.findChildren<platform::ComboBox*>()) {
+        if (!c->isVisible()) continue;
+        c->showPopup();
+        lettore.misura_righe(c->view());
+        c->hidePopup();
+    }
+    EXPECT_GT(lettore.misurati, 20);
+}
+
+TEST_P(Contrasto, IlCruciverbaSiLeggeInOgniColore) {
+    p.riempi(12);
+    platform::MSFlexGrid* griglia = p.form1.MSFlexGrid1;
+    for (int riga = 0; riga < 6; ++riga) {
+        auto* voce = p.form1.List1->item(riga);
+        QTest::mouseClick(p.form1.List1->viewport(), Qt::LeftButton, {},
+                          p.form1.List1->visualItemRect(voce).center());
+    }
+    lettore.misura_righe(griglia);
+    p.cella(3, 3);
+    QTest::keyClick(griglia, Qt::Key_4);
+    const QRect cella = griglia->visualRect(griglia->model()->index(3, 3));
+    lettore.misura_pezzo(griglia->viewport()->grab().toImage(), cella.adjusted(4, 4, -4, -4),
+                         "a digit half typed");
+    EXPECT_GT(lettore.misurati, 12);
+}
+
+TEST_P(Contrasto, IMenuSiLeggono) {
+    Programma::voce(p.form1.mnugest_sist);
+    QMenu* campo = Programma::gestore()->Text1->createStandardContextMenu();
+    for (QMenu* menu : p.form1.findChildren<QMenu*>()) {
+        menu->popup(QPoint(10, 10));
+        for (QAction* a : menu->actions()) {
+            const bool accesa = a->isEnabled();
+            for (const bool si : {true, false}) {
+                a->setEnabled(si);
+                for (QAction* attiva : {static_cast<QAction*>(nullptr), a}) {
+                    if (a->isSeparator()) continue;
+                    menu->setActiveAction(attiva);
+                    lettore.misura_pezzo(menu->grab().toImage(),
+                                         menu->actionGeometry(a).adjusted(26, 2, -2, -2),
+                                         a->text().toStdString() + (si ? "" : " disabled") +
+                                             (attiva != nullptr ? " active" : ""));
+                }
+            }
+            a->setEnabled(accesa);
+        }
+        menu->close();
+    }
+    EXPECT_TRUE(campo->window()->inherits("QMenu"));
+    EXPECT_GT(lettore.misurati, 100);
+    Programma::gestore()->close();
+}
+
+TEST_P(Contrasto, SuggerimentiEMessaggiSiLeggono) {
+    QToolTip::showText(QPoint(20, 20), "Elabora il sistema (F5)", p.form1.Image3[1]);
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        if (w->isVisible() && w->inherits("QTipLabel"))
+            lettore.misura_pezzo(w->grab().toImage(), w->rect().adjusted(3, 3, -3, -3), "tooltip");
+    }
+    QToolTip::hideText();
+    EXPECT_EQ(lettore.misurati, 1);
+    QTimer::singleShot(0, &p.form1, [this] {
+        QWidget* box = QApplication::activeModalWidget();
+        lettore.misura(*box);
+        box->close();
+    });
+    platform::rispondi_con({});
+    platform::MsgBox(&p.form1, {"Salvare ora?", support::Pulsanti::si_no_annulla, "Tabellino",
+                                support::Icona::informazione});
+    EXPECT_GT(lettore.misurati, 10);
+}
+
+TEST_P(Contrasto, LeFinestreDiQtSiLeggono) {
+    QFileDialog file(&p.form1, "File", QDir::tempPath());
+    file.setOption(QFileDialog::DontUseNativeDialog);
+    file.show();
+    lettore.misura(file);
+    QPrinter stampante;
+    QPrintDialog stampa(&stampante, &p.form1);
+    stampa.show();
+    for (auto* b : stampa.findChildren<QPushButton*>()) {
+        if (b->text().endsWith(">>")) b->click();
+    }
+    for (auto* schede : stampa.findChildren<QTabWidget*>()) {
+        for (int i = 0; i < schede->count(); ++i) {
+            schede->setCurrentIndex(i);
+            QApplication::processEvents();
+            lettore.misura(stampa);
+        }
+    }
+    EXPECT_GT(lettore.misurati, 100);
+}
+
+TEST_P(Contrasto, LApertura) {
+    app::frmSplash splash([] {}, [] {});
+    splash.setAttribute(Qt::WA_DeleteOnClose, false);
+    splash.show();
+    lettore.misura(splash);
+    EXPECT_GT(lettore.misurati, 4);
+}
+
+TEST_P(Contrasto, LaGuidaSiLegge) {
+    guida::Finestra finestra("inizio");
+    finestra.setStyleSheet(p.form1.styleSheet());
+    finestra.show();
+    QApplication::processEvents();
+    lettore.misura(finestra);
+    auto* ricerca = finestra.findChild<QLineEdit*>("ricerca");
+    ricerca->setText("jolly");
+    lettore.misura(finestra);
+    ricerca->setText("zxqw");
+    lettore.misura(finestra);
+    EXPECT_GT(lettore.misurati, 100);
 }
 
 INSTANTIATE_TEST_SUITE_P(Aspetti, Contrasto, testing::Values(1, 2, 3));

@@ -1,0 +1,70 @@
+// Borders, focus frames and grounds as each skin means them.
+#include <QRadioButton>
+#include <QTabBar>
+
+#include "support/finestre_aperte.h"
+#include "support/lettore_finestre.h"
+
+namespace {
+
+using support::aperta;
+using support::Lettore;
+using support::Programma;
+
+TEST(Cornice, VaDalSecondoPixelAllUltimo) {
+    platform::Frame riquadro(QString(), nullptr);
+    riquadro.setStyleSheet(
+        "platform--Frame { qproperty-linea: #FF0000; qproperty-fondo: #FFFFFF; }");
+    riquadro.resize(60, 40);
+    const QImage dipinto = riquadro.grab().toImage();
+    const auto linea = [&](int x, int y) { return dipinto.pixelColor(x, y) == QColor("#FF0000"); };
+    EXPECT_FALSE(linea(0, 20));
+    EXPECT_TRUE(linea(1, 20));
+    EXPECT_FALSE(linea(58, 20));
+    EXPECT_TRUE(linea(59, 20));
+    EXPECT_FALSE(linea(30, 0));
+    EXPECT_TRUE(linea(30, 1));
+    EXPECT_FALSE(linea(30, 38));
+    EXPECT_TRUE(linea(30, 39));
+}
+
+class Aspetti : public testing::TestWithParam<int> {
+protected:
+    Programma p{true, [](const support::Cartella& c) { Lettore::aspetto(c, GetParam()); }};
+};
+
+TEST_P(Aspetti, IlFuocoIncorniciaIlTestoDellaScelta) {
+    p.riempi_e_salva("prova");
+    p.comando(7);
+    auto* f = aperta<printing::frmstsvl>();
+    QRadioButton* scelta = f->Option1[1];
+    scelta->setFocus(Qt::TabFocusReason);
+    const QImage dipinta = scelta->grab().toImage();
+    QRect cornice;
+    for (int y = 0; y < dipinta.height(); ++y) {
+        for (int x = 0; x < dipinta.width(); ++x) {
+            if (dipinta.pixelColor(x, y) == QColor("#E07B00")) cornice |= QRect(x, y, 1, 1);
+        }
+    }
+    // Neither the mark nor the whole row.
+    EXPECT_GT(cornice.left(), 14);
+    EXPECT_GT(cornice.width(), scelta->fontMetrics().horizontalAdvance(scelta->text()));
+    EXPECT_LT(cornice.width(), scelta->fontMetrics().horizontalAdvance(scelta->text()) + 10);
+    EXPECT_LT(cornice.height(), 24);
+    f->close();
+}
+
+TEST_P(Aspetti, LaLinguettaSceltaHaIlFondoDellaLista) {
+    Programma::voce(p.form1.mnugest_sist);
+    systems::Form2* f = Programma::gestore();
+    const QImage tutta = f->grab().toImage();
+    const QRect scelta = f->TabStrip1->tabRect(f->TabStrip1->currentIndex());
+    const QPoint in_scheda = f->TabStrip1->mapTo(f, scelta.bottomLeft() + QPoint(4, -3));
+    const QPoint in_lista = f->ListView1->viewport()->mapTo(f, QPoint(20, 120));
+    EXPECT_EQ(tutta.pixelColor(in_scheda).name(), tutta.pixelColor(in_lista).name());
+    f->close();
+}
+
+INSTANTIATE_TEST_SUITE_P(Tutti, Aspetti, testing::Values(1, 2, 3));
+
+}  // namespace
