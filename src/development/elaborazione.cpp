@@ -13,6 +13,8 @@ namespace development {
 
 namespace {
 
+constexpr std::string_view prefisso_temporanei = "temp";
+
 /// Lines between two calls of the progress routine.
 constexpr std::int32_t passo = 250;
 
@@ -149,9 +151,14 @@ Conclusione Elaborazione::sviluppa() {
     return guasta_ ? Conclusione::guasta : Conclusione::completa;
 }
 
+bool e_temporaneo(std::string_view nome) {
+    return platform::LCase(std::string(nome)).starts_with(prefisso_temporanei);
+}
+
 void elimina_temporanei(const std::string& cartella,
                         const std::function<bool(const std::string&)>& cestina) {
-    for (const std::string& nome : platform::Dir(cartella, "temp*")) {
+    for (const std::string& nome :
+         platform::Dir(cartella, std::string(prefisso_temporanei) + "*")) {
         const std::string minuscolo = platform::LCase(nome);
         const bool di_lavoro = minuscolo == "temp.col" || minuscolo == "temp.lot" ||
                                minuscolo == "temp.mdb" || minuscolo == "temp.ldb" ||

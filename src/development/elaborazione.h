@@ -8,6 +8,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "crossword/linee.h"
@@ -89,8 +90,11 @@ private:
     bool interrotta_ = false;
 };
 
-/// Deletes the working files that match "temp*" in the folder; any other file so named, which
-/// may be a player's, is given to `cestina` and stays if that returns false.
+/// True for a name, in whatever case, that begins as those of the working files do.
+bool e_temporaneo(std::string_view nome);
+
+/// Deletes the working files in the folder; any other file with a temporary name,
+/// which may be a player's, is given to `cestina` and stays if that returns false.
 void elimina_temporanei(const std::string& cartella,
                         const std::function<bool(const std::string&)>& cestina);
 

@@ -54,6 +54,7 @@ public:
     QPushButton* cmddup_annulla = nullptr;
     QLineEdit* Text1 = nullptr;
     QLineEdit* txtduplica = nullptr;
+    QLabel* lblavviso = nullptr;
     QMenu* mnuutlituy = nullptr;
     QAction* mnuduplica = nullptr;
     QAction* mnurinomina = nullptr;
@@ -81,6 +82,8 @@ private:
     void ListView1_ColumnClick(int colonna);
     void ListView1_Click();
     void cmdsalva_Click();
+    /// Says under the name, while it is so, that such a system would end in the trash.
+    void Text1_Change();
     void Command5_Click();
     /// Hides, thaws and unloads the form.
     void esci_congelando();

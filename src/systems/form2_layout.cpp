@@ -3,6 +3,7 @@
 #include <QValidator>
 
 #include "app/form1.h"
+#include "development/elaborazione.h"
 #include "platform/desktop.h"
 #include "platform/disposizione.h"
 #include "systems/elenco.h"
@@ -17,6 +18,7 @@ namespace {
 constexpr int larghezza = 330;
 constexpr int y_gruppo = 256;
 constexpr int h_gruppo = 108;
+constexpr int h_avviso = 36;
 constexpr QRect dove_gruppo(8, y_gruppo, larghezza - 16, h_gruppo);
 
 /// Refuses, also in pasted text, what is no digit or letter, and turns capitals to lower case.
@@ -40,11 +42,12 @@ QPushButton* comando(const QString& nome, const QString& testo, QRect dove, QWid
     return b;
 }
 
-void spiega(const QString& testo, QRect dove, QWidget* padre) {
+QLabel* spiega(const QString& testo, QRect dove, QWidget* padre) {
     auto* e = new QLabel(testo, padre);
     e->setGeometry(dove);
     e->setWordWrap(true);
     e->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    return e;
 }
 
 QLineEdit* casella(const QString& nome, const QString& scopo, QRect dove, QWidget* padre) {
@@ -112,7 +115,22 @@ void Form2::crea_salva() {
     Text1 = casella("Text1", tr("Nome del sistema"), {118, 34, 188, 24}, pic_salva);
     cmdsalva = comando("cmdsalva", tr("Salva"), {106, 68, 96, 28}, pic_salva);
     cmdeffacer1 = comando("cmdeffacer1", tr("Annulla"), {210, 68, 96, 28}, pic_salva);
+    lblavviso = spiega(tr("Ogni elaborazione manda nel cestino i sistemi con un nome che comincia "
+                          "per «temp»: sceglietene un altro."),
+                       {12, 64, 294, h_avviso}, pic_salva);
+    lblavviso->setObjectName("lblavviso");
+    lblavviso->hide();
     setTabOrder(Text1, cmdsalva);
+}
+
+void Form2::Text1_Change() {
+    const bool serve = development::e_temporaneo(platform::s(Text1->text()));
+    if (serve == lblavviso->isVisibleTo(pic_salva)) return;
+    const int piu = serve ? h_avviso : -h_avviso;
+    lblavviso->setVisible(serve);
+    for (QPushButton* b : {cmdsalva, cmdeffacer1}) b->move(b->x(), b->y() + piu);
+    pic_salva->resize(pic_salva->width(), pic_salva->height() + piu);
+    setFixedHeight(height() + piu);
 }
 
 void Form2::crea_importa() {
@@ -164,6 +182,7 @@ void Form2::collega() {
             [this](const QPoint& dove) { mnuutlituy->popup(dove); });
     connect(TabStrip1, &platform::TabStrip::Click, this, &Form2::TabStrip1_Click);
     connect(cmdsalva, &QPushButton::clicked, this, &Form2::cmdsalva_Click);
+    connect(Text1, &QLineEdit::textChanged, this, &Form2::Text1_Change);
     connect(Command5, &QPushButton::clicked, this, &Form2::Command5_Click);
     connect(ListView1, &QTreeWidget::itemDoubleClicked, this, [this] {
         if (Frame2->isVisible()) Command5_Click();

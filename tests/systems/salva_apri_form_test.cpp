@@ -57,6 +57,27 @@ void salva_con_nome(Programma& p, const std::function<void(Form2&)>& fare) {
 
 }  // namespace
 
+TEST(SalvaApri, UnNomeCheCominciaPerTempAvverte) {
+    Programma p;
+    p.riempi();
+    p.nel_gestore([](Form2& f) {
+        const int alta = f.height();
+        QTest::keyClicks(f.Text1, "tem");
+        EXPECT_FALSE(f.lblavviso->isVisible());
+        QTest::keyClicks(f.Text1, "Poraneo");
+        EXPECT_TRUE(f.lblavviso->isVisible());
+        EXPECT_TRUE(f.lblavviso->text().contains("cestino"));
+        EXPECT_FALSE(f.lblavviso->geometry().intersects(f.cmdsalva->geometry()));
+        EXPECT_TRUE(f.pic_salva->rect().contains(f.cmdsalva->geometry()));
+        EXPECT_TRUE(f.rect().contains(f.pic_salva->geometry()));
+        f.Text1->clear();
+        EXPECT_FALSE(f.lblavviso->isVisible());
+        EXPECT_EQ(f.height(), alta);
+        Programma::clic(f.cmdeffacer1);
+    });
+    Programma::voce(p.form1.mnusalvanome);
+}
+
 TEST(Nome, VuotoChiedeERidaLaCasella) {
     Programma p;
     p.riempi();
