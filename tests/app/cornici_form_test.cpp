@@ -1,7 +1,10 @@
 // Borders, focus frames and grounds as each skin means them.
+#include <QLineEdit>
+#include <QListWidget>
 #include <QRadioButton>
 #include <QTabBar>
 
+#include "guida/finestra.h"
 #include "support/finestre_aperte.h"
 #include "support/lettore_finestre.h"
 
@@ -38,7 +41,9 @@ TEST_P(Aspetti, IlFuocoIncorniciaIlTestoDellaScelta) {
     p.comando(7);
     auto* f = aperta<printing::frmstsvl>();
     QRadioButton* scelta = f->Option1[1];
-    scelta->setFocus(Qt::TabFocusReason);
+    f->activateWindow();
+    QApplication::processEvents();
+    QTest::mouseClick(scelta, Qt::LeftButton);
     const QImage dipinta = scelta->grab().toImage();
     QRect cornice;
     for (int y = 0; y < dipinta.height(); ++y) {
@@ -63,6 +68,38 @@ TEST_P(Aspetti, LaLinguettaSceltaHaIlFondoDellaLista) {
     const QPoint in_lista = f->ListView1->viewport()->mapTo(f, QPoint(20, 120));
     EXPECT_EQ(tutta.pixelColor(in_scheda).name(), tutta.pixelColor(in_lista).name());
     f->close();
+}
+
+/// Columns of the first row that hold letters: what differs much from the ground.
+QRect lettere(QAbstractItemView* lista, bool scelta) {
+    if (scelta) {
+        const QSignalBlocker muto(lista->selectionModel());
+        lista->selectionModel()->select(lista->model()->index(0, 0),
+                                        QItemSelectionModel::ClearAndSelect);
+    }
+    const QRect riga = lista->visualRect(lista->model()->index(0, 0)).adjusted(1, 2, -1, -2);
+    const QImage dipinta = lista->viewport()->grab(riga).toImage();
+    QRect trovate;
+    for (int y = 0; y < dipinta.height(); ++y) {
+        for (int x = 0; x < dipinta.width(); ++x) {
+            if (support::contrasto(dipinta.pixel(x, y), dipinta.pixel(0, 0)) > 3)
+                trovate |= QRect(x, y, 1, 1);
+        }
+    }
+    return trovate;
+}
+
+TEST_P(Aspetti, LaVoceSceltaNonSiSposta) {
+    p.numero(8);
+    p.numero(17);
+    EXPECT_EQ(lettere(p.form1.List1, false), lettere(p.form1.List1, true));
+    guida::Finestra guida("inizio");
+    guida.setStyleSheet(p.form1.styleSheet());
+    guida.show();
+    guida.findChild<QLineEdit*>("ricerca")->setText("jolly");
+    auto* trovate = guida.findChild<QListWidget*>("trovate");
+    QApplication::processEvents();
+    EXPECT_EQ(lettere(trovate, false), lettere(trovate, true));
 }
 
 INSTANTIATE_TEST_SUITE_P(Tutti, Aspetti, testing::Values(1, 2, 3));
