@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "comune.h"
+#include "crossword/tipi.h"
 #include "platform/disk.h"
 
 namespace ridotti {
@@ -190,21 +191,35 @@ std::string tutto(const Dati& dati) {
     return uscita + parte_basi(dati);
 }
 
+/// What the list of types calls a table; one that no list of its own length has may serve the
+/// diagonals beside those of the next length.
+std::string nome_del_tipo(const development::NomeTabella& nome) {
+    using crossword::Elenco;
+    const crossword::Gioco gioco =
+        nome.k() == 6 ? crossword::Gioco() : crossword::Gioco::lotto(nome.k());
+    const auto tipo = static_cast<std::size_t>(nome.tipo);
+    const auto propri = crossword::tipi_sistema(gioco, Elenco::orizzontali, nome.n);
+    if (tipo < propri.size()) return propri[tipo];
+    const auto vicini = crossword::tipi_sistema(gioco, Elenco::diagonali, nome.n + 1);
+    if (gioco.e_lotto() || tipo >= vicini.size()) return "(in nessuna lista)";
+    return vicini[tipo] + " di " + std::to_string(nome.n + 1) + " numeri, nelle diagonali vicine";
+}
+
 std::string per_la_guida(const Dati& dati) {
     std::string uscita;
     for (const Sezione& sezione : sezioni) {
         uscita += std::string("<h3>") + sezione.titolo +
-                  "</h3>\n<table>\n<tr><th>Numeri</th><th>Combinazioni</th><th>% dell'integrale"
-                  "</th><th>Garanzia</th></tr>\n";
+                  "</h3>\n<table>\n<tr><th>Numeri</th><th>Tipo</th><th>Combinazioni</th>"
+                  "<th>% dell'integrale</th><th>Garanzia</th></tr>\n";
         for (const Voce& voce : dati.voci) {
             if (voce.nome.prefisso != sezione.prefisso) continue;
             const auto quante = static_cast<double>(voce.tabella.righe.size());
             const auto intere =
                 static_cast<double>(development::binomiale(voce.nome.n, voce.nome.k()));
-            uscita += "<tr><td>" + std::to_string(voce.nome.n) + "</td><td>" +
-                      std::to_string(voce.tabella.righe.size()) + "</td><td>" +
-                      percento(quante, intere) + "</td><td>" + in_parole(voce.garanzia) +
-                      "</td></tr>\n";
+            uscita +=
+                "<tr><td>" + std::to_string(voce.nome.n) + "</td><td>" + nome_del_tipo(voce.nome) +
+                "</td><td>" + std::to_string(voce.tabella.righe.size()) + "</td><td>" +
+                percento(quante, intere) + "</td><td>" + in_parole(voce.garanzia) + "</td></tr>\n";
         }
         uscita += "</table>\n";
     }
