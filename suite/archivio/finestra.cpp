@@ -59,7 +59,7 @@ Finestra::Finestra(std::string archivio) : archivio_(std::move(archivio)) {
     lblstato->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     lblstato->setWordWrap(true);
     lbltrascina = new QLabel(
-        "Trascina qui i file delle estrazioni\n"
+        "Trascinate qui i file delle estrazioni\n"
         "lo storico del Lotto o del SuperEnalotto, anche in ZIP",
         this);
     lbltrascina->setObjectName("lbltrascina");

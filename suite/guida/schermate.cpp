@@ -1,5 +1,4 @@
 // Takes the guide's pictures from the running forms, so that they never go stale.
-#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <filesystem>
@@ -7,7 +6,6 @@
 #include <string>
 
 #include <QApplication>
-#include <QHash>
 #include <QImage>
 #include <QLineEdit>
 #include <QPixmap>
@@ -50,39 +48,12 @@ private:
     std::string radice_;
 };
 
-/// The commonest colours, near ones taken as one: a window has few, and a palette keeps the file
-/// small.
-QList<QRgb> colori(const QImage& figura) {
-    struct Vicini {
-        QRgb primo = 0;
-        int quanti = 0;
-    };
-    QHash<QRgb, int> esatti;
-    for (int y = 0; y < figura.height(); ++y) {
-        for (int x = 0; x < figura.width(); ++x) ++esatti[figura.pixel(x, y)];
-    }
-    QHash<QRgb, Vicini> gruppi;
-    for (auto i = esatti.cbegin(); i != esatti.cend(); ++i) {
-        Vicini& gruppo = gruppi[i.key() & 0xFFF0F0F0];
-        if (i.value() > gruppo.quanti || (i.value() == gruppo.quanti && i.key() < gruppo.primo))
-            gruppo = {i.key(), i.value()};
-    }
-    QList<Vicini> ordinati = gruppi.values();
-    std::sort(ordinati.begin(), ordinati.end(), [](const Vicini& a, const Vicini& b) {
-        return a.quanti != b.quanti ? a.quanti > b.quanti : a.primo < b.primo;
-    });
-    QList<QRgb> scelti;
-    for (const Vicini& gruppo : ordinati.mid(0, 256)) scelti.append(gruppo.primo);
-    return scelti;
-}
-
 class Fotografo {
 public:
     explicit Fotografo(QString cartella) : cartella_(std::move(cartella)) {}
     void scatta(const QString& nome, QWidget& finestra, const QRect& dove = QRect(0, 0, -1, -1)) {
         QApplication::processEvents();
-        const QImage intera = finestra.grab(dove).toImage().convertToFormat(QImage::Format_RGB32);
-        const QImage figura = intera.convertToFormat(QImage::Format_Indexed8, colori(intera));
+        const QImage figura = finestra.grab(dove).toImage().convertToFormat(QImage::Format_RGB32);
         if (figura.save(cartella_ + "/" + nome + ".png", "PNG", 0)) return;
         std::fprintf(stderr, "schermate: %s non si scrive\n", qPrintable(nome));
         riuscito = false;

@@ -114,7 +114,7 @@ TEST(PagineGuida, OgniFiguraCeHaUnaDescrizioneEPesaPoco) {
         for (const QString& nome : valori(html(pagina), "src")) {
             QFile figura(":/guida/" + nome);
             EXPECT_TRUE(figura.open(QIODevice::ReadOnly)) << nome.toStdString();
-            EXPECT_LT(figura.size(), 60000) << nome.toStdString();
+            EXPECT_LT(figura.size(), 150000) << nome.toStdString();
             ++quante;
         }
         EXPECT_EQ(valori(html(pagina), "src").size(), valori(html(pagina), "alt").size());

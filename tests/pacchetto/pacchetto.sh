@@ -131,7 +131,8 @@ scrivibili=$(rimasti -type f -perm /022)
 
 # Dependencies: each library that a program wants belongs to a package that is named.
 dipendenze=$(dpkg-deb -f "$deb" Depends)
-for pacchetto in libqt6widgets6 libqt6svg6 libqt6printsupport6 libmdb libc6 fonts-liberation; do
+for pacchetto in libqt6widgets6 libqt6svg6 libqt6printsupport6 libmdb libc6 fonts-liberation \
+  qt6-translations-l10n; do
   [[ $dipendenze == *"$pacchetto"* ]] || fallisci "does not depend on $pacchetto: $dipendenze"
 done
 
