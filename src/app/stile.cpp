@@ -11,6 +11,7 @@
 #include <QTabBar>
 
 #include "platform/lingua.h"
+#include "platform/rotella.h"
 
 /// A static library's resources are linked in only when somebody asks for them; the macro works
 /// in the global namespace alone.
@@ -197,6 +198,7 @@ void applica_stile(QApplication& applicazione) {
     tavolozza.setColor(QPalette::HighlightedText, Qt::white);
     QApplication::setPalette(tavolozza);
     applicazione.setStyleSheet(foglio);
+    platform::rotella_per_scorrere(applicazione);
 }
 
 }  // namespace app
