@@ -20,6 +20,8 @@ public:
     virtual void importo_colonna(Form1& form1) = 0;
     /// Viewer of the development of the system in line.
     virtual void visualizza_sviluppo(Form1& form1) = 0;
+    /// Closes the viewer when what it shows is no more.
+    virtual void rivedi_sviluppo() = 0;
     /// Check against a draw; hides the main form.
     virtual void spoglio(Form1& form1) = 0;
     /// Print options.

@@ -68,6 +68,10 @@ void DialoghiQt::visualizza_sviluppo(Form1& form1) {
     form3->iniz();
 }
 
+void DialoghiQt::rivedi_sviluppo() {
+    if (auto* form3 = qobject_cast<viewer::Form3*>(sviluppo_.data())) form3->rivedi();
+}
+
 void DialoghiQt::stampa(Form1& form1) {
     chiudi(stampa_);
     auto* form = new printing::frmstsvl(form1);
@@ -77,6 +81,8 @@ void DialoghiQt::stampa(Form1& form1) {
 
 void DialoghiQt::spoglio(Form1& form1) {
     delete spoglio_;
+    // The check relies on nobody touching the game, the form and the library while it stands.
+    chiudi_sopra();
     auto* form = new check::frmspoglio(form1);
     spoglio_ = form;
     form1.hide();
@@ -98,11 +104,15 @@ void DialoghiQt::sito(Form1& /*form1*/) {
     help::apri_sito();
 }
 
+/// The windows that stand over the main form.
+void DialoghiQt::chiudi_sopra() {
+    for (QPointer<QWidget>* finestra : {&gestore_, &importo_, &sviluppo_, &stampa_}) {
+        chiudi(*finestra);
+    }
+}
+
 void DialoghiQt::chiudi_tutti() {
-    chiudi(gestore_);
-    chiudi(importo_);
-    chiudi(sviluppo_);
-    chiudi(stampa_);
+    chiudi_sopra();
     // Unloaded rather than closed, which would bring back the main form.
     delete spoglio_;
 }

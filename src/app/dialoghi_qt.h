@@ -15,6 +15,7 @@ public:
     void gestore_utility(Form1& form1) override;
     void importo_colonna(Form1& form1) override;
     void visualizza_sviluppo(Form1& form1) override;
+    void rivedi_sviluppo() override;
     void spoglio(Form1& form1) override;
     void stampa(Form1& form1) override;
     void informazioni(Form1& form1) override;
@@ -23,6 +24,7 @@ public:
     void chiudi_tutti() override;
 
 private:
+    void chiudi_sopra();
     QPointer<QWidget> gestore_;
     QPointer<QWidget> importo_;
     QPointer<QWidget> sviluppo_;

@@ -120,6 +120,8 @@ public:
     void cmd_elabora();
     void controllo_ripetizioni(std::uint8_t lunghezza, const QString& estensione);
     void sviluppo();
+    /// Called after each step that may replace, rename or delete a development.
+    void rivedi_sviluppo();
     void verifica_spoglio(bool& pronto);
     void mnuRipetizioniCon_Click();
     void mnuRipetizioniSenza_Click();

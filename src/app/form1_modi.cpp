@@ -65,6 +65,7 @@ void Form1::Image10_Click() {
 void Form1::Imageb_Click(int Index) {
     // The development of the old form is void, even when the form does not change.
     if (!Tag().isEmpty()) platform::Kill(App().file(platform::s(Tag()) + ".lot"));
+    rivedi_sviluppo();
     static const std::array<const char*, 3> titoli = {"Tabellino - Lotto (Sistemi in Terzine)",
                                                       "Tabellino - Lotto (Sistemi in Quartine)",
                                                       "Tabellino - Lotto (Sistemi in Cinquine)"};

@@ -72,6 +72,7 @@ bool Form1::sviluppa_in(const QString& finale) {
         platform::Kill(lavoro.file_temporaneo());
     }
     combinazioni_sviluppate_ = fatto ? lavoro.righe_scritte() : 0;
+    rivedi_sviluppo();
     return true;
 }
 
@@ -171,6 +172,10 @@ void Form1::sviluppo() {
         return;
     }
     dialoghi_.visualizza_sviluppo(*this);
+}
+
+void Form1::rivedi_sviluppo() {
+    dialoghi_.rivedi_sviluppo();
 }
 
 void Form1::verifica_spoglio(bool& pronto) {

@@ -46,4 +46,17 @@ bool stesso_file(const std::string& origine, const std::string& arrivo) {
            (::stat(da.c_str(), &s) == 0 && uguali(s, meta));
 }
 
+bool collegamento(const std::string& nome) {
+    struct stat s {};
+    return ::lstat(nome_su_disco(nome).c_str(), &s) == 0 && S_ISLNK(s.st_mode);
+}
+
+std::optional<Impronta> impronta(const std::string& nome) {
+    struct stat s {};
+    if (::stat(nome_su_disco(nome).c_str(), &s) != 0 || !S_ISREG(s.st_mode)) return std::nullopt;
+    constexpr std::int64_t al_secondo = 1'000'000'000;
+    return Impronta{s.st_dev, s.st_ino, s.st_size,
+                    s.st_mtim.tv_sec * al_secondo + s.st_mtim.tv_nsec};
+}
+
 }  // namespace platform

@@ -27,8 +27,7 @@ constexpr int scatto = 120;
 
 std::string Form3::file_sviluppo() const {
     const std::string nome = s(platform::Tag(this));
-    return systems::nome_ammesso(nome) ? App().file(nome + form1_.gioco().estensione_sviluppo())
-                                       : "";
+    return systems::nome_ammesso(nome) ? App().file(nome + gioco_.estensione_sviluppo()) : "";
 }
 
 void Form3::iniz() {
@@ -37,8 +36,9 @@ void Form3::iniz() {
     const std::string nome = s(platform::Tag(this));
     std::int32_t conteggio = 0;
     if (systems::nome_ammesso(nome)) {
-        platform::assegna(conteggio, systems::leggi_conteggio(App().Path, nome, form1_.gioco()));
+        platform::assegna(conteggio, systems::leggi_conteggio(App().Path, nome, gioco_));
     }
+    indicizzato_ = platform::impronta(file_sviluppo());
     pagine_ = pagine_di(conteggio);
     // A bar without a range would show the busy pattern.
     ProgressBar1->setRange(0, qMax(1, conteggio));
@@ -94,8 +94,10 @@ void Form3::popola_griglia(std::int32_t page, bool avanti) {
     Frame2->setUpdatesEnabled(false);
     for (platform::ListView* l : {ListView1, ListView2, ListView3, ListView4}) l->svuota();
     platform::DoEvents();
-    const int numeri = form1_.gioco().numeri();
-    const Pagina pagina = leggi_pagina(file_sviluppo(), posizioni_.posizione(page), numeri);
+    const int numeri = gioco_.numeri();
+    Pagina pagina = leggi_pagina(file_sviluppo(), posizioni_.posizione(page), numeri);
+    // Looked at after the reading, lest another program replaced the file in between.
+    if (superato()) pagina = {};
     int linea = 0;
     for (const Riga& riga : pagina.righe) {
         ++linea;
@@ -118,10 +120,19 @@ void Form3::mostra_riga(const Riga& riga, int numeri, int linea, std::int32_t pa
     (sinistra ? ListView3 : ListView4)->add_voce({QString(), QString::number(numero)});
 }
 
+bool Form3::superato() const {
+    return platform::impronta(file_sviluppo()) != indicizzato_;
+}
+
+void Form3::rivedi() {
+    if (superato()) close();
+}
+
 void Form3::HScroll1_Change() {
     const int valore = HScroll1->value();
     const bool avanti = valore >= platform::Tag(HScroll1).toInt();
     popola_griglia(valore, avanti);
+    rivedi();
     platform::set_Tag(HScroll1, QString::number(valore));
     lblpag[0]->setText(QString::number(valore));
     if (pronto_) Command1->setFocus();

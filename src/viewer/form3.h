@@ -9,7 +9,9 @@
 #include <QPushButton>
 #include <QScrollBar>
 
+#include "crossword/gioco.h"
 #include "platform/controls.h"
+#include "platform/links.h"
 #include "platform/listview.h"
 #include "viewer/indice.h"
 
@@ -19,7 +21,8 @@ class Form1;
 
 namespace viewer {
 
-/// Shows the development of the system named by its `Tag`; `form1` outlives the viewer.
+/// Shows the development of the system named by its `Tag`, of the game and form in force when it is
+/// made; `form1` outlives the viewer.
 class Form3 : public QDialog {
     Q_OBJECT
 public:
@@ -29,6 +32,9 @@ public:
     void iniz();
     /// Clears the lists and shows a page; `avanti` also keeps the position of the next one.
     void popola_griglia(std::int32_t page, bool avanti);
+
+    /// Closes when the development is not the one that was indexed: its pages begin elsewhere now.
+    void rivedi();
 
     [[nodiscard]] std::int32_t pagine() const { return pagine_; }
     [[nodiscard]] bool pronto() const { return pronto_; }
@@ -74,7 +80,11 @@ private:
     [[nodiscard]] bool tasto_di_pagina(const QKeyEvent* evento);
     void rotella(const QWheelEvent* evento);
 
+    [[nodiscard]] bool superato() const;
+
     app::Form1& form1_;
+    const crossword::Gioco gioco_;
+    std::optional<platform::Impronta> indicizzato_;
     Indice posizioni_;
     std::int32_t pagine_ = 0;
     bool pronto_ = false;

@@ -346,25 +346,124 @@ TEST_F(VisoreTest, PageChangeGivesTheFocusToTheButton) {
     EXPECT_EQ(f.focusWidget(), f.Command1);
 }
 
-TEST_F(VisoreTest, GameOfTheMainFormChosenMeanwhileEmptiesThePage) {
+TEST_F(VisoreTest, GameOfTheMainFormChosenMeanwhileLeavesThePagesAsTheyAre) {
     Form3& f = apri(400);
     p.form1.Image10_Click();
     f.HScroll1->setValue(2);
-    EXPECT_EQ(righe(f.ListView1), 0);
-    p.form1.Image8_Click();
-    f.HScroll1->setValue(3);
-    EXPECT_EQ(righe(f.ListView1), 20);
+    EXPECT_TRUE(f.isVisible());
+    EXPECT_EQ(riga(f.ListView1, 0), QStringList{""} + numeri(41, 6));
 }
 
-TEST_F(VisoreTest, FileThatChangesBetweenTwoPagesDoesNoHarm) {
+TEST_F(VisoreTest, FormOfTheMainFormChosenMeanwhileLeavesThePagesAsTheyAre) {
+    Programma::clic(p.form1.Image10);
+    p.cartella.scrivi("s.sel", "9,4,4,\"0\",0,0,0,5,100\r\n");
+    sviluppo("s.lot", 100, 5);
+    Form3& f = mostra();
+    // The form of another system, so that the development stays.
+    p.form1.sistema_in_linea("altro");
+    Programma::clic(p.form1.Imageb[0]);
+    f.HScroll1->setValue(2);
+    EXPECT_EQ(riga(f.ListView1, 0), QStringList{""} + numeri(41, 5) + QStringList{""});
+}
+
+TEST_F(VisoreTest, FileThatAnotherProgramReplacesClosesTheViewerAtTheNextPage) {
     Form3& f = apri(400);
-    p.cartella.scrivi("s.col", "1,2");
+    sviluppo("s.col", 300, 5);
     f.HScroll1->setValue(9);
-    EXPECT_EQ(righe(f.ListView1), 0);
+    EXPECT_EQ(righe(f.ListView1), 0) << "nothing that stands in no development";
+    EXPECT_FALSE(f.isVisible());
+}
+
+TEST_F(VisoreTest, FileThatVanishesClosesTheViewerAtTheNextPage) {
+    Form3& f = apri(400);
     std::filesystem::remove(p.cartella.file("s.col"));
-    f.HScroll1->setValue(1);
+    f.HScroll1->setValue(2);
     EXPECT_EQ(righe(f.ListView1), 0);
-    EXPECT_TRUE(f.isVisible());
+    EXPECT_FALSE(f.isVisible());
+}
+
+/// The viewer over a system of the library, and what the player may do to it meanwhile.
+class VisoreAperto : public ::testing::Test {
+protected:
+    VisoreAperto() {
+        p.riempi_e_salva("uno");
+        p.comando(1);
+        p.comando(2);
+        p.mostrati();
+    }
+    [[nodiscard]] bool aperto() const {
+        const auto* f = p.form1.findChild<Form3*>();
+        return f != nullptr && f->isVisible();
+    }
+    systems::Form2& gestore() {
+        Programma::voce(p.form1.mnugest_sist);
+        systems::Form2& f = *Programma::gestore();
+        f.ListView1->setCurrentItem(f.ListView1->topLevelItem(0));
+        return f;
+    }
+
+    Programma p{true};
+};
+
+TEST_F(VisoreAperto, ClosesAtANewElaboration) {
+    ASSERT_TRUE(aperto());
+    p.comando(1);
+    EXPECT_FALSE(aperto());
+}
+
+TEST_F(VisoreAperto, ClosesWhenTheSystemIsDeleted) {
+    p.risposte = {support::vbYes};
+    gestore().mnuelimina->trigger();
+    EXPECT_FALSE(aperto());
+}
+
+TEST_F(VisoreAperto, ClosesWhenAllSystemsAreDeleted) {
+    p.risposte = {support::vbYes};
+    gestore().mnueliminatutti->trigger();
+    EXPECT_FALSE(aperto());
+}
+
+TEST_F(VisoreAperto, ClosesWhenTheSystemIsRenamed) {
+    systems::Form2& f = gestore();
+    f.mnurinomina->trigger();
+    QApplication::processEvents();
+    auto* casella = f.ListView1->viewport()->findChild<QLineEdit*>();
+    ASSERT_NE(casella, nullptr);
+    casella->setText("due");
+    QTest::keyClick(casella, Qt::Key_Return);
+    QApplication::processEvents();
+    ASSERT_TRUE(p.cartella.esiste("due.col"));
+    EXPECT_FALSE(aperto());
+}
+
+TEST_F(VisoreAperto, ClosesWhenAnotherIsSavedOverTheSystem) {
+    p.risposte = {support::vbYes};
+    p.scrivi_nel_gestore("uno");
+    Programma::voce(p.form1.mnusalvanome);
+    ASSERT_FALSE(p.cartella.esiste("uno.col"));
+    EXPECT_FALSE(aperto());
+}
+
+TEST_F(VisoreAperto, ClosesWhenTheFormOfTheLottoVoidsTheDevelopment) {
+    Programma::clic(p.form1.Image10);
+    EXPECT_TRUE(aperto()) << "the other game voids nothing";
+    p.riempi_e_salva("lotto");
+    p.comando(1);
+    p.comando(2);
+    p.mostrati();
+    ASSERT_TRUE(aperto());
+    Programma::clic(p.form1.Imageb[0]);
+    EXPECT_FALSE(aperto());
+}
+
+TEST_F(VisoreAperto, StaysWhenAnotherSystemIsTouched) {
+    std::filesystem::copy_file(p.cartella.file("uno.sen"), p.cartella.file("zeta.sen"));
+    p.risposte = {support::vbYes};
+    systems::Form2& f = gestore();
+    f.ListView1->setCurrentItem(f.ListView1->topLevelItem(1));
+    f.mnuelimina->trigger();
+    ASSERT_FALSE(p.cartella.esiste("zeta.sen"));
+    EXPECT_TRUE(aperto());
 }
 
 TEST_F(VisoreTest, ButtonClosesTheForm) {
