@@ -425,20 +425,21 @@ std::optional<std::string> leggi_tutto(const std::string& nome, std::int64_t lim
     return dati;
 }
 
-Esito pubblica(const std::string& lavoro, const std::string& nome, std::int64_t dimensione) {
+Esito pubblica(const std::string& lavoro, const std::string& nome, std::int64_t dimensione,
+               Creazione creazione) {
     const std::string partenza = nome_su_disco(lavoro);
     const std::string arrivo = nome_su_disco(nome);
     struct stat s {};
-    std::optional<std::int64_t> creazione;
+    std::optional<std::int64_t> vecchia;
     if (::lstat(arrivo.c_str(), &s) == 0) {
         if (!collegamento_o_file(s)) return Esito::errore;
-        if (S_ISREG(s.st_mode)) creazione = data_creazione(arrivo);
+        if (S_ISREG(s.st_mode) && creazione == Creazione::resta) vecchia = data_creazione(arrivo);
     }
     if (::lstat(partenza.c_str(), &s) != 0) return da_errno(errno);
     if (!S_ISREG(s.st_mode)) return Esito::errore;
     File file(partenza, O_RDONLY | O_NOFOLLOW);
     if (!file.aperto()) return da_errno(errno);
-    if (creazione) annota_creazione(file, *creazione);
+    if (vecchia) annota_creazione(file, *vecchia);
     Esito esito = sincronizza(file);
     // A full disk can pass unnoticed through write and sync; the size cannot lie.
     if (esito == Esito::ok && (::fstat(file.fd(), &s) != 0 || s.st_size != dimensione)) {
@@ -465,8 +466,9 @@ Esito sostituisci(const std::string& nome, std::string_view dati) {
     return esito;
 }
 
-std::string nome_di_lavoro(const std::string& cartella) {
-    return cartella + "/temp-" + std::to_string(::getpid()) + ".nuovo";
+std::string nome_di_lavoro(const std::string& cartella, int quale) {
+    const std::string fine = quale == 0 ? "" : "-" + std::to_string(quale);
+    return cartella + "/temp-" + std::to_string(::getpid()) + fine + ".nuovo";
 }
 
 bool lavoro_di_altri(std::string_view nome) {

@@ -85,15 +85,19 @@ Esito scrivi(const std::string& nome, std::string_view dati);
 std::optional<std::string> leggi_tutto(const std::string& nome,
                                        std::int64_t limite = std::int64_t{1} << 30);
 
+/// Whether a file that takes the place of another keeps its creation date.
+enum class Creazione { resta, nuova };
 /// Syncs the finished file `lavoro` and moves it onto `nome` in one step, if it has `dimensione`
 /// bytes.
 /// Anything but a regular file or a link at `nome` is refused; `lavoro` stays on failure.
-Esito pubblica(const std::string& lavoro, const std::string& nome, std::int64_t dimensione);
+Esito pubblica(const std::string& lavoro, const std::string& nome, std::int64_t dimensione,
+               Creazione creazione = Creazione::resta);
 /// Replaces the content of `nome` whole or not at all, through a working file beside it.
 Esito sostituisci(const std::string& nome, std::string_view dati);
 
-/// Name of a working file in `cartella`, this process's own; swept with the others.
-std::string nome_di_lavoro(const std::string& cartella);
+/// Name of a working file in `cartella`, this process's own; swept with the others. From 100 on
+/// `quale` tells several apart.
+std::string nome_di_lavoro(const std::string& cartella, int quale = 0);
 /// True for the names of working files, this process's or another's.
 bool e_nome_di_lavoro(std::string_view nome);
 /// True for a working file of another process that still runs, which may be about to use it.

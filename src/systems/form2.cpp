@@ -94,6 +94,7 @@ bool Form2::sovrascrittura_negata(const QString& nome) {
         }
         // The old development goes first: it must never stand beside another crossword.
         platform::Kill(App().Path + "/" + platform::s(nome) + form1_.gioco().estensione_sviluppo());
+        form1_.rivedi_sviluppo();
         return false;
     }
     return false;

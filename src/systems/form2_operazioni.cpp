@@ -154,6 +154,7 @@ void Form2::ListView1_AfterLabelEdit(QTreeWidgetItem* voce, const QString& nuovo
     voce->setToolTip(0, nuovo);
     ListView::set_tag_voce(voce, nuovo);
     rinomina(coppia(cartella, vecchio), s(nuovo));
+    form1_.rivedi_sviluppo();
 }
 
 // Duplicate.
@@ -185,16 +186,19 @@ void Form2::cmddup_conferma_Click() {
     const QString cartella = platform::Tag(this);
     const Coppia origine = coppia(cartella, nome_scelto());
     const Coppia arrivo = coppia(cartella, nuovo);
+    auto vecchia = Vecchia::ceduta;
     // The question comes for a file without extension only: another system gives way unasked.
     if (!controllo_sistemi_esistenti(App().Path, s(nuovo))) {
         if (chiedi("Esiste già un sistema con questo nome. Sovrascrivere?") != platform::vbYes) {
             txtduplica->clear();
             return;
         }
-        libera(origine, arrivo);
+        vecchia = Vecchia::tolta;
     }
     mostra_avviso();
-    duplica(origine, arrivo, [] { DoEvents(); });
+    duplica(
+        origine, arrivo, [] { DoEvents(); }, vecchia);
+    form1_.rivedi_sviluppo();
     LockWindowUpdate(this);
     trova_sistemi(cartella_programma());
     nascondi_duplica();
@@ -207,6 +211,7 @@ void Form2::cmddup_conferma_Click() {
 void Form2::mnuelimina_Click() {
     if (chiedi("Il sistema scelto sarà eliminato. Confermi?") != platform::vbYes) return;
     elimina(coppia(cartella_programma(), nome_scelto()));
+    form1_.rivedi_sviluppo();
     trova_sistemi(cartella_programma());
 }
 
@@ -217,6 +222,7 @@ void Form2::mnueliminatutti_Click() {
     }
     MousePointer(11);
     elimina_tutti(App().Path, form1_.gioco());
+    form1_.rivedi_sviluppo();
     trova_sistemi(cartella_programma());
     MousePointer(0);
 }
@@ -246,16 +252,18 @@ void Form2::cmdimporta_Click() {
     const Coppia arrivo = coppia(platform::Tag(cmdimporta), nome);
     const Coppia origine = coppia(platform::Tag(this), nome);
     if (nome.isEmpty()) return;
+    auto vecchia = Vecchia::ceduta;
     if (platform::esiste_file(arrivo.sistema())) {
         if (chiedi("Esiste già un sistema con uesto nome. Sovrascrivere?") != platform::vbYes) {
             txtduplica->clear();
             return;
         }
-        libera(origine, arrivo);
+        vecchia = Vecchia::tolta;
     }
     mostra_avviso();
     LockWindowUpdate(this);
-    importa(origine, arrivo);
+    importa(origine, arrivo, vecchia);
+    form1_.rivedi_sviluppo();
     // From here on this form may be gone: the new manager takes its place.
     app::Form1& form1 = form1_;
     close();
@@ -278,14 +286,17 @@ void Form2::mnuinvia_Click() {
     if (nome.isEmpty()) return;
     const Coppia origine = coppia(platform::Tag(this), nome);
     const Coppia arrivo = coppia(destinazione, nome);
+    auto vecchia = Vecchia::ceduta;
     if (platform::esiste_file(arrivo.sistema())) {
         if (chiedi("Esiste già un sistema con questo nome. Sovrascrivere?") != platform::vbYes) {
             return;
         }
-        libera(origine, arrivo);
+        vecchia = Vecchia::tolta;
     }
     mostra_avviso();
-    if (invia(origine, arrivo).disco_pieno()) {
+    const Passi passi = invia(origine, arrivo, vecchia);
+    form1_.rivedi_sviluppo();
+    if (passi.disco_pieno()) {
         avverti("Spazio insufficente. Impossibile portare a termine l'operazione.",
                 Icona::informazione);
         MousePointer(0);

@@ -40,8 +40,109 @@ Esito copia_file(const std::string& origine, const std::string& arrivo,
     return platform::FileCopy(origine, arrivo, meta);
 }
 
-Esito libera_file(const std::string& origine, const std::string& arrivo) {
-    return platform::stesso_file(origine, arrivo) ? Esito::assente : elimina_file(arrivo);
+/// One file of a pair on its way to the place of another.
+struct Copia {
+    Copia(const std::string& da, const std::string& a, const std::string& con)
+        : origine(da), arrivo(a), lavoro(con) {}
+    Copia(const Copia&) = delete;
+    Copia& operator=(const Copia&) = delete;
+    /// What did not arrive goes.
+    ~Copia() { elimina_file(lavoro); }
+
+    std::string origine;
+    std::string arrivo;
+    std::string lavoro;  ///< where the copy waits, in the folder of `arrivo`
+    bool ferma = false;  ///< both names mean one file
+    Esito esito = Esito::assente;
+};
+
+/// Replaces a pair by another, of which it first has whole copies.
+class Sostituzione {
+public:
+    Sostituzione(const Coppia& origine, const Coppia& arrivo, Vecchia vecchia)
+        : vecchia_(vecchia),
+          sistema_(origine.sistema(), arrivo.sistema(), lavoro(arrivo, 100)),
+          sviluppo_(origine.sviluppo(), arrivo.sviluppo(), lavoro(arrivo, 101)),
+          da_parte_(lavoro(arrivo, 102)) {}
+
+    Esito prepara_sistema() { return prepara(sistema_); }
+    Esito prepara_sviluppo() { return prepara(sviluppo_); }
+
+    /// Both copies take their places, or neither.
+    Passi compi() {
+        const bool intere = sistema_.esito == Esito::ok &&
+                            (sviluppo_.esito == Esito::ok || sviluppo_.esito == Esito::assente);
+        if (!intere || !scosta_sviluppo()) return rimaste();
+        sistema_.esito = arriva(sistema_);
+        if (sistema_.esito != Esito::ok) {
+            rinomina_file(da_parte_, sviluppo_.arrivo);
+            return rimaste();
+        }
+        if (sviluppo_.esito == Esito::ok) sviluppo_.esito = arriva(sviluppo_);
+        elimina_file(da_parte_);
+        return {sistema_.esito, sviluppo_.esito};
+    }
+
+private:
+    static std::string lavoro(const Coppia& arrivo, int quale) {
+        return platform::nome_di_lavoro(arrivo.cartella, quale);
+    }
+
+    Esito prepara(Copia& copia) const {
+        copia.ferma = platform::stesso_file(copia.origine, copia.arrivo);
+        if (copia.ferma) {
+            copia.esito = Esito::ok;
+        } else if (vecchia_ == Vecchia::ceduta && platform::collegamento(copia.arrivo)) {
+            // Unasked, a link is neither written through nor replaced.
+            copia.esito = Esito::errore;
+        } else {
+            const bool c_era = platform::esiste_file(copia.origine);
+            copia.esito = copia_file(copia.origine, copia.lavoro);
+            // One that vanishes on the way is not one that never was.
+            if (c_era && copia.esito == Esito::assente) copia.esito = Esito::errore;
+        }
+        return copia.esito;
+    }
+
+    /// Between the two arrivals the old development would stand beside another crossword.
+    bool scosta_sviluppo() {
+        const bool cede = sviluppo_.esito == Esito::ok || vecchia_ == Vecchia::tolta;
+        if (sviluppo_.ferma || !cede) return true;
+        const Esito esito = rinomina_file(sviluppo_.arrivo, da_parte_);
+        if (esito == Esito::ok || esito == Esito::assente) return true;
+        sistema_.esito = esito;
+        return false;
+    }
+
+    [[nodiscard]] Esito arriva(const Copia& copia) const {
+        if (copia.ferma) return Esito::ok;
+        return platform::pubblica(
+            copia.lavoro, copia.arrivo, platform::dimensione_file(copia.lavoro).value_or(-1),
+            vecchia_ == Vecchia::tolta ? platform::Creazione::nuova : platform::Creazione::resta);
+    }
+
+    /// Nothing was replaced: what was copied all the same counts as failed.
+    [[nodiscard]] Passi rimaste() const {
+        const auto fallito = [](Esito e) { return e == Esito::ok ? Esito::errore : e; };
+        return {fallito(sistema_.esito), fallito(sviluppo_.esito)};
+    }
+
+    Vecchia vecchia_;
+    Copia sistema_;
+    Copia sviluppo_;
+    std::string da_parte_;
+};
+
+/// True when the pair does not come to a free place.
+bool da_sostituire(const Coppia& arrivo, Vecchia vecchia) {
+    return vecchia == Vecchia::tolta || platform::esiste_file(arrivo.sistema());
+}
+
+Passi sostituisci(const Coppia& origine, const Coppia& arrivo, Vecchia vecchia) {
+    Sostituzione sostituzione(origine, arrivo, vecchia);
+    sostituzione.prepara_sistema();
+    sostituzione.prepara_sviluppo();
+    return sostituzione.compi();
 }
 
 }  // namespace
@@ -81,17 +182,6 @@ Passi elimina(const Coppia& coppia) {
     return passi;
 }
 
-Passi libera(const Coppia& origine, const Coppia& arrivo) {
-    if (!ammesse(origine, arrivo) || !platform::esiste_file(origine.sistema()) ||
-        platform::esce_dalla_cartella(origine.sistema())) {
-        return rifiutati();
-    }
-    Passi passi;
-    passi.sviluppo = libera_file(origine.sviluppo(), arrivo.sviluppo());
-    passi.sistema = libera_file(origine.sistema(), arrivo.sistema());
-    return passi;
-}
-
 std::vector<std::string> elimina_tutti(const std::string& cartella, crossword::Gioco gioco) {
     std::vector<std::string> rimasti;
     for (const char* estensione : {gioco.estensione_sviluppo(), gioco.estensione_sistema()}) {
@@ -102,8 +192,16 @@ std::vector<std::string> elimina_tutti(const std::string& cartella, crossword::G
     return rimasti;
 }
 
-Passi duplica(const Coppia& origine, const Coppia& arrivo, const Pausa& pausa) {
+Passi duplica(const Coppia& origine, const Coppia& arrivo, const Pausa& pausa, Vecchia vecchia) {
     if (!ammesse(origine, arrivo)) return rifiutati();
+    if (da_sostituire(arrivo, vecchia)) {
+        Sostituzione sostituzione(origine, arrivo, vecchia);
+        sostituzione.prepara_sviluppo();
+        pausa();
+        sostituzione.prepara_sistema();
+        pausa();
+        return sostituzione.compi();
+    }
     Passi passi;
     passi.sviluppo = copia_file(origine.sviluppo(), arrivo.sviluppo());
     pausa();
@@ -112,18 +210,20 @@ Passi duplica(const Coppia& origine, const Coppia& arrivo, const Pausa& pausa) {
     return passi;
 }
 
-Passi importa(const Coppia& origine, const Coppia& arrivo) {
+Passi importa(const Coppia& origine, const Coppia& arrivo, Vecchia vecchia) {
     if (!ammesse(origine, arrivo)) return rifiutati();
+    if (da_sostituire(arrivo, vecchia)) return sostituisci(origine, arrivo, vecchia);
     Passi passi;
     passi.sistema = copia_file(origine.sistema(), arrivo.sistema());
     passi.sviluppo = copia_file(origine.sviluppo(), arrivo.sviluppo());
     return passi;
 }
 
-Passi invia(const Coppia& origine, const Coppia& arrivo) {
+Passi invia(const Coppia& origine, const Coppia& arrivo, Vecchia vecchia) {
     if (!ammesse(origine, arrivo)) return rifiutati();
     // Nothing else ever looks after the foreign folder.
     platform::spazza(arrivo.cartella);
+    if (da_sostituire(arrivo, vecchia)) return sostituisci(origine, arrivo, vecchia);
     Passi passi;
     passi.sistema = copia_file(origine.sistema(), arrivo.sistema(), platform::Meta::resta);
     if (!passi.disco_pieno()) {

@@ -46,20 +46,25 @@ Passi rinomina(const Coppia& vecchia, const std::string& nuovo);
 /// Deletes the development, then the system.
 Passi elimina(const Coppia& coppia);
 
-/// Clears the place of a copy: deletes the development, then the system, of `arrivo`; a file that
-/// is the one to be copied stays, and all stays when there is nothing that may be copied.
-Passi libera(const Coppia& origine, const Coppia& arrivo);
-
 /// Deletes every development, then every system, of the game. Returns the names that stayed.
 std::vector<std::string> elimina_tutti(const std::string& cartella, crossword::Gioco gioco);
 
+/// What becomes of a pair that has the name already. It stays as it is until both copies are there
+/// whole, and then both give way; a file that is the one to be copied stays.
+enum class Vecchia {
+    ceduta,  ///< the player was not asked: without a successor its development stays
+    tolta,   ///< the player agreed that it goes, development and all
+};
+
 /// Copies the development, then the system.
-Passi duplica(const Coppia& origine, const Coppia& arrivo, const Pausa& pausa);
+Passi duplica(const Coppia& origine, const Coppia& arrivo, const Pausa& pausa,
+              Vecchia vecchia = Vecchia::ceduta);
 
 /// Copies the system, then the development.
-Passi importa(const Coppia& origine, const Coppia& arrivo);
+Passi importa(const Coppia& origine, const Coppia& arrivo, Vecchia vecchia = Vecchia::ceduta);
 
-/// Copies the system, then the development; on a full disk it stops and leaves what it got to.
-Passi invia(const Coppia& origine, const Coppia& arrivo);
+/// Copies the system, then the development; on a full disk it stops and leaves what it got to of
+/// a pair that is new there.
+Passi invia(const Coppia& origine, const Coppia& arrivo, Vecchia vecchia = Vecchia::ceduta);
 
 }  // namespace systems

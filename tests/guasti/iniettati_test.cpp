@@ -66,23 +66,30 @@ TEST_F(Iniettati, i_lavori_riescono_senza_guasti) {
 TEST_F(Iniettati, la_morte_prima_di_ogni_chiamata) {
     for (const Lavoro& lavoro : lavori()) {
         const Attesa a = attesa(libreria_, lavoro);
+        const Licenza licenza{false, lavoro.sostituisce_coppia, {}};
         Riga& r = riga("death at each step", "SIGKILL before every system call that changes a file",
-                       lavoro.nome);
+                       lavoro.nome,
+                       lavoro.sostituisce_coppia
+                           ? "a replacement cut short gives up the development, never the system"
+                           : "");
         const long prima = r.volte;
         bool finito = false;
         for (int vita = 1; !finito && vita < 500; ++vita) {
-            prova(r, lavoro, a, [&] {
-                const pid_t figlio = ::fork();
-                if (figlio == 0) {
-                    support::Disco disco;
-                    disco.vita = vita;
-                    lavoro.fa(libreria_);
-                    ::_exit(0);
-                }
-                int stato = 0;
-                ASSERT_EQ(::waitpid(figlio, &stato, 0), figlio);
-                finito = WIFEXITED(stato);
-            });
+            prova(
+                r, lavoro, a,
+                [&] {
+                    const pid_t figlio = ::fork();
+                    if (figlio == 0) {
+                        support::Disco disco;
+                        disco.vita = vita;
+                        lavoro.fa(libreria_);
+                        ::_exit(0);
+                    }
+                    int stato = 0;
+                    ASSERT_EQ(::waitpid(figlio, &stato, 0), figlio);
+                    finito = WIFEXITED(stato);
+                },
+                licenza);
         }
         EXPECT_TRUE(finito && r.volte > prima + 1) << lavoro.nome;
         EXPECT_EQ(libreria_.stato(), a.dopo) << lavoro.nome;
@@ -245,7 +252,7 @@ TEST_F(Iniettati, un_file_che_sparisce_fra_la_prova_e_l_apertura) {
         bool finito = false;
         for (int quale = 1; !finito && quale < 100; ++quale) {
             libreria_.prepara();
-            Licenza licenza{false, lavoro.via_lo_sviluppo, {}};
+            Licenza licenza{false, lavoro.via_lo_sviluppo || lavoro.sostituisce_coppia, {}};
             {
                 Sparisce disco(quale);
                 lavoro.fa(libreria_);

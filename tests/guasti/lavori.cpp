@@ -34,12 +34,6 @@ development::Richiesta richiesta(const Libreria& libreria, int primo) {
     return r;
 }
 
-void sgombera_e(const systems::Coppia& origine, const systems::Coppia& arrivo,
-                const std::function<void()>& copia) {
-    systems::libera(origine, arrivo);
-    copia();
-}
-
 }  // namespace
 
 void Libreria::prepara() const {
@@ -136,46 +130,36 @@ std::string sviluppo_atteso(int primo) {
 }
 
 const std::vector<Lavoro>& lavori() {
+    using systems::Vecchia;
     static const std::vector<Lavoro> tutti = [] {
         std::vector<Lavoro> l;
-        l.push_back({"saving", [](const Libreria& x) { salva(x, "a", 5); }, {}});
-        l.push_back({"elaboration", [](const Libreria& x) { elabora(x, "a", 5); }, {}});
+        l.push_back({"saving", [](const Libreria& x) { salva(x, "a", 5); }});
+        l.push_back({"elaboration", [](const Libreria& x) { elabora(x, "a", 5); }});
         l.back().via_lo_sviluppo = true;
-        l.push_back(
-            {"renaming", [](const Libreria& x) { systems::rinomina(x.qui("a"), "n"); }, {}});
+        l.push_back({"renaming", [](const Libreria& x) { systems::rinomina(x.qui("a"), "n"); }});
         l.push_back({"duplicating",
-                     [](const Libreria& x) { systems::duplica(x.qui("a"), x.qui("d"), [] {}); },
-                     {}});
+                     [](const Libreria& x) { systems::duplica(x.qui("a"), x.qui("d"), [] {}); }});
         l.push_back({"duplicating onto another",
-                     [](const Libreria& x) { systems::duplica(x.qui("a"), x.qui("b"), [] {}); },
-                     {}});
-        l.push_back({"deleting", [](const Libreria& x) { systems::elimina(x.qui("a")); }, {}});
-        l.push_back({"deleting all",
-                     [](const Libreria& x) { systems::elimina_tutti(x.programma(), {}); },
-                     {}});
+                     [](const Libreria& x) { systems::duplica(x.qui("a"), x.qui("b"), [] {}); }});
+        l.back().sostituisce_coppia = true;
+        l.push_back({"deleting", [](const Libreria& x) { systems::elimina(x.qui("a")); }});
         l.push_back(
-            {"importing", [](const Libreria& x) { systems::importa(x.la("c"), x.qui("c")); }, {}});
-        l.push_back({"importing over one",
-                     [](const Libreria& x) {
-                         sgombera_e(x.la("a"), x.qui("a"),
-                                    [&] { systems::importa(x.la("a"), x.qui("a")); });
-                     },
-                     {"cruciverba/a.sen", "cruciverba/a.col"}});
+            {"deleting all", [](const Libreria& x) { systems::elimina_tutti(x.programma(), {}); }});
         l.push_back(
-            {"sending", [](const Libreria& x) { systems::invia(x.qui("b"), x.la("b")); }, {}});
+            {"importing", [](const Libreria& x) { systems::importa(x.la("c"), x.qui("c")); }});
+        l.push_back({"importing over one", [](const Libreria& x) {
+                         systems::importa(x.la("a"), x.qui("a"), Vecchia::tolta);
+                     }});
+        l.back().sostituisce_coppia = true;
+        l.push_back({"sending", [](const Libreria& x) { systems::invia(x.qui("b"), x.la("b")); }});
         l.back().resta_la_meta = true;
-        l.push_back({"sending over one",
-                     [](const Libreria& x) {
-                         sgombera_e(x.qui("a"), x.la("a"),
-                                    [&] { systems::invia(x.qui("a"), x.la("a")); });
-                     },
-                     {"altra/a.sen", "altra/a.col"}});
-        l.back().resta_la_meta = true;
-        l.push_back({"setting the price",
-                     [](const Libreria& x) {
+        l.push_back({"sending over one", [](const Libreria& x) {
+                         systems::invia(x.qui("a"), x.la("a"), Vecchia::tolta);
+                     }});
+        l.back().sostituisce_coppia = true;
+        l.push_back({"setting the price", [](const Libreria& x) {
                          viewer::scrivi_cst(x.programma(), {"1,00", "Euro"});
-                     },
-                     {}});
+                     }});
         return l;
     }();
     return tutti;
@@ -202,9 +186,17 @@ bool uguali(const std::string* a, const std::string* b) {
     return a == nullptr || b == nullptr ? a == b : *a == *b;
 }
 
-bool fra_i_sgomberati(const Lavoro& lavoro, const std::string& nome) {
-    return std::any_of(lavoro.sgombera.begin(), lavoro.sgombera.end(),
-                       [&](const std::string& fine) { return nome.ends_with("/" + fine); });
+/// True when the development of `sistema`, which is new, is still that of the old one.
+bool mescolata(const std::string& sistema, const Attesa& attesa, const Stato& ora) {
+    if (!sistema.ends_with(".sen")) return false;
+    const std::string sviluppo = sistema.substr(0, sistema.size() - 4) + ".col";
+    const auto cambiato = [&](const std::string& nome) {
+        return di(attesa.prima, nome) != nullptr &&
+               !uguali(di(attesa.prima, nome), di(attesa.dopo, nome));
+    };
+    if (!cambiato(sistema) || !cambiato(sviluppo) || di(ora, sviluppo) == nullptr) return false;
+    return uguali(di(ora, sistema), di(attesa.dopo, sistema)) !=
+           uguali(di(ora, sviluppo), di(attesa.dopo, sviluppo));
 }
 
 }  // namespace
@@ -219,10 +211,12 @@ testing::AssertionResult intero(const Libreria& libreria, const Lavoro& lavoro,
     for (const std::string& nome : nomi) {
         const std::string* adesso = di(ora, nome);
         const std::string* nuovo = di(attesa.dopo, nome);
+        if (lavoro.sostituisce_coppia && mescolata(nome, attesa, ora))
+            return testing::AssertionFailure()
+                   << lavoro.nome << ": " << nome << " stands beside another's development";
         if (uguali(adesso, di(attesa.prima, nome)) || uguali(adesso, nuovo)) continue;
-        if (adesso == nullptr &&
-            (licenza.sparite.contains(nome) || fra_i_sgomberati(lavoro, nome) ||
-             (licenza.senza_sviluppo && nome.ends_with(".col")))) {
+        if (adesso == nullptr && (licenza.sparite.contains(nome) ||
+                                  (licenza.senza_sviluppo && nome.ends_with(".col")))) {
             continue;
         }
         if (licenza.mezze_copie && adesso != nullptr && nuovo != nullptr &&
@@ -239,7 +233,7 @@ testing::AssertionResult intero(const Libreria& libreria, const Lavoro& lavoro,
             return voce.second == cercato;
         };
         const bool resta = std::any_of(attesa.dopo.begin(), attesa.dopo.end(), contiene);
-        if (!resta || licenza.sparite.contains(nome) || fra_i_sgomberati(lavoro, nome)) continue;
+        if (!resta || licenza.sparite.contains(nome)) continue;
         if (licenza.senza_sviluppo && nome.ends_with(".col")) continue;
         if (std::none_of(ora.begin(), ora.end(), contiene))
             return testing::AssertionFailure() << lavoro.nome << ": content of " << nome << " lost";

@@ -52,12 +52,13 @@ std::string sviluppo_atteso(int primo);
 struct Lavoro {
     std::string nome;  ///< as the table has it
     std::function<void(const Libreria&)> fa;
-    /// Files that go before the new ones come, with the player's consent.
-    std::set<std::string> sgombera;
     /// A full disk leaves a part of these new files.
     bool resta_la_meta = false;
     /// The old development goes when no new one can be had.
     bool via_lo_sviluppo = false;
+    /// Replaces a pair: cut short between its two files it leaves the development out, so that the
+    /// old one and the new one never stand together.
+    bool sostituisce_coppia = false;
 };
 
 const std::vector<Lavoro>& lavori();

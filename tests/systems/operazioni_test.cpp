@@ -1,78 +1,11 @@
-#include "systems/operazioni.h"
-
-#include <cerrno>
-#include <filesystem>
-#include <gtest/gtest.h>
-#include <map>
 #include <sys/mount.h>
 #include <unistd.h>
 
-#include "support/cartella.h"
+#include "systems/operazioni_prova.h"
 
-using namespace systems;
-using crossword::Gioco;
-using platform::Esito;
-namespace fs = std::filesystem;
+using namespace operazioni;
 
 namespace {
-
-/// Names and bytes of a folder, links by where they lead.
-using Stato = std::map<std::string, std::string>;
-
-Stato stato(const std::string& cartella) {
-    Stato s;
-    for (const auto& voce : fs::directory_iterator(cartella)) {
-        if (voce.is_symlink()) {
-            s[voce.path().filename()] = "-> " + fs::read_symlink(voce.path()).string();
-            continue;
-        }
-        if (voce.is_directory()) {
-            s[voce.path().filename()] = "/";
-            continue;
-        }
-        std::ifstream f(voce.path(), std::ios::binary);
-        s[voce.path().filename()] = {std::istreambuf_iterator<char>(f), {}};
-    }
-    return s;
-}
-
-/// Both games: the parameter is `lotto`.
-class OperazioniTest : public ::testing::TestWithParam<bool> {
-protected:
-    OperazioniTest() { fs::create_directories(altra); }
-    [[nodiscard]] std::string sis(const std::string& nome) const {
-        return nome + (GetParam() ? ".sel" : ".sen");
-    }
-    [[nodiscard]] std::string svi(const std::string& nome) const {
-        return nome + (GetParam() ? ".lot" : ".col");
-    }
-    void scrivi(const std::string& nome, const std::string& dati) const {
-        cartella.scrivi(nome, dati);
-    }
-    void scrivi_altra(const std::string& nome, const std::string& dati) const {
-        std::ofstream(altra + "/" + nome, std::ios::binary) << dati;
-    }
-    [[nodiscard]] Coppia qui(const std::string& nome) const {
-        return {cartella.programma(), nome, gioco()};
-    }
-    [[nodiscard]] Coppia la(const std::string& nome) const { return {altra, nome, gioco()}; }
-    static Gioco gioco() { return GetParam() ? Gioco::lotto() : Gioco(); }
-    [[nodiscard]] Stato programma() const { return stato(cartella.programma()); }
-    /// The files of the other game under the same names, which no step may touch.
-    Stato estranei() const {
-        const Stato s = GetParam() ? Stato{{"a.sen", "E"}, {"a.col", "F"}}
-                                   : Stato{{"a.sel", "E"}, {"a.lot", "F"}};
-        for (const auto& [nome, dati] : s) scrivi(nome, dati);
-        return s;
-    }
-    static Stato unisci(Stato a, const Stato& b) {
-        a.insert(b.begin(), b.end());
-        return a;
-    }
-
-    support::Cartella cartella;
-    std::string altra = cartella.radice() + "/altra";
-};
 
 INSTANTIATE_TEST_SUITE_P(Giochi, OperazioniTest, ::testing::Bool(),
                          [](const auto& p) { return p.param ? "Lotto" : "SuperEnalotto"; });
@@ -165,7 +98,6 @@ TEST_P(OperazioniTest, NamesThatAreNoFileOfTheFolderReachNothing) {
         EXPECT_EQ(elimina(qui(nome)).sistema, Esito::errore) << nome;
         EXPECT_EQ(rinomina(qui(nome), "b").sistema, Esito::errore) << nome;
         EXPECT_EQ(rinomina(qui("a"), nome).sistema, Esito::errore) << nome;
-        EXPECT_EQ(libera(qui("a"), qui(nome)).sistema, Esito::errore) << nome;
         EXPECT_EQ(duplica(qui("a"), qui(nome), [] {}).sistema, Esito::errore) << nome;
         EXPECT_EQ(duplica(qui(nome), qui("b"), [] {}).sistema, Esito::errore) << nome;
         EXPECT_EQ(importa(la(nome), qui(nome)).sistema, Esito::errore) << nome;
@@ -273,27 +205,11 @@ TEST_P(OperazioniTest, DuplicateOntoItselfChangesNothing) {
     scrivi(sis("a"), "S");
     scrivi(svi("a"), "V");
     const Stato prima = programma();
-    libera(qui("a"), qui("A"));
-    EXPECT_EQ(programma(), prima);
     duplica(qui("a"), qui("A"), [] {});
     EXPECT_EQ(programma(), prima);
-}
-
-TEST_P(OperazioniTest, ClearingThePlaceOfACopyTakesItsPairAlone) {
-    scrivi(sis("a"), "S");
-    scrivi(sis("b"), "T");
-    scrivi(svi("b"), "W");
-    const Passi passi = libera(qui("a"), qui("b"));
-    EXPECT_EQ(passi.sistema, Esito::ok);
-    EXPECT_EQ(passi.sviluppo, Esito::ok);
-    EXPECT_EQ(programma(), (Stato{{sis("a"), "S"}}));
-}
-
-TEST_P(OperazioniTest, NothingGivesWayToASystemThatIsGone) {
-    scrivi(sis("b"), "T");
-    scrivi(svi("b"), "W");
-    libera(qui("a"), qui("b"));
-    EXPECT_EQ(programma(), (Stato{{sis("b"), "T"}, {svi("b"), "W"}}));
+    duplica(
+        qui("a"), qui("A"), [] {}, Vecchia::tolta);
+    EXPECT_EQ(programma(), prima);
 }
 
 TEST_P(OperazioniTest, SameFolderUnderAnotherNameIsTheSameFolder) {
@@ -302,11 +218,9 @@ TEST_P(OperazioniTest, SameFolderUnderAnotherNameIsTheSameFolder) {
     const Stato prima = programma();
     fs::create_directory_symlink(cartella.programma(), altra + "/giro");
     const Coppia giro{altra + "/giro/", "a", gioco()};
-    libera(giro, qui("a"));
-    importa(giro, qui("a"));
+    importa(giro, qui("a"), Vecchia::tolta);
     EXPECT_EQ(programma(), prima);
-    libera(qui("a"), giro);
-    EXPECT_EQ(invia(qui("a"), giro).sistema, Esito::ok);
+    EXPECT_EQ(invia(qui("a"), giro, Vecchia::tolta).sistema, Esito::ok);
     EXPECT_EQ(programma(), prima);
 }
 
@@ -330,8 +244,7 @@ TEST_P(OperazioniTest, CopiesNeverFollowALinkOutOfTheFolder) {
     std::ofstream(cartella.radice() + "/segreto") << "X";
     fs::create_symlink(cartella.radice() + "/segreto", altra + "/" + sis("a"));
     scrivi(sis("a"), "mio");
-    libera(la("a"), qui("a"));
-    EXPECT_EQ(importa(la("a"), qui("a")).sistema, Esito::errore);
+    EXPECT_EQ(importa(la("a"), qui("a"), Vecchia::tolta).sistema, Esito::errore);
     EXPECT_EQ(programma(), (Stato{{sis("a"), "mio"}}));
     fs::create_symlink(cartella.radice() + "/segreto", cartella.file(sis("c")));
     duplica(qui("c"), qui("d"), [] {});
@@ -361,7 +274,8 @@ TEST_P(OperazioniTest, ALinkInsideItsFolderIsCopiedByItsContent) {
 TEST_P(OperazioniTest, ALinkToTheSystemItselfIsNoReasonToLoseIt) {
     scrivi(sis("a"), "S");
     fs::create_symlink(sis("a"), cartella.file(sis("b")));
-    libera(qui("b"), qui("a"));
+    duplica(
+        qui("b"), qui("a"), [] {}, Vecchia::tolta);
     EXPECT_EQ(cartella.leggi(sis("a")), "S");
 }
 
@@ -385,29 +299,6 @@ TEST_P(OperazioniTest, SendGoesOnAfterAnErrorThatIsNoFullDisk) {
     EXPECT_FALSE(passi.disco_pieno());
     EXPECT_TRUE(fs::exists(altra + "/" + svi("a")));
 }
-
-/// Fails every write of more bytes than are left, as a full device does.
-class DiscoPieno : public platform::Syscalls {
-public:
-    DiscoPieno(std::size_t spazio, int errore) : spazio_(spazio), errore_(errore) {
-        prima_ = platform::cambia_syscalls(this);
-    }
-    ~DiscoPieno() override { platform::cambia_syscalls(prima_); }
-    ssize_t write(int fd, const void* dati, std::size_t quanti) override {
-        if (spazio_ == 0) {
-            errno = errore_;
-            return -1;
-        }
-        const ssize_t n = Syscalls::write(fd, dati, std::min(quanti, spazio_));
-        if (n > 0) spazio_ -= static_cast<std::size_t>(n);
-        return n;
-    }
-
-private:
-    std::size_t spazio_;
-    int errore_;
-    platform::Syscalls* prima_;
-};
 
 TEST_P(OperazioniTest, FullDiskAndFullQuotaLeaveTheSystemAndAPartOfTheDevelopment) {
     for (const int errore : {ENOSPC, EDQUOT}) {
