@@ -61,7 +61,12 @@ QTreeWidgetItem* ListView::add_voce(const QStringList& testi) {
     return voce;
 }
 
+void ListView::concludi_modifica() {
+    if (state() == EditingState) setFocus();
+}
+
 void ListView::svuota() {
+    concludi_modifica();
     clear();
 }
 
@@ -85,11 +90,14 @@ void ListView::contextMenuEvent(QContextMenuEvent* evento) {
 void ListView::keyPressEvent(QKeyEvent* evento) {
     static const QSet<int> frecce{Qt::Key_Up,       Qt::Key_Down, Qt::Key_PageUp,
                                   Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End};
-    if (selezionata() == nullptr && currentItem() != nullptr && frecce.contains(evento->key())) {
-        // The first key chooses the row that is framed instead of leaving it.
+    const bool invio = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
+    if (selezionata() == nullptr && currentItem() != nullptr &&
+        (invio || frecce.contains(evento->key()))) {
+        // The first key chooses the row that is framed instead of leaving it; Return goes on to
+        // the default button, which is to find it chosen.
         currentItem()->setSelected(true);
         Q_EMIT Click();
-        return;
+        if (!invio) return;
     }
     const QTreeWidgetItem* prima = currentItem();
     QTreeWidget::keyPressEvent(evento);
@@ -97,6 +105,7 @@ void ListView::keyPressEvent(QKeyEvent* evento) {
 }
 
 void ListView::ordina(int colonna, Qt::SortOrder verso) {
+    concludi_modifica();
     colonna_ordine_ = colonna;
     verso_ordine_ = verso;
     riordina();

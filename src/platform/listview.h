@@ -44,6 +44,8 @@ protected:
     void keyPressEvent(QKeyEvent* evento) override;
 
 private:
+    /// Ends an edit as a click elsewhere does, before its row goes.
+    void concludi_modifica();
     QList<int> larghezze_;
     QList<Qt::Alignment> versi_;
     int colonna_ordine_ = -1;

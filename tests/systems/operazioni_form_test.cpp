@@ -138,6 +138,36 @@ TEST_P(GestoreTest, EnterInTheLabelDoesNotOpenTheSystem) {
     EXPECT_EQ(nomi(f), QStringList{"due"});
 }
 
+TEST_P(GestoreTest, TabClickedDuringARenameCommitsItLikeAnyOtherClick) {
+    sistema("uno", 1);
+    Form2& f = apri();
+    seleziona(f, "uno");
+    inizia_rinomina(f);
+    ASSERT_NE(editore(f), nullptr);
+    editore(f)->setText("due");
+    platform::TabStrip* schede = f.TabStrip1;
+    const int altra_scheda = GetParam() ? 0 : 1;
+    QTest::mouseClick(schede, Qt::LeftButton, {}, schede->tabRect(altra_scheda).center());
+    EXPECT_TRUE(p.cartella.esiste(sis("due")));
+    EXPECT_FALSE(p.cartella.esiste(sis("uno")));
+    EXPECT_NE(p.form1.lotto, GetParam());
+    QTest::mouseClick(schede, Qt::LeftButton, {}, schede->tabRect(1 - altra_scheda).center());
+    EXPECT_EQ(nomi(f), QStringList{"due"});
+}
+
+TEST_P(GestoreTest, HeadingClickedDuringARenameCommitsItToo) {
+    sistema("uno", 1);
+    Form2& f = apri();
+    seleziona(f, "uno");
+    inizia_rinomina(f);
+    ASSERT_NE(editore(f), nullptr);
+    editore(f)->setText("due");
+    QTest::mouseClick(f.ListView1->header()->viewport(), Qt::LeftButton, {}, QPoint(20, 8));
+    EXPECT_EQ(editore(f), nullptr);
+    EXPECT_EQ(nomi(f), QStringList{"due"});
+    EXPECT_TRUE(p.cartella.esiste(sis("due")));
+}
+
 // Duplicate.
 
 TEST_P(GestoreTest, DuplicateOpensItsPanelOverADisabledList) {

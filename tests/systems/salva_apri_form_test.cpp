@@ -458,6 +458,21 @@ TEST(ApriSistema, UnCruciverbaPiuPiccoloDegliElenchiECompleto) {
     EXPECT_EQ(p.form1.MSFlexGrid1->testo(5, 5), "");
 }
 
+TEST(ApriSistema, InvioApreLaRigaCheSembraScelta) {
+    Programma p;
+    p.cartella.scrivi("uno.sen", "1,5,5,\"2\",0,0,0,0\r\n" + righe_file(6, 6));
+    p.cartella.scrivi("zeta.sen", "1,5,5,\"2\",0,0,0,0\r\n" + righe_file(6, 6));
+    Programma::voce(p.form1.mnuapri);
+    Form2* form2 = Programma::gestore();
+    ASSERT_NE(form2, nullptr);
+    form2->activateWindow();
+    QApplication::processEvents();
+    ASSERT_EQ(form2->focusWidget(), form2->ListView1);
+    QTest::keyClick(form2->ListView1, Qt::Key_Return);
+    EXPECT_EQ(p.form1.Tag(), "uno");
+    EXPECT_EQ(Programma::gestore(), nullptr);
+}
+
 TEST(ApriSistema, DoppioClicApre) {
     Programma p;
     p.riempi_e_salva("uno");
