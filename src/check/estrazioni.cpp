@@ -34,6 +34,68 @@ void aggiungi(std::vector<std::string>& voci, const std::optional<std::string>& 
     if (testo) voci.push_back(*testo + coda);
 }
 
+constexpr int posto_data = 15;
+constexpr std::size_t cifre_anno = 4;
+
+using Parti = std::vector<std::string>;
+
+/// The texts between the separators of a date.
+Parti parti(std::string_view data) {
+    Parti p(1);
+    for (const char c : data) {
+        if (c == '/' || c == '.' || c == '-') {
+            p.emplace_back();
+        } else {
+            p.back() += c;
+        }
+    }
+    return p;
+}
+
+Parti data_di(std::string_view voce) {
+    constexpr std::size_t lunghezza = 10;
+    return voce.size() > posto_data ? parti(voce.substr(posto_data, lunghezza)) : Parti();
+}
+
+int valore(const std::string& cifre) {
+    return platform::CLng(platform::Val(cifre)).value_or(0);
+}
+
+/// Year, month and day as one number that grows with time.
+int giorno(const Parti& data) {
+    return (valore(data[2]) * 100 + valore(data[1])) * 100 + valore(data[0]);
+}
+
+bool comincia(const Parti& data, const Parti& digitata) {
+    if (digitata.size() > data.size()) return false;
+    const std::size_t ultima = digitata.size() - 1;
+    for (std::size_t i = 0; i < ultima; ++i) {
+        if (valore(digitata[i]) != valore(data[i])) return false;
+    }
+    const std::string& meta = digitata[ultima];
+    if (data[ultima].starts_with(meta)) return true;
+    // "3" is the third month, and "21" the year 2021.
+    return ultima == 2 ? meta.size() == 2 && data[ultima].ends_with(meta)
+                       : valore(meta) == valore(data[ultima]);
+}
+
+int cerca_data(const std::vector<std::string>& voci, const Parti& digitata) {
+    int seguente = -1;
+    int giorno_seguente = 0;
+    const bool intera = digitata.size() == 3 && digitata[2].size() == cifre_anno;
+    for (std::size_t i = 0; i < voci.size(); ++i) {
+        const Parti data = data_di(voci[i]);
+        if (data.size() != 3) continue;
+        if (comincia(data, digitata)) return static_cast<int>(i);
+        const int quando = giorno(data);
+        if (!intera || quando < giorno(digitata)) continue;
+        if (seguente >= 0 && quando >= giorno_seguente) continue;
+        seguente = static_cast<int>(i);
+        giorno_seguente = quando;
+    }
+    return seguente;
+}
+
 }  // namespace
 
 std::string archivio_di(std::string_view percorso) {
@@ -88,6 +150,22 @@ std::string_view ruota_di(std::string_view voce) {
 
 bool nazionale(std::string_view voce) {
     return voce.find("NAZ.") != std::string_view::npos;
+}
+
+int cerca_estrazione(const std::vector<std::string>& voci, std::string_view digitato) {
+    const Parti digitata = parti(digitato);
+    if (digitata.size() > 1) return cerca_data(voci, digitata);
+    const int cercato = valore(digitata[0]);
+    const std::string inizio = std::to_string(cercato);
+    int somigliante = -1;
+    for (std::size_t i = 0; i < voci.size(); ++i) {
+        const std::int32_t concorso = concorso_di(voci[i]);
+        if (concorso == cercato) return static_cast<int>(i);
+        if (somigliante < 0 && std::to_string(concorso).starts_with(inizio)) {
+            somigliante = static_cast<int>(i);
+        }
+    }
+    return somigliante;
 }
 
 bool trova_ruota(Recordset& draws, std::int32_t concorso, std::string_view ruota) {

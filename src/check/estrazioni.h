@@ -27,6 +27,11 @@ std::int32_t concorso_di(std::string_view voce);
 std::string_view ruota_di(std::string_view voce);
 bool nazionale(std::string_view voce);
 
+/// Item that typed characters mean in a list of draws, -1 for none. Digits are a draw's number, or
+/// failing that the beginning of one. With separators ("/", "." or "-") they are a date, or as
+/// much of one as is typed; a whole date without a draw means the draw that followed it.
+int cerca_estrazione(const std::vector<std::string>& voci, std::string_view digitato);
+
 /// Stands on a wheel's row of a draw; false when there is none such.
 bool trova_ruota(platform::Recordset& draws, std::int32_t concorso, std::string_view ruota);
 

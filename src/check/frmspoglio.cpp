@@ -55,7 +55,7 @@ void frmspoglio::iniz() {
     const std::string nome = s(platform::Tag(this));
     std::int32_t conteggio = 0;
     if (systems::nome_ammesso(nome)) {
-        platform::assegna(conteggio, systems::leggi_conteggio(App().Path, nome, form1_.gioco()));
+        platform::assegna(conteggio, systems::leggi_conteggio(App().Path, nome, gioco_));
     }
     lblnumconb->setText(QString::number(conteggio));
     lblnomesistema->setText(platform::Tag(this));
@@ -72,7 +72,7 @@ void frmspoglio::Cmdspoglio_Click() {
     const Occupato occupato(*this);
     picprog2->resize(0, picprog2->height());
     picprog1->show();
-    if (form1_.lotto) {
+    if (gioco_.e_lotto()) {
         controllo_nvincenti_lotto();
     } else {
         controllo_nvincenti();
@@ -88,10 +88,10 @@ Richiesta frmspoglio::richiesta() const {
     Richiesta r;
     const std::string nome = s(platform::Tag(this));
     if (systems::nome_ammesso(nome)) {
-        r.file = App().file(nome + form1_.gioco().estensione_sviluppo());
+        r.file = App().file(nome + gioco_.estensione_sviluppo());
     }
     r.combinazioni = numero(lblnumconb);
-    r.gioco = form1_.gioco();
+    r.gioco = gioco_;
     return r;
 }
 
@@ -168,7 +168,7 @@ void frmspoglio::colora(std::span<QLineEdit* const> caselle) {
             const double cella = platform::Val(s(MSFlexGrid1->testo(y, x)));
             for (std::size_t k = 0; k < caselle.size(); ++k) {
                 if (cella != platform::Val(s(caselle[k]->text()))) continue;
-                const bool jolly = k == 0 && !form1_.lotto;
+                const bool jolly = k == 0 && !gioco_.e_lotto();
                 MSFlexGrid1->set_sfondo(y, x, platform::colore(jolly ? 255 : 65535));
             }
         }

@@ -23,8 +23,9 @@ class Form1;
 
 namespace check {
 
-/// Checks the system named by its `Tag`. `form1` outlives the form, is hidden while it stands, and
-/// comes back when it goes, whichever way it is closed.
+/// Checks the system named by its `Tag`, of the game and form in force when it is made. `form1`
+/// outlives the form, is hidden while it stands, and comes back when it goes, whichever way it is
+/// closed.
 class frmspoglio : public QDialog {
     Q_OBJECT
 public:
@@ -116,6 +117,8 @@ private:
     void ridai_fuoco(QWidget* prima);
 
     app::Form1& form1_;
+    const crossword::Gioco gioco_;
+    std::vector<std::string> voci_;
     Spoglio spoglio_;
     Dettaglio dettaglio_;
     std::unique_ptr<Elenco> elenco_;

@@ -17,7 +17,7 @@ platform::Err frmspoglio::apri_tabelle() {
     const std::string file = archivio_di(platform::App().Path);
     platform::Err esito = platform::OpenDatabase(file, false, false, archivio.database);
     if (esito.ok()) {
-        esito = archivio.database.OpenRecordset(form1_.lotto ? "archivio" : "archivios",
+        esito = archivio.database.OpenRecordset(gioco_.e_lotto() ? "archivio" : "archivios",
                                                 archivio.draws);
     }
     if (esito.ok()) esito = archivio.draws.Index("concorso");
@@ -26,9 +26,9 @@ platform::Err frmspoglio::apri_tabelle() {
                                                 archivio.national);
     }
     const platform::Field campo_1 = archivio.campo_1;
-    if (esito.ok()) esito = archivio.lega(form1_.lotto ? 7 : 9);
+    if (esito.ok()) esito = archivio.lega(gioco_.e_lotto() ? 7 : 9);
     // The wheel stands in one of the two tables only.
-    if (!form1_.lotto) archivio.campo_1 = campo_1;
+    if (!gioco_.e_lotto()) archivio.campo_1 = campo_1;
     return esito;
 }
 
@@ -38,12 +38,11 @@ void frmspoglio::apridatabase() {
         return;
     }
     statistics::Archivio& archivio = form1_.archivio;
-    platform::ComboBox* elenco = form1_.lotto ? Combo3 : Combo1;
-    const std::vector<std::string> voci = form1_.lotto
-                                              ? elenco_lotto(archivio.draws, archivio.national)
-                                              : elenco_superenalotto(archivio.draws);
+    platform::ComboBox* elenco = gioco_.e_lotto() ? Combo3 : Combo1;
+    voci_ = gioco_.e_lotto() ? elenco_lotto(archivio.draws, archivio.national)
+                             : elenco_superenalotto(archivio.draws);
     QStringList testi;
-    for (const std::string& voce : voci) testi.append(q(voce));
+    for (const std::string& voce : voci_) testi.append(q(voce));
     elenco->addItems(testi);
     elenco->set_ListIndex(0);
 }

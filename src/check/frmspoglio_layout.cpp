@@ -1,8 +1,10 @@
 // Where everything stands on the check form, and what happens when it is loaded. The list shows
 // twelve rows and has the place of the crossword.
+#include <QAbstractItemView>
 #include <QShowEvent>
 
 #include "app/form1.h"
+#include "check/estrazioni.h"
 #include "check/frmspoglio.h"
 #include "platform/desktop.h"
 #include "platform/disposizione.h"
@@ -66,6 +68,18 @@ platform::ComboBox* elenco_lungo(const QString& nome, const QString& scopo, QRec
     platform::ComboBox* c = platform::elenco(nome, scopo, dove, padre);
     c->setProperty("lunga", true);
     c->setMaxVisibleItems(15);
+    // Made for a list of the style's own kind, the view would have none.
+    c->view()->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    return c;
+}
+
+/// A list of draws, in which digits look for a number, and with separators for a date.
+platform::ComboBox* elenco_estrazioni(const QString& nome, const QString& scopo, QRect dove,
+                                      QWidget* padre, const std::vector<std::string>& voci) {
+    platform::ComboBox* c = elenco_lungo(nome, scopo, dove, padre);
+    c->cerca_con("0123456789/.-", [&voci](const QString& digitato) {
+        return cerca_estrazione(voci, platform::s(digitato));
+    });
     return c;
 }
 
@@ -80,7 +94,10 @@ QLabel* categoria(const QString& nome, const QString& titolo, int x, int largo, 
 }  // namespace
 
 frmspoglio::frmspoglio(app::Form1& form1)
-    : QDialog(&form1), form1_(form1), elenco_(std::make_unique<Elenco>(dettaglio_)) {
+    : QDialog(&form1),
+      form1_(form1),
+      gioco_(form1.gioco()),
+      elenco_(std::make_unique<Elenco>(dettaglio_)) {
     setObjectName("frmspoglio");
     setWindowTitle("SPOGLIO VINCITE");
     setAttribute(Qt::WA_DeleteOnClose);
@@ -124,7 +141,7 @@ void frmspoglio::crea_estrazione() {
     Frame* f = riquadro("Frame3", QString(), {margine, y_estrazione, sinistra, h_estrazione}, this);
     const QString scelta = tr("Scegli la combinazione da esaminare");
     etichetta(scelta, {12, 12, 276, 20}, f);
-    Combo1 = elenco_lungo("Combo1", scelta, {12, 34, 276, 26}, f);
+    Combo1 = elenco_estrazioni("Combo1", scelta, {12, 34, 276, 26}, f, voci_);
     etichetta(tr("Combinazione Vincente"), {12, 70, 200, 20}, f);
     etichetta(tr("Jolly"), {288 - lato_casella, 70, lato_casella, 20}, f, Qt::AlignHCenter);
     for (int i = 1; i <= 6; ++i) {
@@ -147,7 +164,7 @@ void frmspoglio::crea_estrazione_lotto() {
     Framevinclotto = coperchio("Framevinclotto", {4, 8, sinistra - 8, 118}, Combo1->parentWidget());
     const QString scelta = tr("Scegli la combinazione da esaminare");
     etichetta(scelta, {8, 4, 276, 20}, Framevinclotto);
-    Combo3 = elenco_lungo("Combo3", scelta, {8, 26, 276, 26}, Framevinclotto);
+    Combo3 = elenco_estrazioni("Combo3", scelta, {8, 26, 276, 26}, Framevinclotto, voci_);
     etichetta(tr("Combinazione Vincente"), {8, 62, 276, 20}, Framevinclotto);
     for (int i = 0; i < 5; ++i) {
         txtnumlotto[static_cast<std::size_t>(i)] =
@@ -278,7 +295,7 @@ void frmspoglio::ordine_tastiera() {
 }
 
 void frmspoglio::Form_Load() {
-    if (form1_.lotto) {
+    if (gioco_.e_lotto()) {
         Framevinclotto->show();
         framelotto->show();
         framedetlotto->show();
@@ -317,7 +334,7 @@ void frmspoglio::copia_cruciverba() {
 void frmspoglio::showEvent(QShowEvent* evento) {
     QDialog::showEvent(evento);
     if (evento->spontaneous() || focusWidget() != nullptr) return;
-    (form1_.lotto ? txtnumlotto[0] : txtnum[1])->setFocus();
+    (gioco_.e_lotto() ? txtnumlotto[0] : txtnum[1])->setFocus();
 }
 
 }  // namespace check

@@ -1,5 +1,6 @@
 #include "platform/controls.h"
 
+#include <QAbstractItemView>
 #include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -7,7 +8,6 @@
 #include <QStyle>
 #include <QSvgRenderer>
 #include <QVariant>
-#include <QWheelEvent>
 
 namespace platform {
 
@@ -97,8 +97,47 @@ void ComboBox::Clear() {
     adatta();
 }
 
-void ComboBox::wheelEvent(QWheelEvent* evento) {
-    evento->ignore();
+void ComboBox::cerca_con(const QString& tasti, Ricerca ricerca) {
+    tasti_ = tasti;
+    ricerca_ = std::move(ricerca);
+    view()->installEventFilter(this);
+}
+
+void ComboBox::showPopup() {
+    digitato_.clear();
+    QComboBox::showPopup();
+}
+
+void ComboBox::keyPressEvent(QKeyEvent* evento) {
+    if (!digita(*evento)) QComboBox::keyPressEvent(evento);
+}
+
+bool ComboBox::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (evento->type() == QEvent::KeyPress && digita(*static_cast<QKeyEvent*>(evento))) return true;
+    return QComboBox::eventFilter(oggetto, evento);
+}
+
+bool ComboBox::digita(const QKeyEvent& evento) {
+    constexpr quint64 pausa = 2000;
+    const QString testo = evento.text();
+    const bool indietro = evento.key() == Qt::Key_Backspace && !digitato_.isEmpty();
+    const bool cerca = testo.size() == 1 && tasti_.contains(testo) &&
+                       (evento.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
+    if (!ricerca_ || (!cerca && !indietro)) return false;
+    if (!view()->isVisible()) showPopup();
+    if (evento.timestamp() - ultimo_tasto_ > pausa) digitato_.clear();
+    ultimo_tasto_ = evento.timestamp();
+    if (indietro) {
+        digitato_.chop(1);
+    } else {
+        digitato_ += testo;
+    }
+    const int voce = digitato_.isEmpty() ? -1 : ricerca_(digitato_);
+    if (voce < 0) return true;
+    const QModelIndex trovata = model()->index(voce, modelColumn(), rootModelIndex());
+    view()->setCurrentIndex(trovata);
+    view()->scrollTo(trovata, QAbstractItemView::PositionAtCenter);
+    return true;
 }
 
 void ComboBox::resizeEvent(QResizeEvent* evento) {

@@ -1,6 +1,8 @@
 // Thin controls with the classic semantics over standard Qt widgets.
 #pragma once
 
+#include <functional>
+
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QFrame>
@@ -36,17 +38,32 @@ public:
     void AddItem(const QString& testo);
     void Clear();
 
+    /// Finds the item that the characters typed so far mean, -1 for none.
+    using Ricerca = std::function<int(const QString& digitato)>;
+    /// For items that are not known by their first letters: typing one of `tasti` opens the list
+    /// and moves in it by `ricerca`. Backspace takes the last one back; after a pause of two
+    /// seconds they begin anew.
+    void cerca_con(const QString& tasti, Ricerca ricerca);
+    void showPopup() override;
+
 Q_SIGNALS:
     void Click();
 
 protected:
-    /// A wheel turned over the list on its way elsewhere must not change a system.
-    void wheelEvent(QWheelEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;
     bool event(QEvent* evento) override;
 
 private:
     void adatta();
+    /// True when the key belonged to the search.
+    bool digita(const QKeyEvent& evento);
+
+    QString tasti_;
+    Ricerca ricerca_;
+    QString digitato_;
+    quint64 ultimo_tasto_ = 0;
 };
 
 /// Picture that acts on a click and shows that the pointer is over it.

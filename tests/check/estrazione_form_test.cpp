@@ -1,3 +1,5 @@
+#include <QScrollBar>
+
 #include "check/modulo_spoglio.h"
 #include "platform/application.h"
 #include "support/tenuto.h"
@@ -37,6 +39,49 @@ TEST_F(Estrazione, ChoosingADrawFillsTheBoxesInTextOrder) {
     Programma::scegli(f.Combo1, 2);
     EXPECT_EQ(testi(f.txtnum), (QStringList{"60", "12", "33", "45", "5", "81", "9"}));
     EXPECT_EQ(f.focusWidget(), f.txtnum[1]);
+}
+
+TEST_F(Estrazione, TypingInTheClosedListLooksForTheDraw) {
+    frmspoglio& f = apri();
+    f.Combo1->setFocus();
+    QTest::keyClicks(f.Combo1, "2");
+    EXPECT_TRUE(f.Combo1->view()->isVisible());
+    QTest::keyClicks(f.Combo1->view(), "7");
+    EXPECT_EQ(f.Combo1->view()->currentIndex().row(), 2);
+    EXPECT_EQ(f.Combo1->ListIndex(), 0) << "nothing is chosen yet";
+    QTest::keyClick(f.Combo1->view(), Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_EQ(f.Combo1->ListIndex(), 2);
+    EXPECT_EQ(testi(f.txtnum), (QStringList{"60", "12", "33", "45", "5", "81", "9"}));
+}
+
+TEST_F(Estrazione, TypingADateInTheOpenListLooksForItsDraw) {
+    frmspoglio& f = apri();
+    f.Combo1->showPopup();
+    QTest::keyClicks(f.Combo1->view(), "03/02/1999");
+    EXPECT_EQ(f.Combo1->view()->currentIndex().row(), 1);
+    QTest::keyClick(f.Combo1->view(), Qt::Key_Escape);
+    EXPECT_EQ(f.Combo1->ListIndex(), 0);
+}
+
+TEST_F(Estrazione, TypingInTheListOfTheLottoFindsTheFirstWheelOfTheDraw) {
+    frmspoglio& f = apri_lotto("1,2,3,4,5\r\n", 1);
+    f.Combo3->setFocus();
+    QTest::keyClicks(f.Combo3, "4");
+    EXPECT_EQ(f.Combo3->view()->currentIndex().data().toString(),
+              "    0004    -  04/01/2001  -  BA");
+}
+
+TEST_F(Estrazione, LongListHasAScrollBar) {
+    frmspoglio& f = apri();
+    for (int i = 0; i < 4251; ++i) f.Combo1->AddItem("    0001    -  01/01/1990");
+    f.Combo1->showPopup();
+    QApplication::processEvents();
+    EXPECT_TRUE(f.Combo1->view()->verticalScrollBar()->isVisible());
+    const int in_vista = f.Combo1->view()->viewport()->height() /
+                         f.Combo1->view()->visualRect(f.Combo1->model()->index(0, 0)).height();
+    EXPECT_EQ(in_vista, 15);
+    f.Combo1->hidePopup();
 }
 
 TEST_F(Estrazione, ChoosingTheSameDrawAgainFillsTheBoxesAgain) {

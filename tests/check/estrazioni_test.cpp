@@ -5,6 +5,7 @@
 #include "support/archivio.h"
 #include "support/cartella.h"
 
+using check::cerca_estrazione;
 using support::Estrazioni;
 
 namespace {
@@ -200,6 +201,54 @@ TEST_F(Combinazione, RecordsetStaysWhereItIs) {
     con({"2001-01-01", "5", "61", "12", "9", "33", "1", "48", "20", "7"});
     check::leggi_combinazione(superenalotto_, caselle);
     EXPECT_EQ(superenalotto_.Fields(9).Value().intero(), 7);
+}
+
+std::vector<std::string> elenco_di_prova() {
+    return {"    4251    -  31/12/2023", "    4250    -  28/12/2023", "    0425    -  05/03/2021",
+            "    0043    -  12/03/2003", "    0042    -  08/03/2003", "    0004    -  10/12/1997"};
+}
+
+TEST(CercaEstrazione, DigitsAreTheNumberAtEachStepOfTheTyping) {
+    const auto voci = elenco_di_prova();
+    EXPECT_EQ(cerca_estrazione(voci, "4"), 5);
+    EXPECT_EQ(cerca_estrazione(voci, "42"), 4);
+    EXPECT_EQ(cerca_estrazione(voci, "425"), 2);
+    EXPECT_EQ(cerca_estrazione(voci, "4250"), 1);
+    EXPECT_EQ(cerca_estrazione(voci, "0043"), 3);
+    EXPECT_EQ(cerca_estrazione(voci, "9"), -1);
+    EXPECT_EQ(cerca_estrazione(voci, "42509"), -1);
+    EXPECT_EQ(cerca_estrazione(voci, "99999999999999999999"), -1);
+}
+
+TEST(CercaEstrazione, ANumberThatIsNotListedIsTheBeginningOfOne) {
+    const std::vector<std::string> voci{"    9902    -  02/01/2024  -  BA",
+                                        "    9902    -  02/01/2024  -  CA",
+                                        "    9901    -  01/01/2024  -  BA"};
+    EXPECT_EQ(cerca_estrazione(voci, "9"), 0);
+    EXPECT_EQ(cerca_estrazione(voci, "9901"), 2);
+    EXPECT_EQ(cerca_estrazione(voci, "01/01/2024"), 2);
+    EXPECT_EQ(cerca_estrazione(voci, "02/01"), 0);
+}
+
+TEST(CercaEstrazione, SeparatorsMakeADateOutOfTheDigits) {
+    const auto voci = elenco_di_prova();
+    EXPECT_EQ(cerca_estrazione(voci, "12/03/2003"), 3);
+    EXPECT_EQ(cerca_estrazione(voci, "12.3.2003"), 3);
+    EXPECT_EQ(cerca_estrazione(voci, "12-03-03"), 3);
+    EXPECT_EQ(cerca_estrazione(voci, "31/"), 0);
+    EXPECT_EQ(cerca_estrazione(voci, "10/1"), 5);
+    EXPECT_EQ(cerca_estrazione(voci, "5/3"), 2);
+    EXPECT_EQ(cerca_estrazione(voci, "1/2/3/4"), -1);
+}
+
+TEST(CercaEstrazione, ADayWithoutADrawMeansTheDrawThatFollowed) {
+    const auto voci = elenco_di_prova();
+    EXPECT_EQ(cerca_estrazione(voci, "09/03/2003"), 3);
+    EXPECT_EQ(cerca_estrazione(voci, "13/03/2003"), 2);
+    EXPECT_EQ(cerca_estrazione(voci, "01/01/1939"), 5);
+    EXPECT_EQ(cerca_estrazione(voci, "01/01/2024"), -1);
+    EXPECT_EQ(cerca_estrazione(voci, "09/03"), -1) << "no year yet";
+    EXPECT_EQ(cerca_estrazione({}, "09/03/2003"), -1);
 }
 
 }  // namespace

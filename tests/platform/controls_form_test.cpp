@@ -136,6 +136,38 @@ TEST(Combo, LaRotellaNonCambiaNulla) {
     EXPECT_EQ(combo.ListIndex(), 0);
 }
 
+void digita(QWidget* dove, int tasto, const QString& testo, quint64 quando) {
+    QKeyEvent evento(QEvent::KeyPress, tasto, Qt::NoModifier, testo);
+    evento.setTimestamp(quando);
+    QApplication::sendEvent(dove, &evento);
+}
+
+TEST(Combo, LaRicercaHaCioCheEScrittoFinoARicominciare) {
+    ComboBox combo(nullptr);
+    riempi(combo);
+    combo.set_ListIndex(0);
+    QStringList cercati;
+    combo.cerca_con("12", [&](const QString& digitato) {
+        cercati << digitato;
+        return digitato == "12" ? 2 : -1;
+    });
+    mostra(combo);
+    const QSignalSpy click(&combo, &ComboBox::Click);
+    digita(&combo, Qt::Key_1, "1", 1000);
+    digita(combo.view(), Qt::Key_2, "2", 2000);
+    EXPECT_EQ(combo.view()->currentIndex().row(), 2);
+    digita(combo.view(), Qt::Key_Backspace, "\b", 3000);
+    digita(combo.view(), Qt::Key_1, "1", 4000);
+    digita(combo.view(), Qt::Key_2, "2", 7000);
+    EXPECT_EQ(cercati, (QStringList{"1", "12", "1", "11", "2"}));
+    combo.hidePopup();
+    digita(&combo, Qt::Key_1, "1", 7100);
+    EXPECT_EQ(cercati.last(), "1") << "an opening begins anew";
+    combo.hidePopup();
+    EXPECT_EQ(combo.ListIndex(), 0);
+    EXPECT_EQ(click.count(), 0);
+}
+
 TEST(Combo, SvuotareNonAlzaClick) {
     ComboBox combo(nullptr);
     riempi(combo);
