@@ -44,6 +44,13 @@ std::uint32_t leggi_utf8(std::string_view testo, std::size_t& i) {
     return c < minimo[static_cast<std::size_t>(seguito)] ? 0xFFFD : c;
 }
 
+/// Controls, invisible marks of direction and ends of lines.
+bool comanda(std::uint32_t c) {
+    return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x61C || (c >= 0x200E && c <= 0x200F) ||
+           (c >= 0x2028 && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069) ||
+           (c >= 0xD800 && c <= 0xDFFF) || c > 0x10FFFF;
+}
+
 char byte_di(std::uint32_t c) {
     if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<char>(c);
     for (std::size_t k = 0; k < alti.size(); ++k) {
@@ -69,6 +76,27 @@ std::string a_cp1252(std::string_view utf8) {
     byte.reserve(utf8.size());
     for (std::size_t i = 0; i < utf8.size();) byte.push_back(byte_di(leggi_utf8(utf8, i)));
     return byte;
+}
+
+std::string mostrabile(std::string_view utf8) {
+    constexpr std::string_view cifre = "0123456789ABCDEF";
+    constexpr std::string_view sostituto = "\xEF\xBF\xBD";
+    std::string testo;
+    testo.reserve(utf8.size());
+    for (std::size_t i = 0; i < utf8.size();) {
+        const std::size_t inizio = i;
+        const std::uint32_t c = leggi_utf8(utf8, i);
+        const std::string_view pezzo = utf8.substr(inizio, i - inizio);
+        if (!comanda(c) && (c != 0xFFFD || pezzo == sostituto)) {
+            testo += pezzo;
+            continue;
+        }
+        for (const char byte : pezzo) {
+            const auto b = static_cast<unsigned char>(byte);
+            testo += {'\\', 'x', cifre[b >> 4U], cifre[b & 0xFU]};
+        }
+    }
+    return testo;
 }
 
 }  // namespace platform

@@ -64,4 +64,16 @@ TEST(Codepage, a_null_is_a_character_like_others) {
     EXPECT_EQ(a_cp1252(testo), testo);
 }
 
+TEST(Codepage, what_is_shown_holds_no_control) {
+    EXPECT_EQ(mostrabile("Città \xE2\x82\xAC \xF0\x9F\x8D\x80 \xEF\xBF\xBD"),
+              "Città \xE2\x82\xAC \xF0\x9F\x8D\x80 \xEF\xBF\xBD");
+    EXPECT_EQ(mostrabile("a\x1b[2J\n\t\x7f"), "a\\x1B[2J\\x0A\\x09\\x7F");
+    // Also those of two bytes, and the marks that turn the direction of writing.
+    EXPECT_EQ(mostrabile("\xC2\x9B"), "\\xC2\\x9B");
+    EXPECT_EQ(mostrabile("\xE2\x80\xAE"), "\\xE2\\x80\\xAE");
+    EXPECT_EQ(mostrabile("\xE2\x82x\xFF\xED\xA0\x80"), "\\xE2\\x82x\\xFF\\xED\\xA0\\x80");
+    EXPECT_EQ(mostrabile(std::string_view("a\0b", 3)), "a\\x00b");
+    EXPECT_EQ(mostrabile(""), "");
+}
+
 }  // namespace
