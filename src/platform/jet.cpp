@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <cstring>
 #include <fcntl.h>
-#include <optional>
 #include <poll.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -40,8 +39,8 @@ public:
         }
     }
     bool avvia(const std::string& programma, const std::vector<std::string>& argomenti);
-    /// All that the child wrote until its end; nothing when it had to be stopped.
-    std::optional<std::string> uscita(const LettoreJet& limiti);
+    /// Takes all that the child writes until its end; 0 or the number of the error that stopped it.
+    int uscita(const LettoreJet& limiti, std::string& dati);
 
 private:
     pid_t pid_ = -1;
@@ -83,26 +82,25 @@ bool Figlio::avvia(const std::string& programma, const std::vector<std::string>&
     return esito == 0;
 }
 
-std::optional<std::string> Figlio::uscita(const LettoreJet& limiti) {
+int Figlio::uscita(const LettoreJet& limiti, std::string& dati) {
     const auto fine = Orologio::now() + limiti.attesa_totale;
-    std::string dati;
     std::vector<char> pezzo(std::size_t{1} << 16);
     auto muto_da = Orologio::now();
     while (true) {
         const auto ora = Orologio::now();
         const auto termine = std::min(fine, muto_da + limiti.attesa_muta);
-        if (ora >= termine) return std::nullopt;
+        if (ora >= termine) return errore_scaduto;
         const auto resta = std::chrono::duration_cast<std::chrono::milliseconds>(termine - ora);
         pollfd attesa{fd_, POLLIN, 0};
         const int pronti = ::poll(&attesa, 1, static_cast<int>(resta.count()) + 1);
-        if (pronti < 0 && errno != EINTR) return std::nullopt;
+        if (pronti < 0 && errno != EINTR) return errore_disco;
         if (pronti <= 0) continue;
         const ssize_t n = ::read(fd_, pezzo.data(), pezzo.size());
-        if (n < 0 && errno != EINTR) return std::nullopt;
-        if (n == 0) return dati;
+        if (n < 0 && errno != EINTR) return errore_disco;
+        if (n == 0) return 0;
         if (n < 0) continue;
         dati.append(pezzo.data(), static_cast<std::size_t>(n));
-        if (dati.size() > limiti.uscita_massima) return std::nullopt;
+        if (dati.size() > limiti.uscita_massima) return errore_danneggiato;
         muto_da = Orologio::now();
     }
 }
@@ -199,6 +197,7 @@ int leggi_messaggio(std::string_view dati, Tabella& tabella) {
             case protocollo::riga:
                 leggi_riga(messaggio, tabella);
                 ++lette;
+                if (tabella.piena()) return errore_danneggiato;
                 break;
             case protocollo::errore:
                 return da_motivo(static_cast<protocollo::Motivo>(messaggio.prendi<std::uint8_t>()));
@@ -221,8 +220,9 @@ int chiedi(const std::vector<std::string>& argomenti, Tabella& tabella) {
     const std::string programma =
         lettore.programma.empty() ? trova_lettore(cartella_eseguibile()) : lettore.programma;
     if (!figlio.avvia(programma, argomenti)) return errore_lettore_assente;
-    const auto dati = figlio.uscita(lettore);
-    return dati ? leggi_messaggio(*dati, tabella) : errore_danneggiato;
+    std::string dati;
+    const int errore = figlio.uscita(lettore, dati);
+    return errore == 0 ? leggi_messaggio(dati, tabella) : errore;
 }
 
 /// Signature and size, which the library does not look at.

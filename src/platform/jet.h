@@ -13,10 +13,11 @@ namespace platform {
 /// The child and how long it is waited for; a test sets its own.
 struct LettoreJet {
     std::string programma;  ///< empty: what `trova_lettore` finds for the running program
-    /// A good file yields something all the time; one that does not for so long is damaged.
-    std::chrono::milliseconds attesa_muta{2000};
-    std::chrono::milliseconds attesa_totale{10000};
-    std::size_t uscita_massima = std::size_t{256} << 20;
+    /// What the child may spend is bounded there; these only end the waiting for a disk that gives
+    /// nothing.
+    std::chrono::milliseconds attesa_muta{30000};
+    std::chrono::milliseconds attesa_totale{120000};
+    std::size_t uscita_massima = std::size_t{64} << 20;
 };
 LettoreJet& lettore_jet();
 

@@ -33,6 +33,7 @@ inline constexpr int errore_campo_sconosciuto = 3061;
 inline constexpr int errore_sintassi = 3075;
 inline constexpr int errore_tabella_assente = 3078;
 inline constexpr int errore_lettore_assente = 3170;
+inline constexpr int errore_scaduto = 3234;
 inline constexpr int errore_operazione = 3251;
 inline constexpr int errore_elemento_assente = 3265;
 inline constexpr int errore_formato = 3343;

@@ -2,13 +2,15 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cmath>
+#include <cstdlib>
+#include <ctime>
 #include <fcntl.h>
 #include <limits>
 #include <memory>
 #include <optional>
 #include <sqlite3.h>
+#include <sys/stat.h>
 
 #include "platform/disk.h"
 #include "platform/recordset.h"
@@ -18,15 +20,16 @@ namespace platform {
 
 namespace {
 
-using Orologio = std::chrono::steady_clock;
-
 /// Another program's commit is waited for; one that writes all the time is not.
 constexpr int attesa_blocco_ms = 500;
-/// A file that keeps the engine busy for so long is damaged.
-constexpr std::chrono::milliseconds attesa_massima{2000};
+/// A file that keeps the engine busy for so long is damaged. The work is counted, not the time: a
+/// slow disk does no harm.
 constexpr int istruzioni_per_controllo = 20000;
-/// No text of an archive is longer; a damaged one may claim to be.
+constexpr int controlli_massimi = 10000;
+constexpr std::clock_t lavoro_massimo = 5 * CLOCKS_PER_SEC;
+/// No text of an archive is longer, and no table wider; a damaged one may claim to be.
 constexpr int lunghezza_massima = 65536;
+constexpr int colonne_massime = 256;
 
 int da_sqlite(int esito) {
     switch (esito & 0xff) {
@@ -51,8 +54,15 @@ int da_sqlite(int esito) {
     }
 }
 
-int scaduto(void* termine) {
-    return Orologio::now() >= *static_cast<Orologio::time_point*>(termine) ? 1 : 0;
+/// What one reading has cost so far.
+struct Lavoro {
+    int controlli = 0;
+    std::clock_t inizio = std::clock();
+};
+
+int troppo(void* lavoro) {
+    auto& l = *static_cast<Lavoro*>(lavoro);
+    return ++l.controlli > controlli_massimi || std::clock() - l.inizio > lavoro_massimo ? 1 : 0;
 }
 
 /// An open file for the time of one reading.
@@ -65,7 +75,8 @@ public:
                                    nullptr);
         ::sqlite3_busy_timeout(db_, attesa_blocco_ms);
         ::sqlite3_limit(db_, SQLITE_LIMIT_LENGTH, lunghezza_massima);
-        ::sqlite3_progress_handler(db_, istruzioni_per_controllo, scaduto, &termine_);
+        ::sqlite3_limit(db_, SQLITE_LIMIT_COLUMN, colonne_massime);
+        ::sqlite3_progress_handler(db_, istruzioni_per_controllo, troppo, &lavoro_);
         for (const char* comando : {"PRAGMA query_only=ON", "PRAGMA trusted_schema=OFF",
                                     "PRAGMA cell_size_check=ON", "PRAGMA mmap_size=0"}) {
             if (esito_ == SQLITE_OK)
@@ -82,7 +93,7 @@ public:
 private:
     sqlite3* db_ = nullptr;
     int esito_ = SQLITE_OK;
-    Orologio::time_point termine_ = Orologio::now() + attesa_massima;
+    Lavoro lavoro_;
 };
 
 struct Chiudi {
@@ -106,7 +117,9 @@ std::string_view testo_di(sqlite3_stmt* istruzione, int colonna) {
 /// The table's name as the file spells it; 0 or the error's number.
 int trova(const Apertura& apertura, std::string_view cercata, std::string& nome) {
     Istruzione elenco;
-    int esito = prepara(apertura, "SELECT name FROM sqlite_master WHERE type='table'", elenco);
+    // What has no page of its own is computed by an extension.
+    int esito = prepara(apertura,
+                        "SELECT name FROM sqlite_master WHERE type='table' AND rootpage>0", elenco);
     while (esito == SQLITE_OK || esito == SQLITE_ROW) {
         esito = ::sqlite3_step(elenco.get());
         if (esito == SQLITE_ROW && LCase(testo_di(elenco.get(), 0)) == LCase(cercata)) {
@@ -114,6 +127,24 @@ int trova(const Apertura& apertura, std::string_view cercata, std::string& nome)
             return 0;
         }
         if (esito == SQLITE_DONE) return errore_tabella_assente;
+    }
+    return da_sqlite(esito);
+}
+
+std::string quotato(std::string_view nome) {
+    std::string testo = "\"";
+    for (const char c : nome) testo.append(c == '"' ? 2 : 1, c);
+    return testo + '"';
+}
+
+/// Tells whether all columns stand in the file; a computed one can make any size out of nothing.
+int verifica_colonne(const Apertura& apertura, const std::string& nome) {
+    constexpr int nascosta = 6;
+    Istruzione elenco;
+    int esito = prepara(apertura, "PRAGMA table_xinfo(" + quotato(nome) + ")", elenco);
+    if (esito != SQLITE_OK) return da_sqlite(esito);
+    while ((esito = ::sqlite3_step(elenco.get())) == SQLITE_ROW) {
+        if (::sqlite3_column_int(elenco.get(), nascosta) != 0) return errore_danneggiato;
     }
     return da_sqlite(esito);
 }
@@ -193,6 +224,7 @@ int leggi_righe(sqlite3_stmt* righe, Tabella& tabella) {
             }
             accoda(tabella, i, righe, tipo, giorni[i]);
         }
+        if (tabella.piena()) return errore_danneggiato;
     }
     return da_sqlite(esito);
 }
@@ -226,17 +258,29 @@ int verifica_sqlite(const std::string& file) {
     return errore == errore_tabella_assente ? 0 : errore;
 }
 
+bool in_uso_altrui(const std::string& file) {
+    const std::string nome = nome_su_disco(file);
+    const std::unique_ptr<char, decltype(&std::free)> vero(::realpath(nome.c_str(), nullptr),
+                                                           &std::free);
+    struct stat s {};
+    for (const std::string& base : {nome, std::string(vero ? vero.get() : "")}) {
+        for (const char* coda : {"-wal", "-journal"}) {
+            if (!base.empty() && ::lstat((base + coda).c_str(), &s) == 0) return true;
+        }
+    }
+    return false;
+}
+
 int leggi_sqlite(const std::string& file, std::string_view nome, Tabella& tabella) {
     if (!intestazione(file)) return errore_formato;
     const Apertura apertura(file);
     if (apertura.esito() != SQLITE_OK) return da_sqlite(apertura.esito());
     std::string trovato;
     if (const int errore = trova(apertura, nome, trovato); errore != 0) return errore;
-    std::string quotato;
-    for (const char c : trovato) quotato.append(c == '"' ? 2 : 1, c);
+    if (const int errore = verifica_colonne(apertura, trovato); errore != 0) return errore;
     Istruzione righe;
-    const int esito =
-        prepara(apertura, "SELECT _rowid_, * FROM \"" + quotato + "\" ORDER BY _rowid_", righe);
+    const int esito = prepara(
+        apertura, "SELECT _rowid_, * FROM " + quotato(trovato) + " ORDER BY _rowid_", righe);
     return esito == SQLITE_OK ? leggi_righe(righe.get(), tabella) : da_sqlite(esito);
 }
 

@@ -5,6 +5,7 @@
 #include <sqlite3.h>
 
 #include "platform/disk.h"
+#include "platform/sqlite.h"
 
 namespace platform {
 
@@ -109,7 +110,7 @@ bool scrivi_sqlite(const std::string& file, const std::vector<Foglio>& fogli) {
     const std::string lavoro =
         nome_di_lavoro(barra == std::string::npos ? "." : file.substr(0, barra));
     Kill(lavoro);
-    const bool riuscito = scrivi_tutti(lavoro, fogli) &&
+    const bool riuscito = scrivi_tutti(lavoro, fogli) && !in_uso_altrui(file) &&
                           pubblica(lavoro, file, dimensione_file(lavoro).value_or(-1)) == Esito::ok;
     if (!riuscito) Kill(lavoro);
     return riuscito;

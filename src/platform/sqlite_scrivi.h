@@ -15,7 +15,8 @@ struct Foglio {
     std::string indice;
 };
 
-/// Puts a file with these tables in the place of `file`, whole or not at all.
+/// Puts a file with these tables in the place of `file`, whole or not at all; not while another
+/// program has that one in use.
 bool scrivi_sqlite(const std::string& file, const std::vector<Foglio>& fogli);
 
 }  // namespace platform

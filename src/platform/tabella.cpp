@@ -95,19 +95,24 @@ void Tabella::riserva(std::size_t righe) {
 
 void Tabella::accoda_nullo(std::size_t colonna) {
     Colonna& c = colonne_[colonna];
+    byte_ += sizeof(std::int32_t);
     c.valori.push_back(0);
     c.nulli.resize(c.valori.size());
     c.nulli.back() = true;
 }
 
 void Tabella::accoda(std::size_t colonna, std::int32_t valore) {
+    byte_ += sizeof(std::int32_t);
     colonne_[colonna].valori.push_back(valore);
 }
 
 void Tabella::accoda(std::size_t colonna, std::string_view testo) {
     Colonna& c = colonne_[colonna];
     auto posto = c.posti.find(testo);
+    byte_ += sizeof(std::int32_t);
     if (posto == c.posti.end()) {
+        constexpr std::size_t contorno = 128;
+        byte_ += 2 * testo.size() + contorno;
         posto = c.posti.emplace(testo, static_cast<std::int32_t>(c.testi.size())).first;
         c.testi.emplace_back(testo);
     }

@@ -65,6 +65,9 @@ public:
     /// Changes the type of a column that holds only nulls so far.
     void cambia_tipo(std::size_t colonna, Tipo tipo) { colonne_[colonna].tipo = tipo; }
 
+    /// True once it holds more than any archive does; a reader stops there.
+    [[nodiscard]] bool piena() const { return byte_ > byte_massimi; }
+
     [[nodiscard]] std::size_t righe() const {
         return colonne_.empty() ? 0 : colonne_.front().valori.size();
     }
@@ -103,7 +106,10 @@ private:
         std::vector<std::string> testi;
         std::map<std::string, std::int32_t, std::less<>> posti;
     };
+    static constexpr std::size_t byte_massimi = std::size_t{64} << 20;
+
     std::vector<Colonna> colonne_;
+    std::size_t byte_ = 0;  ///< about what the values take
 };
 
 }  // namespace platform

@@ -159,4 +159,37 @@ TEST_F(SqliteTest, a_table_whose_name_needs_quotes_is_read) {
     EXPECT_EQ(apri(apri(cartella_.file("q.mdb")), "A\"B").RecordCount(), 1);
 }
 
+TEST_F(SqliteTest, what_no_page_of_the_file_holds_is_refused) {
+    // A kilobyte that would be read as gigabytes.
+    support::esegui_sql(
+        cartella_.file("g.sqlite"),
+        "CREATE TABLE t(n INTEGER, grande TEXT AS (hex(zeroblob(30000)) || n));"
+        "CREATE TABLE fatta(n INTEGER, grande TEXT AS (hex(zeroblob(30)) || n) STORED);"
+        "CREATE VIRTUAL TABLE v USING fts5(testo);"
+        "INSERT INTO t WITH RECURSIVE c(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM c WHERE i<2000) "
+        "SELECT i FROM c;");
+    const Database db = apri(cartella_.file("g.mdb"));
+    for (const char* nome : {"t", "fatta"}) {
+        Database copia = db;
+        Recordset rs;
+        EXPECT_EQ(copia.OpenRecordset(nome, rs).Number, 3049) << nome;
+    }
+    Tabella virtuale;
+    EXPECT_EQ(leggi_sqlite(cartella_.file("g.sqlite"), "v", virtuale), 3078);
+}
+
+TEST_F(SqliteTest, a_table_stops_growing_at_its_bound) {
+    Tabella t;
+    t.aggiungi_colonna("testo", Tabella::Tipo::testo);
+    const std::string lungo(1 << 20, 'x');
+    int righe = 0;
+    for (; !t.piena() && righe < 1000; ++righe) t.accoda(0, lungo + std::to_string(righe));
+    EXPECT_LE(righe, 33);
+    // A text that stands there already takes no more room.
+    Tabella u;
+    u.aggiungi_colonna("testo", Tabella::Tipo::testo);
+    for (int i = 0; i < 1000; ++i) u.accoda(0, lungo);
+    EXPECT_FALSE(u.piena());
+}
+
 }  // namespace

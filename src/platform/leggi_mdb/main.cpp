@@ -284,7 +284,7 @@ MdbTableDef* apri_tabella(MdbHandle* mdb, const char* nome, Uscita& uscita) {
 int main(int argc, char** argv) {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     limita(RLIMIT_CORE, 0);
-    limita(RLIMIT_CPU, 10);
+    limita(RLIMIT_CPU, 3);
     limita(RLIMIT_AS, rlim_t{256} << 20);
     limita(RLIMIT_FSIZE, 0);
     if (argc < 2) return 2;
