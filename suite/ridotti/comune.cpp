@@ -1,9 +1,11 @@
 #include "comune.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <unistd.h>
 
+#include "platform/codepage.h"
 #include "platform/disk.h"
 
 namespace ridotti {
@@ -28,18 +30,22 @@ std::string righe_da(int righe, int t) {
 
 }  // namespace
 
-Opzioni leggi_opzioni(const std::vector<std::string>& parole, bool con_garanzia) {
+Opzioni leggi_opzioni(const std::vector<std::string>& parole,
+                      std::initializer_list<std::string_view> ammesse) {
     Opzioni opzioni;
     bool solo_file = false;
     for (std::size_t i = 0; i < parole.size(); ++i) {
         const std::string& parola = parole[i];
+        const bool ammessa = std::find(ammesse.begin(), ammesse.end(), parola) != ammesse.end();
         if (solo_file || parola.empty() || parola[0] != '-') {
             opzioni.file.push_back(parola);
         } else if (parola == "--") {
             solo_file = true;
-        } else if (parola == "--json") {
+        } else if (ammessa && parola == "--json") {
             opzioni.json = true;
-        } else if (con_garanzia && parola == "--garanzia") {
+        } else if (ammessa && parola == "--guida") {
+            opzioni.guida = true;
+        } else if (ammessa && parola == "--garanzia") {
             const std::string valore = i + 1 < parole.size() ? parole[++i] : "";
             opzioni.garanzia = development::leggi_garanzia(valore);
             if (!opzioni.garanzia) {
@@ -52,7 +58,6 @@ Opzioni leggi_opzioni(const std::vector<std::string>& parole, bool con_garanzia)
             return opzioni;
         }
     }
-    if (opzioni.file.empty()) opzioni.errore = "manca il nome della tabella";
     return opzioni;
 }
 
@@ -74,9 +79,9 @@ TabellaLetta leggi_tabella(const std::string& file) {
 
 void stampa_errori(const TabellaLetta& letta) {
     const auto una = [&](const ErroreRiga& errore, const char* prima) {
-        std::string testo = letta.file + ":";
+        std::string testo = platform::mostrabile(letta.file) + ":";
         if (errore.riga > 0) testo += std::to_string(errore.riga) + ":";
-        testo += std::string(" ") + prima + errore.testo + "\n";
+        testo += std::string(" ") + prima + platform::mostrabile(errore.testo) + "\n";
         std::fputs(testo.c_str(), stderr);
     };
     for (const ErroreRiga& errore : letta.lettura.errori) una(errore, "");
@@ -84,7 +89,7 @@ void stampa_errori(const TabellaLetta& letta) {
 }
 
 void lamenta(std::string_view testo) {
-    const std::string riga = "ridotti: " + std::string(testo) + "\n";
+    const std::string riga = "ridotti: " + platform::mostrabile(testo) + "\n";
     std::fputs(riga.c_str(), stderr);
 }
 
@@ -94,18 +99,24 @@ void stampa(std::string_view testo) {
 
 std::string json(std::string_view testo) {
     std::string uscita = "\"";
-    for (const char c : testo) {
-        if (c == '"' || c == '\\') {
-            uscita += '\\';
-            uscita += c;
-        } else if (static_cast<unsigned char>(c) < ' ') {
+    for (std::size_t i = 0; i < testo.size();) {
+        const auto c = static_cast<unsigned char>(testo[i]);
+        if (c < ' ' || c == 0x7F) {
             std::array<char, 8> codice{};
-            std::snprintf(codice.data(), codice.size(), "\\u%04x",
-                          static_cast<unsigned>(static_cast<unsigned char>(c)));
+            std::snprintf(codice.data(), codice.size(), "\\u%04x", static_cast<unsigned>(c));
             uscita += codice.data();
-        } else {
-            uscita += c;
+            ++i;
+            continue;
         }
+        // Bytes that are no text would make the whole no JSON.
+        std::size_t fine = i + 1;
+        while (c >= 0x80 && fine < testo.size() && static_cast<unsigned char>(testo[fine]) >= 0x80)
+            ++fine;
+        for (const char s : platform::mostrabile(testo.substr(i, fine - i))) {
+            if (s == '"' || s == '\\') uscita += '\\';
+            uscita += s;
+        }
+        i = fine;
     }
     return uscita + "\"";
 }
@@ -167,8 +178,8 @@ std::string in_parole(const Garanzia& garanzia) {
     return testo;
 }
 
-Progresso::Progresso(std::string titolo)
-    : titolo_(std::move(titolo)), terminale_(::isatty(STDERR_FILENO) == 1) {}
+Progresso::Progresso(const std::string& titolo)
+    : titolo_(platform::mostrabile(titolo)), terminale_(::isatty(STDERR_FILENO) == 1) {}
 
 Progresso::~Progresso() {
     if (ultimo_ >= 0) std::fputs("\r\033[K", stderr);

@@ -23,13 +23,15 @@ int documento(const std::vector<std::string>& parole);
 
 /// Words of a command line, sorted out.
 struct Opzioni {
-    std::vector<std::string> file;
+    std::vector<std::string> file;  ///< and folders
     bool json = false;
+    bool guida = false;
     std::optional<development::Garanzia> garanzia;
     std::optional<std::string> errore;
 };
-/// Sorts out the words of `verifica` and `vincite`; `--garanzia` only when it is admitted.
-Opzioni leggi_opzioni(const std::vector<std::string>& parole, bool con_garanzia);
+/// Sorts out the words of a subcommand that knows the options `ammesse`.
+Opzioni leggi_opzioni(const std::vector<std::string>& parole,
+                      std::initializer_list<std::string_view> ammesse);
 
 /// A table read from its file, with the parts of its name when it has one of the scheme.
 struct TabellaLetta {
@@ -67,7 +69,7 @@ std::string in_parole(const development::Garanzia& garanzia);
 /// Shows the progress of a job on the terminal and wipes it at the end; silent elsewhere.
 class Progresso {
 public:
-    explicit Progresso(std::string titolo);
+    explicit Progresso(const std::string& titolo);
     Progresso(const Progresso&) = delete;
     Progresso& operator=(const Progresso&) = delete;
     ~Progresso();

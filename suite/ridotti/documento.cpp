@@ -229,16 +229,16 @@ std::string per_la_guida(const Dati& dati) {
 }  // namespace
 
 int documento(const std::vector<std::string>& parole) {
-    const bool guida = !parole.empty() && parole.front() == "--guida";
-    const std::vector<std::string> cartelle(parole.begin() + (guida ? 1 : 0), parole.end());
-    if (cartelle.size() != 2) {
-        lamenta("documento vuole la cartella delle tabelle e quella dei minimi");
+    const Opzioni opzioni = leggi_opzioni(parole, {"--guida"});
+    if (opzioni.errore || opzioni.file.size() != 2) {
+        lamenta(opzioni.errore ? *opzioni.errore
+                               : "documento vuole la cartella delle tabelle e quella dei minimi");
         return impossibile;
     }
     Dati dati;
-    const int codice = raccogli(cartelle[0], cartelle[1], dati);
+    const int codice = raccogli(opzioni.file[0], opzioni.file[1], dati);
     if (codice != riuscito) return codice;
-    stampa(guida ? per_la_guida(dati) : tutto(dati));
+    stampa(opzioni.guida ? per_la_guida(dati) : tutto(dati));
     return riuscito;
 }
 

@@ -4,11 +4,12 @@
 namespace ridotti {
 
 int integrali(const std::vector<std::string>& parole) {
-    if (parole.size() != 1) {
-        lamenta("integrali vuole una cartella");
+    const Opzioni opzioni = leggi_opzioni(parole, {});
+    if (opzioni.errore || opzioni.file.size() != 1) {
+        lamenta(opzioni.errore ? *opzioni.errore : "integrali vuole una cartella");
         return impossibile;
     }
-    const std::string& cartella = parole.front();
+    const std::string& cartella = opzioni.file.front();
     if (!platform::crea_cartella(cartella)) {
         lamenta("non posso creare la cartella " + cartella);
         return impossibile;

@@ -17,7 +17,7 @@ constexpr std::string_view uso =
     "       delle tabelle con garanzie.csv e da quella dei minimi\n"
     "     ridotti --aiuto\n"
     "       stampa queste righe; anche --help e -h\n"
-    "Dopo -- ogni parola di verifica e vincite è un file, anche se comincia con -.\n"
+    "Dopo -- ogni parola è un file o una cartella, anche se comincia con -.\n"
     "Esce con 0 se tutto vale, 1 se una garanzia manca, 2 se un file non è una tabella\n"
     "o il comando non si può eseguire.\n";
 

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "comune.h"
+#include "platform/codepage.h"
 
 namespace ridotti {
 
@@ -48,8 +49,8 @@ std::string in_json(const TabellaLetta& letta, const std::optional<Garanzia>& ga
 
 std::string in_testo(const TabellaLetta& letta, const Garanzia& garanzia, const Buchi& mancati) {
     const development::Tabella& tabella = letta.lettura.tabella;
-    std::string uscita = letta.file + ": " + righe(tabella.righe.size()) + " di " +
-                         std::to_string(tabella.k) + " su " + std::to_string(tabella.n) +
+    std::string uscita = platform::mostrabile(letta.file) + ": " + righe(tabella.righe.size()) +
+                         " di " + std::to_string(tabella.k) + " su " + std::to_string(tabella.n) +
                          " numeri; " + in_parole(garanzia) + ": ";
     if (mancati.quanti == 0) return uscita + "VALE\n";
     uscita +=
@@ -88,9 +89,9 @@ int un_file(const std::string& file, const Opzioni& opzioni, std::string& uscita
 }  // namespace
 
 int verifica(const std::vector<std::string>& parole) {
-    const Opzioni opzioni = leggi_opzioni(parole, true);
-    if (opzioni.errore) {
-        lamenta(*opzioni.errore);
+    const Opzioni opzioni = leggi_opzioni(parole, {"--json", "--garanzia"});
+    if (opzioni.errore || opzioni.file.empty()) {
+        lamenta(opzioni.errore ? *opzioni.errore : "manca il nome della tabella");
         return impossibile;
     }
     int codice = riuscito;

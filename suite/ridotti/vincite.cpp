@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "comune.h"
+#include "platform/codepage.h"
 #include "platform/disk.h"
 
 namespace ridotti {
@@ -84,8 +85,8 @@ std::string in_testo(const Vincite& v) {
 std::string in_testo(const TabellaLetta& letta, const std::vector<Vincite>& tutte,
                      const std::vector<Provata>& provate) {
     const Tabella& tabella = letta.lettura.tabella;
-    std::string uscita = letta.file + ": " + righe(tabella.righe.size()) + " di " +
-                         std::to_string(tabella.k) + " su " + std::to_string(tabella.n) +
+    std::string uscita = platform::mostrabile(letta.file) + ": " + righe(tabella.righe.size()) +
+                         " di " + std::to_string(tabella.k) + " su " + std::to_string(tabella.n) +
                          " numeri\n\n";
     if (!provate.empty()) {
         uscita += "Garanzie senza eccezioni:\n";
@@ -132,9 +133,11 @@ std::string in_json(const TabellaLetta& letta, const std::vector<Vincite>& tutte
 }  // namespace
 
 int vincite(const std::vector<std::string>& parole) {
-    const Opzioni opzioni = leggi_opzioni(parole, false);
-    if (opzioni.errore || opzioni.file.size() > 1) {
-        lamenta(opzioni.errore ? *opzioni.errore : "vincite vuole una sola tabella");
+    const Opzioni opzioni = leggi_opzioni(parole, {"--json"});
+    if (opzioni.errore || opzioni.file.size() != 1) {
+        lamenta(opzioni.errore         ? *opzioni.errore
+                : opzioni.file.empty() ? "manca il nome della tabella"
+                                       : "vincite vuole una sola tabella");
         return impossibile;
     }
     const TabellaLetta letta = leggi_tabella(opzioni.file.front());

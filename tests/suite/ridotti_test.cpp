@@ -84,6 +84,38 @@ TEST_F(Ridotti, integrali_dice_quando_non_puo) {
     EXPECT_EQ(esegui({"integrali"}).codice, 2);
 }
 
+TEST_F(Ridotti, integrali_e_documento_rifiutano_le_opzioni_sconosciute) {
+    const Risposta risposta = esegui({"integrali", "--x"});
+    EXPECT_EQ(risposta.codice, 2);
+    EXPECT_EQ(risposta.errori, "ridotti: opzione sconosciuta: --x\n");
+    EXPECT_FALSE(std::filesystem::exists("--x"));
+    EXPECT_EQ(esegui({"integrali", "--json", cartella_.file("y")}).codice, 2);
+    EXPECT_FALSE(cartella_.esiste("y"));
+    EXPECT_EQ(esegui({"documento", "--x", "a", "b"}).errori, risposta.errori);
+    EXPECT_EQ(esegui({"vincite", "--guida", "a"}).codice, 2);
+}
+
+TEST_F(Ridotti, la_suite_ha_il_comando_accanto_al_programma) {
+    EXPECT_EQ(std::filesystem::path(RIDOTTI).parent_path(), SUITE_DIR "/cruciverba");
+    EXPECT_TRUE(std::filesystem::exists(RIDOTTI));
+}
+
+TEST_F(Ridotti, i_byte_di_controllo_non_arrivano_al_terminale) {
+    const std::string mia = tabella("a\x1b[2J\n.rid", "1,2\n\x1b]0;x\a\n");
+    const Risposta risposta = esegui({"verifica", "--garanzia", "2:2", mia});
+    EXPECT_EQ(risposta.codice, 2);
+    EXPECT_EQ(risposta.errori.find('\x1b'), std::string::npos) << risposta.errori;
+    EXPECT_NE(risposta.errori.find("a\\x1B[2J\\x0A.rid:2:"), std::string::npos) << risposta.errori;
+    const std::string sana = tabella("b\x1b.rid", "1,2\n3,4\n");
+    EXPECT_EQ(esegui({"verifica", "--garanzia", "1:1", sana}).uscita.find('\x1b'),
+              std::string::npos);
+    EXPECT_EQ(esegui({"vincite", sana}).uscita.find('\x1b'), std::string::npos);
+    // JSON has its own way for controls; bytes that are no text become digits.
+    const Risposta json =
+        esegui({"verifica", "--json", "--garanzia", "1:1", tabella("c\x1b\x9b\x7f.rid", "1,2\n")});
+    EXPECT_NE(json.uscita.find("c\\u001b\\\\x9B\\u007f.rid"), std::string::npos) << json.uscita;
+}
+
 TEST_F(Ridotti, la_suite_ha_tutte_le_tabelle) {
     int quante = 0;
     for (const auto& voce : std::filesystem::directory_iterator(SUITE_DIR "/ridotti")) {
