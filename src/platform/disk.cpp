@@ -10,6 +10,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <linux/stat.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/xattr.h>
@@ -39,6 +40,9 @@ int Syscalls::rename(const char* vecchio, const char* nuovo) {
 }
 int Syscalls::unlink(const char* nome) {
     return ::unlink(nome);
+}
+int Syscalls::flock(int fd, int operazione) {
+    return ::flock(fd, operazione);
 }
 
 namespace {

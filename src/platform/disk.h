@@ -21,6 +21,7 @@ public:
     virtual int close(int fd);
     virtual int rename(const char* vecchio, const char* nuovo);
     virtual int unlink(const char* nome);
+    virtual int flock(int fd, int operazione);
 };
 
 /// The calls in force, never null.

@@ -39,11 +39,12 @@ QString scegli_cartella(QWidget* proprietario, const QString& titolo, const QStr
     return esegui(dialogo).value(0);
 }
 
-QStringList scegli_file(QWidget* proprietario, const QString& titolo, const QString& inizio) {
+QStringList scegli_file(QWidget* proprietario, const QString& titolo, const QString& inizio,
+                        const QString& tipi) {
     if (scelta_file_in_forza()) return scelta_file_in_forza()();
     QFileDialog dialogo(proprietario, titolo, inizio);
     dialogo.setFileMode(QFileDialog::ExistingFiles);
-    dialogo.setNameFilter("Tutti i file (*)");
+    dialogo.setNameFilters({tipi, "Tutti i file (*)"});
     return esegui(dialogo);
 }
 

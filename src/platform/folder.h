@@ -14,8 +14,10 @@ namespace platform {
 /// Returns its path, empty when cancelled. Every choice of a folder goes through here.
 QString scegli_cartella(QWidget* proprietario, const QString& titolo, const QString& inizio);
 
-/// Lets the user choose one or more files, in a modal dialog; empty when cancelled.
-QStringList scegli_file(QWidget* proprietario, const QString& titolo, const QString& inizio);
+/// Lets the user choose one or more files, in a modal dialog that shows those of the kinds `tipi`
+/// ("Name (*.a *.b)") first and all on demand; empty when cancelled.
+QStringList scegli_file(QWidget* proprietario, const QString& titolo, const QString& inizio,
+                        const QString& tipi);
 
 /// What answers in place of the dialog for files; an empty one brings it back.
 void scegli_file_con(std::function<QStringList()> scelta);

@@ -8,6 +8,7 @@
 #include "contenuto.h"
 #include "importa.h"
 #include "platform/application.h"
+#include "platform/codepage.h"
 #include "platform/disk.h"
 
 namespace importazione {
@@ -35,7 +36,7 @@ void stampa(std::string_view testo) {
 }
 
 void lamenta(const std::string& testo) {
-    std::fprintf(stderr, "archivio: %s\n", testo.c_str());
+    std::fprintf(stderr, "archivio: %s\n", platform::mostrabile(testo).c_str());
 }
 
 void stampa_righe(const std::vector<std::string>& righe) {
@@ -77,7 +78,8 @@ void avverti_del_jet(const std::string& archivio) {
     if (punto == std::string::npos) return;
     const std::string jet = platform::nome_su_disco(archivio.substr(0, punto) + ".mdb");
     if (platform::esiste_file(jet)) {
-        stampa("Attenzione: finché c'è " + jet + " il programma legge quello.\n");
+        stampa("Attenzione: finché c'è " + platform::mostrabile(jet) +
+               " il programma legge quello.\n");
     }
 }
 
@@ -95,15 +97,20 @@ int importa_file(const Opzioni& o) {
     const Rapporto r =
         importa(o.archivio, o.file, o.sostituisci, terminale ? mostra : Avanzamento());
     if (terminale) std::fputs("\r\033[K", stderr);
-    for (const auto* note : {&r.rifiuti, &r.differenze, &r.errori}) {
-        for (const Nota& nota : *note) std::fprintf(stderr, "%s\n", nota.in_riga().c_str());
-    }
+    const auto elenca = [](const std::vector<Nota>& note, std::int64_t quante) {
+        for (const Nota& nota : note) std::fprintf(stderr, "%s\n", nota.in_riga().c_str());
+        const std::int64_t altre = quante - static_cast<std::int64_t>(note.size());
+        if (altre > 0) std::fprintf(stderr, "... e altre %lld\n", static_cast<long long>(altre));
+    };
+    elenca(r.rifiuti, r.rifiutate());
+    elenca(r.differenze, r.diverse());
+    elenca(r.errori, 0);
     stampa_righe(in_righe(r));
     if (!r.riuscito) return impossibile;
     stampa_righe(stato(r.contenuto));
     avverti_del_jet(o.archivio);
     const bool lasciate = !r.differenze.empty() && !o.sostituisci;
-    return r.rifiuti.empty() && !lasciate ? riuscito : con_riserve;
+    return r.rifiutate() == 0 && !lasciate ? riuscito : con_riserve;
 }
 
 int mostra_stato(const Opzioni& o) {
@@ -112,7 +119,7 @@ int mostra_stato(const Opzioni& o) {
         lamenta(o.archivio + ": " + std::string(platform::Err{errore}.Description()));
         return impossibile;
     }
-    stampa(o.archivio + "\n");
+    stampa(platform::mostrabile(o.archivio) + "\n");
     stampa_righe(stato(c));
     avverti_del_jet(o.archivio);
     return riuscito;

@@ -19,7 +19,18 @@ public:
     explicit Esame(std::vector<std::string>& difetti) : difetti_(difetti) {}
 
     void difetto(const std::string& testo) {
-        if (difetti_.size() < difetti_massimi) difetti_.push_back(testo);
+        if (difetti_.size() < difetti_massimi) {
+            difetti_.push_back(testo);
+        } else {
+            ++taciuti_;
+        }
+    }
+    /// Says how many there are beside those told.
+    void concludi() {
+        if (taciuti_ > 0) {
+            difetti_.push_back(taciuti_ == 1 ? "e un altro difetto"
+                                             : "e altri " + std::to_string(taciuti_) + " difetti");
+        }
     }
     /// Numbers of the columns from `da` on, all different and on the board.
     void numeri(const Tabella& t, std::size_t riga, std::size_t da, std::size_t quanti,
@@ -53,6 +64,7 @@ public:
 
 private:
     std::vector<std::string>& difetti_;
+    std::size_t taciuti_ = 0;
 };
 
 bool ha_colonne(const Tabella& t, std::size_t quante) {
@@ -101,6 +113,7 @@ std::vector<std::string> difetti(const std::string& file) {
             }
         }
     }
+    esame.concludi();
     return trovati;
 }
 

@@ -22,8 +22,6 @@ namespace {
 constexpr int larghezza = 560;
 constexpr int altezza = 420;
 constexpr int margine = 12;
-/// The report shows so many notes; more would hide the summary.
-constexpr std::size_t note_massime = 200;
 
 QStringList locali(const QMimeData* dati) {
     QStringList file;
@@ -33,13 +31,13 @@ QStringList locali(const QMimeData* dati) {
     return file;
 }
 
-void accoda(QStringList& righe, const char* titolo, const std::vector<Nota>& note) {
+void accoda(QStringList& righe, const char* titolo, const std::vector<Nota>& note,
+            std::int64_t quante) {
     if (note.empty()) return;
     righe << QString() << QString::fromUtf8(titolo);
-    for (std::size_t i = 0; i < note.size() && i < note_massime; ++i) righe << q(note[i].in_riga());
-    if (note.size() > note_massime) {
-        righe << QStringLiteral("… e altre %1").arg(note.size() - note_massime);
-    }
+    for (const Nota& nota : note) righe << q(nota.in_riga());
+    const std::int64_t altre = quante - static_cast<std::int64_t>(note.size());
+    if (altre > 0) righe << QStringLiteral("… e altre %1").arg(altre);
 }
 
 }  // namespace
@@ -96,7 +94,8 @@ Finestra::Finestra(std::string archivio) : archivio_(std::move(archivio)) {
     cmdchiudi->setGeometry(larghezza - margine - 100, 384, 100, 28);
     for (QPushButton* b : {cmdscegli, cmdchiudi}) b->setAutoDefault(false);
     connect(cmdscegli, &QPushButton::clicked, this, [this] {
-        importa_file(platform::scegli_file(this, "File delle estrazioni", QDir::homePath()));
+        importa_file(platform::scegli_file(this, "File delle estrazioni", QDir::homePath(),
+                                           "Estrazioni (*.csv *.tsv *.txt *.zip)"));
     });
     connect(cmdchiudi, &QPushButton::clicked, this, &QWidget::close);
     mostra_stato();
@@ -136,9 +135,9 @@ void Finestra::importa_file(const QStringList& file) {
                                });
     QStringList righe;
     for (const std::string& riga : in_righe(r)) righe << q(riga);
-    accoda(righe, "Errori", r.errori);
-    accoda(righe, "Estrazioni diverse da quelle presenti", r.differenze);
-    accoda(righe, "Righe rifiutate", r.rifiuti);
+    accoda(righe, "Errori", r.errori, 0);
+    accoda(righe, "Estrazioni diverse da quelle presenti", r.differenze, r.diverse());
+    accoda(righe, "Righe rifiutate", r.rifiuti, r.rifiutate());
     txtrapporto->setPlainText(righe.join('\n'));
     mostra_stato();
     ProgressBar1->hide();

@@ -1,13 +1,17 @@
 #include "importa.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <fcntl.h>
+#include <numeric>
 #include <sys/file.h>
 #include <unistd.h>
 
 #include "lettura.h"
+#include "platform/codepage.h"
 #include "platform/disk.h"
 #include "platform/runtime.h"
+#include "platform/sqlite.h"
 #include "zip.h"
 
 namespace importazione {
@@ -26,7 +30,9 @@ class Blocco {
 public:
     explicit Blocco(const std::string& cartella)
         : fd_(::open(cartella.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-        preso_ = fd_ >= 0 && ::flock(fd_, LOCK_EX | LOCK_NB) == 0;
+        // Disks of other machines may know no such lock: nobody can be seen there.
+        preso_ = fd_ < 0 || platform::syscalls().flock(fd_, LOCK_EX | LOCK_NB) == 0 ||
+                 errno != EWOULDBLOCK;
     }
     Blocco(const Blocco&) = delete;
     Blocco& operator=(const Blocco&) = delete;
@@ -54,15 +60,22 @@ std::string per_esteso(const Sestina& s) {
     return testo;
 }
 
+/// Keeps the first notes of a kind.
+void annota(std::vector<Nota>& note, Nota nota) {
+    if (note.size() < note_massime) note.push_back(std::move(nota));
+}
+
 class Importazione {
 public:
-    Importazione(Rapporto& rapporto, bool sostituisci)
-        : rapporto_(rapporto), sostituisci_(sostituisci) {}
+    Importazione(Rapporto& rapporto, bool sostituisci, std::function<void()> respiro)
+        : rapporto_(rapporto), sostituisci_(sostituisci), respiro_(std::move(respiro)) {}
 
     void file(const std::string& nome);
 
 private:
-    void testo(const std::string& nome, std::string_view dati);
+    void zip(const std::string& nome, std::string_view dati);
+    /// Takes over what a text holds; empty, or why it holds no draws at all.
+    std::string testo(const std::string& nome, std::string_view dati);
     void lotto(const std::string& nome, const RigaLotto& riga, Portato& portato);
     void superenalotto(const std::string& nome, const RigaSuperEnalotto& riga, Portato& portato);
     void diversa(const std::string& nome, int riga, const std::string& quale,
@@ -73,6 +86,7 @@ private:
 
     Rapporto& rapporto_;
     bool sostituisci_;
+    std::function<void()> respiro_;
 };
 
 void Importazione::file(const std::string& nome) {
@@ -81,37 +95,55 @@ void Importazione::file(const std::string& nome) {
     if (*dimensione > file_massimo) return errore(nome, "il file è troppo grande");
     const auto dati = platform::leggi_tutto(nome, file_massimo);
     if (!dati) return errore(nome, "il file non si può leggere");
-    if (!e_uno_zip(*dati)) return testo(nome, *dati);
-    const auto voci = apri_zip(*dati);
-    if (!voci) return errore(nome, "il file ZIP è danneggiato, cifrato o troppo grande");
-    if (voci->empty()) return errore(nome, "il file ZIP è vuoto");
-    for (const FileZip& voce : *voci) testo(nome + ":" + voce.nome, voce.dati);
+    if (e_uno_zip(*dati)) return zip(nome, *dati);
+    const std::string perche = testo(nome, *dati);
+    if (!perche.empty()) errore(nome, perche);
 }
 
-void Importazione::testo(const std::string& nome, std::string_view dati) {
-    const Lettura lettura = leggi(dati);
+void Importazione::zip(const std::string& nome, std::string_view dati) {
+    const auto voci = apri_zip(dati);
+    if (!voci) return errore(nome, "il file ZIP è danneggiato, cifrato o troppo grande");
+    if (voci->empty()) return errore(nome, "il file ZIP è vuoto");
+    std::vector<Nota> senza;
+    for (const FileZip& voce : *voci) {
+        const std::string intero = nome + ":" + voce.nome;
+        std::string perche = testo(intero, voce.dati);
+        if (!perche.empty()) senza.push_back({intero, 0, std::move(perche)});
+    }
+    // An explanation or a picture beside the draws does no harm.
+    auto& dove = senza.size() < voci->size() ? rapporto_.lasciati : rapporto_.errori;
+    dove.insert(dove.end(), senza.begin(), senza.end());
+}
+
+std::string Importazione::testo(const std::string& nome, std::string_view dati) {
+    const Lettura lettura = leggi(dati, respiro_);
+    if (!lettura.errore.empty()) {
+        errore(nome, lettura.errore);
+        return "";
+    }
     if (!lettura.riconosciuta()) {
         const std::string perche = lettura.rifiuti.empty()
                                        ? std::string()
                                        : " (riga " + std::to_string(lettura.rifiuti[0].riga) +
                                              ": " + lettura.rifiuti[0].motivo + ")";
-        return errore(nome, "non contiene estrazioni del Lotto o del SuperEnalotto" + perche);
+        return "non contiene estrazioni del Lotto o del SuperEnalotto" + perche;
     }
     Portato portato;
     portato.file = nome;
-    portato.rifiutate = static_cast<int>(lettura.rifiuti.size());
-    for (const Rifiuto& r : lettura.rifiuti) rapporto_.rifiuti.push_back({nome, r.riga, r.motivo});
+    portato.rifiutate = lettura.rifiutate;
+    for (const Rifiuto& r : lettura.rifiuti) annota(rapporto_.rifiuti, {nome, r.riga, r.motivo});
     for (const RigaLotto& r : lettura.lotto) lotto(nome, r, portato);
     for (const RigaSuperEnalotto& r : lettura.superenalotto) superenalotto(nome, r, portato);
     rapporto_.portati.push_back(portato);
+    return "";
 }
 
 void Importazione::diversa(const std::string& nome, int riga, const std::string& quale,
                            const std::string& nuova, const std::string& vecchia, Portato& portato) {
     ++portato.diverse;
-    rapporto_.differenze.push_back({nome, riga,
-                                    quale + ": " + nuova + " nel file, " + vecchia +
-                                        " nell'archivio" + (sostituisci_ ? " (sostituita)" : "")});
+    annota(rapporto_.differenze, {nome, riga,
+                                  quale + ": " + nuova + " nel file, " + vecchia +
+                                      " nell'archivio" + (sostituisci_ ? " (sostituita)" : "")});
 }
 
 void Importazione::lotto(const std::string& nome, const RigaLotto& riga, Portato& portato) {
@@ -123,14 +155,13 @@ void Importazione::lotto(const std::string& nome, const RigaLotto& riga, Portato
     }
     GiornoLotto& giorno = c.lotto[riga.data];
     auto& ruota = giorno.ruote[riga.ruota];
-    if (riga.numero) giorno.numero = riga.numero;
-    if (!ruota) {
-        ++portato.nuove;
+    // A draw that stays as it is stored keeps its number too.
+    const bool nuova = !ruota;
+    const bool uguale = ruota == riga.numeri;
+    if (riga.numero && (uguale || sostituisci_ || !giorno.numero)) giorno.numero = riga.numero;
+    if (nuova || uguale) {
+        ++(nuova ? portato.nuove : portato.uguali);
         ruota = riga.numeri;
-        return;
-    }
-    if (*ruota == riga.numeri) {
-        ++portato.uguali;
         return;
     }
     diversa(nome, riga.riga, italiana(riga.data) + " " + std::string(sigle[riga.ruota]),
@@ -152,8 +183,8 @@ void Importazione::superenalotto(const std::string& nome, const RigaSuperEnalott
         ++portato.nuove;
         return;
     }
-    if (riga.sestina.numero) s.numero = riga.sestina.numero;
     if (s.stessa(riga.sestina)) {
+        if (riga.sestina.numero) s.numero = riga.sestina.numero;
         ++portato.uguali;
         return;
     }
@@ -182,7 +213,18 @@ std::string plurale(std::int64_t quante, const char* una, const char* tante) {
 }  // namespace
 
 std::string Nota::in_riga() const {
-    return file + (riga > 0 ? ":" + std::to_string(riga) : std::string()) + ": " + testo;
+    return platform::mostrabile(file) + (riga > 0 ? ":" + std::to_string(riga) : std::string()) +
+           ": " + platform::mostrabile(testo);
+}
+
+std::int64_t Rapporto::rifiutate() const {
+    return std::accumulate(portati.begin(), portati.end(), std::int64_t{0},
+                           [](std::int64_t n, const Portato& p) { return n + p.rifiutate; });
+}
+
+std::int64_t Rapporto::diverse() const {
+    return std::accumulate(portati.begin(), portati.end(), std::int64_t{0},
+                           [](std::int64_t n, const Portato& p) { return n + p.diverse; });
 }
 
 Rapporto importa(const std::string& destinazione, const std::vector<std::string>& file,
@@ -203,11 +245,18 @@ Rapporto importa(const std::string& destinazione, const std::vector<std::string>
         return errore("l'archivio non si legge: " +
                       std::string(platform::Err{letto}.Description()));
     }
+    if (platform::in_uso_altrui(destinazione)) {
+        return errore("un altro programma tiene aperto l'archivio: chiudilo e riprova");
+    }
     rapporto.contenuto = prima;
-    Importazione lavoro(rapporto, sostituisci);
-    for (std::size_t i = 0; i < file.size(); ++i) {
-        if (avanzamento) avanzamento(i, file.size());
-        lavoro.file(file[i]);
+    std::size_t fatti = 0;
+    const auto avanza = [&] {
+        if (avanzamento) avanzamento(fatti, file.size());
+    };
+    Importazione lavoro(rapporto, sostituisci, avanza);
+    for (; fatti < file.size(); ++fatti) {
+        avanza();
+        lavoro.file(file[fatti]);
     }
     for (const auto& [data, giorno] : rapporto.contenuto.lotto) {
         rapporto.incomplete += giorno.completo() ? 0 : 1;
@@ -219,19 +268,24 @@ Rapporto importa(const std::string& destinazione, const std::vector<std::string>
         rapporto.scritto = true;
     }
     rapporto.riuscito = true;
-    if (avanzamento) avanzamento(file.size(), file.size());
+    avanza();
     return rapporto;
 }
 
 std::vector<std::string> in_righe(const Rapporto& r) {
     std::vector<std::string> righe;
     for (const Portato& p : r.portati) {
-        righe.push_back(p.file + ": " + plurale(p.nuove, "riga nuova", "righe nuove") + ", " +
+        if (!r.riuscito) {
+            righe.push_back(platform::mostrabile(p.file) + ": letto, ma non importato");
+            continue;
+        }
+        righe.push_back(platform::mostrabile(p.file) + ": " +
+                        plurale(p.nuove, "riga nuova", "righe nuove") + ", " +
                         plurale(p.uguali, "già presente", "già presenti") + ", " +
                         plurale(p.diverse, "diversa", "diverse") + ", " +
                         plurale(p.rifiutate, "rifiutata", "rifiutate"));
     }
-    if (r.incomplete > 0) {
+    if (r.incomplete > 0 && r.riuscito) {
         righe.push_back(
             plurale(r.incomplete, "estrazione del Lotto ha", "estrazioni del Lotto hanno") +
             " meno di dieci ruote: fuori dall'archivio finché non sono complete");
@@ -240,6 +294,7 @@ std::vector<std::string> in_righe(const Rapporto& r) {
         righe.emplace_back("Niente è stato scritto.");
         return righe;
     }
+    for (const Nota& nota : r.lasciati) righe.push_back("Lasciato da parte: " + nota.in_riga());
     if (r.sostituito_dimostrativo) {
         righe.emplace_back("Le estrazioni dimostrative sono state sostituite.");
     }

@@ -14,18 +14,21 @@ struct Nota {
     std::string file;
     int riga = 0;
     std::string testo;
-    /// "file:line: text"
+    /// "file:line: text", safe to be shown.
     [[nodiscard]] std::string in_riga() const;
 };
 
 /// What one file brought.
 struct Portato {
     std::string file;
-    int nuove = 0;
-    int uguali = 0;
-    int diverse = 0;
-    int rifiutate = 0;
+    std::int64_t nuove = 0;
+    std::int64_t uguali = 0;
+    std::int64_t diverse = 0;
+    std::int64_t rifiutate = 0;
 };
+
+/// A report keeps so many notes of a kind; the counts of the files tell of all.
+inline constexpr std::size_t note_massime = 200;
 
 struct Rapporto {
     bool riuscito = false;
@@ -35,13 +38,18 @@ struct Rapporto {
     /// Draws that the archive holds otherwise: kept as stored, or replaced when that was asked.
     std::vector<Nota> differenze;
     std::vector<Nota> errori;
+    /// Files of a ZIP archive that hold no draws, beside others that do.
+    std::vector<Nota> lasciati;
     /// Lotto days that wait for some of their ten wheels.
     int incomplete = 0;
     bool sostituito_dimostrativo = false;
     Contenuto contenuto;  ///< the archive after the import
+
+    [[nodiscard]] std::int64_t rifiutate() const;
+    [[nodiscard]] std::int64_t diverse() const;
 };
 
-/// Called before each file and at the end, with the files done so far.
+/// Called before each file, now and then within it, and at the end, with the files done so far.
 using Avanzamento = std::function<void(std::size_t fatti, std::size_t tutti)>;
 
 /// Imports `file` into the archive `destinazione`, which is made when it is not there. On any

@@ -1,10 +1,12 @@
 // Files of draws, taken apart line by line: what they are is told by what they hold.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "campi.h"
 #include "contenuto.h"
 
 namespace importazione {
@@ -30,19 +32,26 @@ struct Rifiuto {
     std::string motivo;
 };
 
+/// More would only repeat what is wrong; the others are counted.
+inline constexpr std::size_t rifiuti_tenuti = 200;
+/// A file with more lines refused is given up, and so is one with more lines at all.
+inline constexpr std::int64_t rifiuti_massimi = 10'000;
+inline constexpr int righe_massime = 1'000'000;
+
 struct Lettura {
     std::vector<RigaLotto> lotto;
     std::vector<RigaSuperEnalotto> superenalotto;
-    std::vector<Rifiuto> rifiuti;
+    std::vector<Rifiuto> rifiuti;  ///< the first of them, by their lines
+    std::int64_t rifiutate = 0;    ///< all of them
+    /// Why the file holds draws that cannot be told with certainty; empty when they can.
+    std::string errore;
     [[nodiscard]] bool riconosciuta() const { return !lotto.empty() || !superenalotto.empty(); }
 };
 
 /// Reads the text of a file: the Lotto history (day, wheel, five numbers), SuperEnalotto draws
 /// (day, six numbers, Jolly, SuperStar), with the number of the draw or without, between tabs,
-/// semicolons or commas.
-Lettura leggi(std::string_view testo);
-
-/// A day as yyyy-mm-dd, yyyy/mm/dd, yyyymmdd or dd/mm/yyyy.
-std::optional<Data> leggi_data(std::string_view testo);
+/// semicolons or commas, in the order of the columns' names where there are any. `respiro` is
+/// called now and then.
+Lettura leggi(std::string_view testo, const std::function<void()>& respiro = {});
 
 }  // namespace importazione

@@ -96,8 +96,9 @@ std::optional<std::vector<FileZip>> apri_zip(std::string_view dati) {
             return std::nullopt;
         const std::size_t nome = numero(dati, voce + 28, 2);
         if (!dentro(dati, voce + lunghezza_indice, nome)) return std::nullopt;
-        FileZip file{std::string(dati.substr(voce + lunghezza_indice, nome)), {}};
-        if (!file.nome.ends_with('/')) {
+        const std::string_view intero = dati.substr(voce + lunghezza_indice, nome);
+        if (!intero.ends_with('/')) {
+            FileZip file{std::string(intero.substr(0, nome_zip_massimo)), {}};
             totale += numero(dati, voce + 24, 4);
             if (totale > voce_zip_massima || !estrai(dati, voce, file)) return std::nullopt;
             esito.push_back(std::move(file));

@@ -16,6 +16,8 @@ struct FileZip {
 
 inline constexpr std::uint32_t voce_zip_massima = std::uint32_t{64} << 20;
 inline constexpr std::size_t voci_zip_massime = 256;
+/// Longer names are cut.
+inline constexpr std::size_t nome_zip_massimo = 255;
 
 /// True when the data begin as a ZIP archive does.
 bool e_uno_zip(std::string_view dati);

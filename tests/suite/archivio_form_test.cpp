@@ -4,8 +4,10 @@
 
 #include <QApplication>
 #include <QDropEvent>
+#include <QFileDialog>
 #include <QMimeData>
 #include <QTest>
+#include <QTimer>
 #include <QUrl>
 
 #include "archivio/contenuto.h"
@@ -82,6 +84,20 @@ TEST_F(FinestraArchivio, ScegliereIFileLiImportaEMostraIlRapporto) {
     EXPECT_EQ(platform::MousePointer(), 0);
 }
 
+TEST_F(FinestraArchivio, LaSceltaMostraPrimaIFileDiEstrazioni) {
+    Finestra f(archivio_);
+    f.show();
+    QStringList tipi;
+    QTimer::singleShot(0, &f, [&tipi] {
+        auto* dialogo = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialogo, nullptr);
+        tipi = dialogo->nameFilters();
+        dialogo->reject();
+    });
+    QTest::mouseClick(f.cmdscegli, Qt::LeftButton);
+    EXPECT_EQ(tipi, (QStringList{"Estrazioni (*.csv *.tsv *.txt *.zip)", "Tutti i file (*)"}));
+}
+
 TEST_F(FinestraArchivio, AnnullareLaSceltaNonFaNulla) {
     platform::scegli_file_con([] { return QStringList(); });
     Finestra f(archivio_);
@@ -95,7 +111,7 @@ TEST_F(FinestraArchivio, TrascinareIFileLiImporta) {
     Finestra f(archivio_);
     f.show();
     trascina(f,
-             {scrivi("a.csv", una_sestina), scrivi("b.csv", "1997-12-06,2,4,25,29,30,52,24,\n")});
+             {scrivi("a.csv", una_sestina), scrivi("b.csv", "1997-12-06,32,4,25,29,30,52,24,\n")});
     EXPECT_TRUE(f.lblstato->text().startsWith("SuperEnalotto: 2 estrazioni"));
 }
 

@@ -183,7 +183,7 @@ TEST_F(ArchivioSuite, INumeriDelFileRestanoSoloSeSalgonoConLeDate) {
     porta("100,1997-12-03,20,36,39,41,72,76,88,\n105,1997-12-06,2,4,25,29,30,52,24,\n");
     EXPECT_EQ(concorsi("archivios"), (std::vector<std::string>{"100", "105"}));
     // A later draw without a number makes all of them run from 1.
-    porta("1997-12-10,1,2,14,23,78,88,40\n");
+    porta("1997-12-10,31,2,14,23,78,88,40\n");
     EXPECT_EQ(concorsi("archivios"), (std::vector<std::string>{"1", "2", "3"}));
 }
 
@@ -206,7 +206,8 @@ TEST_F(ArchivioSuite, UnEstrazionePiuVecchiaRinumeraLeAltre) {
 }
 
 TEST_F(ArchivioSuite, LeRigheRifiutateSiRiportanoELeAltreEntrano) {
-    const Rapporto r = porta("1997-12-03,20,36,39,41,72,76,88,5\n1997-12-06,2,2,25,29,30,52,24,\n");
+    const Rapporto r =
+        porta("1997-12-03,20,36,39,41,72,76,88,5\n1997-12-06,32,4,25,29,30,30,24,\n");
     EXPECT_TRUE(r.scritto);
     ASSERT_EQ(r.rifiuti.size(), 1U);
     EXPECT_EQ(r.rifiuti[0].in_riga(),
@@ -241,7 +242,7 @@ TEST_F(ArchivioSuite, UnDiscoCheRifiutaLaScritturaLasciaLArchivioDiPrima) {
         }
     } guasto;
     platform::cambia_syscalls(&guasto);
-    const Rapporto r = porta("1997-12-06,2,4,25,29,30,52,24,\n");
+    const Rapporto r = porta("1997-12-06,32,4,25,29,30,52,24,\n");
     platform::cambia_syscalls(nullptr);
     EXPECT_FALSE(r.riuscito);
     EXPECT_EQ(r.errori.at(0).testo, "l'archivio non si può scrivere");
