@@ -273,6 +273,7 @@ void Form1::crea_importo() {
     UpDown2 = new platform::UpDown(Frame6);
     UpDown2->setObjectName("UpDown2");
     UpDown2->setAccessibleName(tr("Numero di quote"));
+    UpDown2->setToolTip(UpDown2->accessibleName());
     UpDown2->setGeometry(392, 10, 20, 24);
     etichetta(tr("Importo di una quota"), {456, 10, 130, 24}, Frame6)->setProperty("titolo", true);
     lblquote = valore("lblquote", {590, 10, 108, 24}, Frame6, destra);

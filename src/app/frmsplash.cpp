@@ -47,7 +47,8 @@ frmSplash::frmSplash(std::function<void()> carica, std::function<void()> mostra)
     Command1->hide();
     for (platform::Image* immagine : {Image1_0, Image1_1}) {
         immagine->setFocusPolicy(Qt::NoFocus);
-        immagine->setAccessibleName("Avvia Tabellino");
+        immagine->setToolTip("Avvia Tabellino");
+        immagine->setAccessibleName(immagine->toolTip());
         connect(immagine, &QAbstractButton::clicked, this, &frmSplash::Command1_Click);
     }
     connect(Command1, &QPushButton::clicked, this, &frmSplash::Command1_Click);

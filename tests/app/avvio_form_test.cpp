@@ -52,6 +52,15 @@ struct Partenza {
 
 }  // namespace
 
+TEST(Splash, LeSueImmaginiDiconoACheServeUnClic) {
+    const Partenza p;
+    for (const platform::Image* i : {p.splash->Image1_0, p.splash->Image1_1}) {
+        EXPECT_EQ(i->toolTip(), "Avvia Tabellino");
+        EXPECT_EQ(i->accessibleName(), i->toolTip());
+    }
+    EXPECT_EQ(p.form1.UpDown2->toolTip(), "Numero di quote");
+}
+
 TEST(Splash, MostraLaVersioneENascondeStart) {
     const std::array<int, 3> prima = {platform::App().Major, platform::App().Minor,
                                       platform::App().Revision};
