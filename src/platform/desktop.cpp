@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
+#include <QProcess>
 #include <QPushButton>
 #include <QScreen>
 #include <QStandardPaths>
@@ -34,11 +35,19 @@ std::function<bool(const QString&)>& apritore_in_forza() {
 int puntatore = 0;
 int lavori = 0;
 QPointer<QWidget> bloccata;
+QPointer<const QWidget> ascoltato_in_forza;
+
+/// The one control that is heard during a long job, and the window through which it hears.
+bool in_ascolto(const QObject* oggetto) {
+    if (!ascoltato_in_forza || !ascoltato_in_forza->isVisible()) return false;
+    return oggetto == ascoltato_in_forza || oggetto == ascoltato_in_forza->window()->windowHandle();
+}
 
 /// Swallows input while a long job runs.
 class Filtro : public QObject {
 public:
     bool eventFilter(QObject* oggetto, QEvent* evento) override {
+        if (in_ascolto(oggetto)) return QObject::eventFilter(oggetto, evento);
         switch (evento->type()) {
             case QEvent::MouseButtonPress:
             case QEvent::MouseButtonRelease:
@@ -99,6 +108,7 @@ int MsgBox(QWidget* padre, const Messaggio& messaggio) {
     }
     if (messaggio.pulsanti == Pulsanti::ok) {
         box.setStandardButtons(QMessageBox::Ok);
+        box.setEscapeButton(QMessageBox::Ok);
     } else {
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         if (messaggio.pulsanti == Pulsanti::si_no_annulla) {
@@ -108,6 +118,11 @@ int MsgBox(QWidget* padre, const Messaggio& messaggio) {
         box.button(QMessageBox::No)->setText(QStringLiteral("&No"));
         box.setDefaultButton(QMessageBox::Yes);
     }
+    QList<QAbstractButton*> altri;
+    for (const QString& testo : messaggio.altri) {
+        altri << box.addButton(testo, QMessageBox::ActionRole);
+    }
+    if (!altri.isEmpty()) box.setDefaultButton(qobject_cast<QPushButton*>(altri.first()));
     if (const QScreen* schermo = QGuiApplication::primaryScreen(); !sopra && schermo != nullptr) {
         box.adjustSize();
         box.move(schermo->availableGeometry().center() - box.rect().center());
@@ -117,6 +132,8 @@ int MsgBox(QWidget* padre, const Messaggio& messaggio) {
     const int risposta = box.exec();
     if (LavoroLungo::in_corso()) qApp->installEventFilter(&filtro());
     MousePointer(prima);
+    const qsizetype altro = altri.indexOf(box.clickedButton());
+    if (altro >= 0) return vbAltri + static_cast<int>(altro);
     switch (risposta) {
         case QMessageBox::Yes:
             return vbYes;
@@ -175,16 +192,28 @@ void LockWindowUpdate(QWidget* finestra) {
     bloccata = finestra;
 }
 
-LavoroLungo::LavoroLungo() {
+LavoroLungo::LavoroLungo(const QWidget* ascoltato) {
+    if (ascoltato != nullptr) ascoltato_in_forza = ascoltato;
     if (lavori++ == 0) qApp->installEventFilter(&filtro());
 }
 
 LavoroLungo::~LavoroLungo() {
-    if (--lavori == 0) qApp->removeEventFilter(&filtro());
+    if (--lavori > 0) return;
+    qApp->removeEventFilter(&filtro());
+    ascoltato_in_forza.clear();
 }
 
 bool LavoroLungo::in_corso() {
     return lavori > 0;
+}
+
+bool nessuno_apre(const QString& mime) {
+    if (apritore_in_forza()) return false;
+    constexpr int attesa = 3000;
+    QProcess domanda;
+    domanda.start("xdg-mime", {"query", "default", mime}, QIODevice::ReadOnly);
+    return domanda.waitForFinished(attesa) && domanda.exitCode() == 0 &&
+           domanda.readAllStandardOutput().trimmed().isEmpty();
 }
 
 bool apri_documento(const QString& documento) {

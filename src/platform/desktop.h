@@ -4,6 +4,7 @@
 #include <functional>
 
 #include <QString>
+#include <QStringList>
 
 class QWidget;
 
@@ -14,6 +15,8 @@ inline constexpr int vbOK = 1;
 inline constexpr int vbCancel = 2;
 inline constexpr int vbYes = 6;
 inline constexpr int vbNo = 7;
+/// That of the first of a box's own buttons; the others count on from it.
+inline constexpr int vbAltri = 100;
 
 enum class Pulsanti { ok, si_no, si_no_annulla };
 enum class Icona { nessuna, informazione };
@@ -23,6 +26,8 @@ struct Messaggio {
     Pulsanti pulsanti = Pulsanti::ok;
     QString titolo;
     Icona icona = Icona::nessuna;
+    /// Captions of buttons of its own, before "OK"; the first is the default.
+    QStringList altri = {};
 };
 
 /// Shows a modal box over `padre` (may be null) and returns the answer. Every box of the program
@@ -44,16 +49,18 @@ int MousePointer();
 void LockWindowUpdate(QWidget* finestra);
 
 /// While one lives, keys and mouse go nowhere, so that nothing re-enters a running job; painting
-/// and the close box work on.
+/// and the close box work on, and the control `ascoltato`, which may end the job.
 class LavoroLungo {
 public:
-    LavoroLungo();
+    explicit LavoroLungo(const QWidget* ascoltato = nullptr);
     ~LavoroLungo();
     LavoroLungo(const LavoroLungo&) = delete;
     LavoroLungo& operator=(const LavoroLungo&) = delete;
     static bool in_corso();
 };
 
+/// True when the desktop knows no program for documents of the type `mime`.
+bool nessuno_apre(const QString& mime);
 /// Shows a file or an address in the program that the desktop keeps for it; false when there is
 /// none.
 bool apri_documento(const QString& documento);

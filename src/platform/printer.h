@@ -46,6 +46,8 @@ public:
     /// Number of the page being drawn, from 1.
     [[nodiscard]] int Page() const { return pagina_; }
     void NewPage();
+    /// True when the job is lost already, and drawing on would be for nothing.
+    [[nodiscard]] virtual bool perso() const { return false; }
     /// Ends the job and releases it to the printer; false when it was lost on the way.
     bool EndDoc();
     /// Ends the job without a trace.
@@ -75,6 +77,8 @@ public:
     /// 0 is the default pointer, 11 the hourglass.
     virtual void MousePointer(int valore) = 0;
     virtual void DoEvents() = 0;
+    /// Told now and then how far a long job has come, events run; false gives it up.
+    virtual bool avanza(int /*pagina*/, double /*parte*/) { return true; }
 };
 
 }  // namespace platform

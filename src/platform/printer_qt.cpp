@@ -1,14 +1,18 @@
 #include "platform/printer_qt.h"
 
+#include <algorithm>
+#include <utility>
+
+#include <QIODevice>
+#include <QLibrary>
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPdfWriter>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QSaveFile>
 
 #include "platform/desktop.h"
-#include "platform/disk.h"
+#include "platform/file_nuovo.h"
 
 namespace platform {
 
@@ -20,50 +24,100 @@ constexpr int punti_al_pollice = 72;
 constexpr float millimetri_al_pollice = 25.4F;
 constexpr float largo_a4 = 210;
 constexpr float alto_a4 = 297;
+constexpr int dot_al_punto = 20;
 /// A whole number of dots to the point: sizes in dots are rounded, and a font thus made smaller
 /// would shorten every line.
-constexpr int dot_al_pollice = 20 * punti_al_pollice;
-/// Side of the square in which the font is measured, large enough for its own design units.
-constexpr int lato_misura = 2048;
+constexpr int dot_al_pollice = dot_al_punto * punti_al_pollice;
 
 bool solo_file = false;
 
-QFont carattere_fisso(bool grassetto) {
-    QFont f;
-    f.setFamilies({"Courier New", "Liberation Mono"});
-    f.setStyleHint(QFont::TypeWriter);
-    f.setFixedPitch(true);
-    f.setKerning(false);
-    // Hinted advances are whole device dots, and the column would drift with every letter.
-    f.setHintingPreference(QFont::PreferNoHinting);
-    f.setBold(grassetto);
-    return f;
+std::function<std::unique_ptr<QPrinter>()>& fabbrica_in_forza() {
+    static std::function<std::unique_ptr<QPrinter>()> fabbrica;
+    return fabbrica;
 }
 
-QFontMetricsF misura(bool grassetto) {
-    QFont f = carattere_fisso(grassetto);
-    f.setPixelSize(lato_misura);
-    return QFontMetricsF(f);
+/// The printer that jobs go to; null when they go into a file.
+std::unique_ptr<QPrinter> stampante_del_sistema() {
+    if (fabbrica_in_forza()) return fabbrica_in_forza()();
+    if (solo_file) return nullptr;
+    const QPrinterInfo predefinita = QPrinterInfo::defaultPrinter();
+    if (predefinita.isNull()) return nullptr;
+    return std::make_unique<QPrinter>(predefinita, QPrinter::HighResolution);
 }
 
-/// Units of a length measured in the design square.
-float unita(qreal misurato, float corpo, int unita_al_pollice) {
-    return static_cast<float>(misurato) * corpo * static_cast<float>(unita_al_pollice) /
-           static_cast<float>(lato_misura * punti_al_pollice);
+/// What the print server said of the last job, which Qt does not pass on; empty when it took it,
+/// or when there is none.
+QString rifiuto_del_server() {
+    constexpr int primo_errore = 0x400;
+    const auto stato = reinterpret_cast<int (*)()>(QLibrary::resolve("cups", 2, "cupsLastError"));
+    const auto testo =
+        reinterpret_cast<const char* (*)()>(QLibrary::resolve("cups", 2, "cupsLastErrorString"));
+    if (stato == nullptr || testo == nullptr || stato() < primo_errore) return {};
+    const char* detto = testo();
+    return detto != nullptr ? QString::fromUtf8(detto) : QString();
+}
+
+/// Units of a length in ems.
+float unita(double em, float corpo, int unita_al_pollice) {
+    return static_cast<float>(em) * corpo * static_cast<float>(unita_al_pollice) / punti_al_pollice;
 }
 
 QString testo_qt(std::string_view testo) {
     return QString::fromUtf8(testo.data(), static_cast<qsizetype>(testo.size()));
 }
 
+QPageLayout foglio_intero() {
+    return {QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF()};
+}
+
 }  // namespace
+
+/// The PDF on its way to the disk.
+class PrinterQt::FilePdf : public QIODevice {
+public:
+    explicit FilePdf(const QString& nome) : file_(s(nome)) { QIODevice::open(WriteOnly); }
+    [[nodiscard]] bool isSequential() const override { return true; }
+    [[nodiscard]] bool riuscito() const { return file_.esito() == Esito::ok; }
+    bool pubblica() { return file_.pubblica() == Esito::ok; }
+    [[nodiscard]] QString motivo() const {
+        return riuscito() ? QString() : q(perche_non_si_scrive(file_.nome(), file_.esito()));
+    }
+
+protected:
+    qint64 readData(char* /*dati*/, qint64 /*quanti*/) override { return -1; }
+    qint64 writeData(const char* dati, qint64 quanti) override {
+        file_.scrivi({dati, static_cast<std::size_t>(quanti)});
+        return quanti;
+    }
+
+private:
+    FileNuovo file_;
+};
 
 void stampa_solo_su_file(bool solo) {
     solo_file = solo;
 }
 
+void stampa_su(std::function<std::unique_ptr<QPrinter>()> fabbrica) {
+    fabbrica_in_forza() = std::move(fabbrica);
+}
+
+QTransform dentro_il_foglio(const QPageLayout& foglio, int dot) {
+    QPageLayout misure = foglio;
+    misure.setUnits(QPageLayout::Millimeter);
+    const QMarginsF bordi = misure.minimumMargins();
+    const QRectF spazio = misure.fullRect().marginsRemoved(bordi);
+    const qreal scala = std::min({1.0, spazio.width() / largo_a4, spazio.height() / alto_a4});
+    if (scala <= 0 || scala == 1) return {};
+    const qreal dot_al_millimetro = dot / static_cast<qreal>(millimetri_al_pollice);
+    const qreal x = spazio.left() + (spazio.width() - largo_a4 * scala) / 2;
+    const qreal y = spazio.top() + (spazio.height() - alto_a4 * scala) / 2;
+    return QTransform::fromTranslate(x * dot_al_millimetro, y * dot_al_millimetro)
+        .scale(scala, scala);
+}
+
 PrinterQt::PrinterQt(const QString& titolo, const QString& pdf)
-    : titolo_(titolo), pdf_(pdf), metriche_{misura(false), misura(true)} {}
+    : titolo_(titolo), pdf_(pdf), caratteri_{CarattereStampa(false), CarattereStampa(true)} {}
 
 PrinterQt::~PrinterQt() {
     PrinterQt::scarta();
@@ -77,43 +131,58 @@ float PrinterQt::ScaleHeight() const {
     return alto_a4 / millimetri_al_pollice * unita_al_pollice_y;
 }
 
-const QFontMetricsF& PrinterQt::metrica() const {
-    return metriche_[FontBold ? 1 : 0];
+const CarattereStampa& PrinterQt::carattere() const {
+    return caratteri_[FontBold ? 1 : 0];
 }
 
 float PrinterQt::TextWidth(std::string_view testo) const {
-    return unita(metrica().horizontalAdvance(testo_qt(testo)), FontSize, unita_al_pollice_x);
+    return unita(carattere().larghezza(testo), FontSize, unita_al_pollice_x);
 }
 
 float PrinterQt::TextHeight(std::string_view /*testo*/) const {
-    const QFontMetricsF& m = metrica();
-    return unita(m.ascent() + m.descent(), FontSize, unita_al_pollice_y);
+    return unita(carattere().altezza(), FontSize, unita_al_pollice_y);
+}
+
+bool PrinterQt::perso() const {
+    return foglio_ != nullptr && (!pittore_.isActive() || (file_ != nullptr && !file_->riuscito()));
+}
+
+void PrinterQt::inizia_file() {
+    file_ = std::make_unique<FilePdf>(pdf_);
+    auto pdf = std::make_unique<QPdfWriter>(file_.get());
+    pdf->setTitle(titolo_);
+    pdf->setCreator("Tabellino");
+    pdf->setResolution(dot_al_pollice);
+    pdf->setPageLayout(foglio_intero());
+    foglio_ = std::move(pdf);
+    const std::string nome = nome_su_disco(s(pdf_));
+    esito_.file = q(nome);
+    esito_.altro_prima = esiste_file(nome);
+}
+
+void PrinterQt::inizia_carta(std::unique_ptr<QPrinter> carta) {
+    carta->setResolution(dot_al_pollice);
+    carta->setFullPage(true);
+    carta->setPageSize(foglio_intero().pageSize());
+    carta->setPageOrientation(QPageLayout::Portrait);
+    carta->setDocName(titolo_);
+    carta->setCreator("Tabellino");
+    stampante_ = carta.get();
+    foglio_ = std::move(carta);
+    esito_.stampante = stampante_->printerName();
 }
 
 void PrinterQt::inizia_lavoro() {
-    const QPrinterInfo predefinita = solo_file ? QPrinterInfo() : QPrinterInfo::defaultPrinter();
-    const QPageLayout intero(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF());
-    if (predefinita.isNull()) {
-        file_ = std::make_unique<QSaveFile>(q(nome_su_disco(s(pdf_))));
-        if (!file_->open(QIODevice::WriteOnly)) return;
-        auto pdf = std::make_unique<QPdfWriter>(file_.get());
-        pdf->setTitle(titolo_);
-        pdf->setCreator("Tabellino");
-        pdf->setResolution(dot_al_pollice);
-        pdf->setPageLayout(intero);
-        foglio_ = std::move(pdf);
+    esito_ = {};
+    if (auto carta = stampante_del_sistema()) {
+        inizia_carta(std::move(carta));
     } else {
-        auto carta = std::make_unique<QPrinter>(predefinita, QPrinter::HighResolution);
-        carta->setResolution(dot_al_pollice);
-        carta->setFullPage(true);
-        carta->setPageSize(intero.pageSize());
-        carta->setPageOrientation(QPageLayout::Portrait);
-        carta->setDocName(titolo_);
-        carta->setCreator("Tabellino");
-        stampante_ = carta.get();
-        foglio_ = std::move(carta);
+        inizia_file();
     }
-    pittore_.begin(foglio_.get());
+    if (!pittore_.begin(foglio_.get())) return;
+    if (stampante_ != nullptr) {
+        pittore_.setTransform(dentro_il_foglio(stampante_->pageLayout(), dot_al_pollice));
+    }
     in_uso_.reset();
 }
 
@@ -121,6 +190,7 @@ void PrinterQt::inizia_pagina() {
     if (foglio_ == nullptr) {
         inizia_lavoro();
     } else if (pittore_.isActive()) {
+        disegna_scritture();
         foglio_->newPage();
     }
 }
@@ -131,24 +201,39 @@ QPointF PrinterQt::punto(float x, float y) const {
 }
 
 void PrinterQt::prepara_carattere() {
-    // A listing has hundreds of thousands of texts in one font: looking it up for each would take
-    // most of the job's time.
     const Carattere voluto{FontSize, FontBold, FontItalic};
     if (in_uso_ == voluto) return;
+    disegna_scritture();
     in_uso_ = voluto;
-    QFont f = carattere_fisso(FontBold);
+    QFont f = CarattereStampa::carattere(FontBold);
     f.setItalic(FontItalic);
-    f.setPointSizeF(FontSize);
+    f.setPixelSize(std::max(1, qRound(FontSize * dot_al_punto)));
+    scrittura_.cambia(f);
     pittore_.setFont(f);
+}
+
+void PrinterQt::disegna_scritture() {
+    if (!pittore_.isActive()) return;
+    pittore_.setPen(Qt::black);
+    scrittura_.disegna(pittore_);
 }
 
 void PrinterQt::disegna_testo(float x, float y, std::string_view testo) {
     // A grid from a file may be too large for a font to be left for its numbers.
     if (!pittore_.isActive() || FontSize <= 0) return;
     prepara_carattere();
-    pittore_.setPen(Qt::black);
-    const float base = y + unita(metrica().ascent(), FontSize, unita_al_pollice_y);
-    pittore_.drawText(punto(x, base), testo_qt(testo));
+    const float base = y + unita(carattere().ascendente(), FontSize, unita_al_pollice_y);
+    QPointF dove = punto(x, base);
+    if (!testo_semplice(testo)) {
+        disegna_scritture();
+        pittore_.drawText(dove, testo_qt(testo));
+        return;
+    }
+    for (const char lettera : testo) {
+        // On whole dots, which are too small to be seen, a page takes half the room.
+        scrittura_.aggiungi(lettera, dove.toPoint());
+        dove.rx() += carattere().larghezza(lettera) * FontSize * dot_al_punto;
+    }
 }
 
 void PrinterQt::prepara_penna() {
@@ -172,19 +257,27 @@ void PrinterQt::disegna_riquadro(float x1, float y1, float x2, float y2) {
 }
 
 bool PrinterQt::concludi() {
-    bool riuscito = pittore_.isActive() && pittore_.end();
-    if (stampante_ != nullptr) riuscito = riuscito && stampante_->printerState() != QPrinter::Error;
-    if (file_ != nullptr) riuscito = riuscito && file_->commit();
-    const bool da_mostrare = riuscito && file_ != nullptr;
+    disegna_scritture();
+    const bool disegnato = pittore_.isActive() && pittore_.end();
+    if (file_ != nullptr) {
+        if (disegnato) file_->pubblica();
+        esito_.motivo = file_->motivo();
+    } else if (stampante_ != nullptr) {
+        if (!disegnato || stampante_->printerState() == QPrinter::Error) {
+            esito_.motivo = "la stampante non risponde";
+        } else if (stampante_->outputFileName().isEmpty()) {
+            esito_.motivo = rifiuto_del_server();
+        }
+    }
     scarta();
-    if (da_mostrare) apri_documento(q(nome_su_disco(s(pdf_))));
-    return riuscito;
+    return disegnato && esito_.motivo.isEmpty();
 }
 
 void PrinterQt::scarta() {
+    if (file_ != nullptr) esito_.motivo = file_->motivo();
     if (stampante_ != nullptr && pittore_.isActive()) stampante_->abort();
-    if (file_ != nullptr) file_->cancelWriting();
     if (pittore_.isActive()) pittore_.end();
+    scrittura_ = {};
     stampante_ = nullptr;
     foglio_.reset();
     file_.reset();

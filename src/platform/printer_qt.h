@@ -2,23 +2,35 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <optional>
 
-#include <QFontMetricsF>
 #include <QPainter>
 #include <QString>
 
+#include "platform/carattere_stampa.h"
 #include "platform/printer.h"
 
+class QPageLayout;
 class QPagedPaintDevice;
 class QPrinter;
-class QSaveFile;
 
 namespace platform {
 
+/// Where a job went, and how it ended.
+struct EsitoStampa {
+    QString file;       ///< of the PDF; empty on paper
+    QString stampante;  ///< empty for a file
+    /// An older PDF stood there. It gave way to the new one, or stayed as it was when that was
+    /// lost.
+    bool altro_prima = false;
+    QString motivo;  ///< why the job was lost; empty when it was not
+};
+
 /// One job on the system's default printer; when there is none, into the file `pdf`, which is
-/// replaced when the job ends and then shown by the desktop. The page is the whole A4 sheet.
+/// replaced when the job ends. The page is the whole A4 sheet, made smaller for a printer that
+/// cannot reach its edges.
 class PrinterQt : public Printer {
 public:
     PrinterQt(const QString& titolo, const QString& pdf);
@@ -28,6 +40,10 @@ public:
     [[nodiscard]] float ScaleHeight() const override;
     [[nodiscard]] float TextWidth(std::string_view testo) const override;
     [[nodiscard]] float TextHeight(std::string_view testo) const override;
+    [[nodiscard]] bool perso() const override;
+
+    /// Of the job that began last.
+    [[nodiscard]] const EsitoStampa& esito() const { return esito_; }
 
 protected:
     void inizia_pagina() override;
@@ -38,15 +54,21 @@ protected:
     void scarta() override;
 
 private:
+    class FilePdf;
+
     void inizia_lavoro();
+    void inizia_file();
+    void inizia_carta(std::unique_ptr<QPrinter> carta);
     [[nodiscard]] QPointF punto(float x, float y) const;
+    [[nodiscard]] const CarattereStampa& carattere() const;
     void prepara_carattere();
-    [[nodiscard]] const QFontMetricsF& metrica() const;
+    void disegna_scritture();
     void prepara_penna();
 
     QString titolo_;
     QString pdf_;
-    std::unique_ptr<QSaveFile> file_;
+    EsitoStampa esito_;
+    std::unique_ptr<FilePdf> file_;
     std::unique_ptr<QPagedPaintDevice> foglio_;
     QPrinter* stampante_ = nullptr;
     QPainter pittore_;
@@ -58,10 +80,17 @@ private:
         bool operator==(const Carattere&) const = default;
     };
     std::optional<Carattere> in_uso_;
-    std::array<QFontMetricsF, 2> metriche_;
+    Scrittura scrittura_;
+    std::array<CarattereStampa, 2> caratteri_;
 };
 
 /// With true no job goes to paper, whatever printers the machine has.
 void stampa_solo_su_file(bool solo);
+/// Puts the printers that `fabbrica` makes in place of the machine's; an empty one brings them
+/// back.
+void stampa_su(std::function<std::unique_ptr<QPrinter>()> fabbrica);
+/// From the whole A4 page to a sheet of that layout, in dots: the same, or smaller all over where
+/// the sheet can be printed on.
+[[nodiscard]] QTransform dentro_il_foglio(const QPageLayout& foglio, int dot_al_pollice);
 
 }  // namespace platform

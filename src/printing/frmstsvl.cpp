@@ -9,27 +9,16 @@
 #include "platform/application.h"
 #include "platform/desktop.h"
 #include "platform/disk.h"
-#include "platform/printer_qt.h"
+#include "platform/file_nuovo.h"
 #include "platform/shell.h"
 #include "platform/text_file.h"
 #include "printing/intervallo.h"
-#include "printing/listati.h"
 
 namespace printing {
 
 using platform::App;
 using platform::q;
 using platform::s;
-
-namespace {
-
-class SchermoQt : public platform::Screen {
-public:
-    void MousePointer(int valore) override { platform::MousePointer(valore); }
-    void DoEvents() override { platform::DoEvents(); }
-};
-
-}  // namespace
 
 frmstsvl::frmstsvl(app::Form1& form1) : QDialog(&form1), form1_(form1) {
     setObjectName("frmstsvl");
@@ -40,16 +29,19 @@ frmstsvl::frmstsvl(app::Form1& form1) : QDialog(&form1), form1_(form1) {
     crea_intervallo();
     crea_pulsanti();
     crea_invio();
+    crea_lavoro();
     ordine_tastiera();
     connect(Command1, &QPushButton::clicked, this, &QDialog::close);
     connect(Command2, &QPushButton::clicked, this, &frmstsvl::Command2_Click);
     connect(Command3, &QPushButton::clicked, this, &QDialog::close);
     connect(cmdstampa, &QPushButton::clicked, this, &frmstsvl::cmdstampa_Click);
+    connect(cmdferma, &QPushButton::clicked, this, &frmstsvl::ferma);
     Form_Load();
 }
 
 void frmstsvl::Form_Load() {
     centra();
+    Option1[0]->setChecked(true);
     txtdalla[0]->setText("1");
     form1_.MSFlexGrid2->cella(4, 3);
     const QString totale = q(totale_senza_punti(s(form1_.MSFlexGrid2->Text())));
@@ -98,12 +90,15 @@ QString frmstsvl::nome() const {
     return platform::Tag(&form1_);
 }
 
-void frmstsvl::messaggio(const QString& testo, const QString& titolo, bool informazione) {
+int frmstsvl::messaggio(const QString& testo, const QString& titolo, bool informazione,
+                        const QStringList& altri) {
+    const QPointer<frmstsvl> ancora(this);
     in_messaggio_ = true;
-    platform::MsgBox(this,
-                     {testo, platform::Pulsanti::ok, titolo,
-                      informazione ? platform::Icona::informazione : platform::Icona::nessuna});
-    in_messaggio_ = false;
+    const int risposta = platform::MsgBox(
+        this, {testo, platform::Pulsanti::ok, titolo,
+               informazione ? platform::Icona::informazione : platform::Icona::nessuna, altri});
+    if (ancora) in_messaggio_ = false;
+    return risposta;
 }
 
 void frmstsvl::non_stampabile() {
@@ -171,20 +166,6 @@ Prospetto frmstsvl::prospetto_a_schermo() {
     return p;
 }
 
-bool frmstsvl::prospetto() {
-    platform::PrinterQt printer(nome(), q(App().file(s(nome()) + "-prospetto.pdf")));
-    SchermoQt schermo;
-    return stampa_prospetto(printer, schermo, prospetto_a_schermo());
-}
-
-bool frmstsvl::stampa_sviluppo(crossword::Gioco gioco) {
-    platform::PrinterQt printer(nome(), q(App().file(s(nome()) + "-sviluppo.pdf")));
-    SchermoQt schermo;
-    const Sviluppo da_stampare{testata(), App().Path, s(nome()), form1_.forma()};
-    return gioco.e_lotto() ? stampa_sviluppo_lotto(printer, schermo, da_stampare)
-                           : stampa_sviluppo_superenalotto(printer, schermo, da_stampare);
-}
-
 bool frmstsvl::manca_lo_sviluppo() const {
     bool esiste = false;
     form1_.controlo_colonne(nome(), esiste);
@@ -218,7 +199,13 @@ bool frmstsvl::schedine() {
     }
     const std::string riga =
         platform::Record().scrivi("cruciverba").scrivi(s(form1_.lblsistema->text())).testo();
-    if (platform::scrivi(suite + "trans", riga) != platform::Esito::ok) return false;
+    const std::string consegna = suite + "trans";
+    if (const auto esito = platform::scrivi(consegna, riga); esito != platform::Esito::ok) {
+        messaggio("Le schedine non sono state stampate.\n\n" + q(consegna) + "\n" +
+                      q(platform::perche_non_si_scrive(consegna, esito)) + ".",
+                  "Tabellino", true);
+        return false;
+    }
     if (platform::Shell(suite + "stampa.exe") == 0) {
         messaggio("Reinstalla Sortivario dal tuo CD-ROM.\r\nFile Danneggiato!", "Sortivario 2004",
                   false);

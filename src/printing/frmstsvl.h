@@ -2,14 +2,17 @@
 #pragma once
 
 #include <array>
+#include <functional>
 
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 
 #include "platform/controls.h"
+#include "platform/printer_qt.h"
 #include "printing/mod_stampa.h"
 #include "printing/prospetto.h"
 
@@ -37,16 +40,31 @@ public:
     QFrame* Picture1 = nullptr;
     QFrame* Picture2 = nullptr;
     std::array<QLabel*, 2> Label1{};
+    /// Over all the rest while a long job runs.
+    QFrame* lavoro = nullptr;
+    QLabel* lblpagina = nullptr;
+    QProgressBar* barra = nullptr;
+    QPushButton* cmdferma = nullptr;
 
 protected:
+    void closeEvent(QCloseEvent* evento) override;
     bool event(QEvent* evento) override;
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
 private:
+    class Schermo;
+    /// A job in the words of its boxes.
+    struct Lavoro {
+        QString nome;          ///< "Il prospetto"
+        QString fine_del_pdf;  ///< added to the system's name
+        QString sorgente;      ///< file that it reads
+    };
+
     void crea_opzioni();
     void crea_intervallo();
     void crea_pulsanti();
     void crea_invio();
+    void crea_lavoro();
     void ordine_tastiera();
     void centra();
 
@@ -66,11 +84,22 @@ private:
     [[nodiscard]] Testata testata() const;
     [[nodiscard]] Prospetto prospetto_a_schermo();
     [[nodiscard]] bool stampa_sviluppo(crossword::Gioco gioco);
-    void messaggio(const QString& testo, const QString& titolo, bool informazione);
+    /// Runs a job to its end and tells the player what came of it; false when nothing came out.
+    [[nodiscard]] bool esegui(
+        const Lavoro& cosa,
+        const std::function<bool(platform::Printer&, platform::Screen&)>& disegna);
+    void mostra_avanzamento(int pagina, double parte);
+    void ferma();
+    void di_fatto(const Lavoro& cosa, const platform::EsitoStampa& esito);
+    void di_perso(const Lavoro& cosa, const platform::EsitoStampa& esito);
+    int messaggio(const QString& testo, const QString& titolo, bool informazione,
+                  const QStringList& altri = {});
 
     app::Form1& form1_;
     bool in_messaggio_ = false;
     bool dal_messaggio_ = false;
+    /// The running job was given up.
+    bool fermato_ = false;
 };
 
 }  // namespace printing

@@ -48,6 +48,12 @@ QFrame* forma(const QString& nome, QRect dove, const QString& specie, QWidget* p
     return f;
 }
 
+/// What a button with a French caption does.
+void di_che_cosa_fa(QPushButton* pulsante, const QString& scopo) {
+    pulsante->setAccessibleName(pulsante->text() + ": " + scopo);
+    pulsante->setToolTip(scopo.left(1).toUpper() + scopo.mid(1));
+}
+
 }  // namespace
 
 void frmstsvl::crea_opzioni() {
@@ -98,6 +104,8 @@ void frmstsvl::crea_pulsanti() {
     Command2->setDefault(true);
     Command3 = pulsante("Command3", "Annulla", {154, y, 104, 30}, Frame2);
     Command1 = pulsante("Command1", "Effacer", {268, y, 104, 30}, Frame2);
+    di_che_cosa_fa(cmdstampa, "stampa subito lo sviluppo del SuperEnalotto");
+    di_che_cosa_fa(Command1, "chiudi senza stampare");
 }
 
 void frmstsvl::crea_invio() {
@@ -115,11 +123,28 @@ void frmstsvl::crea_invio() {
     Picture1->hide();
 }
 
+void frmstsvl::crea_lavoro() {
+    lavoro = platform::posto(new QFrame(Frame2), "lavoro", {0, 0, 384, 196});
+    lavoro->setProperty("forma", "invio");
+    QLabel* titolo = platform::etichetta("Stampa in corso", {32, 40, 200, 20}, lavoro);
+    titolo->setObjectName("lbllavoro");
+    lblpagina = platform::etichetta({}, {232, 40, 120, 20}, lavoro, Qt::AlignRight);
+    lblpagina->setObjectName("lblpagina");
+    barra = platform::posto(new QProgressBar(lavoro), "barra", {32, 68, 320, 14});
+    barra->setAccessibleName("Avanzamento della stampa");
+    barra->setTextVisible(false);
+    barra->setRange(0, 1000);
+    cmdferma = pulsante("cmdferma", "Annulla", {140, 112, 104, 30}, lavoro);
+    cmdferma->setShortcut(Qt::Key_Escape);
+    lavoro->hide();
+}
+
 void frmstsvl::ordine_tastiera() {
-    QWidget* prima = Option1[0];
-    for (QWidget* w : {static_cast<QWidget*>(Option1[1]), static_cast<QWidget*>(Option1[2]),
-                       static_cast<QWidget*>(txtdalla[0]), static_cast<QWidget*>(txtdalla[1]),
-                       static_cast<QWidget*>(cmdstampa), static_cast<QWidget*>(Command2),
+    // The focus comes up on cmdstampa: from there the choices are next, the other buttons last.
+    QWidget* prima = cmdstampa;
+    for (QWidget* w : {static_cast<QWidget*>(Option1[0]), static_cast<QWidget*>(Option1[1]),
+                       static_cast<QWidget*>(Option1[2]), static_cast<QWidget*>(txtdalla[0]),
+                       static_cast<QWidget*>(txtdalla[1]), static_cast<QWidget*>(Command2),
                        static_cast<QWidget*>(Command3), static_cast<QWidget*>(Command1)}) {
         QWidget::setTabOrder(prima, w);
         prima = w;

@@ -39,33 +39,38 @@ std::int32_t righe_del_file(const std::string& nome) {
 
 class Listato {
 public:
-    Listato(Printer& printer, const Testata& testata, const Variante& variante)
-        : r_(printer), testata_(testata), v_(variante) {}
+    Listato(Printer& printer, platform::Screen& screen, const Testata& testata,
+            const Variante& variante)
+        : r_(printer), screen_(screen), testata_(testata), v_(variante) {}
 
     void testa() {
         intestazione(r_, testata_);
         titolo_riquadro(r_, v_.titolo, 16);
         r_.FontSize = 8;
     }
-    /// The bands of the whole file; false when it cannot be read.
+    /// The bands of the whole file; false when it cannot be read, the job is lost or given up.
     bool corpo();
 
 private:
     /// True when there is nothing more to print. A block that reads nothing never comes to the
     /// file's end: such a job ends after as many blocks as the file has lines.
     bool finito() { return file_.eof() || (limite_ >= 0 && blocchi_ >= limite_); }
+    /// Part of the file that is printed, to 1.
+    [[nodiscard]] double parte() const;
     /// False when the file ended inside the band.
     bool banda();
     bool blocco(int quale, float y);
     std::string riga();
 
     Printer& r_;
+    platform::Screen& screen_;
     const Testata& testata_;
     const Variante& v_;
     TextReader file_;
     std::array<std::int16_t, 6> numeri_{};
     std::int32_t blocchi_ = 0;
     std::int32_t limite_ = -1;
+    double lungo_ = 0;  ///< bytes of the file
     float x0_ = 0;
 };
 
@@ -105,15 +110,22 @@ bool Listato::banda() {
     return true;
 }
 
+double Listato::parte() const {
+    if (limite_ > 0) return blocchi_ / static_cast<double>(limite_);
+    return lungo_ > 0 ? static_cast<double>(file_.seek() - 1) / lungo_ : 1;
+}
+
 bool Listato::corpo() {
     constexpr float fondo = 6;
     r_.CurrentX = bordo_sinistro(r_);
     x0_ = r_.CurrentX;
     if (!file_.apri(v_.file)) return false;
+    lungo_ = static_cast<double>(platform::dimensione_file(v_.file).value_or(0));
     if (v_.righe == 0 || v_.numeri == 0) limite_ = righe_del_file(v_.file);
     while (!finito()) {
         if (!(r_.ScaleHeight() - fondo > r_.CurrentY + 0.75F)) {
             pie_pagina(r_);
+            if (r_.perso() || !screen_.avanza(r_.Page(), parte())) return false;
             r_.NewPage();
             testa();
         }
@@ -132,7 +144,7 @@ bool stampa(Printer& printer, platform::Screen& screen, const Testata& testata, 
             Righe righe) {
     screen.MousePointer(11);
     screen.DoEvents();
-    Listato listato(printer, testata, variante);
+    Listato listato(printer, screen, testata, variante);
     listato.testa();
     bool riuscito = false;
     if (platform::esiste_file(variante.file)) {

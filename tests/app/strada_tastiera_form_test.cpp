@@ -197,6 +197,8 @@ protected:
             tasto(f, Qt::Key_Space);
             if (opzione == 1) tasto(f, Qt::Key_Down);
             EXPECT_TRUE(f->Option1[static_cast<std::size_t>(opzione)]->isChecked());
+            // The box that tells where the file is opens it, too.
+            tastiera.alla_prossima([](QWidget* box) { tasto(box, Qt::Key_Return); });
             tasto(f, Qt::Key_Return);
             EXPECT_EQ(aperta<printing::frmstsvl>(), nullptr);
             p.form1.activateWindow();

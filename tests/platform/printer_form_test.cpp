@@ -5,11 +5,15 @@
 #include <sys/resource.h>
 #include <vector>
 
+#include <QPageLayout>
+#include <QPrinter>
 #include <QStringList>
 
 #include "platform/desktop.h"
+#include "platform/disk.h"
 #include "platform/printer_qt.h"
 #include "support/cartella.h"
+#include "support/guasti.h"
 #include "support/pdf.h"
 
 using platform::PrinterQt;
@@ -30,6 +34,18 @@ protected:
     }
     void TearDown() override { platform::apri_con({}); }
     [[nodiscard]] std::string nome() const { return cartella_.file("prova.pdf"); }
+    /// Ten pages of text, and what came of them.
+    bool dieci_pagine(PrinterQt& p) const {
+        for (int i = 0; i < 10; ++i) {
+            if (i > 0) p.NewPage();
+            for (int k = 0; k < 300; ++k) p.Print(std::to_string(i * k) + " 17 23 38 61 90");
+        }
+        return p.EndDoc();
+    }
+    /// Files of the folder.
+    [[nodiscard]] std::vector<std::string> file() const {
+        return platform::Dir(cartella_.programma(), "*");
+    }
 
     support::Cartella cartella_;
     QStringList aperti_;
@@ -129,13 +145,16 @@ TEST_F(StampaPdf, LePagineComincianoDaSole) {
     EXPECT_EQ(support::pagine(nome()), 2);
 }
 
-TEST_F(StampaPdf, FinitoIlLavoroSiApre) {
+TEST_F(StampaPdf, FinitoIlLavoroDiceDovE) {
     PrinterQt p("prova", q(nome()));
     p.Print("x");
     EXPECT_FALSE(cartella_.esiste("prova.pdf"));
-    EXPECT_TRUE(aperti_.isEmpty());
     ASSERT_TRUE(p.EndDoc());
-    EXPECT_EQ(aperti_, QStringList{q(nome())});
+    EXPECT_EQ(p.esito().file, q(nome()));
+    EXPECT_EQ(p.esito().stampante, "");
+    EXPECT_EQ(p.esito().motivo, "");
+    EXPECT_FALSE(p.esito().altro_prima);
+    EXPECT_TRUE(aperti_.isEmpty()) << "only when the player asks for it";
 }
 
 TEST_F(StampaPdf, UnNuovoLavoroSostituisceQuelloDiPrima) {
@@ -143,6 +162,7 @@ TEST_F(StampaPdf, UnNuovoLavoroSostituisceQuelloDiPrima) {
         PrinterQt p("prova", q(nome()));
         p.Print(testo);
         ASSERT_TRUE(p.EndDoc());
+        EXPECT_EQ(p.esito().altro_prima, std::string(testo) == "secondo");
     }
     const auto parole = support::parole(nome());
     ASSERT_EQ(parole.size(), 1U);
@@ -185,8 +205,9 @@ TEST_F(StampaPdf, DoveNonSiScriveIlLavoroSiPerde) {
     p.Line(1, 1, 2, 2);
     p.NewPage();
     p.LineB(1, 1, 2, 2);
+    EXPECT_TRUE(p.perso()) << "known before the work is done";
     EXPECT_FALSE(p.EndDoc());
-    EXPECT_TRUE(aperti_.isEmpty());
+    EXPECT_EQ(p.esito().motivo, "la cartella non esiste");
 }
 
 TEST_F(StampaPdf, SulDiscoPienoRestaIlFileDiPrima) {
@@ -207,4 +228,149 @@ TEST_F(StampaPdf, SulDiscoPienoRestaIlFileDiPrima) {
     EXPECT_FALSE(riuscito);
     EXPECT_EQ(cartella_.leggi("prova.pdf"), "prima");
     EXPECT_TRUE(aperti_.isEmpty());
+}
+
+// A disk that fills at any point says so, or says nothing at all: the size tells.
+TEST_F(StampaPdf, UnDiscoPienoInOgniPuntoNonLasciaUnPdfTagliato) {
+    for (const bool perde : {false, true}) {
+        for (const std::int64_t spazio : {0, 1, 9000, 20000}) {
+            SCOPED_TRACE(std::to_string(spazio) + (perde ? " lost" : ""));
+            cartella_.scrivi("prova.pdf", "prima");
+            PrinterQt p("prova", q(nome()));
+            {
+                support::Disco disco;
+                disco.spazio = spazio;
+                disco.perde = perde;
+                EXPECT_FALSE(dieci_pagine(p));
+            }
+            EXPECT_EQ(p.esito().motivo, "sul disco non c'è più posto");
+            EXPECT_TRUE(p.esito().altro_prima);
+            EXPECT_EQ(cartella_.leggi("prova.pdf"), "prima");
+            EXPECT_EQ(file(), std::vector<std::string>{"prova.pdf"});
+        }
+    }
+}
+
+TEST_F(StampaPdf, IlPdfVaSulDiscoPrimaDiPrendereIlSuoNome) {
+    support::Disco disco;
+    PrinterQt p("prova", q(nome()));
+    ASSERT_TRUE(dieci_pagine(p));
+    EXPECT_GE(disco.sync, 1);
+    disco.fsync_fallisce = true;
+    cartella_.scrivi("prova.pdf", "prima");
+    PrinterQt secondo("prova", q(nome()));
+    EXPECT_FALSE(dieci_pagine(secondo));
+    EXPECT_EQ(cartella_.leggi("prova.pdf"), "prima");
+    disco.fsync_fallisce = false;
+    disco.rename_fallisce = true;
+    PrinterQt terzo("prova", q(nome()));
+    EXPECT_FALSE(dieci_pagine(terzo));
+    EXPECT_EQ(terzo.esito().motivo, "il disco non lo ha accettato");
+    EXPECT_EQ(file(), std::vector<std::string>{"prova.pdf"});
+}
+
+TEST_F(StampaPdf, UnaCartellaAlSuoPostoLoFerma) {
+    std::filesystem::create_directory(nome());
+    PrinterQt p("prova", q(nome()));
+    p.Print("x");
+    EXPECT_TRUE(p.perso());
+    EXPECT_FALSE(p.EndDoc());
+    EXPECT_EQ(p.esito().motivo, "al suo posto c'è una cartella con lo stesso nome");
+    EXPECT_TRUE(file().empty());
+}
+
+TEST_F(StampaPdf, UnCollegamentoCedeIlPostoEIlSuoFileResta) {
+    cartella_.scrivi("altro.pdf", "prima");
+    std::filesystem::create_symlink(cartella_.file("altro.pdf"), nome());
+    PrinterQt p("prova", q(nome()));
+    p.Print("x");
+    ASSERT_TRUE(p.EndDoc());
+    EXPECT_EQ(cartella_.leggi("altro.pdf"), "prima");
+    EXPECT_EQ(support::pagine(nome()), 1);
+}
+
+TEST_F(StampaPdf, LeLettereAccentateStannoComeLeAltre) {
+    PrinterQt p("prova", q(nome()));
+    p.CurrentX = 10;
+    p.CurrentY = 5;
+    p.Print("Quantità  è «così»");
+    p.CurrentX = 10;
+    p.CurrentY = 8;
+    p.Print("Quantita  e 'cosi'");
+    ASSERT_TRUE(p.EndDoc());
+    const auto parole = support::parole(nome());
+    ASSERT_EQ(parole.size(), 6U);
+    EXPECT_EQ(parole[0].testo, "Quantità");
+    EXPECT_EQ(parole[2].testo, "«così»");
+    for (std::size_t i = 0; i < 3; ++i) {
+        EXPECT_NEAR(parole[i].x1, parole[i + 3].x1, 0.02) << i;
+        EXPECT_NEAR(parole[i].x2, parole[i + 3].x2, 0.02) << i;
+        EXPECT_NEAR(parole[i].y1 + 3, parole[i + 3].y1, 0.01) << i;
+    }
+}
+
+namespace {
+
+/// A printer that ends in a file, as the machine's own would on paper.
+void stampante_finta(const std::string& file) {
+    platform::stampa_su([file] {
+        auto carta = std::make_unique<QPrinter>(QPrinter::HighResolution);
+        carta->setOutputFormat(QPrinter::PdfFormat);
+        carta->setOutputFileName(q(file));
+        return carta;
+    });
+}
+
+QPageLayout foglio(qreal bordo, QPageSize::PageSizeId misura = QPageSize::A4) {
+    QPageLayout l(QPageSize(misura), QPageLayout::Portrait, QMarginsF(), QPageLayout::Millimeter,
+                  QMarginsF(bordo, bordo, bordo, bordo));
+    l.setMode(QPageLayout::FullPageMode);
+    return l;
+}
+
+}  // namespace
+
+TEST_F(StampaPdf, SullaStampanteDiceIlSuoNomeENonUnFile) {
+    stampante_finta(cartella_.file("carta.pdf"));
+    PrinterQt p("prova", q(nome()));
+    p.Print("x");
+    EXPECT_TRUE(p.EndDoc());
+    platform::stampa_su({});
+    EXPECT_EQ(p.esito().file, "");
+    EXPECT_EQ(p.esito().motivo, "");
+    EXPECT_FALSE(cartella_.esiste("prova.pdf"));
+    EXPECT_EQ(support::pagine(cartella_.file("carta.pdf")), 1);
+}
+
+TEST_F(StampaPdf, UnaStampanteCheNonComincia) {
+    stampante_finta(cartella_.file("manca/carta.pdf"));
+    PrinterQt p("prova", q(nome()));
+    p.Print("x");
+    EXPECT_TRUE(p.perso());
+    EXPECT_FALSE(p.EndDoc());
+    platform::stampa_su({});
+    EXPECT_EQ(p.esito().motivo, "la stampante non risponde");
+}
+
+TEST_F(StampaPdf, DentroIBordiDellaStampanteLaPaginaSiFaPiuPiccola) {
+    constexpr int dot = 1440;
+    constexpr qreal dot_al_millimetro = dot / 25.4;
+    EXPECT_TRUE(platform::dentro_il_foglio(foglio(0), dot).isIdentity());
+    EXPECT_TRUE(platform::dentro_il_foglio(foglio(0, QPageSize::A3), dot).isIdentity())
+        << "never larger";
+    for (const qreal bordo : {3.0, 4.23, 12.7}) {
+        const QTransform t = platform::dentro_il_foglio(foglio(bordo), dot);
+        EXPECT_DOUBLE_EQ(t.m11(), t.m22());
+        const QRectF pagina =
+            t.mapRect(QRectF(0, 0, 210 * dot_al_millimetro, 297 * dot_al_millimetro));
+        constexpr qreal punto = dot / 72.0;
+        EXPECT_GE(pagina.left(), bordo * dot_al_millimetro - punto);
+        EXPECT_GE(pagina.top(), bordo * dot_al_millimetro - punto);
+        EXPECT_LE(pagina.right(), (210 - bordo) * dot_al_millimetro + punto);
+        EXPECT_LE(pagina.bottom(), (297 - bordo) * dot_al_millimetro + punto);
+        EXPECT_NEAR(pagina.center().x(), 105 * dot_al_millimetro, punto);
+        EXPECT_NEAR(pagina.width(), (210 - 2 * bordo) * dot_al_millimetro, punto);
+    }
+    const QTransform lettera = platform::dentro_il_foglio(foglio(0, QPageSize::Letter), dot);
+    EXPECT_NEAR(lettera.m11(), 279.4 / 297, 0.001);
 }

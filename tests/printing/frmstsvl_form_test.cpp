@@ -43,7 +43,7 @@ TEST(OpzioniStampa, TitoloNomiETesti) {
         const auto* o = f->findChild<QRadioButton*>(platform::membro("Option1", i));
         ASSERT_NE(o, nullptr);
         EXPECT_EQ(o->text(), opzioni[i]);
-        EXPECT_FALSE(o->isChecked());
+        EXPECT_EQ(o->isChecked(), i == 0);
         const auto* forma = f->findChild<QFrame*>(platform::membro("Shape1", i));
         ASSERT_NE(forma, nullptr);
         EXPECT_TRUE(forma->geometry().contains(o->geometry()));
@@ -176,7 +176,7 @@ TEST(OpzioniStampa, OgniVoltaDaCapo) {
     const QPointer<frmstsvl> prima = f;
     const frmstsvl* nuova = s.apri();
     EXPECT_TRUE(prima.isNull());
-    for (const QRadioButton* o : nuova->Option1) EXPECT_FALSE(o->isChecked());
+    EXPECT_TRUE(nuova->Option1[0]->isChecked());
 }
 
 TEST(OpzioniStampa, SiChiudonoConLaFinestraPrincipale) {
@@ -190,7 +190,9 @@ TEST(OpzioniStampa, SiChiudonoConLaFinestraPrincipale) {
 TEST(Conferma, SenzaOpzioneNonFaNulla) {
     Stampa s;
     s.in_linea();
-    s.apri();
+    QRadioButton* prima = s.apri()->Option1[0];
+    prima->setAutoExclusive(false);
+    prima->setChecked(false);
     s.conferma(-1);
     EXPECT_FALSE(s.chiuso());
     EXPECT_TRUE(s.p.mostrati().empty());
@@ -228,14 +230,13 @@ TEST(Conferma, TreMessaggiPerChiNonHaSalvato) {
     }
 }
 
-TEST(StampaProspetto, EsceSuUnaPaginaESiApre) {
+TEST(StampaProspetto, EsceSuUnaPagina) {
     Stampa s;
     s.p.riempi();
     s.in_linea();
     s.apri();
     s.conferma(0);
     EXPECT_TRUE(s.chiuso());
-    EXPECT_EQ(s.aperti, QStringList{q(s.pdf("prova-prospetto.pdf"))});
     EXPECT_EQ(support::pagine(s.pdf("prova-prospetto.pdf")), 1);
     const std::string testo = s.testo("prova-prospetto.pdf");
     for (const char* parte :
@@ -246,7 +247,8 @@ TEST(StampaProspetto, EsceSuUnaPaginaESiApre) {
     }
     EXPECT_NE(testo.find("Numeri in gioco: " + s.p.form1.lblngioco->text().toStdString() + " "),
               std::string::npos);
-    EXPECT_TRUE(s.p.mostrati().empty());
+    EXPECT_EQ(s.p.mostrati(), Mostrati{s.scritto("Il prospetto", "prova-prospetto.pdf")});
+    EXPECT_TRUE(s.aperti.isEmpty()) << "only when asked";
     EXPECT_EQ(platform::MousePointer(), 0);
 }
 
@@ -277,7 +279,8 @@ TEST(StampaProspetto, DoveNonSiScriveRestaAperta) {
     s.apri();
     s.conferma(0);
     EXPECT_FALSE(s.chiuso());
-    EXPECT_TRUE(s.aperti.isEmpty());
+    EXPECT_EQ(s.p.mostrati(), Mostrati{s.perso("Il prospetto", "manca/prova-prospetto.pdf",
+                                               "la cartella non esiste")});
     EXPECT_EQ(platform::MousePointer(), 0);
 }
 
@@ -303,7 +306,7 @@ TEST(StampaSviluppo, OgniGiocoIlSuoListato) {
     s.apri();
     s.conferma(1);
     EXPECT_TRUE(s.chiuso());
-    EXPECT_EQ(s.aperti, QStringList{q(s.pdf("prova-sviluppo.pdf"))});
+    EXPECT_EQ(s.p.mostrati(), Mostrati{s.scritto("Lo sviluppo", "prova-sviluppo.pdf")});
     std::string testo = s.testo("prova-sviluppo.pdf");
     EXPECT_NE(testo.find("Cruciverba SuperEnalotto:prova"), std::string::npos);
     EXPECT_NE(testo.find("Schedina n. 1 04 17 23 38 61 90"), std::string::npos);
@@ -346,8 +349,7 @@ TEST(Imprimer, StampaSenzaChiedereESenzaChiudere) {
     frmstsvl* f = s.apri();
     Programma::clic(f->cmdstampa);
     EXPECT_FALSE(s.chiuso());
-    EXPECT_TRUE(s.p.mostrati().empty());
-    EXPECT_EQ(s.aperti, QStringList{q(s.pdf("prova-sviluppo.pdf"))});
+    EXPECT_EQ(s.p.mostrati(), Mostrati{s.scritto("Lo sviluppo", "prova-sviluppo.pdf")});
 }
 
 TEST(Imprimer, ConIlTastoInvio) {
@@ -355,7 +357,7 @@ TEST(Imprimer, ConIlTastoInvio) {
     s.in_linea();
     s.sviluppato();
     QTest::keyClick(s.apri()->cmdstampa, Qt::Key_Return);
-    EXPECT_EQ(s.aperti.size(), 1);
+    EXPECT_TRUE(s.p.cartella.esiste("prova-sviluppo.pdf"));
 }
 
 TEST(Conferma, ConIlTastoInvioDaUnaOpzione) {

@@ -408,3 +408,32 @@ TEST_F(Listati, SiLeggeMentreSiStampa) {
         EXPECT_GT(spia.disegnati[i], spia.disegnati[i - 1]) << i;
     }
 }
+
+TEST_F(Listati, AOgniPaginaDiceAChePuntoE) {
+    EXPECT_TRUE(superenalotto(sestine(2000)));
+    ASSERT_EQ(static_cast<int>(r_.avanzamenti.size()) + 1, r_.fogli);
+    double prima = 0;
+    int pagina = 1;
+    for (const auto& [quale, parte] : r_.avanzamenti) {
+        EXPECT_EQ(quale, pagina++);
+        EXPECT_GT(parte, prima);
+        EXPECT_LT(parte, 1);
+        prima = parte;
+    }
+}
+
+TEST_F(Listati, UnLavoroFermatoNonLasciaNulla) {
+    r_.ferma_dopo = 2;
+    EXPECT_FALSE(superenalotto(sestine(2000)));
+    EXPECT_EQ(r_.fogli, 2);
+    EXPECT_EQ(r_.di_tipo(Tipo::fine).size(), 0U);
+    EXPECT_EQ(r_.di_tipo(Tipo::scarto).size(), 1U);
+    EXPECT_EQ(r_.di_tipo(Tipo::puntatore).back().valore, 0);
+}
+
+TEST_F(Listati, UnLavoroPersoNonSiDisegnaFinoInFondo) {
+    r_.persa = true;
+    EXPECT_FALSE(superenalotto(sestine(2000)));
+    EXPECT_EQ(r_.fogli, 1);
+    EXPECT_EQ(r_.di_tipo(Tipo::scarto).size(), 1U);
+}

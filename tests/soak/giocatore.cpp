@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 namespace {
 
 /// Beginnings of every text that the program may show in a box.
-const std::array<const char*, 34> previsti = {
+const std::array<const char*, 36> previsti = {
     "Per procedere al salvataggio del sistema occorre completare lo schema del Cruciverba",
     "Per procedere al salvataggio del sistema si deve completare il Cruciverba",
     "Per procedere all'elaborazione del sistema occorre completare lo schema del Cruciverba",
@@ -56,6 +56,8 @@ const std::array<const char*, 34> previsti = {
     "Per Poter stampare lo sviluppo o le schedine, occorre prima elaborare il sistema.",
     "Per poter stampare le schedine di un sistema bisogna prima elaborarlo.",
     "Per poter  stampare sviluppo, prospetto o scehdine è necessario prima salvare il sistema.",
+    "Il prospetto è nel file\n",
+    "Lo sviluppo è nel file\n",
     "Reinstalla Sortivario dal tuo CD-ROM.\r\nFile Danneggiato!",
 };
 const std::array<const char*, 3> previsti_rari = {

@@ -90,7 +90,10 @@ public:
         platform::rispondi_con([this](const platform::Messaggio& m) {
             messaggi.push_back({m.testo, m.titolo, m.pulsanti, m.icona});
             if (al_messaggio) al_messaggio();
-            if (m.pulsanti == Pulsanti::ok) return platform::vbOK;
+            // The own buttons of a box may be left alone.
+            if (m.pulsanti == Pulsanti::ok && (m.altri.isEmpty() || risposte.empty())) {
+                return platform::vbOK;
+            }
             if (risposte.empty()) {
                 ADD_FAILURE() << "unanswered: " << m.testo.toStdString();
                 return vbCancel;

@@ -20,7 +20,7 @@ public:
     Stampa() {
         platform::apri_con([this](const QString& documento) {
             aperti << documento;
-            return true;
+            return si_apre;
         });
     }
     ~Stampa() { platform::apri_con({}); }
@@ -54,6 +54,20 @@ public:
         if (opzione >= 0) Programma::clic(f->Option1[static_cast<std::size_t>(opzione)]);
         Programma::clic(f->Command2);
     }
+    /// The box that tells where a job went.
+    [[nodiscard]] Mostrato scritto(const QString& cosa, const std::string& nome,
+                                   bool al_posto = false) const {
+        return {cosa + " è nel file\n" + platform::q(pdf(nome)) +
+                    (al_posto ? "\n\nHa preso il posto del PDF con lo stesso nome." : ""),
+                "Tabellino", Pulsanti::ok, Icona::informazione};
+    }
+    /// The box that tells why a job was lost.
+    [[nodiscard]] Mostrato perso(const QString& cosa, const std::string& nome,
+                                 const QString& motivo, bool rimasto = false) const {
+        return {cosa + " non è stato stampato.\n\n" + platform::q(pdf(nome)) + "\n" + motivo + "." +
+                    (rimasto ? "\n\nIl PDF di prima è rimasto com'era." : ""),
+                "Tabellino", Pulsanti::ok, Icona::informazione};
+    }
     [[nodiscard]] bool chiuso() const { return f.isNull() || !f->isVisible(); }
     [[nodiscard]] std::string pdf(const std::string& nome) const { return p.cartella.file(nome); }
     [[nodiscard]] std::string testo(const std::string& nome) const {
@@ -75,6 +89,8 @@ public:
 
     Programma p;
     QStringList aperti;
+    /// What the desktop says when it is asked to show one.
+    bool si_apre = true;
     QPointer<printing::frmstsvl> f;
 };
 

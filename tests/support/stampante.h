@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/printer.h"
@@ -67,6 +68,11 @@ public:
     }
     void MousePointer(int valore) override { nota(Tipo::puntatore).valore = valore; }
     void DoEvents() override { nota(Tipo::eventi); }
+    bool avanza(int pagina, double parte) override {
+        avanzamenti.emplace_back(pagina, parte);
+        return static_cast<int>(avanzamenti.size()) != ferma_dopo;
+    }
+    [[nodiscard]] bool perso() const override { return persa; }
 
     [[nodiscard]] std::vector<Operazione> di_tipo(Tipo tipo) const {
         std::vector<Operazione> scelte;
@@ -104,6 +110,11 @@ public:
     mutable std::vector<std::string> misurati;
     /// Sheets begun.
     int fogli = 0;
+    /// Pages and parts of the job that were told while it ran.
+    std::vector<std::pair<int, double>> avanzamenti;
+    /// The job is given up at this telling, counted from 1.
+    int ferma_dopo = 0;
+    bool persa = false;
     /// What the end of the job answers.
     bool riesce = true;
 
