@@ -48,7 +48,7 @@ std::string riposti(const std::vector<std::pair<std::string, std::string>>& file
     std::string indice;
     const auto numero = [](std::size_t n, int byte) {
         std::string testo;
-        for (int i = 0; i < byte; ++i) testo += static_cast<char>(n >> (8 * i));
+        for (int i = 0; i < byte; ++i) testo += i < 8 ? static_cast<char>(n >> (8 * i)) : '\0';
         return testo;
     };
     for (const auto& [nome, corpo] : file) {
