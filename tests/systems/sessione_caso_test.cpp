@@ -21,11 +21,7 @@ using systems::Sessione;
 
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr int azioni = 100000;
-#else
 constexpr int azioni = 1000000;
-#endif
 
 using Griglia = std::vector<std::vector<int>>;  // column first
 
