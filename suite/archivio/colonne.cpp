@@ -125,6 +125,8 @@ std::string leggi_sestina(const Campi& campi, const Colonne& dove, Sestina& sest
     const bool troppi = std::any_of(
         campi.begin() + static_cast<std::ptrdiff_t>(std::min(dove.quante, campi.size())),
         campi.end(), [](const std::string& c) { return !c.empty(); });
+    // Names may tell of fewer.
+    if (dove.estratti.size() < sei) return "servono sei numeri, Jolly e SuperStar";
     const std::size_t ultimo = *std::max_element(dove.estratti.begin(), dove.estratti.end());
     if (troppi || ultimo >= campi.size()) return "servono sei numeri, Jolly e SuperStar";
     if (dove.numero && *dove.numero < campi.size() && !campi[*dove.numero].empty()) {

@@ -40,6 +40,8 @@ std::string leggi_ruota(const Campi& c, const Colonne& dove, RigaLotto& r) {
     const bool troppi =
         std::any_of(c.begin() + static_cast<std::ptrdiff_t>(std::min(dove.quante, c.size())),
                     c.end(), [](const std::string& campo) { return !campo.empty(); });
+    // Names may tell of fewer.
+    if (dove.estratti.size() < r.numeri.size()) return "servono cinque numeri dopo la ruota";
     const std::size_t ultimo = *std::max_element(dove.estratti.begin(), dove.estratti.end());
     if (troppi || ultimo >= c.size()) return "servono cinque numeri dopo la ruota";
     std::set<std::int32_t> diversi;
@@ -91,7 +93,8 @@ private:
 
     const std::function<void()>& respiro_;
     Lettura esito_;
-    std::optional<Colonne> nomi_;
+    Colonne nomi_;
+    bool nominate_ = false;  ///< `nomi_` holds for the lines that follow
     std::vector<Attesa> attese_;
     Indizi indizi_;
     /// The column of an unknown name, by the draws that it stood with.
@@ -109,16 +112,18 @@ bool Lettore::intestazione(const Campi& c) {
     if (!letta) return false;
     chiudi_parte();
     if (!letta->errore.empty()) errore(letta->errore);
-    nomi_.reset();
+    nominate_ = false;
     const Colonne& nomi = letta->colonne;
     if (!nomi.estratti.empty()) {
         nomi_ = nomi;
+        nominate_ = true;
     } else if (nomi.numero || nomi.data.value_or(0) > 1) {
         // Six columns without a name follow the day and the number of the draw.
         const std::size_t data = nomi.data.value_or(0);
         const bool accanto = nomi.numero && *nomi.numero + data == 1;
         if (!accanto) errore("l'intestazione non dice in quali colonne sono i numeri estratti");
         nomi_ = a_posti(accanto ? data : 0, true);
+        nominate_ = true;
     }
     return true;
 }
@@ -131,7 +136,7 @@ void Lettore::riga(std::string_view testo) {
     const Campi c = campi(testo);
     const bool lettere = ha_lettere(testo);
     if (lettere && intestazione(c)) return;
-    if (nomi_) return con_nomi(c, testo);
+    if (nominate_) return con_nomi(c, testo);
     if (con_data(c)) return senza_nomi(c, testo);
     if (mese_prima_del_giorno(c[0]) || (c.size() > 1 && mese_prima_del_giorno(c[1])))
         ++date_rovesciate_;
@@ -140,7 +145,7 @@ void Lettore::riga(std::string_view testo) {
 }
 
 void Lettore::con_nomi(const Campi& c, std::string_view testo) {
-    const Colonne& dove = *nomi_;
+    const Colonne& dove = nomi_;
     const auto campo = [&c](std::size_t i) { return i < c.size() ? c[i] : std::string(); };
     const std::string giorno = campo(dove.data.value_or(0));
     const auto data = leggi_data(giorno);
