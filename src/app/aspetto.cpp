@@ -7,7 +7,7 @@ namespace app {
 
 std::string foglio_aspetto(const std::string& radice) {
     const std::string cartella = radice + "skin/";
-    platform::TextReader scelta(cartella + "skn.dat");
+    platform::TextReader scelta(cartella + "skn.dat", platform::TextReader::testa);
     std::uint8_t quale = 0;
     if (!scelta.intero(quale)) return {};
     constexpr std::int64_t limite = std::int64_t{1} << 20;

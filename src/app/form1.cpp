@@ -111,6 +111,7 @@ void Form1::sistema_in_linea(const QString& nome) {
 }
 
 void Form1::salvato_come(const QString& nome) {
+    sviluppo_superato_ = false;
     platform::set_Tag(this, nome);
     lblsistema->setText(nome);
 }

@@ -18,6 +18,7 @@
 #include "statistics/archivio.h"
 #include "statistics/generatore.h"
 #include "systems/file_sistema.h"
+#include "systems/operazioni.h"
 
 namespace app {
 
@@ -122,6 +123,9 @@ public:
     void sviluppo();
     /// Called after each step that may replace, rename or delete a development.
     void rivedi_sviluppo();
+    /// Tells of a development that is not of the system in line and offers to elaborate; true when
+    /// what stands on the disk may be used.
+    bool sviluppo_valido();
     void verifica_spoglio(bool& pronto);
     void mnuRipetizioniCon_Click();
     void mnuRipetizioniSenza_Click();
@@ -233,13 +237,15 @@ private:
     [[nodiscard]] bool nome_per_elaborare(const QString& domanda, const QString& titolo);
     [[nodiscard]] development::Richiesta richiesta() const;
     bool avanza(std::int32_t righe, bool muovi);
-    /// False when asked to stop.
-    bool sviluppa_in(const QString& finale);
-    [[nodiscard]] bool esegui_elaborazione();
+    /// The files of the system in line.
+    [[nodiscard]] systems::Coppia coppia() const;
+    void concludi_sviluppo(const development::Elaborazione& lavoro, development::Conclusione esito);
+    void esegui_elaborazione();
 
     Dialoghi& dialoghi_;
     crossword::Cronologia cronologia_;
     platform::Rnd rnd_;
+    bool sviluppo_superato_ = false;  ///< the system was changed and saved since it was opened
     std::int32_t combinazioni_sviluppate_ = 0;  ///< by the last elaboration; 0 when it failed
     bool in_elaborazione_ = false;
     bool in_completamento_ = false;

@@ -4,6 +4,7 @@
 #include "platform/application.h"
 #include "platform/desktop.h"
 #include "platform/runtime.h"
+#include "systems/appartenenza.h"
 
 namespace app {
 
@@ -17,6 +18,10 @@ void Form1::mnunuovo_Click() {
     Combo2->set_ListIndex(0);
     MSFlexGrid1->setFocus();
     salvato = true;
+}
+
+systems::Coppia Form1::coppia() const {
+    return {platform::App().Path, platform::s(Tag()), gioco()};
 }
 
 systems::Sistema Form1::sistema_a_schermo() {
@@ -48,7 +53,13 @@ void Form1::salva_sistema(bool& esito) {
     if (Tag().isEmpty()) mnusalvanome_Click();
     esito = true;
     if (Tag().isEmpty()) return;
-    systems::scrivi_sistema(platform::App().Path, platform::s(Tag()), sistema_a_schermo());
+    if (in_elaborazione_) {
+        systems::salva_per_elaborare(coppia(), sistema_a_schermo());
+    } else {
+        systems::scrivi_sistema(platform::App().Path, platform::s(Tag()), sistema_a_schermo());
+        // What the player leaves behind the crossword now is shown as it is until the next opening.
+        sviluppo_superato_ = sviluppo_superato_ || !salvato;
+    }
     salvato = true;
 }
 

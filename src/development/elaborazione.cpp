@@ -157,13 +157,14 @@ bool e_temporaneo(std::string_view nome) {
 
 void elimina_temporanei(const std::string& cartella,
                         const std::function<bool(const std::string&)>& cestina) {
+    platform::spazza(cartella);
     for (const std::string& nome :
          platform::Dir(cartella, std::string(prefisso_temporanei) + "*")) {
         const std::string minuscolo = platform::LCase(nome);
+        // What is left of these, its owner is still about to use.
+        if (platform::e_nome_di_lavoro(minuscolo)) continue;
         const bool di_lavoro = minuscolo == "temp.col" || minuscolo == "temp.lot" ||
-                               minuscolo == "temp.mdb" || minuscolo == "temp.ldb" ||
-                               platform::e_nome_di_lavoro(minuscolo);
-        if (platform::lavoro_di_altri(minuscolo)) continue;
+                               minuscolo == "temp.mdb" || minuscolo == "temp.ldb";
         if (di_lavoro) {
             platform::Kill(cartella + "/" + nome);
         } else if (cestina) {
@@ -174,7 +175,8 @@ void elimina_temporanei(const std::string& cartella,
 
 bool completa_sviluppo(const std::string& temporaneo, const std::string& finale,
                        std::int64_t dimensione) {
-    if (platform::pubblica(temporaneo, finale, dimensione) == platform::Esito::ok) return true;
+    const std::string arrivo = platform::dietro_il_collegamento(finale);
+    if (platform::pubblica(temporaneo, arrivo, dimensione) == platform::Esito::ok) return true;
     // An old development must not stand beside a crossword that it no longer belongs to.
     platform::Kill(finale);
     return false;

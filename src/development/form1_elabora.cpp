@@ -7,6 +7,7 @@
 #include "platform/desktop.h"
 #include "platform/disk.h"
 #include "platform/runtime.h"
+#include "systems/appartenenza.h"
 
 namespace app {
 
@@ -56,24 +57,24 @@ bool Form1::avanza(std::int32_t righe, bool muovi) {
     return !chiusura_chiesta_;
 }
 
-bool Form1::sviluppa_in(const QString& finale) {
-    // In Lotto the bar stands still while the lines are walked.
-    development::Elaborazione lavoro(richiesta(),
-                                     [this](std::int32_t n) { return avanza(n, !lotto); });
-    const Conclusione esito = lavoro.sviluppa();
-    if (esito == Conclusione::interrotta) return false;
-    const std::string arrivo = platform::s(finale);
-    // Lines that the disk refused are lost: what is left must not pass for a development.
-    const bool fatto =
-        esito == Conclusione::completa &&
-        development::completa_sviluppo(lavoro.file_temporaneo(), arrivo, lavoro.byte_scritti());
-    if (!fatto) {
-        platform::Kill(arrivo);
-        platform::Kill(lavoro.file_temporaneo());
+void Form1::concludi_sviluppo(const development::Elaborazione& lavoro, Conclusione esito) {
+    const auto salva_e_conta = [this] {
+        if (mnuRipetizioniSenza->isChecked()) {
+            controllo_ripetizioni(lotto ? 5 : 6, gioco().estensione_sviluppo());
+        } else {
+            mnusalva_Click();
+        }
+    };
+    const bool intero = esito == Conclusione::completa;
+    combinazioni_sviluppate_ = intero ? lavoro.righe_scritte() : 0;
+    // The system first, with its count: broken off here it has no development, never another's.
+    salva_e_conta();
+    const bool fatto = systems::concludi_sviluppo(coppia(), sistema_a_schermo(), lavoro, intero);
+    if (intero && !fatto) {
+        combinazioni_sviluppate_ = 0;
+        salva_e_conta();
     }
-    combinazioni_sviluppate_ = fatto ? lavoro.righe_scritte() : 0;
     rivedi_sviluppo();
-    return true;
 }
 
 void Form1::cmd_elabora() {
@@ -87,43 +88,44 @@ void Form1::cmd_elabora() {
     }
     const QString domanda = "Per elaborare il sistema occore prima salvarlo.Vuoi salvare ora?";
     if (lblsistema->text().isEmpty() && !nome_per_elaborare(domanda, "Cruciverba")) return;
-    if (!salvato) {
-        if (MsgBox(this, {domanda, Pulsanti::si_no, "Cruciverba"}) != vbYes) return;
-        bool esito = false;
-        salva_sistema(esito);
-    }
+    if (!salvato && MsgBox(this, {domanda, Pulsanti::si_no, "Cruciverba"}) != vbYes) return;
+    bool esito = false;
     {
         // Programs on one folder share the working file.
         const platform::Turno turno(App().Path);
+        in_elaborazione_ = true;
+        if (!salvato) salva_sistema(esito);
         development::elimina_temporanei(App().Path, [](const std::string& nome) {
             return platform::cestina(platform::q(nome));
         });
-        if (!esegui_elaborazione()) return;
+        esegui_elaborazione();
+        if (!chiusura_chiesta_) {
+            salvato = true;
+            sviluppo_superato_ = false;
+            salva_sistema(esito);
+        }
+        in_elaborazione_ = false;
     }
-    salvato = true;
-    bool esito = false;
-    salva_sistema(esito);
+    if (chiusura_chiesta_) {
+        chiudi_se_chiesto();
+        return;
+    }
     MsgBox(this,
            {"Elaborazione completata.", Pulsanti::ok, "Tabellino", platform::Icona::informazione});
 }
 
-bool Form1::esegui_elaborazione() {
-    const platform::LavoroLungo lavoro;
-    in_elaborazione_ = true;
+void Form1::esegui_elaborazione() {
+    const platform::LavoroLungo lavoro_lungo;
     for (QAction* menu : menuBar()->actions()) menu->setEnabled(false);
     barra(ProgressBar1, platform::leggi_numero(platform::s(MSFlexGrid2->testo(4, 3))) + 1);
     ProgressBar1->show();
-    const QString estensione = gioco().estensione_sviluppo();
-    const QString finale = platform::q(App().file(platform::s(lblsistema->text() + estensione)));
-    if (sviluppa_in(finale) && mnuRipetizioniSenza->isChecked()) {
-        controllo_ripetizioni(lotto ? 5 : 6, estensione);
-    }
+    // In Lotto the bar stands still while the lines are walked.
+    development::Elaborazione lavoro(richiesta(),
+                                     [this](std::int32_t n) { return avanza(n, !lotto); });
+    const Conclusione esito = lavoro.sviluppa();
+    if (esito != Conclusione::interrotta) concludi_sviluppo(lavoro, esito);
     ProgressBar1->hide();
     for (QAction* menu : menuBar()->actions()) menu->setEnabled(true);
-    in_elaborazione_ = false;
-    if (!chiusura_chiesta_) return true;
-    chiudi_se_chiesto();
-    return false;
 }
 
 void Form1::controllo_ripetizioni(std::uint8_t /*lunghezza*/, const QString& /*estensione*/) {
@@ -171,11 +173,24 @@ void Form1::sviluppo() {
                       Pulsanti::ok, "Tabellino"});
         return;
     }
+    if (!sviluppo_superato_ && !sviluppo_valido()) return;
     dialoghi_.visualizza_sviluppo(*this);
 }
 
 void Form1::rivedi_sviluppo() {
     dialoghi_.rivedi_sviluppo();
+}
+
+bool Form1::sviluppo_valido() {
+    if (systems::sviluppo_proprio(coppia())) return true;
+    if (MsgBox(this, {"Lo sviluppo di questo sistema è di un altro cruciverba: le sue colonne non "
+                      "sono quelle da giocare.\nElaborare ora?",
+                      Pulsanti::si_no, "Tabellino"}) != vbYes) {
+        return false;
+    }
+    cmd_elabora();
+    // Closed from its close box, the form asks for nothing more.
+    return isVisible() && systems::esiste_sviluppo(App().Path, platform::s(Tag()), gioco());
 }
 
 void Form1::verifica_spoglio(bool& pronto) {
@@ -217,6 +232,7 @@ void Form1::verifica_spoglio(bool& pronto) {
         cmd_elabora();
         if (!isVisible()) return;
     }
+    if (!sviluppo_valido()) return;
     pronto = true;
 }
 

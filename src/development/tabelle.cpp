@@ -14,7 +14,9 @@ TabellaPosizioni leggi_tabella(const std::string& nome, int k, int n) {
     TabellaPosizioni tabella;
     tabella.k = k;
     platform::TextReader file;
-    if (k < 1 || !file.apri(nome)) return tabella;
+    // A hundred times the longest table of all.
+    constexpr std::int64_t limite = std::int64_t{1} << 24;
+    if (k < 1 || !file.apri(nome, limite)) return tabella;
     tabella.letta = true;
     while (!file.eof()) {
         const std::size_t inizio = tabella.posizioni.size();

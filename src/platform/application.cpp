@@ -5,13 +5,12 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
-#include <functional>
 #include <poll.h>
 #include <pwd.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/blocco.h"
 #include "platform/disk.h"
 #include "platform/installazione.h"
 
@@ -48,17 +47,6 @@ std::string suite_del_programma(const std::string& eseguibile, const std::string
     return suite ? sopra : condivisi;
 }
 
-/// One name for a folder by whatever path it is reached.
-std::string nome_blocco(const std::string& percorso) {
-    struct stat s {};
-    const bool esiste = ::stat(percorso.c_str(), &s) == 0;
-    const std::string impronta = esiste ? std::to_string(s.st_dev) + "-" + std::to_string(s.st_ino)
-                                        : std::to_string(std::hash<std::string>{}(percorso));
-    std::string cartella = variabile("XDG_RUNTIME_DIR");
-    if (!cartella_scrivibile(cartella)) cartella = "/tmp";
-    return cartella + "/tabellino-" + std::to_string(::getuid()) + "-" + impronta;
-}
-
 }  // namespace
 
 std::string Application::versione() const {
@@ -67,36 +55,54 @@ std::string Application::versione() const {
 
 bool Application::PrevInstance() {
     if (blocco_ >= 0) return false;
-    // The lock lives with the process, so that a killed program never bars the next start.
-    const int fd =
-        ::open(nome_blocco(Path).c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
-    if (fd < 0) return false;
-    if (::flock(fd, LOCK_EX | LOCK_NB) != 0) {
-        ::close(fd);
-        return true;
-    }
+    // The lock lives with the process, so that a killed program never bars the next start, and on
+    // the folder itself, which every user and machine that shares it has in common.
+    const int fd = ::open(Path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    Presa presa = fd < 0 ? Presa::impossibile : blocca(fd);
     blocco_ = fd;
-    return false;
+    if (fd >= 0 && presa == Presa::impossibile) {
+        // A disk of the network locks what can be written only, and a folder cannot.
+        ::close(fd);
+        blocco_ = ::open(file(".tabellino-istanza").c_str(),
+                         O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0666);
+        if (blocco_ >= 0) presa = blocca(blocco_);
+    }
+    if (presa != Presa::occupata) return false;
+    ::close(blocco_);
+    blocco_ = -1;
+    return true;
 }
 
 Application::~Application() {
     if (blocco_ >= 0) ::close(blocco_);
 }
 
+bool Turno::prova() {
+    fd_ = ::open(nome_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0666);
+    if (fd_ < 0) return false;
+    const Presa presa = blocca(fd_);
+    struct stat mio {};
+    struct stat ora {};
+    // The one before may have taken the file away after this opening: then it is nobody's lock.
+    preso_ = presa == Presa::presa && ::fstat(fd_, &mio) == 0 && ::stat(nome_.c_str(), &ora) == 0 &&
+             mio.st_dev == ora.st_dev && mio.st_ino == ora.st_ino;
+    if (preso_) return false;
+    ::close(fd_);
+    fd_ = -1;
+    return presa != Presa::impossibile;
+}
+
 Turno::Turno(const std::string& cartella, std::chrono::milliseconds attesa)
-    : fd_(::open((nome_blocco(cartella) + "-turno").c_str(),
-                 O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600)) {
+    : nome_(cartella + "/.tabellino-turno") {
     constexpr int pausa = 5;
     const auto fine = std::chrono::steady_clock::now() + attesa;
-    while (fd_ >= 0 && !preso_) {
-        preso_ = ::flock(fd_, LOCK_EX | LOCK_NB) == 0;
-        if (preso_ || std::chrono::steady_clock::now() >= fine) break;
-        ::poll(nullptr, 0, pausa);
-    }
+    while (prova() && std::chrono::steady_clock::now() < fine) ::poll(nullptr, 0, pausa);
 }
 
 Turno::~Turno() {
-    if (fd_ >= 0) ::close(fd_);
+    if (!preso_) return;
+    ::unlink(nome_.c_str());
+    ::close(fd_);
 }
 
 Application& App() {

@@ -34,7 +34,8 @@ private:
 };
 
 /// The turn of one program among those at work on a folder, until the object's end or the
-/// process's. One that is not given way to in time has no turn and goes on without.
+/// process's. One that is not given way to in time, or where the disk knows no locks, has no turn
+/// and goes on without.
 class Turno {
 public:
     explicit Turno(const std::string& cartella,
@@ -45,6 +46,10 @@ public:
     [[nodiscard]] bool preso() const { return preso_; }
 
 private:
+    /// True when it may be worth trying again.
+    bool prova();
+
+    std::string nome_;
     int fd_ = -1;
     bool preso_ = false;
 };

@@ -89,6 +89,58 @@ void senza_rientro(QMessageBox& box) {
 
 }  // namespace
 
+namespace {
+
+// The halves of surrogate pairs that no text holds by themselves.
+constexpr char16_t primo_byte = 0xDC80;
+constexpr char16_t ultimo_byte = 0xDCFF;
+constexpr char16_t base_byte = 0xDC00;
+
+bool byte_sciolto(const QString& testo, qsizetype i) {
+    const char16_t c = testo[i].unicode();
+    return c >= primo_byte && c <= ultimo_byte && (i == 0 || !testo[i - 1].isHighSurrogate());
+}
+
+/// Length of the UTF-8 character at `i`, 0 when there is none.
+std::size_t carattere(const std::string& testo, std::size_t i) {
+    for (std::size_t n = 1; n <= 4 && i + n <= testo.size(); ++n) {
+        const auto pezzo = QByteArray::fromRawData(testo.data() + i, static_cast<qsizetype>(n));
+        if (pezzo.isValidUtf8()) return n;
+    }
+    return 0;
+}
+
+}  // namespace
+
+QString q(const std::string& testo) {
+    const auto byte = QByteArray::fromRawData(testo.data(), static_cast<qsizetype>(testo.size()));
+    if (byte.isValidUtf8()) return QString::fromUtf8(byte);
+    QString letto;
+    for (std::size_t i = 0; i < testo.size();) {
+        const std::size_t n = carattere(testo, i);
+        if (n > 0) {
+            letto += QString::fromUtf8(testo.data() + i, static_cast<qsizetype>(n));
+            i += n;
+        } else {
+            letto += QChar(static_cast<char16_t>(base_byte + static_cast<unsigned char>(testo[i])));
+            ++i;
+        }
+    }
+    return letto;
+}
+
+std::string s(const QString& testo) {
+    std::string scritto;
+    qsizetype da = 0;
+    for (qsizetype i = 0; i < testo.size(); ++i) {
+        if (!byte_sciolto(testo, i)) continue;
+        scritto += testo.mid(da, i - da).toStdString();
+        scritto += static_cast<char>(testo[i].unicode() - base_byte);
+        da = i + 1;
+    }
+    return scritto + (da == 0 ? testo : testo.mid(da)).toStdString();
+}
+
 int MsgBox(QWidget* padre, const Messaggio& messaggio) {
     if (risponditore_in_forza()) return risponditore_in_forza()(messaggio);
     // A frozen window or an hourglass under a box would look like a program that hangs.

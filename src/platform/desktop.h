@@ -81,12 +81,9 @@ constexpr int px(int twips) {
     return (twips * 2 + 15) / 30;
 }
 
-/// Text between the logic's UTF-8 and the screen.
-inline QString q(const std::string& testo) {
-    return QString::fromStdString(testo);
-}
-inline std::string s(const QString& testo) {
-    return testo.toStdString();
-}
+/// Text between the logic's UTF-8 and the screen. Bytes that are no UTF-8, as a name on an old
+/// disk may have, come back as they went, through characters that show as unknown ones.
+QString q(const std::string& testo);
+std::string s(const QString& testo);
 
 }  // namespace platform

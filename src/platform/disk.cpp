@@ -5,56 +5,23 @@
 #include <cerrno>
 #include <charconv>
 #include <climits>
-#include <csignal>
+#include <cstdlib>
 #include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
 #include <linux/stat.h>
-#include <sys/file.h>
+#include <memory>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
+#include "platform/lavoro.h"
 #include "platform/runtime.h"
 
 namespace platform {
 
-int Syscalls::open(const char* nome, int modo, mode_t permessi) {
-    return ::open(nome, modo | O_CLOEXEC, permessi);
-}
-ssize_t Syscalls::read(int fd, void* dati, std::size_t quanti) {
-    return ::read(fd, dati, quanti);
-}
-ssize_t Syscalls::write(int fd, const void* dati, std::size_t quanti) {
-    return ::write(fd, dati, quanti);
-}
-int Syscalls::fsync(int fd) {
-    return ::fsync(fd);
-}
-int Syscalls::close(int fd) {
-    return ::close(fd);
-}
-int Syscalls::rename(const char* vecchio, const char* nuovo) {
-    return ::rename(vecchio, nuovo);
-}
-int Syscalls::unlink(const char* nome) {
-    return ::unlink(nome);
-}
-int Syscalls::flock(int fd, int operazione) {
-    return ::flock(fd, operazione);
-}
-
 namespace {
-
-Syscalls di_sistema;
-Syscalls* in_forza = &di_sistema;
-
-Esito da_errno(int errore) {
-    if (errore == ENOENT) return Esito::assente;
-    if (errore == ENOSPC || errore == EDQUOT) return Esito::disco_pieno;
-    return Esito::errore;
-}
 
 std::string cartella_di(const std::string& nome) {
     const std::size_t barra = nome.rfind('/');
@@ -99,32 +66,6 @@ bool libero_o_file(const std::string& nome) {
     return ::lstat(nome.c_str(), &s) != 0 || S_ISREG(s.st_mode);
 }
 
-/// Open file that closes itself; `chiudi` tells what the closing said.
-class File {
-public:
-    File() = default;
-    File(const std::string& nome, int modo) { apri(nome, modo); }
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
-    ~File() { chiudi(); }
-    bool apri(const std::string& nome, int modo) {
-        fd_ = syscalls().open(nome.c_str(), modo | O_NONBLOCK, 0666);
-        return aperto();
-    }
-    [[nodiscard]] bool aperto() const { return fd_ >= 0; }
-    [[nodiscard]] int fd() const { return fd_; }
-    /// A signal during the closing leaves the file closed all the same.
-    bool chiudi() {
-        if (fd_ < 0) return true;
-        const int esito = syscalls().close(fd_);
-        fd_ = -1;
-        return esito == 0 || errno == EINTR;
-    }
-
-private:
-    int fd_ = -1;
-};
-
 Esito scrivi_tutto(int fd, std::string_view dati) {
     while (!dati.empty()) {
         const ssize_t n = syscalls().write(fd, dati.data(), dati.size());
@@ -158,45 +99,58 @@ Esito sincronizza(const File& file) {
     return esito == 0 ? Esito::ok : da_errno(errno);
 }
 
-/// Closes `file`, whose earlier steps ended with `esito`, and returns the outcome of all.
-Esito concludi(File& file, Esito esito) {
-    if (!file.chiudi() && esito == Esito::ok) return da_errno(errno);
-    return esito;
-}
-
-/// Makes a new working file in `cartella`; `nome` stays empty when none could be made.
-Esito crea_di_lavoro(const std::string& cartella, File& file, std::string& nome) {
-    constexpr int tentativi = 100;
-    for (int n = 0; n < tentativi; ++n) {
-        const std::string prova =
-            cartella + "/temp-" + std::to_string(::getpid()) + "-" + std::to_string(n) + ".nuovo";
-        if (file.apri(prova, O_WRONLY | O_CREAT | O_EXCL)) {
-            nome = prova;
-            return Esito::ok;
-        }
-        if (errno != EEXIST) return da_errno(errno);
-    }
-    return Esito::errore;
-}
-
 // A file system gives every new file a creation time of its own and lets nobody change it, so that
 // of a replaced file goes with its successor in an attribute.
 constexpr const char* attributo_creazione = "user.tabellino.creazione";
+constexpr const char* attributo_parola = "user.tabellino.parola";
+
+/// Value of an attribute, empty without it.
+std::string attributo(const std::string& nome, const char* quale) {
+    std::array<char, 256> testo{};
+    const ssize_t n = ::getxattr(nome.c_str(), quale, testo.data(), testo.size());
+    return {testo.data(), n > 0 ? static_cast<std::size_t>(n) : 0};
+}
+
+bool scrivi_attributo(const File& file, const char* quale, std::string_view testo) {
+    return syscalls().fsetxattr(file.fd(), quale, testo.data(), testo.size()) == 0;
+}
 
 std::optional<std::int64_t> creazione_annotata(const std::string& nome) {
-    std::array<char, 24> testo{};
-    const ssize_t n = ::getxattr(nome.c_str(), attributo_creazione, testo.data(), testo.size());
-    if (n <= 0) return std::nullopt;
+    const std::string testo = attributo(nome, attributo_creazione);
     std::int64_t secondi = 0;
-    const auto esito = std::from_chars(testo.data(), testo.data() + n, secondi);
-    if (esito.ec != std::errc() || esito.ptr != testo.data() + n) return std::nullopt;
+    const auto esito = std::from_chars(testo.data(), testo.data() + testo.size(), secondi);
+    if (esito.ec != std::errc() || esito.ptr != testo.data() + testo.size()) return std::nullopt;
     return secondi;
 }
 
-/// Where the disk keeps no attributes, the date is that of the last replacement.
-void annota_creazione(const File& file, std::int64_t secondi) {
-    const std::string testo = std::to_string(secondi);
-    ::fsetxattr(file.fd(), attributo_creazione, testo.data(), testo.size(), 0);
+/// A rename that leaves a file at `a` alone; on disks without such a call as nearly so as they do.
+int rinomina_senza_coprire(const std::string& da, const std::string& a) {
+    if (syscalls().rename_noreplace(da.c_str(), a.c_str()) == 0) return 0;
+    if (errno != EINVAL && errno != ENOSYS && errno != EOPNOTSUPP) return -1;
+    if (syscalls().link(da.c_str(), a.c_str()) == 0) return syscalls().unlink(da.c_str());
+    if (errno == EEXIST) return -1;
+    struct stat s {};
+    if (::lstat(a.c_str(), &s) == 0) {
+        errno = EEXIST;
+        return -1;
+    }
+    return syscalls().rename(da.c_str(), a.c_str());
+}
+
+/// Gives a file another case of its own name, by way of a third name where the disk takes both
+/// for one: a name that is listed, should the second step never come.
+int rinomina_nel_caso(const std::string& da, const std::string& a) {
+    if (rinomina_senza_coprire(da, a) == 0) return 0;
+    if (errno != EEXIST) return -1;
+    const std::size_t punto = a.rfind('.');
+    const std::size_t dove = punto == std::string::npos || punto < a.rfind('/') ? a.size() : punto;
+    const std::string terzo = a.substr(0, dove) + "-" + a.substr(dove);
+    if (rinomina_senza_coprire(da, terzo) != 0) return -1;
+    if (rinomina_senza_coprire(terzo, a) == 0) return 0;
+    const int errore = errno;
+    rinomina_senza_coprire(terzo, da);
+    errno = errore;
+    return -1;
 }
 
 /// Makes a rename outlive a power cut; a file system without folder sync loses nothing by it.
@@ -208,16 +162,6 @@ void sincronizza_cartella(const std::string& cartella) {
 }
 
 }  // namespace
-
-Syscalls& syscalls() {
-    return *in_forza;
-}
-
-Syscalls* cambia_syscalls(Syscalls* nuove) {
-    Syscalls* prima = in_forza;
-    in_forza = nuove != nullptr ? nuove : &di_sistema;
-    return prima;
-}
 
 std::string nome_su_disco(const std::string& nome) {
     struct stat s {};
@@ -347,17 +291,47 @@ Esito Kill(const std::string& nome) {
 Esito Name(const std::string& vecchio, const std::string& nuovo) {
     const std::string da = nome_su_disco(vecchio);
     const std::string a = nome_su_disco(nuovo);
-    struct stat s {};
-    if (::lstat(da.c_str(), &s) != 0) return da_errno(errno);
-    if (!collegamento_o_file(s)) return Esito::errore;
+    struct stat s1 {};
+    struct stat s2 {};
+    if (::lstat(da.c_str(), &s1) != 0) return da_errno(errno);
+    if (!collegamento_o_file(s1)) return Esito::errore;
     // The same file under another case takes the new case; any other file in the way stays.
-    if (a != da && ::lstat(a.c_str(), &s) == 0) return Esito::errore;
+    const bool c_e = ::lstat(a.c_str(), &s2) == 0;
+    const bool stesso =
+        c_e && s1.st_dev == s2.st_dev && s1.st_ino == s2.st_ino && LCase(da) == LCase(a);
+    if (c_e && !stesso) return Esito::errore;
     const std::string arrivo =
-        a == da ? cartella_di(a) + "/" + nuovo.substr(nuovo.rfind('/') + 1) : a;
-    return syscalls().rename(da.c_str(), arrivo.c_str()) == 0 ? Esito::ok : da_errno(errno);
+        stesso ? cartella_di(a) + "/" + nuovo.substr(nuovo.rfind('/') + 1) : a;
+    if (arrivo == da) return Esito::ok;
+    const int esito = stesso ? rinomina_nel_caso(da, arrivo) : rinomina_senza_coprire(da, arrivo);
+    return esito == 0 ? Esito::ok : da_errno(errno);
 }
 
-Esito FileCopy(const std::string& vecchio, const std::string& nuovo, Meta meta) {
+Esito copia_in(const std::string& origine, Lavoro& lavoro, std::int64_t& dimensione,
+               std::string_view parola) {
+    if (lavoro.esito() != Esito::ok) return lavoro.esito();
+    const std::string da = nome_su_disco(origine);
+    struct stat s {};
+    if (::stat(da.c_str(), &s) != 0) return da_errno(errno);
+    if (!S_ISREG(s.st_mode)) return Esito::errore;
+    const File sorgente(da, O_RDONLY);
+    // The size of what is open: another program may have put a new file in its place.
+    if (!sorgente.aperto() || ::fstat(sorgente.fd(), &s) != 0) return da_errno(errno);
+    dimensione = s.st_size;
+    Esito esito = travasa(sorgente, lavoro.file());
+    const std::string sua = attributo(da, attributo_parola);
+    if (!sua.empty() || !parola.empty())
+        scrivi_attributo(lavoro.file(), attributo_parola, sua.empty() ? parola : sua);
+    if (esito == Esito::ok) esito = sincronizza(lavoro.file());
+    // A full disk can pass unnoticed through write and sync; the size cannot lie.
+    if (esito == Esito::ok && (::fstat(lavoro.file().fd(), &s) != 0 || s.st_size != dimensione)) {
+        esito = Esito::disco_pieno;
+    }
+    return concludi(lavoro.file(), esito);
+}
+
+Esito FileCopy(const std::string& vecchio, const std::string& nuovo, Meta meta,
+               std::string_view parola) {
     const std::string da = nome_su_disco(vecchio);
     const std::string a = nome_su_disco(nuovo);
     struct stat s1 {};
@@ -367,18 +341,13 @@ Esito FileCopy(const std::string& vecchio, const std::string& nuovo, Meta meta) 
     const bool nuova = ::lstat(a.c_str(), &s2) != 0;
     if (!nuova && s1.st_dev == s2.st_dev && s1.st_ino == s2.st_ino) return Esito::ok;
     if (!nuova && !S_ISREG(s2.st_mode)) return Esito::errore;
-    const File sorgente(da, O_RDONLY);
-    // The size of what is open: another program may have put a new file in its place.
-    if (!sorgente.aperto() || ::fstat(sorgente.fd(), &s1) != 0) return da_errno(errno);
-    File copia;
-    std::string lavoro;
-    Esito esito = crea_di_lavoro(cartella_di(a), copia, lavoro);
-    if (esito == Esito::ok) esito = concludi(copia, travasa(sorgente, copia));
-    if (esito == Esito::ok) esito = pubblica(lavoro, a, s1.st_size);
-    if (esito == Esito::ok || lavoro.empty()) return esito;
+    Lavoro lavoro(cartella_di(a));
+    std::int64_t dimensione = 0;
+    Esito esito = copia_in(da, lavoro, dimensione, parola);
+    if (esito == Esito::ok) esito = lavoro.pubblica(a, dimensione);
     const bool resta = esito == Esito::disco_pieno && nuova && meta == Meta::resta;
-    if (!resta || syscalls().rename(lavoro.c_str(), a.c_str()) != 0)
-        syscalls().unlink(lavoro.c_str());
+    if (resta && !lavoro.nome().empty() && rinomina_senza_coprire(lavoro.nome(), a) == 0)
+        lavoro.lascia();
     return esito;
 }
 
@@ -429,21 +398,41 @@ std::optional<std::string> leggi_tutto(const std::string& nome, std::int64_t lim
     return dati;
 }
 
+namespace {
+
+/// Moves a finished file to a place on another disk.
+Esito trasloca(const std::string& da, const std::string& a, std::int64_t dimensione,
+               Creazione creazione) {
+    Lavoro lavoro(cartella_di(a));
+    std::int64_t copiati = 0;
+    Esito esito = copia_in(da, lavoro, copiati);
+    if (esito == Esito::ok && copiati != dimensione) esito = Esito::errore;
+    if (esito == Esito::ok) esito = lavoro.pubblica(a, dimensione, creazione);
+    if (esito == Esito::ok) syscalls().unlink(da.c_str());
+    return esito;
+}
+
+}  // namespace
+
 Esito pubblica(const std::string& lavoro, const std::string& nome, std::int64_t dimensione,
                Creazione creazione) {
     const std::string partenza = nome_su_disco(lavoro);
     const std::string arrivo = nome_su_disco(nome);
+    struct stat vecchio {};
     struct stat s {};
-    std::optional<std::int64_t> vecchia;
-    if (::lstat(arrivo.c_str(), &s) == 0) {
-        if (!collegamento_o_file(s)) return Esito::errore;
-        if (S_ISREG(s.st_mode) && creazione == Creazione::resta) vecchia = data_creazione(arrivo);
-    }
+    const bool c_era = ::lstat(arrivo.c_str(), &vecchio) == 0;
+    if (c_era && !collegamento_o_file(vecchio)) return Esito::errore;
     if (::lstat(partenza.c_str(), &s) != 0) return da_errno(errno);
     if (!S_ISREG(s.st_mode)) return Esito::errore;
     File file(partenza, O_RDONLY | O_NOFOLLOW);
     if (!file.aperto()) return da_errno(errno);
-    if (vecchia) annota_creazione(file, *vecchia);
+    if (c_era && S_ISREG(vecchio.st_mode)) {
+        // Where the disk keeps no attributes, the date is that of the last replacement; where it
+        // keeps no modes, there is none to lose.
+        const auto vecchia = creazione == Creazione::resta ? data_creazione(arrivo) : std::nullopt;
+        if (vecchia) scrivi_attributo(file, attributo_creazione, std::to_string(*vecchia));
+        static_cast<void>(::fchmod(file.fd(), vecchio.st_mode & 07777));
+    }
     Esito esito = sincronizza(file);
     // A full disk can pass unnoticed through write and sync; the size cannot lie.
     if (esito == Esito::ok && (::fstat(file.fd(), &s) != 0 || s.st_size != dimensione)) {
@@ -451,50 +440,40 @@ Esito pubblica(const std::string& lavoro, const std::string& nome, std::int64_t 
     }
     esito = concludi(file, esito);
     if (esito != Esito::ok) return esito;
-    if (syscalls().rename(partenza.c_str(), arrivo.c_str()) != 0) return da_errno(errno);
+    if (syscalls().rename(partenza.c_str(), arrivo.c_str()) != 0) {
+        return errno == EXDEV ? trasloca(partenza, arrivo, dimensione, creazione) : da_errno(errno);
+    }
     sincronizza_cartella(cartella_di(arrivo));
     return Esito::ok;
 }
 
+std::string dietro_il_collegamento(const std::string& nome) {
+    const std::string reale = nome_su_disco(nome);
+    struct stat s {};
+    if (::lstat(reale.c_str(), &s) != 0 || !S_ISLNK(s.st_mode)) return reale;
+    const std::unique_ptr<char, decltype(&std::free)> vero(::realpath(reale.c_str(), nullptr),
+                                                           &std::free);
+    return vero == nullptr ? reale : vero.get();
+}
+
 Esito sostituisci(const std::string& nome, std::string_view dati) {
-    const std::string arrivo = nome_su_disco(nome);
+    const std::string arrivo = dietro_il_collegamento(nome);
     struct stat s {};
     if (::lstat(arrivo.c_str(), &s) == 0 && !collegamento_o_file(s)) return Esito::errore;
-    File file;
-    std::string lavoro;
-    Esito esito = crea_di_lavoro(cartella_di(arrivo), file, lavoro);
-    if (esito == Esito::ok) esito = concludi(file, scrivi_tutto(file.fd(), dati));
-    if (esito == Esito::ok)
-        esito = pubblica(lavoro, arrivo, static_cast<std::int64_t>(dati.size()));
-    if (esito != Esito::ok && !lavoro.empty()) syscalls().unlink(lavoro.c_str());
-    return esito;
+    Lavoro lavoro(cartella_di(arrivo));
+    if (lavoro.esito() != Esito::ok) return lavoro.esito();
+    const Esito esito = concludi(lavoro.file(), scrivi_tutto(lavoro.file().fd(), dati));
+    return esito == Esito::ok ? lavoro.pubblica(arrivo, static_cast<std::int64_t>(dati.size()))
+                              : esito;
 }
 
-std::string nome_di_lavoro(const std::string& cartella, int quale) {
-    const std::string fine = quale == 0 ? "" : "-" + std::to_string(quale);
-    return cartella + "/temp-" + std::to_string(::getpid()) + fine + ".nuovo";
+std::string annotazione(const std::string& nome) {
+    return attributo(nome_su_disco(nome), attributo_parola);
 }
 
-bool lavoro_di_altri(std::string_view nome) {
-    pid_t processo = 0;
-    if (!e_nome_di_lavoro(nome)) return false;
-    const auto [fine, errore] =
-        std::from_chars(nome.data() + 5, nome.data() + nome.size(), processo);
-    if (errore != std::errc() || processo <= 0 || processo == ::getpid()) return false;
-    return ::kill(processo, 0) == 0 || errno == EPERM;
-}
-
-bool e_nome_di_lavoro(std::string_view nome) {
-    if (!nome.starts_with("temp-") || !nome.ends_with(".nuovo")) return false;
-    if (nome.size() < 12) return false;
-    const std::string_view numeri = nome.substr(5, nome.size() - 11);
-    return numeri.find_first_not_of("0123456789-") == std::string_view::npos && numeri[0] != '-';
-}
-
-void spazza(const std::string& cartella) {
-    for (const std::string& nome : Dir(cartella, "temp-*")) {
-        if (e_nome_di_lavoro(nome) && !lavoro_di_altri(nome)) Kill(cartella + "/" + nome);
-    }
+bool annota(const std::string& nome, std::string_view parola) {
+    const File file(nome_su_disco(nome), O_RDONLY | O_NOFOLLOW);
+    return file.aperto() && scrivi_attributo(file, attributo_parola, parola);
 }
 
 }  // namespace platform

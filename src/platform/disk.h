@@ -5,29 +5,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <sys/types.h>
 #include <vector>
 
+#include "platform/syscalls.h"
+
 namespace platform {
-
-/// The system calls that can meet a failing device; a test puts its own in their place.
-class Syscalls {
-public:
-    virtual ~Syscalls() = default;
-    virtual int open(const char* nome, int modo, mode_t permessi);
-    virtual ssize_t read(int fd, void* dati, std::size_t quanti);
-    virtual ssize_t write(int fd, const void* dati, std::size_t quanti);
-    virtual int fsync(int fd);
-    virtual int close(int fd);
-    virtual int rename(const char* vecchio, const char* nuovo);
-    virtual int unlink(const char* nome);
-    virtual int flock(int fd, int operazione);
-};
-
-/// The calls in force, never null.
-Syscalls& syscalls();
-/// Puts `nuove` in force (null: the system's own); not owned. Returns those before.
-Syscalls* cambia_syscalls(Syscalls* nuove);
 
 /// Result of a file step.
 enum class Esito {
@@ -69,13 +51,14 @@ bool corrisponde(std::string_view nome, std::string_view modello);
 
 /// Deletes one file or link.
 Esito Kill(const std::string& nome);
-/// Renames a file; fails when `nuovo` names another file that exists.
+/// Renames a file; fails when `nuovo` names another file that exists, be it only just.
 Esito Name(const std::string& vecchio, const std::string& nuovo);
 /// What becomes of a new copy that the disk had no room for.
 enum class Meta { via, resta };
-/// Copies the content onto `nuovo`, whole or not at all; a new file may stay as far as it got when
-/// the disk fills.
-Esito FileCopy(const std::string& vecchio, const std::string& nuovo, Meta meta = Meta::via);
+/// Copies the content onto `nuovo`, whole or not at all, and its word with it, or `parola` for one
+/// that has none; a new file may stay as far as it got when the disk fills.
+Esito FileCopy(const std::string& vecchio, const std::string& nuovo, Meta meta = Meta::via,
+               std::string_view parola = "");
 
 /// Appends all of `dati` to the file, making it when absent, or leaves it as it was.
 Esito aggiungi(const std::string& nome, std::string_view dati);
@@ -90,20 +73,26 @@ std::optional<std::string> leggi_tutto(const std::string& nome,
 enum class Creazione { resta, nuova };
 /// Syncs the finished file `lavoro` and moves it onto `nome` in one step, if it has `dimensione`
 /// bytes.
-/// Anything but a regular file or a link at `nome` is refused; `lavoro` stays on failure.
+/// The old file's mode goes on; anything but a regular file or a link at `nome` is refused.
+/// `lavoro` stays on failure.
 Esito pubblica(const std::string& lavoro, const std::string& nome, std::int64_t dimensione,
                Creazione creazione = Creazione::resta);
-/// Replaces the content of `nome` whole or not at all, through a working file beside it.
+/// What a link at `nome` leads to, so that a replacement there leaves the link; `nome` as it stands
+/// on the disk when it is none or leads nowhere.
+std::string dietro_il_collegamento(const std::string& nome);
+/// Replaces the content of `nome` whole or not at all, through a working file beside it. A link
+/// stays and leads to the new content.
 Esito sostituisci(const std::string& nome, std::string_view dati);
 
-/// Name of a working file in `cartella`, this process's own; swept with the others. From 100 on
-/// `quale` tells several apart.
-std::string nome_di_lavoro(const std::string& cartella, int quale = 0);
+/// A word about the content of a file, which goes with it wherever this program copies or moves
+/// it; empty without one, and where the disk keeps none.
+std::string annotazione(const std::string& nome);
+/// Gives a file its word; false where the disk keeps none.
+bool annota(const std::string& nome, std::string_view parola);
+
 /// True for the names of working files, this process's or another's.
 bool e_nome_di_lavoro(std::string_view nome);
-/// True for a working file of another process that still runs, which may be about to use it.
-bool lavoro_di_altri(std::string_view nome);
-/// Deletes the working files that processes left which are no more.
+/// Deletes the working files that nobody holds any more.
 void spazza(const std::string& cartella);
 
 }  // namespace platform

@@ -13,15 +13,10 @@ std::string cartella_di(const std::string& nome) {
 
 }  // namespace
 
-FileNuovo::FileNuovo(std::string nome)
-    : nome_(std::move(nome)), lavoro_(nome_di_lavoro(cartella_di(nome_))) {
-    Kill(lavoro_);
+FileNuovo::FileNuovo(std::string nome) : nome_(std::move(nome)), lavoro_(cartella_di(nome_)) {
+    lavoro_.file().chiudi();
     // Known before the work is done rather than after it.
-    esito_ = esiste_cartella(nome_) ? Esito::errore : aggiungi(lavoro_, "");
-}
-
-FileNuovo::~FileNuovo() {
-    Kill(lavoro_);
+    esito_ = esiste_cartella(nome_) ? Esito::errore : lavoro_.esito();
 }
 
 void FileNuovo::scrivi(std::string_view dati) {
@@ -32,13 +27,13 @@ void FileNuovo::scrivi(std::string_view dati) {
 }
 
 void FileNuovo::scarica() {
-    if (esito_ == Esito::ok) esito_ = aggiungi(lavoro_, attesa_);
+    if (esito_ == Esito::ok) esito_ = aggiungi(lavoro_.nome(), attesa_);
     attesa_.clear();
 }
 
 Esito FileNuovo::pubblica() {
     scarica();
-    if (esito_ == Esito::ok) esito_ = platform::pubblica(lavoro_, nome_, byte_);
+    if (esito_ == Esito::ok) esito_ = lavoro_.pubblica(nome_, byte_);
     return esito_;
 }
 

@@ -5,18 +5,17 @@
 #include <string>
 #include <string_view>
 
-#include "platform/disk.h"
+#include "platform/lavoro.h"
 
 namespace platform {
 
-/// Writes beside `nome` and replaces it at the end; what is not finished leaves no trace. Only one
-/// at a time in a folder.
+/// Writes beside `nome` and replaces it at the end; what is not finished leaves no trace.
 class FileNuovo {
 public:
     explicit FileNuovo(std::string nome);
     FileNuovo(const FileNuovo&) = delete;
     FileNuovo& operator=(const FileNuovo&) = delete;
-    ~FileNuovo();
+    ~FileNuovo() = default;
 
     /// Adds to the file; after a failure nothing more is written.
     void scrivi(std::string_view dati);
@@ -30,7 +29,7 @@ private:
     void scarica();
 
     std::string nome_;
-    std::string lavoro_;
+    Lavoro lavoro_;
     std::string attesa_;
     std::int64_t byte_ = 0;
     Esito esito_ = Esito::ok;

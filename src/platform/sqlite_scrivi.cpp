@@ -4,7 +4,7 @@
 #include <memory>
 #include <sqlite3.h>
 
-#include "platform/disk.h"
+#include "platform/lavoro.h"
 #include "platform/sqlite.h"
 
 namespace platform {
@@ -107,13 +107,10 @@ bool scrivi_tutti(const std::string& file, const std::vector<Foglio>& fogli) {
 
 bool scrivi_sqlite(const std::string& file, const std::vector<Foglio>& fogli) {
     const std::size_t barra = file.rfind('/');
-    const std::string lavoro =
-        nome_di_lavoro(barra == std::string::npos ? "." : file.substr(0, barra));
-    Kill(lavoro);
-    const bool riuscito = scrivi_tutti(lavoro, fogli) && !in_uso_altrui(file) &&
-                          pubblica(lavoro, file, dimensione_file(lavoro).value_or(-1)) == Esito::ok;
-    if (!riuscito) Kill(lavoro);
-    return riuscito;
+    Lavoro lavoro(barra == std::string::npos ? "." : file.substr(0, barra));
+    return lavoro.esito() == Esito::ok && scrivi_tutti(lavoro.nome(), fogli) &&
+           !in_uso_altrui(file) &&
+           lavoro.pubblica(file, dimensione_file(lavoro.nome()).value_or(-1)) == Esito::ok;
 }
 
 }  // namespace platform

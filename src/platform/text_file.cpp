@@ -1,5 +1,6 @@
 #include "platform/text_file.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -19,6 +20,8 @@ namespace {
 constexpr std::size_t grandezza = std::size_t{1} << 16;
 // A damaged file can be one endless line; what exceeds this is read and dropped.
 constexpr std::size_t limite_testo = std::size_t{1} << 24;
+// As many bytes again in which no field ends are the end of the file.
+constexpr int pezzi_senza_segni = 2 * limite_testo / grandezza;
 
 bool bianco(int c) {
     return c == ' ' || c == '\t';
@@ -48,8 +51,9 @@ std::optional<std::int32_t> converti(double valore) {
 
 }  // namespace
 
-bool TextReader::apri(const std::string& nome) {
+bool TextReader::apri(const std::string& nome, std::int64_t limite) {
     chiudi();
+    limite_ = limite;
     // A pipe or device of that name must neither block the program nor be opened at all.
     const std::string reale = nome_su_disco(nome);
     struct stat s {};
@@ -71,6 +75,7 @@ void TextReader::chiudi() {
     posizione_ = 0;
     pieno_ = 0;
     base_ = 0;
+    senza_segni_ = 0;
 }
 
 bool TextReader::riempi() {
@@ -78,12 +83,16 @@ bool TextReader::riempi() {
     base_ += static_cast<std::int64_t>(pieno_);
     posizione_ = 0;
     pieno_ = 0;
+    if (base_ >= limite_ || senza_segni_ > pezzi_senza_segni) return false;
+    const std::int64_t quanti = std::min(limite_ - base_, std::int64_t{grandezza});
     ssize_t n = 0;
     do {
-        n = syscalls().read(fd_, dati_.data(), dati_.size());
+        n = syscalls().read(fd_, dati_.data(), static_cast<std::size_t>(quanti));
     } while (n < 0 && errno == EINTR);
     if (n <= 0) return false;
     pieno_ = static_cast<std::size_t>(n);
+    const std::string_view letti(dati_.data(), pieno_);
+    senza_segni_ = letti.find_first_of(",\r\n") != std::string_view::npos ? 0 : senza_segni_ + 1;
     return true;
 }
 
@@ -92,6 +101,7 @@ bool TextReader::seek(std::int64_t posizione) {
     base_ = posizione - 1;
     posizione_ = 0;
     pieno_ = 0;
+    senza_segni_ = 0;
     return true;
 }
 

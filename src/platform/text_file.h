@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <span>
 #include <string>
 #include <string_view>
@@ -11,17 +12,24 @@ namespace platform {
 
 /// A text file open for reading, in one fixed buffer whatever the file's size.
 /// CR LF, LF alone and CR alone end a line. A read past the end fails and leaves its target.
-/// Of a field or line longer than 16 MiB the rest is passed over.
+/// Of a field or line longer than 16 MiB the rest is passed over; with one that goes on for ever,
+/// as the holes of a damaged file do, the file ends.
 class TextReader {
 public:
+    /// More than the head of any file takes, and more than the whole of a small one.
+    static constexpr std::int64_t testa = std::int64_t{1} << 16;
+
     TextReader() = default;
-    explicit TextReader(const std::string& nome) { apri(nome); }
+    explicit TextReader(const std::string& nome, std::int64_t limite = senza_limite) {
+        apri(nome, limite);
+    }
     TextReader(const TextReader&) = delete;
     TextReader& operator=(const TextReader&) = delete;
     ~TextReader() { chiudi(); }
 
-    /// Opens a regular file, closing the one before; false when it cannot be read.
-    bool apri(const std::string& nome);
+    /// Opens a regular file, closing the one before; false when it cannot be read. Of a longer
+    /// one only the first `limite` bytes are there.
+    bool apri(const std::string& nome, std::int64_t limite = senza_limite);
     void chiudi();
     [[nodiscard]] bool aperto() const { return fd_ >= 0; }
 
@@ -50,6 +58,8 @@ public:
     bool salta_riga();
 
 private:
+    static constexpr std::int64_t senza_limite = std::numeric_limits<std::int64_t>::max();
+
     bool riempi();
     int byte() { return eof() ? -1 : static_cast<unsigned char>(dati_[posizione_]); }
     void fine_riga(char primo);
@@ -62,6 +72,8 @@ private:
     std::size_t posizione_ = 0;
     std::size_t pieno_ = 0;
     std::int64_t base_ = 0;
+    std::int64_t limite_ = senza_limite;
+    int senza_segni_ = 0;  ///< buffers since one that held the end of a field or line
 };
 
 /// One record of delimited output: strings quoted, numbers bare, dates between number signs, CR LF

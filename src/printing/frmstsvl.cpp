@@ -172,6 +172,15 @@ bool frmstsvl::manca_lo_sviluppo() const {
     return !esiste;
 }
 
+bool frmstsvl::sviluppo_valido() {
+    // An elaboration that the close box ends takes this form with it.
+    const QPointer<frmstsvl> ancora(this);
+    in_messaggio_ = true;
+    const bool valido = form1_.sviluppo_valido();
+    if (ancora) in_messaggio_ = false;
+    return valido && ancora;
+}
+
 bool frmstsvl::sviluppo() {
     if (manca_lo_sviluppo()) {
         messaggio(
@@ -179,6 +188,7 @@ bool frmstsvl::sviluppo() {
             "Tabellino", true);
         return false;
     }
+    if (!sviluppo_valido()) return false;
     return stampa_sviluppo(form1_.gioco());
 }
 
@@ -189,6 +199,7 @@ bool frmstsvl::schedine() {
                   "Tabellino", true);
         return false;
     }
+    if (!sviluppo_valido()) return false;
     if (form1_.lblsistema->text().isEmpty()) {
         messaggio("Nessun Sistema è attualmente in linea", "Tabellino", false);
         return false;

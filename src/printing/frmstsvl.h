@@ -81,6 +81,8 @@ private:
 
     [[nodiscard]] QString nome() const;
     [[nodiscard]] bool manca_lo_sviluppo() const;
+    /// False when the development is not to be printed, or this form is gone.
+    [[nodiscard]] bool sviluppo_valido();
     [[nodiscard]] Testata testata() const;
     [[nodiscard]] Prospetto prospetto_a_schermo();
     [[nodiscard]] bool stampa_sviluppo(crossword::Gioco gioco);

@@ -166,7 +166,7 @@ std::uint8_t colonne_schedina(const std::string& cartella) {
     const std::string nome = cartella + "/col.dat";
     std::string testo;
     if (platform::esiste_file(nome)) {
-        TextReader file(nome);
+        TextReader file(nome, TextReader::testa);
         file.campo(testo);
     } else {
         testo = "5";

@@ -143,7 +143,7 @@ bool scrivi_mstat(const Tabella& tabella, LettoreEstrazioni& draws, const std::s
 
 bool leggi_mstat(Tabella& tabella, const std::string& file) {
     tabella = {};
-    platform::TextReader lettore(file);
+    platform::TextReader lettore(file, platform::TextReader::testa);
     std::string data;
     if (!lettore.campo(data)) return false;
     for (std::size_t i = 1; i <= 90; ++i) {
@@ -155,7 +155,7 @@ bool leggi_mstat(Tabella& tabella, const std::string& file) {
 }
 
 std::optional<Data> leggi_data(const std::string& file) {
-    platform::TextReader lettore(file);
+    platform::TextReader lettore(file, platform::TextReader::testa);
     std::string testo;
     return lettore.campo(testo) ? data_da(testo) : std::nullopt;
 }

@@ -18,7 +18,7 @@ struct Testa {
 };
 
 void leggi_testa(const std::string& nome, crossword::Gioco gioco, Testa& testa) {
-    platform::TextReader file(nome);
+    platform::TextReader file(nome, platform::TextReader::testa);
     std::string non_tenuto;
     file.campo(non_tenuto);
     file.intero(testa.ultima_riga);

@@ -1,8 +1,10 @@
 #include "systems/file_sistema.h"
 
+#include "platform/application.h"
 #include "platform/disk.h"
 #include "platform/runtime.h"
 #include "platform/text_file.h"
+#include "systems/appartenenza.h"
 
 namespace systems {
 
@@ -68,13 +70,18 @@ std::string testo_sistema(const Sistema& sistema) {
 }
 
 bool scrivi_sistema(const std::string& cartella, const std::string& nome, const Sistema& sistema) {
+    // Another program must not find its system changed under an elaboration.
+    const platform::Turno turno(cartella);
+    ricorda_origine({cartella, nome, sistema.gioco});
     return platform::sostituisci(nome_file(cartella, nome, sistema.gioco),
                                  testo_sistema(sistema)) == platform::Esito::ok;
 }
 
 Sistema leggi_sistema(const std::string& cartella, const std::string& nome, Gioco gioco) {
+    // More than the largest crossword takes.
+    constexpr std::int64_t limite = std::int64_t{1} << 20;
     Sistema sistema;
-    platform::TextReader file(nome_file(cartella, nome, gioco));
+    platform::TextReader file(nome_file(cartella, nome, gioco), limite);
     const Testata testata = leggi_testata(file, gioco, sistema);
     sistema.matrice = crossword::Matrice(testata.ultima_colonna + 1, testata.ultima_riga + 1);
     for (int y = 0; y <= testata.ultima_riga && !file.eof(); ++y) {
@@ -92,7 +99,7 @@ Sistema leggi_sistema(const std::string& cartella, const std::string& nome, Gioc
 
 std::optional<std::int32_t> leggi_conteggio(const std::string& cartella, const std::string& nome,
                                             Gioco gioco) {
-    platform::TextReader file(nome_file(cartella, nome, gioco));
+    platform::TextReader file(nome_file(cartella, nome, gioco), platform::TextReader::testa);
     if (!file.aperto()) return std::nullopt;
     Sistema sistema;
     leggi_testata(file, gioco, sistema);

@@ -156,7 +156,10 @@ void Form2::Command5_Click() {
     const int quanti = form1_.aggiorna_lista();
     form1_.lblngioco->setText(quanti == 0 ? QString() : QString::number(quanti));
     form1_.salvato = true;
+    // From here on this form is gone.
+    app::Form1& form1 = form1_;
     close();
+    form1.sviluppo_valido();
 }
 
 void Form2::esci_congelando() {

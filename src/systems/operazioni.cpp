@@ -2,7 +2,10 @@
 
 #include <algorithm>
 
+#include "platform/application.h"
+#include "platform/lavoro.h"
 #include "platform/links.h"
+#include "systems/appartenenza.h"
 #include "systems/elenco.h"
 
 namespace systems {
@@ -32,26 +35,35 @@ Esito rinomina_file(const std::string& vecchio, const std::string& nuovo) {
     return platform::esiste_file(vecchio) ? platform::Name(vecchio, nuovo) : Esito::assente;
 }
 
-Esito copia_file(const std::string& origine, const std::string& arrivo,
-                 platform::Meta meta = platform::Meta::via) {
+Esito copia_file(const std::string& origine, const std::string& arrivo, platform::Meta meta,
+                 const std::string& marca = "") {
     if (!platform::esiste_file(origine)) return Esito::assente;
     // A link out of the folder would carry a stranger's file into the library, or out of it.
     if (platform::esce_dalla_cartella(origine)) return Esito::errore;
-    return platform::FileCopy(origine, arrivo, meta);
+    return platform::FileCopy(origine, arrivo, meta, marca);
+}
+
+Esito copia_sistema(const Coppia& origine, const Coppia& arrivo,
+                    platform::Meta meta = platform::Meta::via) {
+    // A development that stays behind is not of the system that comes.
+    ricorda_origine(arrivo);
+    return copia_file(origine.sistema(), arrivo.sistema(), meta);
+}
+
+Esito copia_sviluppo(const Coppia& origine, const Coppia& arrivo,
+                     platform::Meta meta = platform::Meta::via) {
+    return copia_file(origine.sviluppo(), arrivo.sviluppo(), meta, marca_sviluppo(origine));
 }
 
 /// One file of a pair on its way to the place of another.
 struct Copia {
-    Copia(const std::string& da, const std::string& a, const std::string& con)
-        : origine(da), arrivo(a), lavoro(con) {}
-    Copia(const Copia&) = delete;
-    Copia& operator=(const Copia&) = delete;
-    /// What did not arrive goes.
-    ~Copia() { elimina_file(lavoro); }
+    Copia(const std::string& da, const std::string& a, const std::string& in)
+        : origine(da), arrivo(a), lavoro(in) {}
 
     std::string origine;
     std::string arrivo;
-    std::string lavoro;  ///< where the copy waits, in the folder of `arrivo`
+    platform::Lavoro lavoro;  ///< where the copy waits, in the folder of `arrivo`
+    std::int64_t byte = 0;
     bool ferma = false;  ///< both names mean one file
     Esito esito = Esito::assente;
 };
@@ -60,35 +72,32 @@ struct Copia {
 class Sostituzione {
 public:
     Sostituzione(const Coppia& origine, const Coppia& arrivo, Vecchia vecchia)
-        : vecchia_(vecchia),
-          sistema_(origine.sistema(), arrivo.sistema(), lavoro(arrivo, 100)),
-          sviluppo_(origine.sviluppo(), arrivo.sviluppo(), lavoro(arrivo, 101)),
-          da_parte_(lavoro(arrivo, 102)) {}
+        : origine_(origine),
+          arrivo_(arrivo),
+          vecchia_(vecchia),
+          sistema_(origine.sistema(), arrivo.sistema(), arrivo.cartella),
+          sviluppo_(origine.sviluppo(), arrivo.sviluppo(), arrivo.cartella) {}
 
-    Esito prepara_sistema() { return prepara(sistema_); }
-    Esito prepara_sviluppo() { return prepara(sviluppo_); }
+    Esito prepara_sistema() { return prepara(sistema_, ""); }
+    Esito prepara_sviluppo() { return prepara(sviluppo_, marca_sviluppo(origine_)); }
 
     /// Both copies take their places, or neither.
     Passi compi() {
+        const platform::Turno turno(arrivo_.cartella);
         const bool intere = sistema_.esito == Esito::ok &&
                             (sviluppo_.esito == Esito::ok || sviluppo_.esito == Esito::assente);
         if (!intere || !scosta_sviluppo()) return rimaste();
         sistema_.esito = arriva(sistema_);
         if (sistema_.esito != Esito::ok) {
-            rinomina_file(da_parte_, sviluppo_.arrivo);
+            da_parte_.rimetti();
             return rimaste();
         }
         if (sviluppo_.esito == Esito::ok) sviluppo_.esito = arriva(sviluppo_);
-        elimina_file(da_parte_);
         return {sistema_.esito, sviluppo_.esito};
     }
 
 private:
-    static std::string lavoro(const Coppia& arrivo, int quale) {
-        return platform::nome_di_lavoro(arrivo.cartella, quale);
-    }
-
-    Esito prepara(Copia& copia) const {
+    Esito prepara(Copia& copia, const std::string& marca) const {
         copia.ferma = platform::stesso_file(copia.origine, copia.arrivo);
         if (copia.ferma) {
             copia.esito = Esito::ok;
@@ -97,7 +106,10 @@ private:
             copia.esito = Esito::errore;
         } else {
             const bool c_era = platform::esiste_file(copia.origine);
-            copia.esito = copia_file(copia.origine, copia.lavoro);
+            copia.esito = !c_era ? Esito::assente
+                          : platform::esce_dalla_cartella(copia.origine)
+                              ? Esito::errore
+                              : platform::copia_in(copia.origine, copia.lavoro, copia.byte, marca);
             // One that vanishes on the way is not one that never was.
             if (c_era && copia.esito == Esito::assente) copia.esito = Esito::errore;
         }
@@ -107,17 +119,21 @@ private:
     /// Between the two arrivals the old development would stand beside another crossword.
     bool scosta_sviluppo() {
         const bool cede = sviluppo_.esito == Esito::ok || vecchia_ == Vecchia::tolta;
-        if (sviluppo_.ferma || !cede) return true;
-        const Esito esito = rinomina_file(sviluppo_.arrivo, da_parte_);
+        if (sviluppo_.ferma) return true;
+        if (!cede) {
+            ricorda_origine(arrivo_);
+            return true;
+        }
+        const Esito esito = da_parte_.metti(sviluppo_.arrivo);
         if (esito == Esito::ok || esito == Esito::assente) return true;
         sistema_.esito = esito;
         return false;
     }
 
-    [[nodiscard]] Esito arriva(const Copia& copia) const {
+    [[nodiscard]] Esito arriva(Copia& copia) const {
         if (copia.ferma) return Esito::ok;
-        return platform::pubblica(
-            copia.lavoro, copia.arrivo, platform::dimensione_file(copia.lavoro).value_or(-1),
+        return copia.lavoro.pubblica(
+            copia.arrivo, copia.byte,
             vecchia_ == Vecchia::tolta ? platform::Creazione::nuova : platform::Creazione::resta);
     }
 
@@ -127,10 +143,12 @@ private:
         return {fallito(sistema_.esito), fallito(sviluppo_.esito)};
     }
 
+    Coppia origine_;
+    Coppia arrivo_;
     Vecchia vecchia_;
     Copia sistema_;
     Copia sviluppo_;
-    std::string da_parte_;
+    platform::Accantonato da_parte_;
 };
 
 /// True when the pair does not come to a free place.
@@ -168,6 +186,9 @@ bool controllo_sistemi_esistenti(const std::string& cartella, const std::string&
 Passi rinomina(const Coppia& vecchia, const std::string& nuovo) {
     const Coppia nuova{vecchia.cartella, nuovo, vecchia.gioco};
     if (!ammesse(vecchia, nuova)) return rifiutati();
+    const platform::Turno turno(vecchia.cartella);
+    // Broken off between the two, each file still says what it is.
+    ricorda_origine(vecchia);
     Passi passi;
     passi.sviluppo = rinomina_file(vecchia.sviluppo(), nuova.sviluppo());
     passi.sistema = rinomina_file(vecchia.sistema(), nuova.sistema());
@@ -176,6 +197,7 @@ Passi rinomina(const Coppia& vecchia, const std::string& nuovo) {
 
 Passi elimina(const Coppia& coppia) {
     if (!nome_ammesso(coppia.nome)) return rifiutati();
+    const platform::Turno turno(coppia.cartella);
     Passi passi;
     passi.sviluppo = elimina_file(coppia.sviluppo());
     passi.sistema = elimina_file(coppia.sistema());
@@ -203,9 +225,9 @@ Passi duplica(const Coppia& origine, const Coppia& arrivo, const Pausa& pausa, V
         return sostituzione.compi();
     }
     Passi passi;
-    passi.sviluppo = copia_file(origine.sviluppo(), arrivo.sviluppo());
+    passi.sviluppo = copia_sviluppo(origine, arrivo);
     pausa();
-    passi.sistema = copia_file(origine.sistema(), arrivo.sistema());
+    passi.sistema = copia_sistema(origine, arrivo);
     pausa();
     return passi;
 }
@@ -213,9 +235,10 @@ Passi duplica(const Coppia& origine, const Coppia& arrivo, const Pausa& pausa, V
 Passi importa(const Coppia& origine, const Coppia& arrivo, Vecchia vecchia) {
     if (!ammesse(origine, arrivo)) return rifiutati();
     if (da_sostituire(arrivo, vecchia)) return sostituisci(origine, arrivo, vecchia);
+    const platform::Turno turno(arrivo.cartella);
     Passi passi;
-    passi.sistema = copia_file(origine.sistema(), arrivo.sistema());
-    passi.sviluppo = copia_file(origine.sviluppo(), arrivo.sviluppo());
+    passi.sistema = copia_sistema(origine, arrivo);
+    passi.sviluppo = copia_sviluppo(origine, arrivo);
     return passi;
 }
 
@@ -225,9 +248,9 @@ Passi invia(const Coppia& origine, const Coppia& arrivo, Vecchia vecchia) {
     platform::spazza(arrivo.cartella);
     if (da_sostituire(arrivo, vecchia)) return sostituisci(origine, arrivo, vecchia);
     Passi passi;
-    passi.sistema = copia_file(origine.sistema(), arrivo.sistema(), platform::Meta::resta);
+    passi.sistema = copia_sistema(origine, arrivo, platform::Meta::resta);
     if (!passi.disco_pieno()) {
-        passi.sviluppo = copia_file(origine.sviluppo(), arrivo.sviluppo(), platform::Meta::resta);
+        passi.sviluppo = copia_sviluppo(origine, arrivo, platform::Meta::resta);
     }
     return passi;
 }

@@ -249,6 +249,7 @@ private:
     void libera_sviluppo(crossword::Gioco gioco) const;
     [[nodiscard]] Generato genera_in_griglia(int ruota, const statistics::Seguito& seguito);
     [[nodiscard]] std::optional<Generato> estrazioni_della_ruota(int ruota);
+    void salva_elaborando();
     [[nodiscard]] Elaborato elabora(const SeguitoSviluppo& seguito);
     [[nodiscard]] std::string file(const std::string& nome) const { return cartella_ + "/" + nome; }
     static std::size_t posto(crossword::Elenco quale) {

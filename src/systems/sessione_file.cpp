@@ -1,6 +1,7 @@
 // The files of the session: saving, opening, developing.
 #include "platform/application.h"
 #include "platform/disk.h"
+#include "systems/appartenenza.h"
 #include "systems/elenco.h"
 #include "systems/operazioni.h"
 #include "systems/sessione_interna.h"
@@ -77,17 +78,19 @@ Elaborato Sessione::sviluppa(const SeguitoSviluppo& seguito) {
     if (!completo()) return Elaborato::incompleto;
     if (nome_.empty()) return Elaborato::senza_nome;
     const Azione azione(*this);
-    if (!salvato_) salva();
-    Elaborato esito = Elaborato::interrotto;
-    {
-        const Lavoro lavoro(*this);
-        // Programs on one folder share the working file.
-        const platform::Turno turno(cartella_);
-        development::elimina_temporanei(cartella_, seguito.cestina);
-        esito = elabora(seguito);
-    }
-    if (esito != Elaborato::interrotto) salva();
+    const Lavoro lavoro(*this);
+    // Programs on one folder share the working file.
+    const platform::Turno turno(cartella_);
+    if (!salvato_) salva_elaborando();
+    development::elimina_temporanei(cartella_, seguito.cestina);
+    const Elaborato esito = elabora(seguito);
+    if (esito != Elaborato::interrotto) salva_elaborando();
     return esito;
+}
+
+void Sessione::salva_elaborando() {
+    salva_per_elaborare({cartella_, nome_, gioco_}, sistema());
+    segna_salvato(true);
 }
 
 Elaborato Sessione::elabora(const SeguitoSviluppo& seguito) {
@@ -103,22 +106,20 @@ Elaborato Sessione::elabora(const SeguitoSviluppo& seguito) {
     development::Elaborazione lavoro(r, seguito.avanzamento);
     const Conclusione conclusione = lavoro.sviluppa();
     if (conclusione == Conclusione::interrotta) return Elaborato::interrotto;
-    const std::string finale = Coppia{cartella_, nome_, gioco_}.sviluppo();
-    // Lines that the disk refused are lost: what is left must not pass for a development.
-    const bool fatto =
-        conclusione == Conclusione::completa &&
-        development::completa_sviluppo(lavoro.file_temporaneo(), finale, lavoro.byte_scritti());
-    if (!fatto) {
-        platform::Kill(finale);
-        platform::Kill(lavoro.file_temporaneo());
-    }
-    if (!con_ripetizioni_) {
-        const std::int32_t quante = fatto ? lavoro.righe_scritte() : 0;
-        if (seguito.ripetizioni) seguito.ripetizioni(quante);
-        senza_ripetizioni_ = quante;
-        cambiamento_.conteggi = true;
-        prezzo_.totale = calcolo_importo(quante);
-    }
+    const auto conta = [this, &seguito](std::int32_t quante) {
+        if (!con_ripetizioni_) {
+            if (seguito.ripetizioni) seguito.ripetizioni(quante);
+            senza_ripetizioni_ = quante;
+            cambiamento_.conteggi = true;
+            prezzo_.totale = calcolo_importo(quante);
+        }
+        // The system first: broken off here it has no development, never another's.
+        salva_elaborando();
+    };
+    const bool intero = conclusione == Conclusione::completa;
+    conta(intero ? lavoro.righe_scritte() : 0);
+    const bool fatto = concludi_sviluppo({cartella_, nome_, gioco_}, sistema(), lavoro, intero);
+    if (intero && !fatto) conta(0);
     if (fatto) return Elaborato::completo;
     return conclusione == Conclusione::senza_file ? Elaborato::senza_file : Elaborato::guasto;
 }

@@ -22,7 +22,7 @@ Importo leggi_cst(const std::string& cartella, Lettore lettore) {
         return predefinito;
     }
     Importo letto;
-    platform::TextReader file(nome_file(cartella));
+    platform::TextReader file(nome_file(cartella), platform::TextReader::testa);
     file.campo(letto.prezzo);
     file.campo(letto.valuta);
     return letto.prezzo.empty() ? predefinito : letto;

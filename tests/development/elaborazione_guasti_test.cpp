@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include "development/elaborazione.h"
+#include "platform/lavoro.h"
 #include "support/guasti.h"
 #include "support/sviluppo.h"
 
@@ -36,13 +37,12 @@ TEST_F(EliminaTemporanei, i_file_di_lavoro_spariscono_senza_cestino) {
 }
 
 TEST_F(EliminaTemporanei, il_file_di_un_programma_al_lavoro_resta) {
-    const std::string suo = "temp-" + std::to_string(::getppid()) + "-0.nuovo";
-    const std::string mio = "temp-" + std::to_string(::getpid()) + "-0.nuovo";
-    cartella.scrivi(suo, "x");
-    cartella.scrivi(mio, "x");
+    const platform::Lavoro tenuto(cartella.programma());
+    const std::string lasciato = "temp-" + std::to_string(::getppid()) + "-0.nuovo";
+    cartella.scrivi(lasciato, "x");
     elimina();
-    EXPECT_TRUE(cartella.esiste(suo));
-    EXPECT_FALSE(cartella.esiste(mio));
+    EXPECT_TRUE(fs::exists(tenuto.nome()));
+    EXPECT_FALSE(cartella.esiste(lasciato));
     EXPECT_TRUE(cestinati.empty());
 }
 

@@ -40,8 +40,13 @@ private:
     support::Cartella cartella_;
 };
 
-/// A system whose numbers start at `primo`: 6 columns, 8 rows.
+/// A system whose numbers start at `primo`, not elaborated: 6 columns, 8 rows.
 systems::Sistema sistema(int primo);
+/// The same with the count of its combinations.
+systems::Sistema sistema_elaborato(int primo);
+/// Bytes of the files of both.
+std::string testo(int primo);
+std::string testo_elaborato(int primo);
 
 /// Saves and elaborates as the main form does; false when the disk refused a step.
 bool salva(const Libreria& libreria, const std::string& nome, int primo);
@@ -59,6 +64,10 @@ struct Lavoro {
     /// Replaces a pair: cut short between its two files it leaves the development out, so that the
     /// old one and the new one never stand together.
     bool sostituisce_coppia = false;
+    /// The system changes: its old development goes before it does.
+    bool cambia_il_sistema = false;
+    /// What a file may hold on the way besides the old and the new.
+    std::map<std::string, std::string> di_passaggio{};
 };
 
 const std::vector<Lavoro>& lavori();
@@ -76,6 +85,9 @@ struct Licenza {
     bool senza_sviluppo = false;    ///< the development may be gone
     std::set<std::string> sparite;  ///< the fault itself took these
 };
+
+/// True when no development of the library would pass for that of a system that it is not of.
+testing::AssertionResult coppie_a_posto(const Libreria& libreria);
 
 /// True when `stato` holds every file as it was or as it was to be; says where it does not.
 testing::AssertionResult intero(const Libreria& libreria, const Lavoro& lavoro,

@@ -22,7 +22,10 @@ constexpr const char* testa =
     "What the program survives, counted by the tests of `tests/guasti`, which write this page:\n"
     "`scripts/reliability.sh` renews it, and `./test` fails when it is out of date. After each\n"
     "trial the temporary files are swept as before the next elaboration. Then every file must be\n"
-    "the old one or the new one, whole, and nothing may be missing that the finished work keeps.\n"
+    "the old one or the new one, whole, and nothing may be missing that the finished work keeps;\n"
+    "and a development beside a system must be of that system or be known not to be. It is known\n"
+    "by an attribute: where a disk keeps none, an elaboration broken off still leaves no other\n"
+    "system's development, but one left behind by a plain save is not told.\n"
     "\n";
 
 constexpr const char* titoli =
@@ -32,7 +35,8 @@ constexpr const char* titoli =
 constexpr const char* coda =
     "\n"
     "Readers meet damaged files in `tests/fuzz`: every test run tries a fixed number of mutations\n"
-    "of each kind of file, and `scripts/fuzz.sh SECONDS` looks for more with libFuzzer.\n";
+    "of each kind of file, and `scripts/fuzz.sh SECONDS` looks for more with libFuzzer.\n"
+    "`scripts/insieme.sh SECONDS` has two programs and an importer killed for as long as told.\n";
 
 }  // namespace
 

@@ -1,6 +1,8 @@
 // Programs that die at any moment, and two of them at work on one folder.
+#include <array>
 #include <atomic>
 #include <csignal>
+#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <sys/mman.h>
@@ -10,6 +12,8 @@
 #include "guasti/lavori.h"
 #include "platform/disk.h"
 #include "platform/runtime.h"
+#include "platform/sqlite.h"
+#include "platform/sqlite_scrivi.h"
 
 namespace guasti {
 namespace {
@@ -35,11 +39,13 @@ testing::AssertionResult tutto_intero(const Libreria& libreria) {
     static const std::set<std::string> noti = [] {
         std::set<std::string> s{"\"0,50\",\"Euro\"\r\n", "\"1,00\",\"Euro\"\r\n"};
         for (int primo = 1; primo <= 8; ++primo) {
-            s.insert(systems::testo_sistema(sistema(primo)));
+            s.insert(testo(primo));
+            s.insert(testo_elaborato(primo));
             s.insert(sviluppo_atteso(primo));
         }
         return s;
     }();
+    if (const auto a_posto = coppie_a_posto(libreria); !a_posto) return a_posto;
     for (const auto& [nome, dati] : libreria.stato()) {
         if (!noti.contains(dati)) return testing::AssertionFailure() << nome << "\n" << dati;
         if (platform::e_nome_di_lavoro(nome.substr(nome.rfind('/') + 1)))
@@ -118,7 +124,7 @@ bool interi_ora(const Libreria& libreria) {
         bool sistema_noto = !s;
         bool sviluppo_noto = !v;
         for (int primo = 1; primo <= 8; ++primo) {
-            sistema_noto = sistema_noto || *s == systems::testo_sistema(sistema(primo));
+            sistema_noto = sistema_noto || *s == testo(primo) || *s == testo_elaborato(primo);
             sviluppo_noto = sviluppo_noto || *v == sviluppo_atteso(primo);
         }
         if (!sistema_noto || !sviluppo_noto) return false;
@@ -161,6 +167,107 @@ TEST(DueProgrammi, l_ultimo_che_scrive_vince_e_nulla_si_guasta) {
     }
     libreria.riavvia();
     EXPECT_TRUE(tutto_intero(libreria));
+}
+
+/// Works on the library in an order of its own until it is killed.
+[[noreturn]] void lavora_a_caso(const Libreria& libreria, int seme) {
+    platform::Rnd rnd;
+    for (int i = 0; i < seme; ++i) rnd.fino_a(9);
+    const char* const nomi[] = {"a", "b", "d"};
+    for (;;) {
+        const std::string nome = nomi[rnd.fino_a(3) % 3];
+        const std::string altro = nomi[rnd.fino_a(3) % 3];
+        const int primo = 1 + static_cast<int>(rnd.fino_a(8)) % 8;
+        switch (rnd.fino_a(7) % 7) {
+            case 0:
+                salva(libreria, nome, primo);
+                break;
+            case 1:
+                systems::duplica(libreria.qui(nome), libreria.qui(altro), [] {});
+                break;
+            case 2:
+                systems::importa(libreria.la("c"), libreria.qui(nome));
+                break;
+            case 3:
+                systems::rinomina(libreria.qui(nome), altro);
+                break;
+            case 4:
+                systems::invia(libreria.qui(nome), libreria.la(nome));
+                break;
+            default:
+                elabora(libreria, nome, primo);
+        }
+    }
+}
+
+constexpr std::int32_t estrazioni_minime = 50;
+
+/// Puts archives of different lengths in one place, again and again.
+[[noreturn]] void importa_senza_fine(const std::string& archivio) {
+    for (std::int32_t giro = 0;; ++giro) {
+        platform::Tabella tabella;
+        tabella.aggiungi_colonna("concorso", platform::Tabella::Tipo::intero);
+        for (std::int32_t i = 1; i <= estrazioni_minime + giro % 10; ++i) tabella.accoda(0, i);
+        platform::scrivi_sqlite(archivio, {{"archivio", std::move(tabella), "concorso"}});
+    }
+}
+
+/// True when the archive is one of those, whole.
+bool archivio_intero(const std::string& archivio) {
+    platform::Tabella tabella;
+    return platform::verifica_sqlite(archivio) == 0 &&
+           platform::leggi_sqlite(archivio, "archivio", tabella) == 0 &&
+           tabella.righe() >= static_cast<std::size_t>(estrazioni_minime);
+}
+
+/// Rounds to go: so many, or for as long as the environment says.
+bool ancora(int giro) {
+    constexpr int giri = 40;
+    const char* secondi = std::getenv("GUASTI_SECONDI");
+    static const std::time_t inizio = std::time(nullptr);
+    return secondi == nullptr ? giro < giri
+                              : std::time(nullptr) - inizio < std::strtol(secondi, nullptr, 10);
+}
+
+TEST(Insieme, due_programmi_e_un_importatore_uccisi_di_continuo) {
+    const Libreria libreria;
+    libreria.prepara();
+    const std::string archivio = libreria.programma() + "/drawit.sqlite";
+    Riga& r = riga("two programs and an importer, killed all the time",
+                   "SIGKILL to one of three children at a time, all looked at after each",
+                   "saving, elaboration, renaming, duplicating, importing, sending");
+    const auto avvia = [&](std::size_t quale, int seme) {
+        const pid_t figlio = ::fork();
+        if (figlio == 0) {
+            if (quale == 2) importa_senza_fine(archivio);
+            lavora_a_caso(libreria, seme);
+        }
+        return figlio;
+    };
+    std::array<pid_t, 3> figli{};
+    for (std::size_t i = 0; i < figli.size(); ++i) figli[i] = avvia(i, static_cast<int>(i));
+    platform::Rnd rnd;
+    for (int giro = 0; ancora(giro); ++giro) {
+        const timespec pausa{0, rnd.fino_a(20000) * 1000L};
+        ::nanosleep(&pausa, nullptr);
+        const std::size_t vittima = static_cast<std::size_t>(giro) % figli.size();
+        ::kill(figli[vittima], SIGKILL);
+        ::waitpid(figli[vittima], nullptr, 0);
+        figli[vittima] = avvia(vittima, giro);
+        r.prova(interi_ora(libreria));
+    }
+    for (const pid_t figlio : figli) {
+        ::kill(figlio, SIGKILL);
+        ::waitpid(figlio, nullptr, 0);
+    }
+    libreria.riavvia();
+    const bool c_e = platform::esiste_file(archivio);
+    EXPECT_TRUE(!c_e || archivio_intero(archivio));
+    platform::Kill(archivio);
+    const auto salvo = tutto_intero(libreria);
+    EXPECT_TRUE(salvo);
+    EXPECT_EQ(r.perdite, 0);
+    r.prova(bool{salvo});
 }
 
 }  // namespace

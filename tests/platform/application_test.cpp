@@ -302,7 +302,10 @@ TEST_F(TrovaCartella, a_first_start_killed_at_any_step_is_taken_up_again) {
 /// Two programs: this one and one that runs in a child process.
 class PrevInstanceTest : public testing::Test {
 protected:
-    PrevInstanceTest() : runtime_("XDG_RUNTIME_DIR", cartella_.radice()) {}
+    PrevInstanceTest() : runtime_("XDG_RUNTIME_DIR", cartella_.radice() + "/runtime") {
+        fs::create_directories(cartella_.radice() + "/runtime");
+    }
+    ~PrevInstanceTest() override { EXPECT_TRUE(fs::is_empty(cartella_.radice() + "/runtime")); }
 
     /// What another process is told that starts on `percorso`.
     static bool altra(const std::string& percorso) {
@@ -406,6 +409,64 @@ TEST_F(PrevInstanceTest, a_program_that_ended_or_was_killed_bars_nobody) {
     ::waitpid(figlio, nullptr, 0);
     EXPECT_FALSE(altra(cartella_.programma()));
     ::close(canale[0]);
+}
+
+/// A disk whose folders cannot be locked, as those of the network; `nessuno`: nor its files.
+class SenzaFlock : public Syscalls {
+public:
+    SenzaFlock() : prima_(cambia_syscalls(this)) {}
+    SenzaFlock(const SenzaFlock&) = delete;
+    SenzaFlock& operator=(const SenzaFlock&) = delete;
+    ~SenzaFlock() override { cambia_syscalls(prima_); }
+    int flock(int, int) override {
+        errno = ENOLCK;
+        return -1;
+    }
+    int fcntl_lock(int fd) override {
+        errno = ENOLCK;
+        return nessuno ? -1 : Syscalls::fcntl_lock(fd);
+    }
+    bool nessuno = false;
+
+private:
+    Syscalls* prima_;
+};
+
+TEST_F(PrevInstanceTest, on_a_disk_of_the_network_a_second_program_sees_the_first) {
+    const SenzaFlock disco;
+    Application app;
+    app.Path = cartella_.programma();
+    EXPECT_FALSE(app.PrevInstance());
+    EXPECT_TRUE(altra(app.Path));
+    const Turno turno(app.Path);
+    EXPECT_TRUE(turno.preso());
+}
+
+TEST_F(PrevInstanceTest, a_disk_without_locks_bars_nobody) {
+    SenzaFlock disco;
+    disco.nessuno = true;
+    Application app;
+    app.Path = cartella_.programma();
+    EXPECT_FALSE(app.PrevInstance());
+    EXPECT_FALSE(altra(app.Path));
+    EXPECT_FALSE(Turno(app.Path, std::chrono::hours(1)).preso());
+}
+
+TEST_F(PrevInstanceTest, a_turn_leaves_nothing_and_that_of_a_killed_program_is_taken_over) {
+    const std::string qui = cartella_.programma();
+    EXPECT_TRUE(Turno(qui).preso());
+    EXPECT_TRUE(fs::is_empty(qui));
+    const pid_t figlio = ::fork();
+    if (figlio == 0) {
+        const Turno suo(qui);
+        ::_exit(suo.preso() ? 0 : 1);
+    }
+    int stato = 0;
+    ASSERT_EQ(::waitpid(figlio, &stato, 0), figlio);
+    EXPECT_EQ(stato, 0);
+    EXPECT_FALSE(fs::is_empty(qui));
+    EXPECT_TRUE(Turno(qui).preso());
+    EXPECT_TRUE(fs::is_empty(qui));
 }
 
 TEST_F(PrevInstanceTest, leaves_nothing_in_the_program_folder) {

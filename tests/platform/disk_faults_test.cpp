@@ -75,6 +75,9 @@ public:
     int rename(const char* vecchio, const char* nuovo) override {
         return passo(errore_rename) ? Syscalls::rename(vecchio, nuovo) : -1;
     }
+    int rename_noreplace(const char* vecchio, const char* nuovo) override {
+        return passo(errore_rename) ? Syscalls::rename_noreplace(vecchio, nuovo) : -1;
+    }
 
 private:
     bool passo(int errore) {

@@ -331,12 +331,79 @@ TEST_F(DiskTest, replacing_keeps_the_case_on_disk_and_leaves_no_working_file) {
     EXPECT_EQ(sostituisci(f("manca/x"), "due"), Esito::assente);
 }
 
-TEST_F(DiskTest, replacing_a_link_leaves_what_it_leads_to) {
-    cartella_.scrivi("meta", "m");
-    fs::create_symlink("meta", f("link"));
-    EXPECT_EQ(sostituisci(f("link"), "nuovo"), Esito::ok);
-    EXPECT_EQ(cartella_.leggi("meta"), "m");
-    EXPECT_EQ(cartella_.leggi("link"), "nuovo");
+TEST_F(DiskTest, replacing_a_link_renews_what_it_leads_to) {
+    fs::create_directories(cartella_.radice() + "/altrove");
+    const std::string meta = cartella_.radice() + "/altrove/meta";
+    std::ofstream(meta) << "m";
+    fs::create_symlink("../altrove/meta", f("link"));
+    EXPECT_EQ(sostituisci(f("LINK"), "nuovo"), Esito::ok);
+    EXPECT_EQ(leggi_tutto(meta), "nuovo");
+    EXPECT_TRUE(fs::is_symlink(f("link")));
+    cartella_.scrivi("temp.col", "12345");
+    EXPECT_EQ(pubblica(f("temp.col"), dietro_il_collegamento(f("LINK")), 5), Esito::ok);
+    EXPECT_EQ(leggi_tutto(meta), "12345");
+    EXPECT_TRUE(fs::is_symlink(f("link")));
+    EXPECT_EQ(tutti(), Nomi{"link"});
+    EXPECT_EQ(Dir(cartella_.radice() + "/altrove", "*"), Nomi{"meta"});
+}
+
+TEST_F(DiskTest, a_finished_file_reaches_a_link_to_another_disk) {
+    if (fs::status("/dev/shm").type() != fs::file_type::directory) GTEST_SKIP() << "no other disk";
+    const std::string meta = "/dev/shm/tabellino-prova-" + std::to_string(::getpid());
+    std::ofstream(meta) << "vecchio";
+    fs::create_symlink(meta, f("a.col"));
+    cartella_.scrivi("temp.col", "12345");
+    annota(f("temp.col"), "parola");
+    const std::string parola = annotazione(f("temp.col"));
+    EXPECT_EQ(pubblica(f("temp.col"), dietro_il_collegamento(f("a.col")), 5), Esito::ok);
+    EXPECT_EQ(leggi_tutto(meta), "12345");
+    EXPECT_EQ(annotazione(f("a.col")), parola);
+    EXPECT_TRUE(fs::is_symlink(f("a.col")));
+    EXPECT_EQ(tutti(), Nomi{"a.col"});
+    fs::remove(meta);
+}
+
+TEST_F(DiskTest, a_link_that_leads_nowhere_gives_way) {
+    fs::create_symlink("manca", f("rotto"));
+    EXPECT_EQ(sostituisci(f("rotto"), "nuovo"), Esito::ok);
+    EXPECT_FALSE(fs::is_symlink(f("rotto")));
+    EXPECT_EQ(tutti(), Nomi{"rotto"});
+}
+
+TEST_F(DiskTest, a_replaced_file_keeps_its_mode) {
+    for (const mode_t modo : {0600U, 0640U, 0444U}) {
+        cartella_.scrivi("a.sen", "1");
+        ASSERT_EQ(::chmod(f("a.sen").c_str(), modo), 0);
+        const auto suo = [&] {
+            return static_cast<unsigned>(fs::status(f("a.sen")).permissions());
+        };
+        EXPECT_EQ(sostituisci(f("A.sen"), "2"), Esito::ok);
+        EXPECT_EQ(suo(), modo);
+        cartella_.scrivi("b.sen", "3");
+        EXPECT_EQ(FileCopy(f("b.sen"), f("a.sen")), Esito::ok);
+        EXPECT_EQ(suo(), modo);
+        cartella_.scrivi("temp.col", "12345");
+        EXPECT_EQ(pubblica(f("temp.col"), f("a.sen"), 5), Esito::ok);
+        EXPECT_EQ(suo(), modo);
+        fs::remove(f("a.sen"));
+    }
+}
+
+TEST_F(DiskTest, a_word_goes_with_the_content_and_with_no_other) {
+    cartella_.scrivi("A.col", "1");
+    if (!annota(f("a.col"), "parola")) GTEST_SKIP() << "this disk keeps no attributes";
+    EXPECT_EQ(annotazione(f("a.COL")), "parola");
+    EXPECT_EQ(FileCopy(f("a.col"), f("b.col"), Meta::via, "altra"), Esito::ok);
+    EXPECT_EQ(annotazione(f("b.col")), "parola");
+    EXPECT_EQ(Name(f("b.col"), f("c.col")), Esito::ok);
+    EXPECT_EQ(annotazione(f("c.col")), "parola");
+    EXPECT_EQ(sostituisci(f("c.col"), "2"), Esito::ok);
+    EXPECT_EQ(annotazione(f("c.col")), "");
+    EXPECT_EQ(FileCopy(f("c.col"), f("a.col"), Meta::via, "altra"), Esito::ok);
+    EXPECT_EQ(annotazione(f("a.col")), "altra");
+    EXPECT_EQ(annotazione(f("manca")), "");
+    EXPECT_FALSE(annota(f("manca"), "parola"));
+    EXPECT_EQ(tutti(), (Nomi{"A.col", "c.col"}));
 }
 
 TEST_F(DiskTest, publishing_moves_a_file_of_the_told_size_only) {
@@ -359,16 +426,7 @@ TEST_F(DiskTest, a_leftover_working_file_of_another_life_is_not_touched) {
     EXPECT_EQ(cartella_.leggi("a"), "x");
 }
 
-TEST_F(DiskTest, the_working_file_of_a_long_job_survives_a_replacement) {
-    const std::string lavoro = nome_di_lavoro(cartella_.programma());
-    EXPECT_EQ(scrivi(lavoro, "sviluppo"), Esito::ok);
-    EXPECT_EQ(sostituisci(f("cst"), "x"), Esito::ok);
-    EXPECT_EQ(leggi_tutto(lavoro), "sviluppo");
-}
-
 TEST_F(DiskTest, working_names_are_known_again_and_players_names_are_not) {
-    EXPECT_EQ(nome_di_lavoro("/x").substr(0, 8), "/x/temp-");
-    EXPECT_TRUE(e_nome_di_lavoro(nome_di_lavoro("").substr(1)));
     EXPECT_TRUE(e_nome_di_lavoro("temp-12.nuovo"));
     EXPECT_TRUE(e_nome_di_lavoro("temp-12-3.nuovo"));
     for (const char* nome :
@@ -376,24 +434,6 @@ TEST_F(DiskTest, working_names_are_known_again_and_players_names_are_not) {
           "temp-1.nuovo.sen", "temp.nuovo", "temp-nuovo", "", "atemp-1.nuovo"}) {
         EXPECT_FALSE(e_nome_di_lavoro(nome)) << nome;
     }
-}
-
-TEST_F(DiskTest, working_files_of_programs_at_work_are_not_swept) {
-    const std::string suo = "temp-" + std::to_string(::getppid()) + "-0.nuovo";
-    const std::string mio = "temp-" + std::to_string(::getpid()) + "-0.nuovo";
-    EXPECT_TRUE(lavoro_di_altri(suo));
-    EXPECT_FALSE(lavoro_di_altri(mio));
-    for (const char* nome : {"temp-99999999.nuovo", "temp-0.nuovo", "temp-99999999999999.nuovo",
-                             "temp-1.sen", "tempo.sen", ""}) {
-        EXPECT_FALSE(lavoro_di_altri(nome)) << nome;
-    }
-    for (const std::string& nome :
-         {suo, mio, std::string("temp-99999999.nuovo"), std::string("tempo.sen")}) {
-        cartella_.scrivi(nome, "x");
-    }
-    spazza(cartella_.programma());
-    EXPECT_EQ(Dir(cartella_.programma(), "*").size(), 2U);
-    EXPECT_TRUE(cartella_.esiste(suo) && cartella_.esiste("tempo.sen"));
 }
 
 TEST_F(DiskTest, a_whole_file_is_read_up_to_the_limit) {

@@ -10,6 +10,7 @@
 
 #include "platform/disk.h"
 #include "support/cartella.h"
+#include "support/guasti.h"
 
 using platform::Record;
 using platform::TextReader;
@@ -313,6 +314,40 @@ TEST_F(TextReaderTest, of_an_endless_line_the_memory_holds_a_part_only) {
     lettore_.seek(1);
     EXPECT_EQ(riga().size(), std::size_t{1} << 24);
     EXPECT_EQ(riga(), "7");
+}
+
+TEST_F(TextReaderTest, a_hole_of_four_gigabytes_is_the_end_of_the_file) {
+    const std::string nome = cartella_.file("f");
+    cartella_.scrivi("f", "1,2\r\n");
+    ASSERT_EQ(::truncate(nome.c_str(), std::int64_t{1} << 32), 0);
+    const support::Disco disco;
+    for (int modo = 0; modo < 4; ++modo) {
+        ASSERT_TRUE(lettore_.apri(nome));
+        EXPECT_EQ(numero(), 1);
+        EXPECT_EQ(numero(), 2);
+        std::string testo;
+        std::array<std::int16_t, 6> sei{};
+        EXPECT_TRUE(modo == 0   ? lettore_.campo(testo)
+                    : modo == 1 ? lettore_.riga(testo)
+                    : modo == 2 ? lettore_.salta_riga()
+                                : lettore_.interi(sei));
+        EXPECT_TRUE(lettore_.eof());
+        EXPECT_FALSE(lettore_.campo(testo));
+    }
+    EXPECT_LT(disco.letti, std::int64_t{4} << 26);
+    // Another place of the file is read as ever.
+    EXPECT_TRUE(lettore_.seek(1));
+    EXPECT_EQ(numero(), 1);
+}
+
+TEST_F(TextReaderTest, of_a_head_no_more_is_there_than_told) {
+    cartella_.scrivi("f", "12,34,56\r\n78");
+    ASSERT_TRUE(lettore_.apri(cartella_.file("f"), 5));
+    EXPECT_EQ(numero(), 12);
+    EXPECT_EQ(numero(), 34);
+    EXPECT_TRUE(lettore_.eof());
+    ASSERT_TRUE(lettore_.apri(cartella_.file("f")));
+    for (const int n : {12, 34, 56, 78}) EXPECT_EQ(numero(), n);
 }
 
 TEST_F(TextReaderTest, any_bytes_are_read_to_their_end) {

@@ -23,12 +23,20 @@ public:
     bool perde = false;  ///< what finds no room is lost without a word
     bool rename_fallisce = false;
     bool fsync_fallisce = false;
-    int vita = 0;  ///< the process dies before this call, counted from 1
-    int sync = 0;  ///< calls of fsync
+    bool senza_attributi = false;  ///< files keep no words
+    bool senza_noreplace = false;  ///< no rename that leaves a file alone
+    int vita = 0;                  ///< the process dies before this call, counted from 1
+    int sync = 0;                  ///< calls of fsync
+    std::int64_t letti = 0;        ///< bytes read
 
     int open(const char* nome, int modo, mode_t permessi) override {
         passo();
         return Syscalls::open(nome, modo, permessi);
+    }
+    ssize_t read(int fd, void* dati, std::size_t quanti) override {
+        const ssize_t n = Syscalls::read(fd, dati, quanti);
+        letti += n;
+        return n;
     }
     ssize_t write(int fd, const void* dati, std::size_t quanti) override {
         passo();
@@ -55,9 +63,24 @@ public:
         errno = EIO;
         return rename_fallisce ? -1 : Syscalls::rename(vecchio, nuovo);
     }
+    int rename_noreplace(const char* vecchio, const char* nuovo) override {
+        passo();
+        errno = senza_noreplace ? EINVAL : EIO;
+        return rename_fallisce || senza_noreplace ? -1 : Syscalls::rename_noreplace(vecchio, nuovo);
+    }
+    int link(const char* vecchio, const char* nuovo) override {
+        passo();
+        errno = EIO;
+        return rename_fallisce ? -1 : Syscalls::link(vecchio, nuovo);
+    }
     int unlink(const char* nome) override {
         passo();
         return Syscalls::unlink(nome);
+    }
+    int fsetxattr(int fd, const char* nome, const void* dati, std::size_t quanti) override {
+        passo();
+        errno = ENOTSUP;
+        return senza_attributi ? -1 : Syscalls::fsetxattr(fd, nome, dati, quanti);
     }
 
 private:

@@ -7,6 +7,7 @@
 
 #include "platform/disk.h"
 #include "support/cartella.h"
+#include "support/guasti.h"
 #include "systems/file_sistema.h"
 
 using namespace systems;
@@ -32,6 +33,30 @@ std::vector<std::string> nomi(const std::vector<Voce>& voci) {
     std::vector<std::string> tutti;
     for (const Voce& voce : voci) tutti.push_back(voce.nome);
     return tutti;
+}
+
+TEST_F(Elenco, di_un_file_bucato_si_legge_la_testa_soltanto) {
+    for (const char* nome : {"a.sen", "b.sel"}) {
+        cartella.scrivi(nome, "14,7,5");
+        std::filesystem::resize_file(cartella.file(nome), std::uintmax_t{1} << 32);
+    }
+    const support::Disco disco;
+    EXPECT_EQ(trova().size(), 1U);
+    EXPECT_EQ(trova(crossword::Gioco::lotto()).size(), 1U);
+    static_cast<void>(leggi_conteggio(cartella.programma(), "a", {}));
+    EXPECT_LE(disco.letti, 3 << 16);
+    static_cast<void>(leggi_sistema(cartella.programma(), "a", {}));
+    EXPECT_LE(disco.letti, 2 << 20);
+}
+
+TEST_F(Elenco, un_nome_che_non_e_utf8_si_trova_e_si_legge) {
+    const std::string nome = "citt\xE0";
+    cartella.scrivi(nome + ".sen", "14,7,5,\"6\",0,0,0,9\r\n");
+    const auto voci = trova();
+    ASSERT_EQ(voci.size(), 1U);
+    EXPECT_EQ(voci[0].nome, nome);
+    EXPECT_EQ(voci[0].dimensione, "8 x 6");
+    EXPECT_EQ(leggi_conteggio(cartella.programma(), nome, {}), 9);
 }
 
 TEST_F(Elenco, una_cartella_vuota_non_ha_sistemi) {

@@ -1,0 +1,85 @@
+// Working files, in which the new content of a file is made before it takes the old one's place.
+#pragma once
+
+#include <string>
+
+#include "platform/disk.h"
+
+namespace platform {
+
+/// What an errno means for a file step.
+Esito da_errno(int errore);
+
+/// Open file that closes itself; `chiudi` tells what the closing said.
+class File {
+public:
+    File() = default;
+    File(const std::string& nome, int modo) { apri(nome, modo); }
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+    ~File() { chiudi(); }
+    bool apri(const std::string& nome, int modo);
+    [[nodiscard]] bool aperto() const { return fd_ >= 0; }
+    [[nodiscard]] int fd() const { return fd_; }
+    bool chiudi();
+
+private:
+    int fd_ = -1;
+};
+
+/// Closes `file`, whose earlier steps ended with `esito`, and returns the outcome of all.
+Esito concludi(File& file, Esito esito);
+
+/// A new, empty working file. Nobody sweeps it while this lives, and it goes with this unless it
+/// was published.
+class Lavoro {
+public:
+    explicit Lavoro(const std::string& cartella);
+    Lavoro(const Lavoro&) = delete;
+    Lavoro& operator=(const Lavoro&) = delete;
+    ~Lavoro();
+
+    /// Outcome of the making.
+    [[nodiscard]] Esito esito() const { return esito_; }
+    [[nodiscard]] const std::string& nome() const { return nome_; }
+    /// Open for writing; may be closed before the file is published.
+    File& file() { return file_; }
+    /// As the function of this name; the file is then no longer this one's.
+    Esito pubblica(const std::string& nome, std::int64_t dimensione,
+                   Creazione creazione = Creazione::resta);
+    /// Leaves the file where it is, under a name that it was given.
+    void lascia();
+
+private:
+    [[nodiscard]] bool prendi(const std::string& nome);
+
+    Esito esito_ = Esito::errore;
+    std::string nome_;
+    File file_;
+    int custode_ = -1;  ///< keeps the lock when `file_` is closed
+};
+
+/// Fills `lavoro` with the content of `origine`, synced and of its size, and its word, or `parola`
+/// for one that has none.
+Esito copia_in(const std::string& origine, Lavoro& lavoro, std::int64_t& dimensione,
+               std::string_view parola = "");
+
+/// A file set aside under a working name. Nobody sweeps it while this lives, and it goes with this
+/// unless it was put back.
+class Accantonato {
+public:
+    Accantonato() = default;
+    Accantonato(const Accantonato&) = delete;
+    Accantonato& operator=(const Accantonato&) = delete;
+    ~Accantonato();
+    /// `assente` when there is none.
+    Esito metti(const std::string& nome);
+    Esito rimetti();
+
+private:
+    std::string prima_;
+    std::string nome_;
+    File custode_;
+};
+
+}  // namespace platform

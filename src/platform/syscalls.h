@@ -1,0 +1,34 @@
+// The system calls that can meet a failing device; a test puts its own in their place.
+#pragma once
+
+#include <cstddef>
+#include <sys/types.h>
+
+namespace platform {
+
+/// Each answers as the call of its name does, errno included.
+class Syscalls {
+public:
+    virtual ~Syscalls() = default;
+    virtual int open(const char* nome, int modo, mode_t permessi);
+    virtual ssize_t read(int fd, void* dati, std::size_t quanti);
+    virtual ssize_t write(int fd, const void* dati, std::size_t quanti);
+    virtual int fsync(int fd);
+    virtual int close(int fd);
+    virtual int rename(const char* vecchio, const char* nuovo);
+    /// A rename that fails with EEXIST where `nuovo` is.
+    virtual int rename_noreplace(const char* vecchio, const char* nuovo);
+    virtual int link(const char* vecchio, const char* nuovo);
+    virtual int unlink(const char* nome);
+    virtual int flock(int fd, int operazione);
+    /// A lock of the open file on one byte, for disks without the other kind.
+    virtual int fcntl_lock(int fd);
+    virtual int fsetxattr(int fd, const char* nome, const void* dati, std::size_t quanti);
+};
+
+/// The calls in force, never null.
+Syscalls& syscalls();
+/// Puts `nuove` in force (null: the system's own); not owned. Returns those before.
+Syscalls* cambia_syscalls(Syscalls* nuove);
+
+}  // namespace platform

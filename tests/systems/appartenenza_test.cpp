@@ -1,0 +1,204 @@
+// Developments and the systems that they are of.
+#include "systems/appartenenza.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+
+#include "platform/disk.h"
+#include "support/cartella.h"
+#include "support/guasti.h"
+
+using namespace systems;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+Sistema sistema(int primo, crossword::Gioco gioco) {
+    Sistema s;
+    s.gioco = gioco;
+    s.totale = 12;
+    s.diagonali = "6";
+    s.tipo_righe = s.tipo_colonne = s.tipo_diagonali = 0;
+    s.matrice = crossword::Matrice(6, 6);
+    for (int y = 0; y < 6; ++y) {
+        for (int x = 0; x < 6; ++x)
+            s.matrice.scrivi(x, y, static_cast<std::int16_t>((primo + x + 6 * y) % 90 + 1));
+    }
+    return s;
+}
+
+class Appartenenza : public testing::TestWithParam<bool> {
+protected:
+    Appartenenza() {
+        for (const char* nome : {"cr0600.rid", "cn0600.rid"})
+            std::ofstream(cartella_.radice() + "/ridotti/" + nome)
+                << (nome[1] == 'r' ? "1,2,3,4,5,6\r\n" : "1,2,3,4,5\r\n");
+        cartella_.scrivi("sonda", "x");
+        con_attributi_ = platform::annota(cartella_.file("sonda"), "x");
+        fs::remove(cartella_.file("sonda"));
+    }
+    [[nodiscard]] static crossword::Gioco gioco() {
+        return GetParam() ? crossword::Gioco::lotto() : crossword::Gioco();
+    }
+    static Sistema sistema(int primo) { return ::sistema(primo, gioco()); }
+    [[nodiscard]] Coppia coppia(const std::string& nome) const {
+        return {cartella_.programma(), nome, gioco()};
+    }
+    bool salva(const std::string& nome, const Sistema& s) const {
+        return scrivi_sistema(cartella_.programma(), nome, s);
+    }
+    /// Develops `s` and puts it beside the file `nome`.
+    bool sviluppa(const std::string& nome, const Sistema& s) const {
+        development::Richiesta r;
+        r.matrice = s.matrice;
+        r.gioco = gioco();
+        r.tipo_righe = s.tipo_righe;
+        r.cartella = cartella_.programma();
+        r.ridotti = cartella_.radice() + "/ridotti";
+        r.senza_ripetizioni = true;
+        development::Elaborazione lavoro(r, {});
+        EXPECT_EQ(lavoro.sviluppa(), development::Conclusione::completa);
+        return concludi_sviluppo(coppia(nome), s, lavoro, true);
+    }
+    Sistema elabora(const std::string& nome, int primo) const {
+        Sistema s = sistema(primo);
+        s.senza_ripetizioni = 14;
+        EXPECT_TRUE(salva_per_elaborare(coppia(nome), s));
+        EXPECT_TRUE(sviluppa(nome, s));
+        return s;
+    }
+    [[nodiscard]] bool proprio(const std::string& nome) const {
+        return sviluppo_proprio(coppia(nome));
+    }
+    support::Cartella cartella_;
+    bool con_attributi_ = false;
+};
+
+INSTANTIATE_TEST_SUITE_P(Giochi, Appartenenza, testing::Bool());
+
+TEST_P(Appartenenza, impronta_cambia_con_tutto_cio_che_cambia_le_combinazioni) {
+    const Sistema s = sistema(1);
+    const std::string sua = impronta(s);
+    EXPECT_EQ(sua.size(), 16U);
+    Sistema altro = s;
+    altro.totale = 99;
+    altro.diagonali = "x";
+    altro.senza_ripetizioni = 7;
+    EXPECT_EQ(impronta(altro), sua);
+    altro = s;
+    altro.matrice.scrivi(5, 5, 90);
+    EXPECT_NE(impronta(altro), sua);
+    for (std::int32_t Sistema::*tipo :
+         {&Sistema::tipo_righe, &Sistema::tipo_colonne, &Sistema::tipo_diagonali}) {
+        altro = s;
+        altro.*tipo = 1;
+        EXPECT_NE(impronta(altro), sua);
+    }
+    altro = s;
+    altro.gioco = crossword::Gioco::lotto(3);
+    EXPECT_NE(impronta(altro), sua);
+    // A rectangle has no diagonals.
+    altro.matrice = crossword::Matrice(6, 7);
+    const std::string rettangolo = impronta(altro);
+    altro.tipo_diagonali = 4;
+    EXPECT_EQ(impronta(altro), rettangolo);
+}
+
+TEST_P(Appartenenza, un_file_riletto_ha_la_stessa_impronta) {
+    const Sistema s = sistema(3);
+    ASSERT_TRUE(salva("a", s));
+    EXPECT_EQ(impronta(leggi_sistema(cartella_.programma(), "a", gioco())), impronta(s));
+}
+
+TEST_P(Appartenenza, senza_segno_ci_si_fida) {
+    ASSERT_TRUE(salva("a", sistema(1)));
+    EXPECT_TRUE(proprio("a"));
+    std::ofstream(coppia("a").sviluppo()) << "1,2,3,4,5,6\r\n";
+    EXPECT_TRUE(proprio("a"));
+    EXPECT_TRUE(proprio("manca"));
+}
+
+TEST_P(Appartenenza, uno_sviluppo_vecchio_si_riconosce_dopo_un_salvataggio) {
+    if (!con_attributi_) GTEST_SKIP() << "this disk keeps no attributes";
+    const Sistema s = elabora("a", 1);
+    EXPECT_TRUE(proprio("a"));
+    ASSERT_TRUE(salva("a", sistema(2)));
+    EXPECT_FALSE(proprio("a"));
+    ASSERT_TRUE(salva("a", s));
+    EXPECT_TRUE(proprio("a"));
+    // Changed there and back, and saved without its count: nothing of it would be checked.
+    ASSERT_TRUE(salva("a", sistema(1)));
+    EXPECT_FALSE(proprio("a"));
+}
+
+TEST_P(Appartenenza, anche_quello_di_una_versione_che_non_segnava) {
+    if (!con_attributi_) GTEST_SKIP() << "this disk keeps no attributes";
+    ASSERT_TRUE(salva("a", sistema(1)));
+    std::ofstream(coppia("a").sviluppo()) << "1,2,3,4,5,6\r\n";
+    ASSERT_TRUE(salva("a", sistema(1)));
+    EXPECT_TRUE(proprio("a"));
+    ASSERT_TRUE(salva("a", sistema(2)));
+    EXPECT_FALSE(proprio("a"));
+    // One that was alone is no new system's.
+    std::ofstream(coppia("solo").sviluppo()) << "1,2,3,4,5,6\r\n";
+    ASSERT_TRUE(salva("solo", sistema(1)));
+    EXPECT_FALSE(proprio("solo"));
+}
+
+TEST_P(Appartenenza, elaborando_un_sistema_cambiato_lo_sviluppo_vecchio_va_via_per_primo) {
+    const Sistema s = elabora("a", 1);
+    EXPECT_TRUE(salva_per_elaborare(coppia("a"), s));
+    EXPECT_TRUE(fs::exists(coppia("a").sviluppo()));
+    {
+        // Not even a disk that then refuses the system leaves them together.
+        support::Disco disco;
+        disco.spazio = 0;
+        EXPECT_FALSE(salva_per_elaborare(coppia("a"), sistema(2)));
+    }
+    EXPECT_FALSE(fs::exists(coppia("a").sviluppo()));
+    EXPECT_EQ(platform::leggi_tutto(coppia("a").sistema()), testo_sistema(s));
+}
+
+TEST_P(Appartenenza, nessuno_sviluppo_si_pubblica_accanto_a_un_altro_sistema) {
+    elabora("a", 1);
+    EXPECT_FALSE(sviluppa("a", sistema(2)));
+    EXPECT_FALSE(fs::exists(coppia("a").sviluppo()));
+    EXPECT_EQ(platform::Dir(cartella_.programma(), "temp*").size(), 0U);
+}
+
+TEST_P(Appartenenza, senza_attributi_tutto_va_come_prima) {
+    support::Disco disco;
+    disco.senza_attributi = true;
+    elabora("a", 1);
+    EXPECT_TRUE(proprio("a"));
+    ASSERT_TRUE(salva("a", sistema(2)));
+    EXPECT_TRUE(proprio("a"));
+}
+
+TEST_P(Appartenenza, i_segni_vanno_con_le_copie_e_i_nomi) {
+    if (!con_attributi_) GTEST_SKIP() << "this disk keeps no attributes";
+    elabora("a", 1);
+    ASSERT_TRUE(salva("b", sistema(2)));
+    ASSERT_TRUE(salva("vecchio", sistema(3)));
+    std::ofstream(coppia("vecchio").sviluppo()) << "1,2,3,4,5,6\r\n";
+    duplica(coppia("a"), coppia("c"), [] {});
+    EXPECT_TRUE(proprio("c"));
+    ASSERT_TRUE(salva("c", sistema(4)));
+    duplica(coppia("c"), coppia("d"), [] {});
+    EXPECT_FALSE(proprio("d"));
+    // The source has no development, so the target keeps its own, which is no longer its.
+    duplica(coppia("b"), coppia("a"), [] {});
+    EXPECT_FALSE(proprio("a"));
+    duplica(coppia("b"), coppia("vecchio"), [] {});
+    EXPECT_FALSE(proprio("vecchio"));
+    // A development that is renamed beside another's system.
+    ASSERT_TRUE(salva("e", sistema(5)));
+    std::ofstream(coppia("e").sviluppo()) << "1,2,3,4,5,6\r\n";
+    ASSERT_TRUE(salva("f", sistema(6)));
+    rinomina(coppia("e"), "f");
+    EXPECT_TRUE(fs::exists(coppia("f").sviluppo()));
+    EXPECT_FALSE(proprio("f"));
+}
+
+}  // namespace
