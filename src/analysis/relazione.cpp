@@ -29,7 +29,12 @@ std::string quante(std::uint64_t n, const char* una, const char* molte) {
 /// "1 su 3,85", in words where it is no chance at all.
 std::string una_su(double parte, double tutte) {
     if (parte == 0) return "mai";
-    return parte == tutte ? "sempre" : "1 su " + Significative(tutte / parte, 3);
+    if (parte == tutte) return "sempre";
+    std::string testo = Significative(tutte / parte, 3);
+    for (int cifre = 4; testo == "1" && cifre <= 14; ++cifre) {
+        testo = Significative(tutte / parte, cifre);
+    }
+    return "1 su " + testo;
 }
 
 std::string euro(double quanti) {

@@ -24,6 +24,8 @@ public:
     virtual void rivedi_sviluppo() = 0;
     /// Check against a draw; hides the main form.
     virtual void spoglio(Form1& form1) = 0;
+    /// Analysis of the development of the system in line, not modal; returns when it is counted.
+    virtual void analisi(Form1& form1) = 0;
     /// Print options.
     virtual void stampa(Form1& form1) = 0;
     /// About box, modal.

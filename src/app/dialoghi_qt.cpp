@@ -1,5 +1,6 @@
 #include "app/dialoghi_qt.h"
 
+#include "analysis/frmanalisi.h"
 #include "app/form1.h"
 #include "check/frmspoglio.h"
 #include "help/frmAbout.h"
@@ -92,6 +93,15 @@ void DialoghiQt::spoglio(Form1& form1) {
     form->show();
 }
 
+void DialoghiQt::analisi(Form1& form1) {
+    chiudi(analisi_);
+    auto* form = new analysis::frmanalisi(form1);
+    analisi_ = form;
+    platform::set_Tag(form, form1.Tag());
+    form->show();
+    form->iniz();
+}
+
 void DialoghiQt::informazioni(Form1& form1) {
     help::frmAbout(form1).exec();
 }
@@ -106,7 +116,7 @@ void DialoghiQt::sito(Form1& /*form1*/) {
 
 /// The windows that stand over the main form.
 void DialoghiQt::chiudi_sopra() {
-    for (QPointer<QWidget>* finestra : {&gestore_, &importo_, &sviluppo_, &stampa_}) {
+    for (QPointer<QWidget>* finestra : {&gestore_, &importo_, &sviluppo_, &stampa_, &analisi_}) {
         chiudi(*finestra);
     }
 }

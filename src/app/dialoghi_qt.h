@@ -17,6 +17,7 @@ public:
     void visualizza_sviluppo(Form1& form1) override;
     void rivedi_sviluppo() override;
     void spoglio(Form1& form1) override;
+    void analisi(Form1& form1) override;
     void stampa(Form1& form1) override;
     void informazioni(Form1& form1) override;
     void guida(Form1& form1) override;
@@ -30,6 +31,7 @@ private:
     QPointer<QWidget> sviluppo_;
     QPointer<QWidget> stampa_;
     QPointer<QWidget> spoglio_;
+    QPointer<QWidget> analisi_;
 };
 
 }  // namespace app

@@ -28,6 +28,7 @@ Form1::Form1(Dialoghi& dialoghi) : dialoghi_(dialoghi) {
     crea_generatori();
     crea_riepilogo();
     crea_importo();
+    crea_analisi();
     ordine_tastiera();
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     setFixedSize(centralWidget()->width(),
@@ -88,6 +89,7 @@ void Form1::collega() {
     connect(mnugest_sist, &QAction::triggered, this, &Form1::mnugest_sist_Click);
     connect(mnuImportocolonna, &QAction::triggered, this,
             [this] { dialoghi_.importo_colonna(*this); });
+    connect(mnuanalisi, &QAction::triggered, this, &Form1::mnuanalisi_Click);
     connect(mnuaiuto, &QAction::triggered, this, [this] { dialoghi_.guida(*this); });
     connect(mnuweb, &QAction::triggered, this, [this] { dialoghi_.sito(*this); });
     connect(mnuinfo, &QAction::triggered, this, [this] { dialoghi_.informazioni(*this); });

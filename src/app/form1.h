@@ -13,6 +13,7 @@
 #include "crossword/matrice.h"
 #include "crossword/tipi.h"
 #include "development/elaborazione.h"
+#include "development/spiegazioni.h"
 #include "platform/controls.h"
 #include "platform/flexgrid.h"
 #include "statistics/archivio.h"
@@ -127,6 +128,9 @@ public:
     /// what stands on the disk may be used.
     bool sviluppo_valido();
     void verifica_spoglio(bool& pronto);
+    void mnuanalisi_Click();
+    /// One line on the analysis of the system as it stands; the next change takes it away.
+    void mostra_analisi(const QString& testo);
     void mnuRipetizioniCon_Click();
     void mnuRipetizioniSenza_Click();
 
@@ -166,6 +170,7 @@ public:
     QPushButton* cmdstat = nullptr;
     QPushButton* cmdstat2 = nullptr;
     QLabel* lblsistema = nullptr;
+    QLabel* lblanalisi = nullptr;
     QLabel* lblngioco = nullptr;
     QLabel* lblimportotot = nullptr;
     QLabel* lblnumquote = nullptr;
@@ -183,6 +188,7 @@ public:
     QAction* mnuEsci = nullptr;
     QAction* mnugest_sist = nullptr;
     QAction* mnuImportocolonna = nullptr;
+    QAction* mnuanalisi = nullptr;
     QAction* annulla = nullptr;
     QAction* ripeti = nullptr;
     QAction* mnuaiuto = nullptr;
@@ -203,6 +209,7 @@ private:
     void crea_generatori();
     void crea_riepilogo();
     void crea_importo();
+    void crea_analisi();
     void collega();
     void ordine_tastiera();
 
@@ -221,6 +228,8 @@ private:
     void UpDown2_Change();
     void carica_dimensioni(int da);
     void tipo_riga(int riga, int n, int indice);
+    /// What a type of the rows (0), of the columns (1) or of the diagonals (2) gives.
+    [[nodiscard]] QString spiegazione_tipo(int quale, int tipo);
     [[nodiscard]] bool completa_cella(const std::vector<int>& scelti);
     /// False when some cell admits none of the numbers in play.
     [[nodiscard]] bool completa_caselle();
@@ -243,6 +252,9 @@ private:
     void esegui_elaborazione();
 
     Dialoghi& dialoghi_;
+    development::Spiegazioni spiegazioni_;
+    QString riassunto_;    ///< of the last analysis; empty after a change
+    QString spiegazione_;  ///< of the type that a list shows; empty without one
     crossword::Cronologia cronologia_;
     platform::Rnd rnd_;
     bool sviluppo_superato_ = false;  ///< the system was changed and saved since it was opened

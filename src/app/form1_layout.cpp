@@ -92,6 +92,9 @@ void Form1::crea_menu() {
     mnugest_sist = comando(utility, tr("&Gestione Sistemi"), "mnugest_sist");
     mnuImportocolonna = comando(utility, tr("&Importo Colonna"), "mnuImportocolonna");
 
+    utility->addSeparator();
+    mnuanalisi = comando(utility, tr("&Analisi Sistema"), "mnuanalisi", QKeySequence(Qt::Key_F9));
+
     QMenu* guida = menuBar()->addMenu(tr("&Guida"));
     guida->setObjectName("mnuguida");
     guida->menuAction()->setObjectName("mnuguida");

@@ -2,11 +2,14 @@
 
 #include <QAbstractItemView>
 #include <QAccessibleWidget>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QStandardItemModel>
 #include <QStyle>
 #include <QSvgRenderer>
+#include <QToolTip>
 #include <QVariant>
 
 namespace platform {
@@ -36,6 +39,7 @@ public:
         : QAccessibleWidget(elenco, QAccessible::ComboBox), elenco_(elenco) {}
     [[nodiscard]] QString text(QAccessible::Text quale) const override {
         if (quale == QAccessible::Value) return elenco_->currentText();
+        if (quale == QAccessible::Description) return elenco_->spiegazione(elenco_->ListIndex());
         if (quale != QAccessible::Name) return QAccessibleWidget::text(quale);
         return QStringList{elenco_->accessibleName(), elenco_->currentText()}.join(": ");
     }
@@ -48,6 +52,21 @@ public:
             return;
         }
         QAccessibleWidget::doAction(azione);
+    }
+
+private:
+    ComboBox* elenco_;
+};
+
+/// Items whose explanation is made when somebody asks for it.
+class VociSpiegate : public QStandardItemModel {
+public:
+    explicit VociSpiegate(ComboBox* elenco) : QStandardItemModel(elenco), elenco_(elenco) {}
+    [[nodiscard]] QVariant data(const QModelIndex& indice, int ruolo) const override {
+        if (ruolo == Qt::ToolTipRole || ruolo == Qt::AccessibleDescriptionRole) {
+            return elenco_->spiegazione(indice.row());
+        }
+        return QStandardItemModel::data(indice, ruolo);
     }
 
 private:
@@ -105,6 +124,7 @@ void ComboBox::cerca_con(const QString& tasti, Ricerca ricerca) {
 
 void ComboBox::showPopup() {
     digitato_.clear();
+    if (spiegazione_) Q_EMIT Spiegato(spiegazione(currentIndex()));
     QComboBox::showPopup();
 }
 
@@ -140,12 +160,47 @@ bool ComboBox::digita(const QKeyEvent& evento) {
     return true;
 }
 
+void ComboBox::spiega(std::function<QString(int)> spiegazione) {
+    spiegazione_ = std::move(spiegazione);
+    setModel(new VociSpiegate(this));
+    connect(this, &QComboBox::highlighted, this,
+            [this](int indice) { Q_EMIT Spiegato(this->spiegazione(indice)); });
+    connect(this, &QComboBox::currentIndexChanged, this, [this](int indice) {
+        if (hasFocus()) Q_EMIT Spiegato(this->spiegazione(indice));
+    });
+}
+
+QString ComboBox::spiegazione(int indice) const {
+    return spiegazione_ && indice >= 0 && indice < count() ? spiegazione_(indice) : QString();
+}
+
+void ComboBox::hidePopup() {
+    QComboBox::hidePopup();
+    if (spiegazione_) Q_EMIT Spiegato(hasFocus() ? spiegazione(currentIndex()) : QString());
+}
+
+void ComboBox::focusInEvent(QFocusEvent* evento) {
+    QComboBox::focusInEvent(evento);
+    if (spiegazione_) Q_EMIT Spiegato(spiegazione(currentIndex()));
+}
+
+void ComboBox::focusOutEvent(QFocusEvent* evento) {
+    QComboBox::focusOutEvent(evento);
+    // The list that opens takes the focus away and is still this control's.
+    if (spiegazione_ && evento->reason() != Qt::PopupFocusReason) Q_EMIT Spiegato(QString());
+}
+
 void ComboBox::resizeEvent(QResizeEvent* evento) {
     QComboBox::resizeEvent(evento);
     adatta();
 }
 
 bool ComboBox::event(QEvent* evento) {
+    if (evento->type() == QEvent::ToolTip && spiegazione_) {
+        QToolTip::showText(static_cast<QHelpEvent*>(evento)->globalPos(),
+                           spiegazione(currentIndex()), this);
+        return true;
+    }
     const bool esito = QComboBox::event(evento);
     if (evento->type() == QEvent::Polish) adatta();
     return esito;

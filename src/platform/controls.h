@@ -37,6 +37,10 @@ public:
     bool set_ListIndex(int indice);
     void AddItem(const QString& testo);
     void Clear();
+    /// Gives the items an explanation, by their index, that is asked for only when it is shown: as
+    /// tooltip, as accessible description, by `Spiegato`. Called while there are no items.
+    void spiega(std::function<QString(int)> spiegazione);
+    [[nodiscard]] QString spiegazione(int indice) const;
 
     /// Finds the item that the characters typed so far mean, -1 for none.
     using Ricerca = std::function<int(const QString& digitato)>;
@@ -45,13 +49,19 @@ public:
     /// seconds they begin anew.
     void cerca_con(const QString& tasti, Ricerca ricerca);
     void showPopup() override;
+    void hidePopup() override;
 
 Q_SIGNALS:
     void Click();
+    /// While the list is open or has the focus, the explanation of the item in question; empty
+    /// afterwards.
+    void Spiegato(const QString& testo);
 
 protected:
     void keyPressEvent(QKeyEvent* evento) override;
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
+    void focusInEvent(QFocusEvent* evento) override;
+    void focusOutEvent(QFocusEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;
     bool event(QEvent* evento) override;
 
@@ -64,6 +74,7 @@ private:
     Ricerca ricerca_;
     QString digitato_;
     quint64 ultimo_tasto_ = 0;
+    std::function<QString(int)> spiegazione_;
 };
 
 /// Picture that acts on a click and shows that the pointer is over it.

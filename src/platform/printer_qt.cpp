@@ -116,8 +116,11 @@ QTransform dentro_il_foglio(const QPageLayout& foglio, int dot) {
         .scale(scala, scala);
 }
 
-PrinterQt::PrinterQt(const QString& titolo, const QString& pdf)
-    : titolo_(titolo), pdf_(pdf), caratteri_{CarattereStampa(false), CarattereStampa(true)} {}
+PrinterQt::PrinterQt(const QString& titolo, const QString& pdf, Uscita uscita)
+    : titolo_(titolo),
+      pdf_(pdf),
+      uscita_(uscita),
+      caratteri_{CarattereStampa(false), CarattereStampa(true)} {}
 
 PrinterQt::~PrinterQt() {
     PrinterQt::scarta();
@@ -174,7 +177,7 @@ void PrinterQt::inizia_carta(std::unique_ptr<QPrinter> carta) {
 
 void PrinterQt::inizia_lavoro() {
     esito_ = {};
-    if (auto carta = stampante_del_sistema()) {
+    if (auto carta = uscita_ == Uscita::file ? nullptr : stampante_del_sistema()) {
         inizia_carta(std::move(carta));
     } else {
         inizia_file();

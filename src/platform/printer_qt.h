@@ -28,12 +28,18 @@ struct EsitoStampa {
     QString motivo;  ///< why the job was lost; empty when it was not
 };
 
+/// Where a job may go.
+enum class Uscita {
+    carta_o_file,  ///< paper, where there is a printer
+    file,
+};
+
 /// One job on the system's default printer; when there is none, into the file `pdf`, which is
 /// replaced when the job ends. The page is the whole A4 sheet, made smaller for a printer that
 /// cannot reach its edges.
 class PrinterQt : public Printer {
 public:
-    PrinterQt(const QString& titolo, const QString& pdf);
+    PrinterQt(const QString& titolo, const QString& pdf, Uscita uscita = Uscita::carta_o_file);
     ~PrinterQt() override;
 
     [[nodiscard]] float ScaleWidth() const override;
@@ -67,6 +73,7 @@ private:
 
     QString titolo_;
     QString pdf_;
+    Uscita uscita_;
     EsitoStampa esito_;
     std::unique_ptr<FilePdf> file_;
     std::unique_ptr<QPagedPaintDevice> foglio_;

@@ -58,7 +58,7 @@ const QVector<Capitolo>& capitoli() {
     static const QVector<Capitolo> tutti = {
         {"Per cominciare", {"inizio", "cruciverba", "disporre"}},
         {"Il sistema", {"tipi", "garanzie", "elaborazione", "ripetizioni", "prezzi"}},
-        {"Usare il sistema", {"visualizzatore", "spoglio", "stampa", "libreria"}},
+        {"Usare il sistema", {"visualizzatore", "spoglio", "analisi", "stampa", "libreria"}},
         {"Le estrazioni", {"archivio", "statistica"}},
         {"Il programma", {"file", "aspetti", "tastiera", "domande", "misura"}},
     };

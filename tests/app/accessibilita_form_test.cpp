@@ -43,8 +43,9 @@ protected:
             viste.insert(finestra.objectName().toStdString());
             sguardo(finestra, nome);
         }).tutte();
-        const std::set<std::string> attese{"Archivio", "Form1",    "Form2",      "Form3",
-                                           "formeuro", "frmAbout", "frmspoglio", "frmstsvl"};
+        const std::set<std::string> attese{"Archivio",   "Form1",      "Form2",
+                                           "Form3",      "formeuro",   "frmAbout",
+                                           "frmspoglio", "frmanalisi", "frmstsvl"};
         EXPECT_EQ(viste, attese);
     }
 

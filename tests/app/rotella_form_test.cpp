@@ -141,7 +141,7 @@ TEST(Rotella, SuNessunComandoDiNessunaFinestraCambiaCioCheESceltoOScritto) {
     QApplication::processEvents();
     tocca(guida, toccati);
     EXPECT_EQ(viste, (std::set<std::string>{"Archivio", "Form1", "Form2", "Form3", "formeuro",
-                                            "frmAbout", "frmspoglio", "frmstsvl"}));
+                                            "frmAbout", "frmanalisi", "frmspoglio", "frmstsvl"}));
     for (const char* comando :
          {"platform::TabStrip TabStrip1", "platform::UpDown UpDown2", "platform::ComboBox Combo3",
           "platform::ListBox List1", "platform::MSFlexGrid MSFlexGrid2", "QTreeWidget indice"})

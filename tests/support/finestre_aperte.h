@@ -8,6 +8,7 @@
 #include <QMimeData>
 #include <QUrl>
 
+#include "analysis/frmanalisi.h"
 #include "archivio/finestra.h"
 #include "check/frmspoglio.h"
 #include "help/frmAbout.h"
@@ -51,6 +52,7 @@ public:
             stampa();
             importo();
             informazioni();
+            analisi();
             spoglio();
             importatore();
         }
@@ -129,6 +131,16 @@ private:
         ASSERT_FALSE(f.txtrapporto->document()->isEmpty());
         f.chksostituisci->setChecked(true);
         guarda(f, "Archivio con il rapporto");
+    }
+    void analisi() {
+        Programma::voce(p_.form1.mnuanalisi);
+        auto* f = aperta<analysis::frmanalisi>();
+        ASSERT_NE(f, nullptr);
+        for (int i = 0; i < f->schede->count(); ++i) {
+            f->schede->setCurrentIndex(i);
+            guarda(*f, "frmanalisi, scheda " + std::to_string(i));
+        }
+        Programma::clic(f->CmdEsci);
     }
     void spoglio() {
         p_.comando(6);

@@ -1,0 +1,126 @@
+// What the system in line wins: over every possible draw, on average, and in the past.
+#pragma once
+
+#include <memory>
+
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QTableWidget>
+
+#include "analysis/grafico.h"
+#include "analysis/relazione.h"
+#include "platform/controls.h"
+
+class QVBoxLayout;
+
+namespace app {
+class Form1;
+}
+
+namespace analysis {
+
+/// A table with its title and the sentences under it; nothing in it can be changed.
+class VistaTavola : public QWidget {
+    Q_OBJECT
+public:
+    /// At most `righe_visibili` rows are shown without scrolling.
+    VistaTavola(const QString& nome, int righe_visibili, QWidget* padre);
+    void mostra(const Tavola& tavola);
+
+    QTableWidget* griglia = nullptr;
+    QLabel* titolo = nullptr;
+    QLabel* note = nullptr;
+
+private:
+    int righe_visibili_;
+};
+
+/// Analyses the development of the system named by its `Tag`, in the game that `form1` plays when
+/// the form is made. `form1` outlives it.
+class frmanalisi : public QDialog {
+    Q_OBJECT
+public:
+    explicit frmanalisi(app::Form1& form1);
+    ~frmanalisi() override;
+
+    /// Reads and counts; returns when that is done or was stopped, and the form may be gone then.
+    void iniz();
+    /// The same way out as the button.
+    void reject() override { close(); }
+
+    QLabel* lblnomesistema = nullptr;
+    QLabel* lblnumconb = nullptr;
+    QLabel* lblstato = nullptr;
+    QProgressBar* ProgressBar1 = nullptr;
+    QPushButton* cmdannulla = nullptr;
+    QPushButton* cmdanalizza = nullptr;
+    QTabBar* schede = nullptr;
+    QStackedWidget* pagine = nullptr;
+    VistaTavola* garanzie = nullptr;
+    VistaTavola* insiemi = nullptr;
+    VistaTavola* estrazioni = nullptr;
+    VistaTavola* buchi = nullptr;
+    VistaTavola* esempi = nullptr;
+    VistaTavola* categorie_passate = nullptr;
+    VistaTavola* migliori = nullptr;
+    VistaTavola* anni = nullptr;
+    Grafico* grafico_estrazioni = nullptr;
+    Grafico* grafico_anni = nullptr;
+    /// One for each category, the highest first.
+    QList<QLabel*> lblmedia;
+    QList<QLineEdit*> txtpremio;
+    QList<QLabel*> lblincasso;
+    QLabel* lblspesa = nullptr;
+    QLabel* lblritorno = nullptr;
+    platform::ComboBox* Combo1 = nullptr;  ///< wheels; Lotto only
+    QPushButton* cmdpdf = nullptr;
+    QPushButton* cmdcopia = nullptr;
+    QPushButton* CmdEsci = nullptr;
+
+protected:
+    void closeEvent(QCloseEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
+
+private:
+    struct Conto;
+
+    // Layout, each routine one area of the window.
+    void crea_sistema(QVBoxLayout* sotto);
+    void crea_pagine(QVBoxLayout* sotto);
+    QWidget* crea_pagina(const QString& titolo, const QList<QWidget*>& parti);
+    QWidget* crea_medie();
+    QWidget* crea_ruote();
+    void crea_comandi(QVBoxLayout* sotto);
+
+    /// Says how the job goes; false when it is to stop.
+    bool avanza(double parte);
+    void occupato(bool si);
+    void conta_passato(Conto& conto);
+    void mostra();
+    void mostra_medie();
+    void mostra_passato();
+    void cambia_ruota();
+    void cambia_premio(int quale);
+    void salva_pdf();
+    void copia();
+    [[nodiscard]] std::vector<Tavola> tavole() const;
+    [[nodiscard]] Premi premi() const;
+    [[nodiscard]] double spesa() const;
+
+    app::Form1& form1_;
+    crossword::Gioco gioco_;
+    std::vector<Categoria> categorie_;
+    std::shared_ptr<Conto> conto_;  ///< null until one is whole
+    QElapsedTimer da_quando_;
+    bool al_lavoro_ = false;
+    bool fermata_ = false;
+    bool chiusura_chiesta_ = false;
+};
+
+}  // namespace analysis
