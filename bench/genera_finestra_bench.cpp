@@ -35,8 +35,8 @@ void genera(benchmark::State& stato, bool lotto) {
     for ([[maybe_unused]] auto _ : stato) {
         (lotto ? form1.cmdstat2 : form1.cmdstat)->click();
         stato.PauseTiming();
-        if (form1.matrice(0, 0) == 0) stato.SkipWithError("nothing was laid");
-        form1.modifica_griglia(0);
+        if (form1.sessione.matrice()(0, 0) == 0) stato.SkipWithError("nothing was laid");
+        form1.sessione.svuota();
         QApplication::processEvents();
         stato.ResumeTiming();
     }

@@ -131,7 +131,7 @@ void frmanalisi::iniz() {
         if (!ancora) return;
         if (contato) {
             conto->mappe = std::make_unique<Mappe>(conto->giocate);
-            conto->database = form1_.archivio.database;
+            conto->database = form1_.sessione.archivio.database;
             conta_passato(*conto);
         }
     }

@@ -105,7 +105,10 @@ void VistaTavola::mostra(const Tavola& t) {
 }
 
 frmanalisi::frmanalisi(app::Form1& form1)
-    : QDialog(&form1), form1_(form1), gioco_(form1.gioco()), categorie_(categorie(gioco_)) {
+    : QDialog(&form1),
+      form1_(form1),
+      gioco_(form1.sessione.gioco()),
+      categorie_(categorie(gioco_)) {
     setObjectName("frmanalisi");
     setWindowTitle("Analisi Sistema");
     setAttribute(Qt::WA_DeleteOnClose);

@@ -15,7 +15,7 @@ namespace app {
 
 using platform::App;
 
-Form1::Form1(Dialoghi& dialoghi) : dialoghi_(dialoghi) {
+Form1::Form1(Dialoghi& dialoghi) : sessione(App().Path), dialoghi_(dialoghi) {
     setObjectName("Form1");
     setWindowTitle("Sortivario Plus - Sistemi a Cruciverba");
     setCentralWidget(new QWidget(this));
@@ -52,9 +52,8 @@ void Form1::collega() {
                 [this, i] { Image3_Click(i); });
     }
     for (int i = 1; i <= 90; ++i) {
-        connect(CMDnum[static_cast<std::size_t>(i)], &QPushButton::clicked, this, [this, i] {
-            if (!in_completamento_) CMDnum_Click(i);
-        });
+        connect(CMDnum[static_cast<std::size_t>(i)], &QPushButton::clicked, this,
+                [this, i] { CMDnum_Click(i); });
     }
     for (int i = 0; i < 3; ++i) {
         const auto k = static_cast<std::size_t>(i);
@@ -66,8 +65,7 @@ void Form1::collega() {
     connect(Image10, &QAbstractButton::clicked, this, &Form1::Image10_Click);
     connect(MSFlexGrid1, &platform::MSFlexGrid::SelChange, this, [this] {
         colore_griglia();
-        abilita_disabilita(static_cast<std::int16_t>(MSFlexGrid1->Row()),
-                           static_cast<std::int16_t>(MSFlexGrid1->Col()));
+        abilita_corrente();
     });
     connect(List1, &platform::ListBox::Click, this, &Form1::List1_Click);
     for (platform::ComboBox* misura : {Combo1, Combo2}) {
@@ -75,10 +73,13 @@ void Form1::collega() {
     }
     connect(cmdstat, &QPushButton::clicked, this, &Form1::cmdstat_Click);
     connect(cmdstat2, &QPushButton::clicked, this, &Form1::cmdstat2_Click);
-    connect(Combo3, &platform::ComboBox::Click, this, &Form1::Combo3_Click);
-    connect(Combo4, &platform::ComboBox::Click, this, &Form1::Combo4_Click);
-    connect(Combo5, &platform::ComboBox::Click, this, &Form1::Combo5_Click);
-    connect(UpDown2, &QSpinBox::valueChanged, this, &Form1::UpDown2_Change);
+    const std::array<platform::ComboBox*, 3> liste = {Combo3, Combo4, Combo5};
+    for (std::size_t i = 0; i < liste.size(); ++i) {
+        connect(liste[i], &platform::ComboBox::Click, this, [this, i, lista = liste[i]] {
+            sessione.scegli_tipo(static_cast<crossword::Elenco>(i + 1), lista->ListIndex());
+        });
+    }
+    connect(UpDown2, &QSpinBox::valueChanged, this, [this](int quote) { sessione.quote(quote); });
     connect(mnunuovo, &QAction::triggered, this, &Form1::mnunuovo_Click);
     connect(mnuapri, &QAction::triggered, this, &Form1::mnuapri_Click);
     connect(mnusalva, &QAction::triggered, this, &Form1::mnusalva_Click);
@@ -94,8 +95,8 @@ void Form1::collega() {
     connect(mnuweb, &QAction::triggered, this, [this] { dialoghi_.sito(*this); });
     connect(mnuinfo, &QAction::triggered, this, [this] { dialoghi_.informazioni(*this); });
     connect(MSFlexGrid1, &platform::MSFlexGrid::KeyPress, this, &Form1::MSFlexGrid1_KeyPress);
-    connect(annulla, &QAction::triggered, this, &Form1::annulla_modifica);
-    connect(ripeti, &QAction::triggered, this, &Form1::ripeti_modifica);
+    connect(annulla, &QAction::triggered, this, [this] { rifai(true); });
+    connect(ripeti, &QAction::triggered, this, [this] { rifai(false); });
     constexpr std::array<int, 4> a_tasto = {1, 2, 6, 7};
     for (std::size_t i = 0; i < a_tasto.size(); ++i) {
         const QKeySequence tasto(Qt::Key_F5 + static_cast<int>(i));
@@ -106,51 +107,15 @@ void Form1::collega() {
             &Form1::Form_KeyDown_Canc);
 }
 
-void Form1::sistema_in_linea(const QString& nome) {
-    cronologia_.vuota();
-    aggiorna_annulla();
-    salvato_come(nome);
-}
-
-void Form1::salvato_come(const QString& nome) {
-    sviluppo_superato_ = false;
-    platform::set_Tag(this, nome);
-    lblsistema->setText(nome);
-}
-
-int Form1::forma() const {
-    return platform::CInt(platform::Val(platform::s(platform::Tag(Frame9)))).value_or(0);
-}
-
-crossword::Gioco Form1::gioco() const {
-    return lotto ? crossword::Gioco::lotto(forma()) : crossword::Gioco::superenalotto();
-}
-
-int Form1::righe() const {
-    return platform::CInt(platform::Val(platform::s(Combo2->Text()))).value_or(0);
-}
-
-int Form1::colonne() const {
-    return platform::CInt(platform::Val(platform::s(Combo1->Text()))).value_or(0);
-}
-
 void Form1::Form_Load() {
     // The forms that open later are this one's children and take its skin from it.
     const std::string aspetto = foglio_aspetto(platform::radice(App().Path));
     if (!aspetto.empty()) setStyleSheet(platform::q(aspetto));
-    matrice = crossword::Matrice(1, 1);
     platform::LockWindowUpdate(this);
-    const bool con = platform::esiste_file(App().file("rip.dat"));
-    mnuRipetizioniCon->setChecked(con);
-    mnuRipetizioniSenza->setChecked(!con);
-    Inizializza1();
-    INIZIZLAIZZA_MATSIS();
-    for (int i = 6; i <= 15; ++i) {
-        Combo1->AddItem(QString::number(i));
-        Combo2->AddItem(QString::number(i));
-    }
-    Combo1->set_ListIndex(0);
-    Combo2->set_ListIndex(0);
+    riepilogo_.inizia(MSFlexGrid2);
+    sessione.osserva([this](const systems::Cambiamento& cambiato) { mostra(cambiato); });
+    sessione.avvia();
+    mostra_ripetizioni();
     for (const statistics::Ruota& ruota : statistics::ruote) {
         Combo6->AddItem(platform::q(std::string(ruota.nome)));
     }
@@ -165,25 +130,23 @@ void Form1::Form_Load() {
 
 void Form1::inizializza() {
     apri_archivio();
-    salvato = true;
     MSFlexGrid1->cella(0, 0);
     MSFlexGrid1->setFocus();
-    sistema_in_linea(QString());
-    importo();
 }
 
-void Form1::pulisci() {
-    for (const char* nome : {".sen", ".col"}) platform::Kill(App().file(nome));
+void Form1::apri_archivio() {
+    const platform::Err errore = sessione.apri_archivio();
+    if (!errore.ok()) errore_archivio(this, errore, "Sortivario");
 }
 
-void Form1::Form_KeyDown_Canc() {
-    rimuovi();
-    aggiorna_lblngioco();
-}
-
-void Form1::aggiorna_lblngioco() {
-    const int quanti = aggiorna_lista();
-    lblngioco->setText(quanti == 0 ? QString() : QString::number(quanti));
+void Form1::errore_archivio(QWidget* padre, const platform::Err& errore, const QString& titolo) {
+    if (errore.Number == platform::errore_esclusivo) {
+        platform::MsgBox(padre, {"Database archivio già aperto", platform::Pulsanti::ok, titolo});
+        return;
+    }
+    const std::string testo =
+        "Errore n." + std::to_string(errore.Number) + " " + std::string(errore.Description());
+    platform::MsgBox(padre, {platform::q(testo), platform::Pulsanti::ok, QString()});
 }
 
 void Form1::Image3_Click(int Index) {
@@ -232,14 +195,14 @@ void Form1::Image3_Click(int Index) {
 }
 
 void Form1::closeEvent(QCloseEvent* evento) {
-    if (in_elaborazione_ || in_completamento_) {
+    if (in_elaborazione()) {
         // The job ends at its next pending-events point and closes the form itself.
         chiusura_chiesta_ = true;
         evento->ignore();
         return;
     }
     platform::Kill(App().file("act"));
-    archivio.chiudi();
+    sessione.archivio.chiudi();
     dialoghi_.chiudi_tutti();
     evento->accept();
 }

@@ -161,7 +161,6 @@ void Form1::crea_cruciverba() {
         azione("annulla", tr("&Annulla la modifica"), QKeySequence(Qt::CTRL | Qt::Key_Z), this);
     ripeti = azione("ripeti", tr("&Ripeti la modifica"), QKeySequence(Qt::CTRL | Qt::Key_Y), this);
     ripeti->setShortcuts({Qt::CTRL | Qt::Key_Y, Qt::CTRL | Qt::SHIFT | Qt::Key_Z});
-    aggiorna_annulla();
     MSFlexGrid1->addActions({annulla, ripeti});
     MSFlexGrid1->setContextMenuPolicy(Qt::ActionsContextMenu);
 }

@@ -96,7 +96,7 @@ QLabel* categoria(const QString& nome, const QString& titolo, int x, int largo, 
 frmspoglio::frmspoglio(app::Form1& form1)
     : QDialog(&form1),
       form1_(form1),
-      gioco_(form1.gioco()),
+      gioco_(form1.sessione.gioco()),
       elenco_(std::make_unique<Elenco>(dettaglio_)) {
     setObjectName("frmspoglio");
     setWindowTitle("SPOGLIO VINCITE");

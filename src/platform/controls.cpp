@@ -104,6 +104,11 @@ bool ComboBox::set_ListIndex(int indice) {
     return true;
 }
 
+void ComboBox::mostra(int indice) {
+    setCurrentIndex(indice);
+    adatta();
+}
+
 void ComboBox::AddItem(const QString& testo) {
     // The first item added must not select itself: nothing is chosen until code says so.
     const int prima = currentIndex();

@@ -35,6 +35,8 @@ public:
     bool set_Text(const QString& testo);
     [[nodiscard]] int ListIndex() const { return currentIndex(); }
     bool set_ListIndex(int indice);
+    /// Chooses an item, or with -1 none, without a click.
+    void mostra(int indice);
     void AddItem(const QString& testo);
     void Clear();
     /// Gives the items an explanation, by their index, that is asked for only when it is shown: as

@@ -10,6 +10,7 @@
 #include "platform/desktop.h"
 #include "platform/disk.h"
 #include "platform/file_nuovo.h"
+#include "platform/runtime.h"
 #include "platform/shell.h"
 #include "platform/text_file.h"
 #include "printing/intervallo.h"
@@ -44,7 +45,8 @@ void frmstsvl::Form_Load() {
     Option1[0]->setChecked(true);
     txtdalla[0]->setText("1");
     form1_.MSFlexGrid2->cella(4, 3);
-    const QString totale = q(totale_senza_punti(s(form1_.MSFlexGrid2->Text())));
+    const QString totale = q(
+        totale_senza_punti(platform::Format(form1_.sessione.totale(), platform::Modello::interi)));
     txtdalla[1]->setText(totale);
     platform::set_Tag(txtdalla[1], totale);
     Shape2->setGeometry(platform::px(15), platform::px(15), Frame2->width() - platform::px(15),
@@ -107,7 +109,7 @@ void frmstsvl::non_stampabile() {
         testo =
             "Per poter  stampare sviluppo, prospetto o scehdine è necessario prima salvare il "
             "sistema.";
-    } else if (form1_.salvato) {
+    } else if (form1_.sessione.salvato()) {
         testo = "Nessun sistema è attualmente in linea.";
     } else {
         testo =
@@ -118,7 +120,7 @@ void frmstsvl::non_stampabile() {
 }
 
 void frmstsvl::Command2_Click() {
-    if (!form1_.salvato || nome().isEmpty()) {
+    if (!form1_.sessione.salvato() || nome().isEmpty()) {
         non_stampabile();
         return;
     }
@@ -139,37 +141,37 @@ Testata frmstsvl::testata() const {
     return {App().versione(), s(nome()), s(QDate::currentDate().toString("dd/MM/yyyy"))};
 }
 
-Prospetto frmstsvl::prospetto_a_schermo() {
-    platform::MSFlexGrid* griglia = form1_.MSFlexGrid2;
-    const auto cella = [griglia](int colonna, int riga) {
-        griglia->set_Col(colonna);
-        griglia->set_Row(riga);
-        return s(griglia->Text());
+Prospetto frmstsvl::prospetto_a_schermo() const {
+    const systems::Sessione& sessione = form1_.sessione;
+    const auto conteggio = [](std::int32_t n) {
+        return platform::Format(n, platform::Modello::interi);
     };
     Prospetto p;
     p.testata = testata();
-    p.gioco = form1_.gioco();
-    p.matrice = form1_.matrice;
-    p.in_gioco = s(form1_.lblngioco->text());
-    const std::array<const platform::ComboBox*, 3> tipi = {form1_.Combo3, form1_.Combo4,
-                                                           form1_.Combo5};
+    p.gioco = sessione.gioco();
+    p.matrice = sessione.matrice();
+    if (const int numeri = sessione.numeri_in_gioco(); numeri > 0)
+        p.in_gioco = std::to_string(numeri);
     for (std::size_t i = 0; i < p.righe.size(); ++i) {
-        const int riga = static_cast<int>(i) + 1;
-        p.righe[i] = {cella(1, riga), s(tipi[i]->Text()), tipi[i]->ListIndex(), cella(3, riga)};
+        const auto quale = static_cast<crossword::Elenco>(i + 1);
+        const auto linee = sessione.linee(quale);
+        const int indice = sessione.tipo(quale);
+        p.righe[i] = {linee ? std::to_string(*linee) : "",
+                      indice < 0 ? "" : sessione.tipi(quale)[static_cast<std::size_t>(indice)],
+                      indice, sessione.combinazioni(quale)};
     }
-    p.totale = cella(3, 4);
-    p.senza_ripetizioni = cella(3, 5);
-    p.quote = s(form1_.lblnumquote->text());
-    p.quota = s(form1_.lblquote->text());
-    p.valuta = s(form1_.lblvaluta[0]->text());
-    p.importo = s(form1_.lblimportotot->text());
+    p.totale = conteggio(sessione.totale());
+    p.senza_ripetizioni = conteggio(sessione.senza_ripetizioni());
+    p.quote = sessione.prezzo().quote;
+    p.quota = sessione.prezzo().quota;
+    p.valuta = sessione.prezzo().valuta;
+    p.importo = sessione.prezzo().totale;
+    form1_.MSFlexGrid2->cella(5, 3);
     return p;
 }
 
 bool frmstsvl::manca_lo_sviluppo() const {
-    bool esiste = false;
-    form1_.controlo_colonne(nome(), esiste);
-    return !esiste;
+    return !systems::esiste_sviluppo(App().Path, s(nome()), form1_.sessione.gioco());
 }
 
 bool frmstsvl::sviluppo_valido() {
@@ -189,7 +191,7 @@ bool frmstsvl::sviluppo() {
         return false;
     }
     if (!sviluppo_valido()) return false;
-    return stampa_sviluppo(form1_.gioco());
+    return stampa_sviluppo(form1_.sessione.gioco());
 }
 
 bool frmstsvl::schedine() {

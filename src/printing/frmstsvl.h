@@ -84,7 +84,7 @@ private:
     /// False when the development is not to be printed, or this form is gone.
     [[nodiscard]] bool sviluppo_valido();
     [[nodiscard]] Testata testata() const;
-    [[nodiscard]] Prospetto prospetto_a_schermo();
+    [[nodiscard]] Prospetto prospetto_a_schermo() const;
     [[nodiscard]] bool stampa_sviluppo(crossword::Gioco gioco);
     /// Runs a job to its end and tells the player what came of it; false when nothing came out.
     [[nodiscard]] bool esegui(

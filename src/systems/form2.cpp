@@ -33,9 +33,9 @@ QString cartella_programma() {
 void Form2::Form_Load() {
     platform::set_Tag(this, cartella_programma());
     ListView1->add_colonna(tr("Nome del sistema"), 1600, Qt::AlignLeft);
-    ListView1->add_colonna(form1_.lotto ? tr("Sviluppo in") : tr("Dimensione"), 1500,
-                           Qt::AlignHCenter);
-    TabStrip1->seleziona(form1_.lotto ? 2 : 1);
+    ListView1->add_colonna(form1_.sessione.gioco().e_lotto() ? tr("Sviluppo in") : tr("Dimensione"),
+                           1500, Qt::AlignHCenter);
+    TabStrip1->seleziona(form1_.sessione.gioco().e_lotto() ? 2 : 1);
     ListView1->add_colonna(tr("Data"), 1500, Qt::AlignHCenter);
     trova_sistemi(cartella_programma());
 }
@@ -44,7 +44,7 @@ void Form2::trova_sistemi(const QString& cartella) {
     ListView1->svuota();
     numero_sistemi_ = 0;
     for (const Voce& voce :
-         systems::trova_sistemi(platform::s(cartella), App().Path, form1_.gioco())) {
+         systems::trova_sistemi(platform::s(cartella), App().Path, form1_.sessione.gioco())) {
         QTreeWidgetItem* nuova =
             ListView1->add_voce({q(voce.nome), q(voce.dimensione), q(voce.data)});
         nuova->setToolTip(0, q(voce.nome));
@@ -93,7 +93,7 @@ bool Form2::sovrascrittura_negata(const QString& nome) {
             return true;
         }
         // The old development goes first: it must never stand beside another crossword.
-        platform::Kill(App().Path + "/" + platform::s(nome) + form1_.gioco().estensione_sviluppo());
+        form1_.sessione.libera(platform::s(nome));
         form1_.rivedi_sviluppo();
         return false;
     }
@@ -109,53 +109,15 @@ void Form2::cmdsalva_Click() {
         return;
     }
     if (!nome_ammesso(platform::s(nome)) || sovrascrittura_negata(nome)) return;
-    scrivi_sistema(App().Path, platform::s(nome), form1_.sistema_a_schermo());
-    form1_.salvato_come(nome);
-    form1_.salvato = true;
+    form1_.salva_come(nome);
     close();
-}
-
-void Form2::apri_dimensioni(int ultima_colonna, int ultima_riga) {
-    const int primo = form1_.gioco().lato_minimo() - 1;
-    form1_.Combo1->set_ListIndex(ultima_colonna - primo);
-    form1_.Combo2->set_ListIndex(ultima_riga - primo);
-}
-
-void Form2::mostra_cruciverba(const crossword::Matrice& letta) {
-    // Sizes that no list offers leave the grid as it is; the crossword stays whole behind it, or
-    // the next save would cut the file.
-    form1_.matrice = letta;
-    for (int x = 0; x < form1_.colonne(); ++x) {
-        for (int y = 0; y < form1_.righe(); ++y) {
-            const std::int16_t numero = letta(x, y);
-            form1_.MSFlexGrid1->set_testo(y, x, numero == 0 ? QString() : QString::number(numero));
-        }
-    }
 }
 
 void Form2::Command5_Click() {
     if (platform::Val(platform::s(platform::Tag(ListView1))) == 0) return;
     const QString nome = platform::ListView::tag_voce(ListView1->selezionata());
     if (nome.isEmpty() || !nome_ammesso(platform::s(nome)) || form1_.in_elaborazione()) return;
-    const Sistema sistema = leggi_sistema(App().Path, platform::s(nome), form1_.gioco());
-    if (form1_.lotto) {
-        platform::set_Tag(form1_.Frame9, QString::number(sistema.gioco.forma()));
-        form1_.Imageb_Click(sistema.gioco.forma() - 3);
-    }
-    apri_dimensioni(sistema.matrice.ubound(1), sistema.matrice.ubound(2));
-    form1_.Combo3->set_ListIndex(sistema.tipo_righe);
-    form1_.Combo4->set_ListIndex(sistema.tipo_colonne);
-    form1_.Combo5->set_ListIndex(sistema.tipo_diagonali);
-    mostra_cruciverba(sistema.matrice);
-    const std::int32_t quante = sistema.senza_ripetizioni;
-    form1_.MSFlexGrid2->set_testo(5, 3, q(platform::Format(quante, platform::Modello::interi)));
-    form1_.lblimportotot->setText(form1_.calcolo_importo(quante));
-    form1_.MSFlexGrid1->cella(0, 0);
-    form1_.abilita_disabilita(0, 0);
-    form1_.sistema_in_linea(nome);
-    const int quanti = form1_.aggiorna_lista();
-    form1_.lblngioco->setText(quanti == 0 ? QString() : QString::number(quanti));
-    form1_.salvato = true;
+    form1_.sessione.apri(platform::s(nome));
     // From here on this form is gone.
     app::Form1& form1 = form1_;
     close();
@@ -173,7 +135,7 @@ void Form2::esci_congelando() {
 
 void Form2::modo_salva() {
     mostra(pic_salva);
-    TabStrip1->rimuovi_scheda(form1_.lotto ? 1 : 2);
+    TabStrip1->rimuovi_scheda(form1_.sessione.gioco().e_lotto() ? 1 : 2);
     cmdsalva->setDefault(true);
     setTabOrder(cmdeffacer1, TabStrip1);
     setTabOrder(TabStrip1, ListView1);

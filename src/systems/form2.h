@@ -110,9 +110,6 @@ private:
     int chiedi(const QString& domanda);
     void avverti(const QString& testo, platform::Icona icona = platform::Icona::nessuna);
 
-    void apri_dimensioni(int ultima_colonna, int ultima_riga);
-    void mostra_cruciverba(const crossword::Matrice& letta);
-
     app::Form1& form1_;
     QPushButton* predefinito_ = nullptr;
     std::int32_t numero_sistemi_ = 0;

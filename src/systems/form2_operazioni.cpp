@@ -90,7 +90,7 @@ void Form2::avverti(const QString& testo, Icona icona) {
 }
 
 Coppia Form2::coppia(const QString& cartella, const QString& nome) const {
-    return {s(cartella), s(nome), form1_.gioco()};
+    return {s(cartella), s(nome), form1_.sessione.gioco()};
 }
 
 QString Form2::nome_scelto() const {
@@ -221,7 +221,7 @@ void Form2::mnueliminatutti_Click() {
         return;
     }
     MousePointer(11);
-    elimina_tutti(App().Path, form1_.gioco());
+    elimina_tutti(App().Path, form1_.sessione.gioco());
     form1_.rivedi_sviluppo();
     trova_sistemi(cartella_programma());
     MousePointer(0);

@@ -30,8 +30,7 @@ void Sessione::avvia() {
     for (const char* senza_nome : {".sen", ".col"}) platform::Kill(file(senza_nome));
     matsis_.INIZIZLAIZZA_MATSIS(gioco_);
     griglia(gioco_.lato_minimo(), gioco_.lato_minimo());
-    nomina({});
-    senza_cronologia();
+    in_linea({});
     segna_salvato(true);
     importo();
 }
@@ -82,11 +81,20 @@ Sistema Sessione::sistema() const {
 }
 
 void Sessione::segna_salvato(bool salvato) {
+    const Azione azione(*this);
     if (std::exchange(salvato_, salvato) != salvato) cambiamento_.salvato = true;
 }
 
 void Sessione::nomina(const std::string& nome) {
     if (std::exchange(nome_, nome) != nome) cambiamento_.nome = true;
+    sviluppo_superato_ = false;
+}
+
+void Sessione::in_linea(const std::string& nome) {
+    if (occupata_) return;
+    const Azione azione(*this);
+    nomina(nome);
+    senza_cronologia();
 }
 
 // Another crossword.

@@ -20,6 +20,7 @@
 #include "statistics/generatore.h"
 #include "statistics/statistica.h"
 #include "systems/file_sistema.h"
+#include "systems/operazioni.h"
 
 namespace systems {
 
@@ -150,6 +151,11 @@ public:
     [[nodiscard]] bool ripetibile() const { return cronologia_.ripetibile(); }
     /// True when the development of the system in line stands on the disk, current or not.
     [[nodiscard]] bool sviluppo_presente() const;
+    /// False when that development is another crossword's.
+    [[nodiscard]] bool sviluppo_proprio() const;
+    /// True when the player changed and saved the system since it was opened, and so knows that its
+    /// development is an older one.
+    [[nodiscard]] bool sviluppo_superato() const { return sviluppo_superato_; }
     /// The system as its file tells it.
     [[nodiscard]] Sistema sistema() const;
 
@@ -176,6 +182,8 @@ public:
     void nuovo();
     /// Other sizes; both within the game's own, else they stay. The name stays.
     void dimensioni(int colonne, int righe);
+    /// Gives the crossword the name of a system, as an opening does: nothing can be undone.
+    void in_linea(const std::string& nome);
     /// Opens a system of this game; false when its name is none or a long job runs. A file that is
     /// missing or short reads as zeros.
     bool apri(const std::string& nome);
@@ -213,6 +221,8 @@ public:
     void importo();
     /// Counts and prices anew; the system counts as changed.
     void totale_combinazioni();
+    /// For who knows that the file matches the screen, or no longer does.
+    void segna_salvato(bool salvato);
 
     // Files.
     void ripetizioni(bool con);
@@ -244,13 +254,13 @@ private:
     std::optional<Cella> rifai(const std::vector<crossword::Modifica>* voluta, bool indietro);
     void nomina(const std::string& nome);
     void senza_cronologia();
-    void segna_salvato(bool salvato);
     void passa(crossword::Gioco gioco);
     void libera_sviluppo(crossword::Gioco gioco) const;
     [[nodiscard]] Generato genera_in_griglia(int ruota, const statistics::Seguito& seguito);
     [[nodiscard]] std::optional<Generato> estrazioni_della_ruota(int ruota);
     void salva_elaborando();
     [[nodiscard]] Elaborato elabora(const SeguitoSviluppo& seguito);
+    [[nodiscard]] Coppia coppia() const { return {cartella_, nome_, gioco_}; }
     [[nodiscard]] std::string file(const std::string& nome) const { return cartella_ + "/" + nome; }
     static std::size_t posto(crossword::Elenco quale) {
         return static_cast<std::size_t>(quale) - 1;
@@ -278,6 +288,7 @@ private:
     std::string nome_;
     bool salvato_ = false;
     bool con_ripetizioni_ = false;
+    bool sviluppo_superato_ = false;
     crossword::Cronologia cronologia_;
     platform::Rnd rnd_;
     /// After a change to SuperEnalotto, and until the next to Lotto, the archive opens on the

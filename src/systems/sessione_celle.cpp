@@ -185,9 +185,9 @@ void Sessione::completa(const statistics::Seguito& seguito) {
     const Azione azione(*this);
     const Lavoro lavoro(*this);
     statistics::LettoreArchivio lettore(archivio);
-    // No control calls it, and it marks nothing as changed.
-    statistics::completa(statistico, lettore, file("mstat.dat"), matrice_, seguito);
-    cambiamento_.celle = true;
+    // No control calls it, and it marks nothing as changed; given up, it leaves the crossword.
+    cambiamento_.celle = statistics::completa(statistico, lettore, file("mstat.dat"), matrice_,
+                                              seguito) == statistics::Conclusione::completa;
 }
 
 }  // namespace systems

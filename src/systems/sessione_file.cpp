@@ -11,6 +11,10 @@ namespace systems {
 using crossword::Elenco;
 using development::Conclusione;
 
+bool Sessione::sviluppo_proprio() const {
+    return systems::sviluppo_proprio(coppia());
+}
+
 bool Sessione::sviluppo_presente() const {
     return esiste_sviluppo(cartella_, nome_, gioco_);
 }
@@ -38,6 +42,8 @@ Salvataggio Sessione::salva() {
     if (nome_.empty()) return Salvataggio::senza_nome;
     const Azione azione(*this);
     const bool scritto = scrivi_sistema(cartella_, nome_, sistema());
+    // What the player leaves behind the crossword now is shown as it is until the next opening.
+    sviluppo_superato_ = sviluppo_superato_ || !salvato_;
     segna_salvato(true);
     return scritto ? Salvataggio::salvato : Salvataggio::non_scritto;
 }
@@ -48,7 +54,9 @@ Salvataggio Sessione::salva_come(const std::string& nome) {
     if (!completo()) return Salvataggio::incompleto;
     const Azione azione(*this);
     nomina(nome);
-    return salva();
+    const Salvataggio esito = salva();
+    sviluppo_superato_ = false;
+    return esito;
 }
 
 bool Sessione::apri(const std::string& nome) {
@@ -64,11 +72,10 @@ bool Sessione::apri(const std::string& nome) {
     scegli_tipo(Elenco::diagonali, letto.tipo_diagonali);
     // The crossword stays whole behind the grid, or the next save would cut the file.
     matrice_ = letto.matrice;
-    cambiamento_.celle = cambiamento_.conteggi = true;
+    cambiamento_.dimensioni = cambiamento_.celle = cambiamento_.conteggi = true;
     senza_ripetizioni_ = letto.senza_ripetizioni;
     prezzo_.totale = calcolo_importo(senza_ripetizioni_);
-    nomina(nome);
-    senza_cronologia();
+    in_linea(nome);
     segna_salvato(true);
     return true;
 }
@@ -84,12 +91,14 @@ Elaborato Sessione::sviluppa(const SeguitoSviluppo& seguito) {
     if (!salvato_) salva_elaborando();
     development::elimina_temporanei(cartella_, seguito.cestina);
     const Elaborato esito = elabora(seguito);
-    if (esito != Elaborato::interrotto) salva_elaborando();
+    if (esito == Elaborato::interrotto) return esito;
+    sviluppo_superato_ = false;
+    salva_elaborando();
     return esito;
 }
 
 void Sessione::salva_elaborando() {
-    salva_per_elaborare({cartella_, nome_, gioco_}, sistema());
+    salva_per_elaborare(coppia(), sistema());
     segna_salvato(true);
 }
 
@@ -118,7 +127,7 @@ Elaborato Sessione::elabora(const SeguitoSviluppo& seguito) {
     };
     const bool intero = conclusione == Conclusione::completa;
     conta(intero ? lavoro.righe_scritte() : 0);
-    const bool fatto = concludi_sviluppo({cartella_, nome_, gioco_}, sistema(), lavoro, intero);
+    const bool fatto = concludi_sviluppo(coppia(), sistema(), lavoro, intero);
     if (intero && !fatto) conta(0);
     if (fatto) return Elaborato::completo;
     return conclusione == Conclusione::senza_file ? Elaborato::senza_file : Elaborato::guasto;

@@ -22,7 +22,7 @@ const int h_liste = px(5205);
 
 }  // namespace
 
-Form3::Form3(app::Form1& form1) : QDialog(&form1), form1_(form1), gioco_(form1.gioco()) {
+Form3::Form3(app::Form1& form1) : QDialog(&form1), form1_(form1), gioco_(form1.sessione.gioco()) {
     setObjectName("Form3");
     setWindowTitle(tr("Sviluppo"));
     setAttribute(Qt::WA_DeleteOnClose);

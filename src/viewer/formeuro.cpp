@@ -110,8 +110,8 @@ void formeuro::Command2_Click() {
     }
     scrivi_cst(App().Path, {platform::s(prezzo), "Euro"});
     Text1->setText(prezzo);
-    form1_.totale_combinazioni();
-    form1_.importo();
+    form1_.sessione.totale_combinazioni();
+    form1_.sessione.importo();
     MsgBox(this, {"Modifica Registrata!", Pulsanti::ok, "Tabellino"});
 }
 

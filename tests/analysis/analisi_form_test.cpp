@@ -64,9 +64,9 @@ protected:
     /// A development in line, as after an elaboration of it.
     void in_linea(const std::string& righe, bool completo = true) {
         if (completo) p.riempi();
-        p.cartella.scrivi(p.form1.lotto ? "s.lot" : "s.col", righe);
-        p.form1.sistema_in_linea("s");
-        p.form1.salvato = true;
+        p.cartella.scrivi(p.form1.sessione.gioco().e_lotto() ? "s.lot" : "s.col", righe);
+        p.form1.sessione.in_linea("s");
+        p.form1.sessione.segna_salvato(true);
     }
     frmanalisi& apri(const std::string& righe = "1,2,3,4,5,6\r\n1,2,3,4,5,7\r\n") {
         in_linea(righe);
@@ -103,7 +103,6 @@ TEST_F(AnalisiForm, OpensByF9AfterSavingAndElaborating) {
     p.riempi();
     p.scrivi_nel_gestore("prova");
     p.risposte = {support::vbYes, support::vbYes};
-    p.form1.salvato = true;  // saved by the manager, the system lacks only its development
     f9();
     auto* f = aperta<frmanalisi>();
     ASSERT_NE(f, nullptr);
@@ -138,7 +137,7 @@ TEST_F(AnalisiForm, AnUnfinishedCrosswordIsNotAnalysed) {
 
 TEST_F(AnalisiForm, RefusedToElaborateItDoesNotOpen) {
     p.riempi();
-    p.form1.sistema_in_linea("s");
+    p.form1.sessione.in_linea("s");
     p.risposte = {support::vbNo};
     f9();
     EXPECT_EQ(aperta<frmanalisi>(), nullptr);
@@ -322,7 +321,7 @@ TEST_F(AnalisiForm, DamagedDevelopmentsAreTold) {
 
 TEST_F(AnalisiForm, WithoutTheArchiveOnlyThePastIsMissing) {
     support::togli_archivio(p.cartella.radice());
-    p.form1.archivio.chiudi();
+    p.form1.sessione.archivio.chiudi();
     frmanalisi& f = apri("1,2,3,4,5,6\r\n");
     EXPECT_EQ(f.categorie_passate->note->text(), "L'archivio delle estrazioni non si può leggere.");
     scheda(f, 4);

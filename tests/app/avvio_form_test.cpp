@@ -146,7 +146,7 @@ TEST(Splash, UnTastoApreSenzaMaiScrivereAct) {
 
 TEST(Avvio, SistemaVuotoSeiPerSeiSalvato) {
     Programma p;
-    EXPECT_TRUE(p.form1.salvato);
+    EXPECT_TRUE(p.form1.sessione.salvato());
     EXPECT_EQ(p.form1.Tag(), "");
     EXPECT_EQ(p.form1.lblsistema->text(), "");
     EXPECT_EQ(p.form1.lblngioco->text(), "");
@@ -354,14 +354,14 @@ TEST(Comandi, OgniClicMenoLUltimoRidaIlRiposo) {
         platform::Image* immagine = p.form1.Image3[static_cast<std::size_t>(i)];
         QEnterEvent entra({20, 20}, {20, 20}, {20, 20});
         QApplication::sendEvent(immagine, &entra);
-        p.form1.salvato = true;
+        p.form1.sessione.segna_salvato(true);
         p.comando(i);
         EXPECT_FALSE(immagine->in_rilievo()) << i;
     }
     platform::Image* uscita = p.form1.Image3[8];
     QEnterEvent entra({20, 20}, {20, 20}, {20, 20});
     QApplication::sendEvent(uscita, &entra);
-    p.form1.salvato = false;
+    p.form1.sessione.segna_salvato(false);
     p.risposte = {support::vbCancel};
     p.comando(8);
     EXPECT_TRUE(uscita->in_rilievo());

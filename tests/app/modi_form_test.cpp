@@ -26,7 +26,7 @@ constexpr const char* cinquine = "Tabellino - Lotto (Sistemi in Cinquine)";
 TEST(Avvio, SuperEnalottoColTitoloDiPartenza) {
     Programma p;
     EXPECT_EQ(p.form1.windowTitle(), "Sortivario Plus - Sistemi a Cruciverba");
-    EXPECT_FALSE(p.form1.lotto);
+    EXPECT_FALSE(p.form1.sessione.gioco().e_lotto());
     EXPECT_EQ(platform::Tag(p.form1.Frame9), "5");
     for (const platform::Image* i :
          {p.form1.Image7, p.form1.Image8, p.form1.Image9, p.form1.Image10}) {
@@ -49,7 +49,7 @@ TEST(Lotto, DopoIlCambioTitoloECinquine) {
     Programma::clic(p.form1.Image10);
     EXPECT_EQ(p.form1.windowTitle(), cinquine);
     EXPECT_EQ(platform::Tag(p.form1.Frame9), "5");
-    EXPECT_TRUE(p.form1.lotto);
+    EXPECT_TRUE(p.form1.sessione.gioco().e_lotto());
     EXPECT_TRUE(p.form1.Frame8->isVisible());
     EXPECT_TRUE(p.form1.Frame10->isVisible());
     EXPECT_TRUE(p.form1.Image8->isVisible());
@@ -62,7 +62,7 @@ TEST(Lotto, DopoIlCambioTitoloECinquine) {
     EXPECT_EQ(p.form1.MSFlexGrid1->Rows(), 5);
     EXPECT_EQ(p.riepilogo(3, 1), "2");
     EXPECT_EQ(p.riepilogo(1, 3), "1");
-    EXPECT_TRUE(p.form1.salvato);
+    EXPECT_TRUE(p.form1.sessione.salvato());
     EXPECT_EQ(platform::MousePointer(), 0);
     EXPECT_TRUE(p.form1.updatesEnabled());
 }
@@ -84,7 +84,7 @@ TEST(SuperEnalotto, IlRitorno) {
     Programma::clic(p.form1.Image10);
     Programma::clic(p.form1.Image8);
     EXPECT_EQ(p.form1.windowTitle(), "Tabellino - SuperEnalotto");
-    EXPECT_FALSE(p.form1.lotto);
+    EXPECT_FALSE(p.form1.sessione.gioco().e_lotto());
     EXPECT_FALSE(p.form1.Frame8->isVisible());
     EXPECT_FALSE(p.form1.Frame10->isVisible());
     EXPECT_TRUE(p.form1.Image7->isVisible());
@@ -95,7 +95,7 @@ TEST(SuperEnalotto, IlRitorno) {
     EXPECT_EQ(p.form1.MSFlexGrid1->Cols(), 6);
     EXPECT_EQ(p.riepilogo(3, 1), "6");
     EXPECT_EQ(p.riepilogo(4, 3), "14");
-    EXPECT_TRUE(p.form1.salvato);
+    EXPECT_TRUE(p.form1.sessione.salvato());
 }
 
 TEST(CambioDiGioco, PerdeINumeriSenzaDomande) {
@@ -103,13 +103,13 @@ TEST(CambioDiGioco, PerdeINumeriSenzaDomande) {
         Programma p;
         if (!andata) Programma::clic(p.form1.Image10);
         p.riempi(4);
-        ASSERT_FALSE(p.form1.salvato);
+        ASSERT_FALSE(p.form1.sessione.salvato());
         Programma::clic(andata ? p.form1.Image10 : p.form1.Image8);
         EXPECT_TRUE(p.mostrati().empty());
         EXPECT_EQ(p.form1.List1->count(), 0);
         EXPECT_EQ(p.form1.lblngioco->text(), "");
-        EXPECT_EQ(p.form1.matrice(0, 0), 0);
-        EXPECT_TRUE(p.form1.salvato);
+        EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 0);
+        EXPECT_TRUE(p.form1.sessione.salvato());
     }
 }
 
@@ -139,7 +139,7 @@ TEST(Forma, TitoloTagImmaginiEListe) {
         }
         EXPECT_EQ(p.form1.Imagey[k]->x(), 7);
         for (int riga = 1; riga <= 3; ++riga) EXPECT_EQ(p.riepilogo(riga, 3), integrale[k]);
-        EXPECT_FALSE(p.form1.salvato);
+        EXPECT_FALSE(p.form1.sessione.salvato());
         EXPECT_EQ(p.form1.Combo1->Text(), "8");
     }
 }
@@ -151,7 +151,7 @@ TEST(Forma, NonTocaINumeri) {
     const auto prima = p.griglia();
     Programma::clic(p.form1.Imageb[1]);
     EXPECT_EQ(p.griglia(), prima);
-    EXPECT_EQ(p.form1.matrice(0, 0), prima[0][0]);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), prima[0][0]);
 }
 
 TEST(Forma, SuUnaGrigliaRettangolareCombo5RestaVuoto) {
@@ -202,7 +202,7 @@ TEST(Reset, RimetteLaMisuraMinoreELeQuote) {
     p.dimensioni(10, 9);
     p.form1.UpDown2->setValue(7);
     p.form1.Combo3->setFocus();
-    p.form1.salvato = true;
+    p.form1.sessione.segna_salvato(true);
     p.comando(0);
     EXPECT_EQ(p.form1.MSFlexGrid1->Cols(), 6);
     EXPECT_EQ(p.form1.MSFlexGrid1->Rows(), 6);
@@ -211,5 +211,5 @@ TEST(Reset, RimetteLaMisuraMinoreELeQuote) {
     EXPECT_EQ(p.form1.MSFlexGrid1->Row(), 0);
     EXPECT_EQ(p.form1.MSFlexGrid1->Col(), 0);
     EXPECT_EQ(p.form1.focusWidget(), p.form1.MSFlexGrid1);
-    EXPECT_TRUE(p.form1.salvato);
+    EXPECT_TRUE(p.form1.sessione.salvato());
 }

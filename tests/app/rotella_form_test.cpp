@@ -127,12 +127,12 @@ TEST(Rotella, SuNessunComandoDiNessunaFinestraCambiaCioCheESceltoOScritto) {
     FinestreAperte(p, [&](QWidget& finestra, const std::string& nome) {
         SCOPED_TRACE(nome);
         viste.insert(finestra.objectName().toStdString());
-        const bool lotto = p.form1.lotto;
-        const bool salvato = p.form1.salvato;
+        const bool lotto = p.form1.sessione.gioco().e_lotto();
+        const bool salvato = p.form1.sessione.salvato();
         const auto griglia = p.griglia();
         tocca(finestra, toccati);
-        EXPECT_EQ(p.form1.lotto, lotto);
-        EXPECT_EQ(p.form1.salvato, salvato);
+        EXPECT_EQ(p.form1.sessione.gioco().e_lotto(), lotto);
+        EXPECT_EQ(p.form1.sessione.salvato(), salvato);
         EXPECT_EQ(p.griglia(), griglia);
     }).tutte();
     guida::Finestra guida("");
@@ -153,11 +153,11 @@ TEST(Rotella, SullaStrisciaDelGestoreIlGiocoENumeriRestano) {
     p.numero(7);
     Programma::voce(p.form1.mnugest_sist);
     gira(Programma::gestore()->TabStrip1, QPoint(0, -120), Qt::NoModifier);
-    EXPECT_FALSE(p.form1.lotto);
+    EXPECT_FALSE(p.form1.sessione.gioco().e_lotto());
     EXPECT_EQ(p.griglia()[0][0], 7);
-    EXPECT_FALSE(p.form1.salvato);
+    EXPECT_FALSE(p.form1.sessione.salvato());
     QTest::keyClick(Programma::gestore()->TabStrip1, Qt::Key_Right);
-    EXPECT_TRUE(p.form1.lotto) << "a key on the strip is aimed at it";
+    EXPECT_TRUE(p.form1.sessione.gioco().e_lotto()) << "a key on the strip is aimed at it";
 }
 
 TEST(Rotella, CioCheStaDietroScorreAncora) {

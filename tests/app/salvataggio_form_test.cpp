@@ -38,11 +38,11 @@ void aspetta_vuoto(const Programma& p) {
     EXPECT_EQ(p.form1.Tag(), "");
     EXPECT_EQ(p.form1.lblsistema->text(), "");
     EXPECT_EQ(p.form1.List1->count(), 0);
-    EXPECT_EQ(p.form1.matrice(0, 0), 0);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 0);
     EXPECT_EQ(p.form1.MSFlexGrid1->testo(0, 0), "");
     EXPECT_EQ(p.form1.Combo1->ListIndex(), 0);
     EXPECT_EQ(p.form1.Combo2->ListIndex(), 0);
-    EXPECT_TRUE(p.form1.salvato);
+    EXPECT_TRUE(p.form1.sessione.salvato());
 }
 
 }  // namespace
@@ -60,7 +60,7 @@ TEST(Salva, NuovoCompletoChiedeIlNomeAlGestore) {
     EXPECT_EQ(p.form1.Tag(), "primo");
     EXPECT_EQ(platform::Tag(&p.form1), "primo");
     EXPECT_EQ(p.form1.lblsistema->text(), "primo");
-    EXPECT_TRUE(p.form1.salvato);
+    EXPECT_TRUE(p.form1.sessione.salvato());
     EXPECT_EQ(p.cartella.leggi("primo.sen"),
               support::come_sistema("14,5,5,\"6\",0,0,0,0", p.griglia()));
     EXPECT_TRUE(p.mostrati().empty());
@@ -72,7 +72,7 @@ TEST(Salva, IncompletoAvvertaSoltanto) {
     Programma::voce(p.form1.mnusalva);
     EXPECT_EQ(p.mostrati(), Mostrati{incompleto});
     EXPECT_EQ(p.form1.Tag(), "");
-    EXPECT_FALSE(p.form1.salvato);
+    EXPECT_FALSE(p.form1.sessione.salvato());
     EXPECT_TRUE(platform::Dir(p.cartella.programma(), "*.sen").empty());
 }
 
@@ -81,9 +81,9 @@ TEST(Salva, ConUnNomeRiscriveSenzaGestore) {
     p.riempi_e_salva("uno");
     p.cella(0, 0);
     p.numero(p.form1.MSFlexGrid1->testo(0, 0).toInt() == 90 ? 89 : 90);
-    ASSERT_FALSE(p.form1.salvato);
+    ASSERT_FALSE(p.form1.sessione.salvato());
     Programma::voce(p.form1.mnusalva);
-    EXPECT_TRUE(p.form1.salvato);
+    EXPECT_TRUE(p.form1.sessione.salvato());
     EXPECT_EQ(p.cartella.leggi("uno.sen"),
               support::come_sistema("14,5,5,\"6\",0,0,0,0", p.griglia()));
 }
@@ -96,7 +96,7 @@ TEST(Salva, GestoreCongedatoNonSalvaMaRisultaRiuscito) {
     p.form1.salva_sistema(esito);
     EXPECT_TRUE(esito);
     EXPECT_EQ(p.form1.Tag(), "");
-    EXPECT_FALSE(p.form1.salvato);
+    EXPECT_FALSE(p.form1.sessione.salvato());
     EXPECT_TRUE(platform::Dir(p.cartella.programma(), "*.sen").empty());
 }
 
@@ -148,7 +148,7 @@ TEST(Salva, DopoUnCambioLoSviluppoVecchioSiVedeAncora) {
     }
     p.numero(static_cast<int>(n));
     Programma::voce(p.form1.mnusalva);
-    EXPECT_TRUE(p.form1.salvato);
+    EXPECT_TRUE(p.form1.sessione.salvato());
     p.mostrati();
     p.dialoghi.finti = true;
     p.comando(2);
@@ -176,7 +176,7 @@ TEST(NuovoDalMenu, SvuotaSubitoSenzaDomande) {
     Programma p;
     p.dimensioni(7, 7);
     p.riempi(3);
-    ASSERT_FALSE(p.form1.salvato);
+    ASSERT_FALSE(p.form1.sessione.salvato());
     Programma::voce(p.form1.mnunuovo);
     EXPECT_TRUE(p.mostrati().empty());
     aspetta_vuoto(p);
@@ -227,7 +227,7 @@ TEST(NuovoDallImmagine, AnnullaLasciaTutto) {
     EXPECT_EQ(p.mostrati(), Mostrati{domanda_nuovo});
     EXPECT_EQ(p.griglia(), prima);
     EXPECT_EQ(p.form1.List1->count(), 3);
-    EXPECT_FALSE(p.form1.salvato);
+    EXPECT_FALSE(p.form1.sessione.salvato());
 }
 
 TEST(NuovoDallImmagine, SiConSchemaIncompletoLasciaTutto) {
@@ -238,8 +238,8 @@ TEST(NuovoDallImmagine, SiConSchemaIncompletoLasciaTutto) {
     p.comando(0);
     EXPECT_EQ(p.mostrati(), (Mostrati{domanda_nuovo, incompleto_nuovo}));
     EXPECT_EQ(p.griglia(), prima);
-    EXPECT_EQ(p.form1.matrice(0, 0), prima[0][0]);
-    EXPECT_FALSE(p.form1.salvato);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), prima[0][0]);
+    EXPECT_FALSE(p.form1.sessione.salvato());
 }
 
 TEST(NuovoDallImmagine, SiConSchemaCompletoMostraIlGestoreInSalvataggioESvuota) {
@@ -294,7 +294,7 @@ TEST(Apri, NoApreSenzaSalvare) {
     Programma::voce(p.form1.mnuapri);
     EXPECT_EQ(p.mostrati(), Mostrati{domanda_apri});
     EXPECT_NE(Programma::gestore(), nullptr);
-    EXPECT_FALSE(p.form1.salvato);
+    EXPECT_FALSE(p.form1.sessione.salvato());
 }
 
 TEST(Apri, SiConSchemaIncompletoAvverteENonApre) {
@@ -356,7 +356,7 @@ TEST_P(Uscita, AnnullaResta) {
     esci(p);
     EXPECT_EQ(p.mostrati(), Mostrati{domanda_esci});
     EXPECT_TRUE(p.form1.isVisible());
-    EXPECT_FALSE(p.form1.salvato);
+    EXPECT_FALSE(p.form1.sessione.salvato());
 }
 
 TEST_P(Uscita, NoChiudeSenzaSalvare) {
@@ -392,7 +392,7 @@ TEST_P(Uscita, SiConSchemaIncompletoAvverteEChiudeUgualmente) {
 TEST(CasellaDiChiusura, NonChiedeMai) {
     Programma p;
     p.riempi();
-    ASSERT_FALSE(p.form1.salvato);
+    ASSERT_FALSE(p.form1.sessione.salvato());
     p.form1.close();
     EXPECT_TRUE(p.mostrati().empty());
     EXPECT_FALSE(p.form1.isVisible());
@@ -414,7 +414,7 @@ TEST(CambioDiMisura, NonChiede) {
     p.riempi_e_salva("uno");
     p.cella(0, 0);
     p.comando(4);
-    ASSERT_FALSE(p.form1.salvato);
+    ASSERT_FALSE(p.form1.sessione.salvato());
     Programma::scegli(p.form1.Combo1, 3);
     EXPECT_TRUE(p.mostrati().empty());
     EXPECT_EQ(p.form1.List1->count(), 0);

@@ -102,14 +102,14 @@ protected:
         tasto(&p.form1, Qt::Key_Down);
         vai(&p.form1, p.form1.Combo2);
         tasto(&p.form1, Qt::Key_Down);
-        ASSERT_EQ(p.form1.colonne(), 7);
-        ASSERT_EQ(p.form1.righe(), 7);
+        ASSERT_EQ(p.form1.sessione.colonne(), 7);
+        ASSERT_EQ(p.form1.sessione.righe(), 7);
         vai(&p.form1, p.form1.MSFlexGrid1);
         for (int i = 0; i < 49; ++i) {
             std::size_t n = 1 + static_cast<std::size_t>(i * 7 % 90);
             while (!p.form1.CMDnum[n]->isEnabled()) n = n % 90 + 1;
             scrivi(&p.form1, QString::number(n).rightJustified(2, '0'));
-            ASSERT_EQ(p.form1.matrice(i % 7, i / 7), static_cast<int>(n));
+            ASSERT_EQ(p.form1.sessione.matrice()(i % 7, i / 7), static_cast<int>(n));
         }
     }
     void scegli_i_tipi() {
@@ -142,7 +142,7 @@ protected:
         EXPECT_EQ(tastiera.boxes,
                   (QStringList{"Per elaborare il sistema occore prima salvarlo.Vuoi salvare ora?",
                                "Elaborazione completata."}));
-        EXPECT_TRUE(p.form1.salvato);
+        EXPECT_TRUE(p.form1.sessione.salvato());
     }
     void visualizza() {
         tasto(&p.form1, Qt::Key_F6);
@@ -162,7 +162,7 @@ protected:
         vai(f, f->txtnum[1]);
         // Each pair of digits takes the place of the draw shown, and leads to the next box.
         for (int i = 0; i < 6; ++i) {
-            scrivi(f, QString::number(p.form1.matrice(i, 0)).rightJustified(2, '0'));
+            scrivi(f, QString::number(p.form1.sessione.matrice()(i, 0)).rightJustified(2, '0'));
         }
         scrivi(f, "89");
         ASSERT_EQ(f->focusWidget(), f->Cmdspoglio);
@@ -227,7 +227,7 @@ TEST_F(SenzaMouse, DalPrimoNumeroAllaStampa) {
 
 TEST_F(SenzaMouse, AlleDomandeSiRispondeConUnaLettera) {
     posa();
-    p.form1.sistema_in_linea("x");
+    p.form1.sessione.in_linea("x");
     const auto lettera = [](Qt::Key quale) {
         return [quale](QWidget* box) { tasto(box, quale, Qt::AltModifier); };
     };
@@ -238,7 +238,7 @@ TEST_F(SenzaMouse, AlleDomandeSiRispondeConUnaLettera) {
     vai(&p.form1, p.form1.Image3[0]);
     tasto(&p.form1, Qt::Key_Return);
     EXPECT_EQ(p.form1.Tag(), "x");
-    EXPECT_NE(p.form1.matrice(6, 6), 0);
+    EXPECT_NE(p.form1.sessione.matrice()(6, 6), 0);
     tastiera.alla_prossima(lettera(Qt::Key_N));
     vai(&p.form1, p.form1.Image3[0]);
     tasto(&p.form1, Qt::Key_Space);

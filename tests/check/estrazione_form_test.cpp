@@ -21,7 +21,7 @@ TEST_F(Estrazione, SuperenalottoListsTheDrawsFromTheNewest) {
 }
 
 TEST_F(Estrazione, NewestDrawStandsInTheBoxesWhenTheFormComesUp) {
-    p.form1.sistema_in_linea("s");
+    p.form1.sessione.in_linea("s");
     frmspoglio f(p.form1);
     EXPECT_EQ(f.Combo1->ListIndex(), 0);
     EXPECT_EQ(testi(f.txtnum), (QStringList{"15", "21", "33", "44", "70", "8", "90"}));
@@ -94,10 +94,10 @@ TEST_F(Estrazione, ChoosingTheSameDrawAgainFillsTheBoxesAgain) {
 TEST_F(Estrazione, DrawReplacesTheBoundFields) {
     apri();
     platform::Valore valore;
-    for (const platform::Field& campo : p.form1.archivio.campi_estratti) {
+    for (const platform::Field& campo : p.form1.sessione.archivio.campi_estratti) {
         EXPECT_FALSE(campo.Value(valore).ok());
     }
-    EXPECT_TRUE(p.form1.archivio.campo_concorso.Value(valore).ok());
+    EXPECT_TRUE(p.form1.sessione.archivio.campo_concorso.Value(valore).ok());
     EXPECT_EQ(valore.intero(), 1234);
 }
 
@@ -107,15 +107,15 @@ TEST_F(Estrazione, DrawThatIsGoneLeavesTheBoxesAsTheyAre) {
     Programma::scegli(f.Combo1, 1);
     EXPECT_EQ(testi(f.txtnum), (QStringList{"", "", "", "", "", "", ""}));
     f.txtnum[2]->setText("7");
-    p.form1.archivio.draws.Seek("=", 999);
+    p.form1.sessione.archivio.draws.Seek("=", 999);
     f.comb_se8();
     EXPECT_EQ(f.txtnum[2]->text(), "7");
 }
 
 TEST_F(Estrazione, PastTheEndNoBoxChanges) {
     frmspoglio& f = apri();
-    p.form1.archivio.draws.MoveLast();
-    p.form1.archivio.draws.MoveNext();
+    p.form1.sessione.archivio.draws.MoveLast();
+    p.form1.sessione.archivio.draws.MoveNext();
     scrivi(f.txtnum, {"9", "8", "7", "6", "5", "4", "3"});
     f.comb_se8();
     EXPECT_EQ(testi(f.txtnum), (QStringList{"9", "8", "7", "6", "5", "4", "3"}));
@@ -138,8 +138,8 @@ TEST_F(Estrazione, WheelOfALottoItemIsItsLastTwoCharacters) {
     Programma::scegli(f.Combo3, 11 + 8);
     EXPECT_EQ(testi(f.txtnumlotto), (QStringList{"29", "40", "51", "62", "73"}));
     EXPECT_EQ(f.focusWidget(), f.txtnumlotto[0]);
-    EXPECT_EQ(p.form1.archivio.campo_1.Value().testo(), "TO");
-    EXPECT_EQ(p.form1.archivio.campi_estratti[1].Value().intero(), 29);
+    EXPECT_EQ(p.form1.sessione.archivio.campo_1.Value().testo(), "TO");
+    EXPECT_EQ(p.form1.sessione.archivio.campi_estratti[1].Value().intero(), 29);
 }
 
 TEST_F(Estrazione, NationalItemReadsTheNationalTable) {
@@ -147,7 +147,7 @@ TEST_F(Estrazione, NationalItemReadsTheNationalTable) {
     Programma::scegli(f.Combo3, 21);
     EXPECT_EQ(f.Combo3->Text(), "    0004    -  04/05/2005  -  NAZ.");
     EXPECT_EQ(testi(f.txtnumlotto), (QStringList{"1", "2", "3", "4", "5"}));
-    EXPECT_EQ(p.form1.archivio.national.Fields(7).Value().intero(), 4);
+    EXPECT_EQ(p.form1.sessione.archivio.national.Fields(7).Value().intero(), 4);
     EXPECT_EQ(f.focusWidget(), f.txtnumlotto[0]);
 }
 
@@ -163,7 +163,7 @@ TEST_F(Estrazione, NationalQueryThatFailsLeavesTheBoxesBlank) {
     Programma::scegli(f.Combo3, 10);
     EXPECT_EQ(f.txtnumlotto[0]->text(), "6");
     // The record of that draw is still the current one.
-    p.form1.archivio.database = {};
+    p.form1.sessione.archivio.database = {};
     Programma::scegli(f.Combo3, 21);
     EXPECT_EQ(testi(f.txtnumlotto), (QStringList{"", "", "", "", ""}));
     EXPECT_EQ(f.focusWidget(), f.txtnumlotto[0]);
@@ -241,11 +241,11 @@ TEST_F(SenzaArchivio, OpeningThatFailsIsToldAndTheNumbersAreTyped) {
 }
 
 TEST_F(SenzaArchivio, HandlesStayAsTheyWere) {
-    const auto prima = p.form1.archivio.draws.Fields(9).Value().intero();
+    const auto prima = p.form1.sessione.archivio.draws.Fields(9).Value().intero();
     ASSERT_TRUE(prima);
     apri();
     p.mostrati();
-    EXPECT_EQ(p.form1.archivio.draws.Fields(9).Value().intero(), prima);
+    EXPECT_EQ(p.form1.sessione.archivio.draws.Fields(9).Value().intero(), prima);
 }
 
 TEST_F(Estrazione, ArchiveHeldByAnotherIsTold) {

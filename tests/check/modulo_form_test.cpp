@@ -242,7 +242,7 @@ TEST_F(Modulo, NextCheckStartsWithAFreshForm) {
 TEST_F(Modulo, NoOtherWindowStaysOverIt) {
     p.cartella.scrivi("s.sen", "9,5,5,\"2\",0,0,0,2\r\n");
     p.cartella.scrivi("s.col", "1,2,3,4,5,6\r\n10,20,30,40,50,60\r\n");
-    p.form1.sistema_in_linea("s");
+    p.form1.sessione.in_linea("s");
     p.dialoghi.app::DialoghiQt::visualizza_sviluppo(p.form1);
     p.dialoghi.app::DialoghiQt::stampa(p.form1);
     p.dialoghi.gestore_utility(p.form1);
@@ -260,8 +260,7 @@ TEST_F(Modulo, NoOtherWindowStaysOverIt) {
 TEST_F(Modulo, KeepsTheGameAndFormThatItWasLoadedWith) {
     frmspoglio& f = apri_lotto("1,2,3\r\n4,5,6\r\n7,8,9\r\n", 3, 3);
     scrivi(f.txtnumlotto, {"1", "2", "50", "60", "70"});
-    p.form1.lotto = false;
-    platform::set_Tag(p.form1.Frame9, "5");
+    p.form1.sessione.passa_al_superenalotto();
     Programma::clic(f.Cmdspoglio);
     EXPECT_EQ(f.lblvinclotto[0]->text(), "1");
     EXPECT_EQ(f.lblvinc[0]->text(), "1");

@@ -63,7 +63,7 @@ protected:
         return mostra();
     }
     check::frmspoglio& mostra() {
-        p.form1.sistema_in_linea("s");
+        p.form1.sessione.in_linea("s");
         p.dialoghi.app::DialoghiQt::spoglio(p.form1);
         auto* f = modulo();
         if (f == nullptr) throw std::runtime_error("no check form");

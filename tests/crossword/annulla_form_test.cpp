@@ -31,10 +31,10 @@ TEST(Annulla, UnSistemaGeneratoSeNeVaInUnPasso) {
     ASSERT_NE(generata, prima);
     annulla(p);
     EXPECT_EQ(p.griglia(), prima);
-    EXPECT_EQ(p.form1.matrice(3, 3), 44);
+    EXPECT_EQ(p.form1.sessione.matrice()(3, 3), 44);
     EXPECT_EQ(p.form1.lblngioco->text(), "1");
     annulla(p);
-    EXPECT_EQ(p.form1.matrice(3, 3), 0);
+    EXPECT_EQ(p.form1.sessione.matrice()(3, 3), 0);
     ripeti(p);
     ripeti(p);
     EXPECT_EQ(p.griglia(), generata);
@@ -57,10 +57,10 @@ TEST(Annulla, SvuotaRidaAncheITipi) {
     EXPECT_EQ(p.form1.Combo4->ListIndex(), 1);
     EXPECT_EQ(p.form1.Combo5->ListIndex(), 2);
     EXPECT_EQ(p.riepilogo(4, 3), totale);
-    EXPECT_FALSE(p.form1.salvato);
+    EXPECT_FALSE(p.form1.sessione.salvato());
     ripeti(p);
     EXPECT_EQ(p.form1.Combo3->ListIndex(), 0);
-    EXPECT_EQ(p.form1.matrice(0, 0), 0);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 0);
 }
 
 TEST(Annulla, SalvareAncheConAltroNomeTieneLaStoria) {
@@ -71,8 +71,8 @@ TEST(Annulla, SalvareAncheConAltroNomeTieneLaStoria) {
     ASSERT_EQ(p.form1.Tag(), "secondo");
     const auto intera = p.griglia();
     annulla(p);
-    EXPECT_EQ(p.form1.matrice(5, 5), 0);
-    EXPECT_FALSE(p.form1.salvato);
+    EXPECT_EQ(p.form1.sessione.matrice()(5, 5), 0);
+    EXPECT_FALSE(p.form1.sessione.salvato());
     ripeti(p);
     EXPECT_EQ(p.griglia(), intera);
 }
@@ -114,15 +114,11 @@ TEST(Annulla, LeVociSonoGrigieQuandoNonCENulla) {
 }
 
 TEST(Annulla, NonMetteUnNumeroCheUnaLineaSbarra) {
-    Programma p;
-    p.cella(0, 0);
-    p.numero(5);
-    p.cella(0, 0);
-    p.comando(4);
     // As a damaged system would have it.
-    p.form1.matrice.scrivi(5, 0, 5);
-    annulla(p);
-    EXPECT_EQ(p.form1.matrice(0, 0), 0);
+    crossword::Matrice m(6, 6);
+    m.scrivi(5, 0, 5);
+    EXPECT_TRUE(crossword::rimetti({{0, 0, 5, 0, false}}, true, m));
+    EXPECT_EQ(m(0, 0), 0);
 }
 
 TEST(Annulla, ITipiDiUnAltraFormaNonTornano) {
@@ -135,7 +131,7 @@ TEST(Annulla, ITipiDiUnAltraFormaNonTornano) {
     Programma::clic(p.form1.Imageb[0]);
     Programma::scegli(p.form1.Combo3, 1);
     annulla(p);
-    EXPECT_EQ(p.form1.matrice(0, 0), 5);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 5);
     EXPECT_EQ(p.form1.Combo3->ListIndex(), 1);
 }
 
@@ -165,7 +161,7 @@ TEST(CifraAMeta, OgniAltraAzioneLaDimentica) {
         EXPECT_EQ(p.form1.MSFlexGrid1->digitato(), "") << i;
         p.cella(3, 3);
         QTest::keyClicks(p.form1.MSFlexGrid1, "2");
-        EXPECT_EQ(p.form1.matrice(3, 3), 0) << i;
+        EXPECT_EQ(p.form1.sessione.matrice()(3, 3), 0) << i;
         p.messaggi.clear();
     }
 }
@@ -178,8 +174,8 @@ TEST(CifraAMeta, LeCifreDiUnaTastieraSulloSchermoArrivano) {
         evento.setCommitString(scritto);
         QApplication::sendEvent(p.form1.MSFlexGrid1, &evento);
     }
-    EXPECT_EQ(p.form1.matrice(2, 2), 42);
-    EXPECT_EQ(p.form1.matrice(3, 2), 37);
+    EXPECT_EQ(p.form1.sessione.matrice()(2, 2), 42);
+    EXPECT_EQ(p.form1.sessione.matrice()(3, 2), 37);
     EXPECT_EQ(p.form1.MSFlexGrid1->Col(), 4);
     EXPECT_TRUE(p.form1.MSFlexGrid1->testAttribute(Qt::WA_InputMethodEnabled));
 }

@@ -72,8 +72,8 @@ TEST(Griglia, MisureInTwipsPerOgniDimensione) {
             ASSERT_EQ(p.form1.MSFlexGrid1->size(), QSize(larga / 15, alta / 15)) << c << "x" << r;
             ASSERT_EQ(p.form1.MSFlexGrid1->Cols(), c);
             ASSERT_EQ(p.form1.MSFlexGrid1->Rows(), r);
-            ASSERT_EQ(p.form1.matrice.ubound(1), c - 1);
-            ASSERT_EQ(p.form1.matrice.ubound(2), r - 1);
+            ASSERT_EQ(p.form1.sessione.matrice().ubound(1), c - 1);
+            ASSERT_EQ(p.form1.sessione.matrice().ubound(2), r - 1);
             const QPoint scarto =
                 p.form1.MSFlexGrid1->geometry().center() - p.form1.Frame1->rect().center();
             ASSERT_LE(scarto.manhattanLength(), 2) << c << "x" << r;
@@ -210,7 +210,7 @@ TEST(Numeri, QuelloDellaCasellaRestaPermesso) {
     EXPECT_FALSE(p.form1.CMDnum[31]->isEnabled());
     p.numero(30);
     EXPECT_EQ(p.form1.MSFlexGrid1->testo(0, 0), "30");
-    EXPECT_EQ(p.form1.matrice(0, 0), 30);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 30);
 }
 
 TEST(Numeri, UnoNuovoPrendeIlPostoSenzaDomande) {
@@ -218,10 +218,10 @@ TEST(Numeri, UnoNuovoPrendeIlPostoSenzaDomande) {
     metti(p, 1, 2, 30);
     metti(p, 1, 2, 77);
     EXPECT_EQ(p.form1.MSFlexGrid1->testo(1, 2), "77");
-    EXPECT_EQ(p.form1.matrice(2, 1), 77);
+    EXPECT_EQ(p.form1.sessione.matrice()(2, 1), 77);
     EXPECT_EQ(p.form1.List1->count(), 1);
     EXPECT_TRUE(p.mostrati().empty());
-    EXPECT_FALSE(p.form1.salvato);
+    EXPECT_FALSE(p.form1.sessione.salvato());
 }
 
 TEST(Lista, SetteQuarantacinqueSetteDannoDueVoci) {
@@ -243,17 +243,17 @@ TEST(Canc, SvuotaLaCasellaDaQualunqueControllo) {
         if (!w->isVisible() || !w->isEnabled() || w->focusPolicy() == Qt::NoFocus) continue;
         metti(p, 2, 3, 60);
         p.cella(2, 3);
-        ASSERT_EQ(p.form1.matrice(3, 2), 60);
-        p.form1.salvato = true;
+        ASSERT_EQ(p.form1.sessione.matrice()(3, 2), 60);
+        p.form1.sessione.segna_salvato(true);
         w->setFocus();
         if (QApplication::focusWidget() == nullptr) continue;
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Delete);
-        EXPECT_EQ(p.form1.matrice(3, 2), 0) << w->objectName().toStdString();
+        EXPECT_EQ(p.form1.sessione.matrice()(3, 2), 0) << w->objectName().toStdString();
         EXPECT_EQ(p.form1.MSFlexGrid1->testo(2, 3), "") << w->objectName().toStdString();
         EXPECT_EQ(p.form1.lblngioco->text(), "") << w->objectName().toStdString();
         EXPECT_EQ(p.form1.MSFlexGrid1->Row(), 2);
         EXPECT_EQ(p.form1.MSFlexGrid1->Col(), 3);
-        EXPECT_FALSE(p.form1.salvato);
+        EXPECT_FALSE(p.form1.sessione.salvato());
         ++controlli;
     }
     EXPECT_GT(controlli, 100);
@@ -265,7 +265,7 @@ TEST(Comandi, LImmagineQuattroTogliIlNumeroERicontaLaLista) {
     metti(p, 0, 1, 2);
     p.cella(0, 0);
     p.comando(4);
-    EXPECT_EQ(p.form1.matrice(0, 0), 0);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 0);
     EXPECT_EQ(p.form1.lblngioco->text(), "1");
     EXPECT_EQ(p.form1.List1->count(), 1);
     p.cella(0, 1);
@@ -287,7 +287,7 @@ TEST(Comandi, LImmagineTreSvuotaAllaStessaMisura) {
     EXPECT_EQ(p.form1.lblngioco->text(), "");
     for (int x = 0; x < 7; ++x) {
         for (int y = 0; y < 9; ++y) {
-            ASSERT_EQ(p.form1.matrice(x, y), 0);
+            ASSERT_EQ(p.form1.sessione.matrice()(x, y), 0);
             ASSERT_EQ(p.form1.MSFlexGrid1->testo(y, x), "");
         }
     }
@@ -300,21 +300,21 @@ TEST(Misura, UnCambioPerdeTuttoSenzaDomande) {
     p.riempi();
     Programma::scegli(p.form1.Combo2, 1);
     EXPECT_EQ(p.form1.List1->count(), 0);
-    EXPECT_EQ(p.form1.matrice(0, 0), 0);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 0);
     EXPECT_TRUE(p.mostrati().empty());
-    EXPECT_FALSE(p.form1.salvato);
+    EXPECT_FALSE(p.form1.sessione.salvato());
 }
 
 TEST(Misura, UnCambioDimenticaLaClassificaComeLImmagineTre) {
     for (const bool immagine : {false, true}) {
         Programma p;
-        p.form1.statistico.statistica()[1].numero = 42;
+        p.form1.sessione.statistico.statistica()[1].numero = 42;
         if (immagine) {
             p.comando(3);
         } else {
             Programma::scegli(p.form1.Combo2, 1);
         }
-        EXPECT_EQ(p.form1.statistico.statistica()[1].numero, 0) << immagine;
+        EXPECT_EQ(p.form1.sessione.statistico.statistica()[1].numero, 0) << immagine;
     }
 }
 
@@ -322,7 +322,7 @@ TEST(Misura, ScegliereLaStessaSvuotaUgualmente) {
     Programma p;
     metti(p, 0, 0, 5);
     Programma::scegli(p.form1.Combo1, 0);
-    EXPECT_EQ(p.form1.matrice(0, 0), 0);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 0);
     EXPECT_EQ(p.form1.List1->count(), 0);
 }
 
@@ -383,12 +383,12 @@ TEST(Evidenza, ConPiuRigheCheColonneTutteTornanoBianche) {
 TEST(Completo, SoloSenzaCaselleVuote) {
     Programma p;
     bool esito = true;
-    p.form1.cruciverba_completo(esito);
+    esito = p.form1.sessione.completo();
     EXPECT_FALSE(esito);
     p.riempi(35);
-    p.form1.cruciverba_completo(esito);
+    esito = p.form1.sessione.completo();
     EXPECT_FALSE(esito);
     p.riempi();
-    p.form1.cruciverba_completo(esito);
+    esito = p.form1.sessione.completo();
     EXPECT_TRUE(esito);
 }

@@ -38,9 +38,9 @@ bool in_linea(int colonne, int righe, QPoint a, QPoint b) {
 /// What is wrong with the crossword on the screen; empty when nothing is.
 std::string guasto(const Programma& p) {
     const app::Form1& f = p.form1;
-    const int colonne = f.matrice.colonne();
-    const int righe = f.matrice.righe();
-    if (colonne != f.colonne() || righe != f.righe()) return "sizes";
+    const int colonne = f.sessione.matrice().colonne();
+    const int righe = f.sessione.matrice().righe();
+    if (colonne != f.sessione.colonne() || righe != f.sessione.righe()) return "sizes";
     const QPoint corrente(f.MSFlexGrid1->Col(), f.MSFlexGrid1->Row());
     if (f.MSFlexGrid1->currentColumn() != corrente.x() ||
         f.MSFlexGrid1->currentRow() != corrente.y()) {
@@ -50,7 +50,7 @@ std::string guasto(const Programma& p) {
     std::array<bool, 91> vietati{};
     for (int y = 0; y < righe; ++y) {
         for (int x = 0; x < colonne; ++x) {
-            const int n = f.matrice(x, y);
+            const int n = f.sessione.matrice()(x, y);
             if (f.MSFlexGrid1->testo(y, x) != (n == 0 ? QString() : QString::number(n))) {
                 return "the text of a cell is not its number";
             }
@@ -83,8 +83,8 @@ public:
     /// Does something and tells what.
     std::string fai() {
         app::Form1& f = p_.form1;
-        const int riga = sotto(f.righe());
-        const int colonna = sotto(f.colonne());
+        const int riga = sotto(f.sessione.righe());
+        const int colonna = sotto(f.sessione.colonne());
         switch (sotto(16)) {
             case 0:
             case 1:
@@ -136,7 +136,8 @@ private:
         if (sotto(4) == 0) {
             // Pressed on one cell, dragged and released on another.
             QTest::mousePress(vista, Qt::LeftButton, {}, centro(p_, riga, colonna));
-            const QPointF altrove = centro(p_, sotto(p_.form1.righe()), sotto(p_.form1.colonne()));
+            const QPointF altrove =
+                centro(p_, sotto(p_.form1.sessione.righe()), sotto(p_.form1.sessione.colonne()));
             QMouseEvent mosso(QEvent::MouseMove, altrove, vista->mapToGlobal(altrove), Qt::NoButton,
                               Qt::LeftButton, Qt::NoModifier);
             QApplication::sendEvent(vista, &mosso);
@@ -228,7 +229,7 @@ TEST(RegolaDelleLinee, UnPulsanteQualsiasiDelMouseSceglieLaCasella) {
         EXPECT_EQ(p.form1.MSFlexGrid1->Col(), 5);
         EXPECT_FALSE(p.form1.CMDnum[1]->isEnabled());
         p.numero(1);
-        EXPECT_EQ(p.form1.matrice(5, 0), 6);
+        EXPECT_EQ(p.form1.sessione.matrice()(5, 0), 6);
         EXPECT_EQ(guasto(p), "");
     }
 }
@@ -237,14 +238,14 @@ TEST(RegolaDelleLinee, UnNumeroSbarratoNonEntraNemmenoDalCodice) {
     Programma p;
     p.cella(0, 0);
     p.numero(7);
-    p.form1.salvato = true;
+    p.form1.sessione.segna_salvato(true);
     p.form1.CMDnum_Click(7);
-    EXPECT_EQ(p.form1.matrice(1, 0), 0);
+    EXPECT_EQ(p.form1.sessione.matrice()(1, 0), 0);
     EXPECT_EQ(p.form1.MSFlexGrid1->testo(0, 1), "");
     EXPECT_EQ(p.form1.MSFlexGrid1->Col(), 1);
-    EXPECT_TRUE(p.form1.salvato);
+    EXPECT_TRUE(p.form1.sessione.salvato());
     for (const int fuori : {-1, 0, 91, 300}) p.form1.CMDnum_Click(fuori);
-    EXPECT_EQ(p.form1.matrice(1, 0), 0);
+    EXPECT_EQ(p.form1.sessione.matrice()(1, 0), 0);
     EXPECT_EQ(p.form1.lblngioco->text(), "1");
 }
 

@@ -21,16 +21,16 @@ TEST(Digitazione, DueCifreVannoNellaCasella) {
     p.cella(0, 0);
     digita(p, "4");
     EXPECT_EQ(p.form1.MSFlexGrid1->digitato(), "4");
-    EXPECT_EQ(p.form1.matrice(0, 0), 0);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 0);
     digita(p, "2");
-    EXPECT_EQ(p.form1.matrice(0, 0), 42);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 42);
     EXPECT_EQ(p.form1.MSFlexGrid1->testo(0, 0), "42");
     EXPECT_EQ(p.form1.MSFlexGrid1->digitato(), "");
     EXPECT_EQ(p.form1.MSFlexGrid1->Col(), 1);
     EXPECT_EQ(p.form1.lblngioco->text(), "1");
-    EXPECT_FALSE(p.form1.salvato);
+    EXPECT_FALSE(p.form1.sessione.salvato());
     digita(p, "07");
-    EXPECT_EQ(p.form1.matrice(1, 0), 7);
+    EXPECT_EQ(p.form1.sessione.matrice()(1, 0), 7);
 }
 
 TEST(Digitazione, UnaCifraEInvio) {
@@ -38,9 +38,9 @@ TEST(Digitazione, UnaCifraEInvio) {
     p.cella(2, 3);
     digita(p, "9");
     QTest::keyClick(p.form1.MSFlexGrid1, Qt::Key_Return);
-    EXPECT_EQ(p.form1.matrice(3, 2), 9);
+    EXPECT_EQ(p.form1.sessione.matrice()(3, 2), 9);
     QTest::keyClick(p.form1.MSFlexGrid1, Qt::Key_Return);
-    EXPECT_EQ(p.form1.matrice(4, 2), 0);
+    EXPECT_EQ(p.form1.sessione.matrice()(4, 2), 0);
 }
 
 TEST(Digitazione, UnNumeroVietatoSiRifiutaComeSulTabellone) {
@@ -49,10 +49,10 @@ TEST(Digitazione, UnNumeroVietatoSiRifiutaComeSulTabellone) {
     digita(p, "12");
     ASSERT_FALSE(p.form1.CMDnum[12]->isEnabled());
     digita(p, "12");
-    EXPECT_EQ(p.form1.matrice(1, 0), 0);
+    EXPECT_EQ(p.form1.sessione.matrice()(1, 0), 0);
     EXPECT_EQ(p.form1.MSFlexGrid1->Col(), 1);
     for (const char* fuori : {"91", "99", "00"}) digita(p, fuori);
-    EXPECT_EQ(p.form1.matrice(1, 0), 0);
+    EXPECT_EQ(p.form1.sessione.matrice()(1, 0), 0);
     EXPECT_EQ(p.form1.MSFlexGrid1->digitato(), "");
 }
 
@@ -66,7 +66,7 @@ TEST(Digitazione, AltriTastiEIlCursoreLasciaPerdereLaCifra) {
     QTest::keyClick(p.form1.MSFlexGrid1, Qt::Key_Right);
     EXPECT_EQ(p.form1.MSFlexGrid1->digitato(), "");
     digita(p, "23");
-    EXPECT_EQ(p.form1.matrice(1, 0), 23);
+    EXPECT_EQ(p.form1.sessione.matrice()(1, 0), 23);
 }
 
 TEST(Annulla, NumeroPosatoSostituitoETolto) {
@@ -77,22 +77,22 @@ TEST(Annulla, NumeroPosatoSostituitoETolto) {
     p.numero(6);
     p.cella(0, 0);
     tasto(p, Qt::Key_Delete);
-    ASSERT_EQ(p.form1.matrice(0, 0), 0);
-    p.form1.salvato = true;
+    ASSERT_EQ(p.form1.sessione.matrice()(0, 0), 0);
+    p.form1.sessione.segna_salvato(true);
     tasto(p, Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(p.form1.matrice(0, 0), 6);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 6);
     EXPECT_EQ(p.form1.MSFlexGrid1->testo(0, 0), "6");
-    EXPECT_FALSE(p.form1.salvato);
+    EXPECT_FALSE(p.form1.sessione.salvato());
     EXPECT_EQ(p.form1.lblngioco->text(), "1");
     tasto(p, Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(p.form1.matrice(0, 0), 5);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 5);
     tasto(p, Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(p.form1.matrice(0, 0), 0);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 0);
     EXPECT_EQ(p.form1.lblngioco->text(), "");
     tasto(p, Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(p.form1.matrice(0, 0), 0);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 0);
     for (int i = 0; i < 2; ++i) tasto(p, Qt::Key_Y, Qt::ControlModifier);
-    EXPECT_EQ(p.form1.matrice(0, 0), 6);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 6);
     EXPECT_EQ(p.form1.MSFlexGrid1->Col(), 0);
     EXPECT_TRUE(p.form1.CMDnum[6]->isEnabled());
 }
@@ -129,11 +129,11 @@ TEST(Annulla, MaiOltreUnCambioDiMisuraDiGiocoODiSistema) {
     p.dimensioni(7, 6);
     p.dimensioni(6, 6);
     tasto(p, Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(p.form1.matrice(0, 0), 0);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 0);
     p.numero(8);
-    p.form1.sistema_in_linea("altro");
+    p.form1.sessione.in_linea("altro");
     tasto(p, Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(p.form1.matrice(0, 0), 8);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 8);
 }
 
 TEST(Annulla, MaiDaUnGiocoAllAltro) {
@@ -141,11 +141,11 @@ TEST(Annulla, MaiDaUnGiocoAllAltro) {
     p.dimensioni(6, 6);
     p.cella(0, 0);
     p.numero(5);
-    p.form1.salvato = true;
+    p.form1.sessione.segna_salvato(true);
     p.clic(p.form1.Image10);
     p.dimensioni(6, 6);
     for (int i = 0; i < 3; ++i) tasto(p, Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(p.form1.matrice(0, 0), 0);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 0);
     EXPECT_EQ(p.form1.List1->count(), 0);
 }
 

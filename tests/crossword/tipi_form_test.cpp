@@ -262,30 +262,29 @@ TEST(Conti, CambiareTipoTogliIlTotaleSenzaRipetizioniEModificaIlSistema) {
     for (const int quale : {0, 1, 2}) {
         Programma p;
         p.dimensioni(8, 8);
-        p.form1.MSFlexGrid2->set_testo(5, 3, "99");
-        p.form1.salvato = true;
+        p.apri_cosi([](systems::Sistema& s) { s.senza_ripetizioni = 99; });
+        p.form1.sessione.segna_salvato(true);
         const std::array<platform::ComboBox*, 3> liste = {p.form1.Combo3, p.form1.Combo4,
                                                           p.form1.Combo5};
         Programma::scegli(liste[static_cast<std::size_t>(quale)], 1);
         EXPECT_EQ(p.riepilogo(5, 3), "");
-        EXPECT_FALSE(p.form1.salvato);
+        EXPECT_FALSE(p.form1.sessione.salvato());
     }
 }
 
 TEST(Conti, AncheScegliereDiNuovoLoStessoTipo) {
     Programma p;
-    p.form1.MSFlexGrid2->set_testo(5, 3, "99");
-    p.form1.salvato = true;
+    p.apri_cosi([](systems::Sistema& s) { s.senza_ripetizioni = 99; });
+    p.form1.sessione.segna_salvato(true);
     Programma::scegli(p.form1.Combo3, 0);
     EXPECT_EQ(p.riepilogo(5, 3), "");
-    EXPECT_FALSE(p.form1.salvato);
+    EXPECT_FALSE(p.form1.sessione.salvato());
 }
 
 TEST(Conti, UnNumeroCambiatoLasciaIlTotaleSenzaRipetizioni) {
     Programma p;
     p.riempi(1);
-    p.form1.MSFlexGrid2->set_testo(5, 3, "13");
-    p.form1.lblimportotot->setText("6,50");
+    p.apri_cosi([](systems::Sistema& s) { s.senza_ripetizioni = 13; });
     p.cella(0, 0);
     p.numero(77);
     EXPECT_EQ(p.riepilogo(5, 3), "13");
@@ -297,12 +296,13 @@ TEST(Colonne, ControloColonneGuardaIlFileDelGioco) {
     p.cartella.scrivi("a.col", "");
     p.cartella.scrivi("b.lot", "");
     const auto esiste = [&p](const char* nome) {
-        bool c_e = false;
-        p.form1.controlo_colonne(nome, c_e);
-        return c_e;
+        p.form1.sessione.in_linea(nome);
+        return p.form1.sessione.sviluppo_presente();
     };
     EXPECT_TRUE(esiste("a"));
     EXPECT_FALSE(esiste("b"));
+    // The change of game takes away the Lotto development of the name in line.
+    p.form1.sessione.in_linea("");
     Programma::clic(p.form1.Image10);
     EXPECT_FALSE(esiste("a"));
     EXPECT_TRUE(esiste("b"));

@@ -29,7 +29,7 @@ using Mostrati = std::vector<Mostrato>;
 void tocca(Programma& p) {
     p.cella(0, 0);
     p.numero(p.form1.MSFlexGrid1->testo(0, 0).toInt());
-    ASSERT_FALSE(p.form1.salvato);
+    ASSERT_FALSE(p.form1.sessione.salvato());
 }
 
 /// Nothing of a job is left on the screen or on the disk.
@@ -73,7 +73,7 @@ TEST(Elabora, SenzaNomeEGestoreCongedatoNonFaNulla) {
     p.comando(1);
     EXPECT_EQ(p.mostrati(), Mostrati{prima_salvare});
     EXPECT_TRUE(platform::Dir(p.cartella.programma(), "*.col").empty());
-    EXPECT_FALSE(p.form1.salvato);
+    EXPECT_FALSE(p.form1.sessione.salvato());
 }
 
 TEST(Elabora, SenzaNomeIlGestoreSalvaEIlLavoroPassaSenzaAltreDomande) {
@@ -91,7 +91,7 @@ TEST(Elabora, SenzaNomeIlGestoreSalvaEIlLavoroPassaSenzaAltreDomande) {
     p.comando(1);
     EXPECT_EQ(p.mostrati(), (Mostrati{prima_salvare, completata}));
     EXPECT_EQ(p.cartella.leggi("nuovo.col"), attesa(p, 6, true));
-    EXPECT_TRUE(p.form1.salvato);
+    EXPECT_TRUE(p.form1.sessione.salvato());
     aspetta_a_riposo(p);
 }
 
@@ -103,7 +103,7 @@ TEST(Elabora, ModificatoNoNonFaNulla) {
     p.comando(1);
     EXPECT_EQ(p.mostrati(), Mostrati{prima_salvare});
     EXPECT_FALSE(p.cartella.esiste("uno.col"));
-    EXPECT_FALSE(p.form1.salvato);
+    EXPECT_FALSE(p.form1.sessione.salvato());
 }
 
 TEST(Elabora, ModificatoSiSalvaEdElabora) {
@@ -114,7 +114,7 @@ TEST(Elabora, ModificatoSiSalvaEdElabora) {
     p.comando(1);
     EXPECT_EQ(p.mostrati(), (Mostrati{prima_salvare, completata}));
     EXPECT_EQ(p.cartella.leggi("uno.col"), attesa(p, 6, true));
-    EXPECT_TRUE(p.form1.salvato);
+    EXPECT_TRUE(p.form1.sessione.salvato());
 }
 
 TEST(Elabora, SeiPerSeiNonHaDiagonaliAdiacenti) {
@@ -215,7 +215,7 @@ TEST(Elabora, SenzaLaTabellaDelleRigheRestanoLeAltreLinee) {
     for (const std::vector<int>& colonna : p.griglia()) support::combinazioni(colonna, 6, righe);
     EXPECT_EQ(p.mostrati(), Mostrati{completata});
     EXPECT_EQ(p.cartella.leggi("meta.col"), support::come_file(support::senza_ripetizioni(righe)));
-    EXPECT_TRUE(p.form1.salvato);
+    EXPECT_TRUE(p.form1.sessione.salvato());
     aspetta_a_riposo(p);
 }
 
@@ -229,7 +229,7 @@ TEST(Elabora, SenzaAlcunaTabellaNonNasceNessunFile) {
         EXPECT_EQ(p.mostrati(), Mostrati{completata});
         EXPECT_FALSE(p.cartella.esiste("niente.col"));
         EXPECT_EQ(p.riepilogo(5, 3), "");
-        EXPECT_TRUE(p.form1.salvato);
+        EXPECT_TRUE(p.form1.sessione.salvato());
         aspetta_a_riposo(p);
     }
 }
@@ -281,7 +281,7 @@ TEST(Ripetizioni, ConRipetizioniStannoDueVolteERigaCinqueVuota) {
     Programma p(true);
     con_doppione(p);
     Programma::voce(p.form1.mnuRipetizioniCon);
-    EXPECT_TRUE(p.form1.salvato);
+    EXPECT_TRUE(p.form1.sessione.salvato());
     p.comando(1);
     const auto tutte = support::sviluppo_integrale(p.griglia(), 6, true);
     EXPECT_EQ(p.cartella.leggi("doppio.col"), support::come_file(tutte));
@@ -319,7 +319,7 @@ TEST(Ripetizioni, LOpzioneDelMenuScriveETogliRipDat) {
     EXPECT_FALSE(p.form1.mnuRipetizioniCon->isChecked());
     EXPECT_TRUE(p.form1.mnuRipetizioniSenza->isChecked());
     EXPECT_FALSE(p.cartella.esiste("rip.dat"));
-    EXPECT_TRUE(p.form1.salvato);
+    EXPECT_TRUE(p.form1.sessione.salvato());
 }
 
 TEST(Ripetizioni, RipDatCheCEraRestaComE) {

@@ -58,7 +58,7 @@ struct Programma : support::Programma {
 void tocca(Programma& p) {
     p.cella(0, 0);
     p.numero(p.form1.MSFlexGrid1->testo(0, 0).toInt());
-    ASSERT_FALSE(p.form1.salvato);
+    ASSERT_FALSE(p.form1.sessione.salvato());
 }
 
 }  // namespace
@@ -259,7 +259,7 @@ TEST(DuranteIlLavoro, MenuEComandiSonoSpenti) {
         QTest::keyClick(&p.form1, Qt::Key_Delete);
         QTest::keyClick(&p.form1, Qt::Key_S, Qt::ControlModifier);
         EXPECT_EQ(p.griglia(), prima);
-        EXPECT_TRUE(p.form1.salvato);
+        EXPECT_TRUE(p.form1.sessione.salvato());
         EXPECT_TRUE(p.messaggi.empty());
     });
     p.comando(1);

@@ -31,22 +31,25 @@ protected:
     void disponi(int n) {
         p.form1.Combo1->set_Text(QString::number(n));
         p.form1.Combo2->set_Text(QString::number(n));
+        crossword::Matrice m(n, n);
         for (int y = 0; y < n; ++y) {
             for (int x = 0; x < n; ++x) {
-                p.form1.matrice.scrivi(x, y, static_cast<std::int16_t>((x * 11 + y * 17) % 90 + 1));
+                m.scrivi(x, y, static_cast<std::int16_t>((x * 11 + y * 17) % 90 + 1));
             }
         }
-        p.form1.sistema_in_linea("tutti");
+        p.apri_cosi([&m](systems::Sistema& s) { s.matrice = m; });
+        p.form1.sessione.in_linea("tutti");
     }
 
     std::int64_t sviluppa(int tipo) {
         p.form1.Combo3->set_ListIndex(tipo);
         p.form1.Combo4->set_ListIndex(tipo);
         p.form1.Combo5->set_ListIndex(std::min(tipo, p.form1.Combo5->count() - 1));
-        p.form1.salvato = true;
+        p.form1.sessione.segna_salvato(true);
         p.form1.cmd_elabora();
         EXPECT_EQ(p.messaggi.back().testo, "Elaborazione completata.");
-        return righe_file(p.cartella.file(p.form1.lotto ? "tutti.lot" : "tutti.col"));
+        return righe_file(
+            p.cartella.file(p.form1.sessione.gioco().e_lotto() ? "tutti.lot" : "tutti.col"));
     }
 
     std::int64_t atteso(const std::string& prefisso, int n, int tipo) {
@@ -95,7 +98,7 @@ TEST_F(TipiSviluppati, QuartineWithTheCountOfFourteenNumbersThatIsWrong) {
     p.form1.Image10_Click();
     p.form1.Imageb_Click(1);
     EXPECT_EQ(percorri("qt", 5), std::vector<std::string>{"qt14/1"});
-    EXPECT_TRUE(p.form1.lotto);
+    EXPECT_TRUE(p.form1.sessione.gioco().e_lotto());
 }
 
 TEST_F(TipiSviluppati, Cinquine) {

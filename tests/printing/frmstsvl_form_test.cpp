@@ -96,11 +96,12 @@ TEST(OpzioniStampa, IlFuocoVaAImprimer) {
 TEST(OpzioniStampa, LIntervalloEQuelloDelTotale) {
     Stampa s;
     s.in_linea();
-    s.p.form1.MSFlexGrid2->set_testo(4, 3, "12.345");
+    s.p.dimensioni(15, 15);
+    s.in_linea();
     const frmstsvl* f = s.apri();
     EXPECT_EQ(f->txtdalla[0]->text(), "1");
-    EXPECT_EQ(f->txtdalla[1]->text(), "12345");
-    EXPECT_EQ(platform::Tag(f->txtdalla[1]), "12345");
+    EXPECT_EQ(f->txtdalla[1]->text(), "172172");
+    EXPECT_EQ(platform::Tag(f->txtdalla[1]), "172172");
     EXPECT_EQ(s.p.form1.MSFlexGrid2->Row(), 4);
     EXPECT_EQ(s.p.form1.MSFlexGrid2->Col(), 3);
 }
@@ -119,7 +120,8 @@ TEST(OpzioniStampa, NeiCampiPassanoSoloCifre) {
 TEST(OpzioniStampa, LasciandoUnCampoLIntervalloSiCorregge) {
     Stampa s;
     s.in_linea();
-    s.p.form1.MSFlexGrid2->set_testo(4, 3, "1.000");
+    s.p.dimensioni(9, 9);
+    s.in_linea();
     frmstsvl* f = s.apri();
     const auto scrivi = [f](int campo, const QString& testo) {
         QLineEdit* t = f->txtdalla[static_cast<std::size_t>(campo)];
@@ -134,17 +136,17 @@ TEST(OpzioniStampa, LasciandoUnCampoLIntervalloSiCorregge) {
     scrivi(0, "50");
     EXPECT_EQ(intervallo(), "1-10");
     scrivi(1, "2000");
-    EXPECT_EQ(intervallo(), "1-1000");
+    EXPECT_EQ(intervallo(), "1-1792");
     scrivi(0, "2000");
-    EXPECT_EQ(intervallo(), "1-1000");
+    EXPECT_EQ(intervallo(), "1-1792");
     scrivi(0, "50");
-    EXPECT_EQ(intervallo(), "50-1000");
+    EXPECT_EQ(intervallo(), "50-1792");
     scrivi(1, "10");
     EXPECT_EQ(intervallo(), "50-50");
     scrivi(0, "");
     EXPECT_EQ(intervallo(), "1-50");
     scrivi(1, "0");
-    EXPECT_EQ(intervallo(), "1-1000");
+    EXPECT_EQ(intervallo(), "1-1792");
 }
 
 TEST(OpzioniStampa, CambiareFinestraNonConvalida) {
@@ -219,8 +221,8 @@ TEST(Conferma, TreMessaggiPerChiNonHaSalvato) {
             s.in_linea();
             s.sviluppato();
             s.apri();
-            s.p.form1.sistema_in_linea(c.nome);
-            s.p.form1.salvato = c.salvato;
+            s.p.form1.sessione.in_linea(c.nome.toStdString());
+            s.p.form1.sessione.segna_salvato(c.salvato);
             s.conferma(opzione);
             EXPECT_EQ(s.p.mostrati(),
                       (Mostrati{{c.testo, "Tabellino", Pulsanti::ok, Icona::informazione}}));
@@ -345,7 +347,7 @@ TEST(Imprimer, StampaSenzaChiedereESenzaChiudere) {
     Stampa s;
     s.in_linea();
     s.sviluppato();
-    s.p.form1.salvato = false;
+    s.p.form1.sessione.segna_salvato(false);
     frmstsvl* f = s.apri();
     Programma::clic(f->cmdstampa);
     EXPECT_FALSE(s.chiuso());

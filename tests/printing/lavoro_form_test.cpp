@@ -241,7 +241,7 @@ TEST(MentreStampa, IlRestoNonSiSente) {
         Programma::clic(s.p.form1.Image10);
         QTest::keyClick(s.f->txtdalla[0], Qt::Key_9);
         EXPECT_EQ(s.f->txtdalla[0]->text(), "1");
-        EXPECT_FALSE(s.p.form1.lotto);
+        EXPECT_FALSE(s.p.form1.sessione.gioco().e_lotto());
         EXPECT_TRUE(s.f->isVisible());
     });
     s.conferma(1);

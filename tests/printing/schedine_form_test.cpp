@@ -44,7 +44,7 @@ TEST(StampaSchedine, SenzaEtichettaAvvisa) {
     EXPECT_EQ(s.p.mostrati(), (Mostrati{{"Nessun Sistema è attualmente in linea", "Tabellino",
                                          Pulsanti::ok, Icona::nessuna}}));
     EXPECT_FALSE(s.chiuso());
-    s.p.form1.sistema_in_linea("prova");
+    s.p.form1.sessione.in_linea("prova");
 }
 
 TEST(StampaSchedine, ScriveTransEAvviaLoStrumento) {

@@ -18,7 +18,9 @@ QStringList Giocatore::difetti() {
     controlla_finestre(difetti);
     controlla_cruciverba(difetti);
     // The form of a damaged system may be one that has no types, and then nothing is counted.
-    const bool senza_tipi = form1_->lotto && (form1_->forma() < 3 || form1_->forma() > 5);
+    const bool senza_tipi =
+        form1_->sessione.gioco().e_lotto() &&
+        (form1_->sessione.gioco().forma() < 3 || form1_->sessione.gioco().forma() > 5);
     if (!senza_tipi) {
         controlla_conteggi(difetti);
         controlla_importo(difetti);
@@ -28,10 +30,11 @@ QStringList Giocatore::difetti() {
 
 void Giocatore::controlla_cruciverba(QStringList& difetti) {
     const app::Form1& f = *form1_;
-    const crossword::Matrice& m = f.matrice;
+    const crossword::Matrice& m = f.sessione.matrice();
     const platform::MSFlexGrid* g = f.MSFlexGrid1;
     if (platform::Tag(&f) != f.lblsistema->text()) difetti << "Form1.Tag e lblsistema";
-    if (g->Cols() != f.colonne() || g->Rows() != f.righe()) difetti << "griglia e dimensioni";
+    if (g->Cols() != f.sessione.colonne() || g->Rows() != f.sessione.righe())
+        difetti << "griglia e dimensioni";
     // The crossword of a damaged system may have sizes that the grid cannot take.
     const bool altra_misura = m.colonne() != g->Cols() || m.righe() != g->Rows();
     if (altra_misura && !estraneo_) difetti << "griglia e matrice";
@@ -69,21 +72,26 @@ void Giocatore::controlla_cruciverba(QStringList& difetti) {
 void Giocatore::controlla_conteggi(QStringList& difetti) {
     const app::Form1& f = *form1_;
     const platform::MSFlexGrid* g = f.MSFlexGrid2;
-    const bool quadrata = f.righe() == f.colonne();
-    const int primo = f.lotto ? 5 : 6;
+    crossword::Matsis matsis;
+    matsis.INIZIZLAIZZA_MATSIS(f.sessione.gioco());
+    const bool quadrata = f.sessione.righe() == f.sessione.colonne();
+    const int primo = f.sessione.gioco().e_lotto() ? 5 : 6;
     if (f.Combo5->isEnabled() != quadrata) difetti << "Combo5 e la forma della griglia";
     if (f.Combo1->count() != 16 - primo) difetti << "dimensioni del gioco";
-    if (f.Frame8->isVisibleTo(&f) != f.lotto) difetti << "Frame8 e il gioco";
-    if (f.Frame10->isVisibleTo(f.Frame7) != f.lotto) difetti << "Frame10 e il gioco";
-    const auto per_linea = [&f, primo](int n, const platform::ComboBox* tipo) {
-        return f.matsis(n - primo, tipo->ListIndex()).value_or(0);
+    if (f.Frame8->isVisibleTo(&f) != f.sessione.gioco().e_lotto()) difetti << "Frame8 e il gioco";
+    if (f.Frame10->isVisibleTo(f.Frame7) != f.sessione.gioco().e_lotto())
+        difetti << "Frame10 e il gioco";
+    const auto per_linea = [&matsis, primo](int n, const platform::ComboBox* tipo) {
+        return matsis(n - primo, tipo->ListIndex()).value_or(0);
     };
-    std::int32_t totale =
-        f.righe() * per_linea(f.colonne(), f.Combo3) + f.colonne() * per_linea(f.righe(), f.Combo4);
-    if (quadrata && f.lotto) totale += per_linea(f.righe(), f.Combo5) * 2;
-    if (quadrata && !f.lotto) {
-        totale += crossword::combinazioni_diagonali(f.matsis, f.righe(), f.Combo5->ListIndex())
-                      .value_or(0);
+    std::int32_t totale = f.sessione.righe() * per_linea(f.sessione.colonne(), f.Combo3) +
+                          f.sessione.colonne() * per_linea(f.sessione.righe(), f.Combo4);
+    if (quadrata && f.sessione.gioco().e_lotto())
+        totale += per_linea(f.sessione.righe(), f.Combo5) * 2;
+    if (quadrata && !f.sessione.gioco().e_lotto()) {
+        totale +=
+            crossword::combinazioni_diagonali(matsis, f.sessione.righe(), f.Combo5->ListIndex())
+                .value_or(0);
     }
     if (leggi_numero(s(g->testo(4, 3))) != totale) {
         difetti << QStringLiteral("totale %1, contate %2").arg(g->testo(4, 3)).arg(totale);

@@ -98,7 +98,7 @@ void Giocatore::gioca_visualizzatore(viewer::Form3& f) {
 }
 
 void Giocatore::gioca_spoglio(check::frmspoglio& f) {
-    const bool lotto = form1_->lotto;
+    const bool lotto = form1_->sessione.gioco().e_lotto();
     const auto casella = [this, &f, lotto] {
         QLineEdit* t = lotto ? sorte_.uno(f.txtnumlotto) : sorte_.uno(f.txtnum);
         if (!t->isVisible()) return;

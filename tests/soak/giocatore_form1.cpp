@@ -57,7 +57,10 @@ std::vector<Giocatore::Scelta> Giocatore::scelte_scelte() {
 std::vector<Giocatore::Scelta> Giocatore::scelte_comandi() {
     return {
         {10, " genera",
-         [this] { clic(form1_->lotto && sorte_.una_su(2) ? form1_->cmdstat2 : form1_->cmdstat); }},
+         [this] {
+             clic(form1_->sessione.gioco().e_lotto() && sorte_.una_su(2) ? form1_->cmdstat2
+                                                                         : form1_->cmdstat);
+         }},
         {24, " comando",
          [this] {
              comando(sorte_.uno(std::array{0, 1, 1, 2, 2, 3, 4, 5, 6, 6, 7, 7}));
@@ -102,10 +105,10 @@ void Giocatore::digita() {
 }
 
 void Giocatore::riempi() {
-    if (form1_->colonne() * form1_->righe() > 64) return;
-    for (int r = 0; r < form1_->righe(); ++r) {
-        for (int c = 0; c < form1_->colonne(); ++c) {
-            if (form1_->matrice(c, r) != 0) continue;
+    if (form1_->sessione.colonne() * form1_->sessione.righe() > 64) return;
+    for (int r = 0; r < form1_->sessione.righe(); ++r) {
+        for (int c = 0; c < form1_->sessione.colonne(); ++c) {
+            if (form1_->sessione.matrice()(c, r) != 0) continue;
             platform::MSFlexGrid* g = form1_->MSFlexGrid1;
             const QModelIndex i = g->model()->index(r, c);
             g->scrollTo(i);
@@ -143,7 +146,7 @@ void Giocatore::comando(int quale) {
     annota(QStringLiteral("   %1").arg(quale));
     // A big development would only cost time; the way there is the same.
     if ((quale == 1 || quale == 2 || quale == 6) && troppo_grande()) return;
-    if (quale == 5 && form1_->colonne() * form1_->righe() > 100) return;
+    if (quale == 5 && form1_->sessione.colonne() * form1_->sessione.righe() > 100) return;
     clic(form1_->Image3[static_cast<std::size_t>(quale)]);
 }
 

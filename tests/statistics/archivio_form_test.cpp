@@ -22,7 +22,7 @@ const Mostrato assente{"Errore n.3024 Impossibile trovare il file.", "", Pulsant
 TEST(ApriArchivio, AllAvvioLaTabellaDelSuperEnalottoSullUltimoRecord) {
     Programma p;
     EXPECT_TRUE(p.mostrati().empty());
-    statistics::Archivio& a = p.form1.archivio;
+    statistics::Archivio& a = p.form1.sessione.archivio;
     EXPECT_EQ(a.draws.RecordCount(), 320);
     EXPECT_EQ(a.campo_concorso.Value(), Valore(320));
     EXPECT_EQ(a.draws.Fields("concorso").Value(), Valore(320));
@@ -44,7 +44,7 @@ TEST(ApriArchivio, InLottoFinoAlPrimoRitornoRestaLaTabellaDelSuperEnalotto) {
     Programma p;
     Programma::clic(p.form1.Image10);
     p.form1.apri_archivio();
-    EXPECT_FALSE(p.form1.archivio.draws.Fields("Jolly").Value().nullo());
+    EXPECT_FALSE(p.form1.sessione.archivio.draws.Fields("Jolly").Value().nullo());
 }
 
 TEST(ApriArchivio, TornatiAlSuperEnalottoLaTabellaDelleRuote) {
@@ -52,8 +52,8 @@ TEST(ApriArchivio, TornatiAlSuperEnalottoLaTabellaDelleRuote) {
     Programma::clic(p.form1.Image10);
     Programma::clic(p.form1.Image8);
     p.form1.apri_archivio();
-    statistics::Archivio& a = p.form1.archivio;
-    EXPECT_FALSE(p.form1.lotto);
+    statistics::Archivio& a = p.form1.sessione.archivio;
+    EXPECT_FALSE(p.form1.sessione.gioco().e_lotto());
     EXPECT_EQ(a.draws.RecordCount(), 3200);
     EXPECT_EQ(a.campo_concorso.Value(), Valore(320));
     EXPECT_EQ(a.draws.Fields("concorso").Value(), Valore(320));
@@ -68,8 +68,8 @@ TEST(ApriArchivio, SenzaArchivioLErroreESiParte) {
     Programma p(false, [](const support::Cartella& c) { support::togli_archivio(c.radice()); });
     EXPECT_EQ(p.mostrati(), std::vector<Mostrato>{assente});
     EXPECT_TRUE(p.form1.isVisible());
-    EXPECT_TRUE(p.form1.salvato);
-    EXPECT_FALSE(p.form1.archivio.draws.MoveLast().ok());
+    EXPECT_TRUE(p.form1.sessione.salvato());
+    EXPECT_FALSE(p.form1.sessione.archivio.draws.MoveLast().ok());
 }
 
 TEST(ApriArchivio, TenutoDaAltriInEsclusivaLoDice) {
@@ -81,8 +81,8 @@ TEST(ApriArchivio, TenutoDaAltriInEsclusivaLoDice) {
     EXPECT_EQ(p.mostrati(), (std::vector<Mostrato>{{"Database archivio già aperto", "Sortivario",
                                                     Pulsanti::ok, Icona::nessuna}}));
     // The handles stay as they were.
-    EXPECT_TRUE(p.form1.archivio.draws.MoveLast().ok());
-    EXPECT_EQ(p.form1.archivio.campo_concorso.Value(), Valore(320));
+    EXPECT_TRUE(p.form1.sessione.archivio.draws.MoveLast().ok());
+    EXPECT_EQ(p.form1.sessione.archivio.campo_concorso.Value(), Valore(320));
 }
 
 TEST(ApriArchivio, NonUnDatabaseEUnAltroErrore) {
@@ -99,8 +99,8 @@ TEST(ApriArchivio, LaNazionaleVuotaNonEUnErrore) {
         support::metti_archivio(c.radice(), support::archivio_inventato({3, 3, 0}, 5));
     });
     EXPECT_TRUE(p.mostrati().empty());
-    EXPECT_EQ(p.form1.archivio.national.RecordCount(), 0);
-    EXPECT_EQ(p.form1.archivio.campo_concorso.Value(), Valore(3));
+    EXPECT_EQ(p.form1.sessione.archivio.national.RecordCount(), 0);
+    EXPECT_EQ(p.form1.sessione.archivio.campo_concorso.Value(), Valore(3));
 }
 
 TEST(ApriArchivio, UnaTabellaVuotaEUnErroreSulMoveLast) {
@@ -119,7 +119,7 @@ TEST(ApriArchivio, SenzaLaTabellaNazionaleLErroreEILegamiRestano) {
     ASSERT_EQ(detti.size(), 1U);
     EXPECT_TRUE(detti[0].testo.startsWith("Errore n.3078 ")) << detti[0].testo.toStdString();
     EXPECT_EQ(detti[0].titolo, "");
-    statistics::Archivio& a = p.form1.archivio;
+    statistics::Archivio& a = p.form1.sessione.archivio;
     EXPECT_EQ(a.campo_concorso.Value(), Valore(1)) << "on the first record still";
     EXPECT_EQ(a.campi_estratti[5].Value(), a.draws.Fields("6°estratto").Value());
     EXPECT_TRUE(a.draws.MoveLast().ok());
@@ -128,17 +128,15 @@ TEST(ApriArchivio, SenzaLaTabellaNazionaleLErroreEILegamiRestano) {
 
 TEST(ApriArchivio, UnPercorsoColSeparatoreFinaleDaUnaRadiceTroppoLunga) {
     Programma p;
-    platform::App().Path = p.cartella.programma() + "/";
-    p.form1.apri_archivio();
-    platform::App().Path = p.cartella.programma();
-    EXPECT_EQ(p.mostrati(), std::vector<Mostrato>{assente});
+    systems::Sessione sessione(p.cartella.programma() + "/");
+    EXPECT_EQ(sessione.apri_archivio().Number, 3024);
 }
 
 TEST(ApriArchivio, AllUscitaSiChiude) {
     Programma p;
     p.form1.close();
-    EXPECT_EQ(p.form1.archivio.draws.MoveLast().Number, platform::errore_chiuso);
-    EXPECT_EQ(p.form1.archivio.national.MoveLast().Number, platform::errore_chiuso);
+    EXPECT_EQ(p.form1.sessione.archivio.draws.MoveLast().Number, platform::errore_chiuso);
+    EXPECT_EQ(p.form1.sessione.archivio.national.MoveLast().Number, platform::errore_chiuso);
 }
 
 TEST(Ruote, NellOrdineELeLoroSigle) {

@@ -11,12 +11,7 @@ using support::Programma;
 
 /// Puts a crossword on the form as an opened system would.
 void metti(Programma& p, const crossword::Matrice& m) {
-    p.form1.matrice = m;
-    for (int x = 0; x < m.colonne(); ++x) {
-        for (int y = 0; y < m.righe(); ++y) {
-            p.form1.MSFlexGrid1->set_testo(y, x, m(x, y) == 0 ? "" : QString::number(m(x, y)));
-        }
-    }
+    p.apri_cosi([&m](systems::Sistema& s) { s.matrice = m; });
 }
 
 TEST(CompletaConScelti, OnAnEmptyCrosswordTheFirstCellEndsItWithTheMessage) {
@@ -45,8 +40,8 @@ TEST(CompletaConScelti, FillsEveryCellWithNumbersInPlayAndRepeatsNoneOnALine) {
         std::set<int> riga;
         std::set<int> colonna;
         for (int i = 0; i < 6; ++i) {
-            riga.insert(p.form1.matrice(i, y));
-            colonna.insert(p.form1.matrice(y, i));
+            riga.insert(p.form1.sessione.matrice()(i, y));
+            colonna.insert(p.form1.sessione.matrice()(y, i));
         }
         EXPECT_EQ(riga.size(), 6U);
         EXPECT_EQ(colonna.size(), 6U);
@@ -60,8 +55,8 @@ TEST(CompletaConScelti, WhereNoNumberFitsItKeepsWhatWasLaid) {
     p.numero(5);
     p.comando(5);
     ASSERT_EQ(p.messaggi.size(), 1U);
-    EXPECT_EQ(p.form1.matrice(0, 0), 5);
-    EXPECT_EQ(p.form1.matrice(1, 0), 0);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 5);
+    EXPECT_EQ(p.form1.sessione.matrice()(1, 0), 0);
     EXPECT_EQ(p.form1.MSFlexGrid1->Row(), 0);
     EXPECT_EQ(p.form1.MSFlexGrid1->Col(), 1);
     EXPECT_TRUE(p.form1.Frame3->isVisible());
@@ -85,7 +80,7 @@ TEST(CompletaConScelti, EqualsTryingEveryNumberInTurn) {
             p.comando(5);
             semplice::Griglia g = support::griglia(m);
             const bool completo = semplice::completa_con_scelti(g);
-            EXPECT_EQ(support::testo(p.form1.matrice), support::testo(g));
+            EXPECT_EQ(support::testo(p.form1.sessione.matrice()), support::testo(g));
             EXPECT_EQ(p.griglia(), g);
             EXPECT_EQ(p.mostrati().empty(), completo);
             completi += completo ? 1 : 0;
@@ -103,7 +98,7 @@ TEST(CompletaConScelti, TheFirstNumberThatFitsIsTakenAndTheCursorStaysWhereNoneD
     metti(p, m);
     p.comando(5);
     EXPECT_EQ(p.mostrati().size(), 1U);
-    EXPECT_EQ(support::testo(p.form1.matrice),
+    EXPECT_EQ(support::testo(p.form1.sessione.matrice()),
               "41 40 43 42 45 44\n"
               "42 43 40 41 0 0\n"
               "0 0 0 0 0 0\n"
@@ -136,13 +131,13 @@ TEST(CompletaConScelti, NumbersOffTheBoardAreNeverPressed) {
     metti(p, m);
     p.comando(5);
     EXPECT_EQ(p.mostrati().size(), 1U);
-    EXPECT_EQ(p.form1.matrice, m);
+    EXPECT_EQ(p.form1.sessione.matrice(), m);
     m.scrivi(2, 5, 9);
     metti(p, m);
     p.comando(5);
     EXPECT_EQ(p.mostrati().size(), 1U);
-    EXPECT_EQ(p.form1.matrice(0, 0), 9);
-    EXPECT_EQ(p.form1.matrice(1, 0), 0);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 9);
+    EXPECT_EQ(p.form1.sessione.matrice()(1, 0), 0);
 }
 
 TEST(CompletaConScelti, TheSameNumbersGiveTheSameLayout) {
@@ -152,9 +147,9 @@ TEST(CompletaConScelti, TheSameNumbersGiveTheSameLayout) {
         for (int n = 1; n <= 14; ++n) p.numero(n);
         p.comando(5);
         if (giro == 0) {
-            prima = p.form1.matrice;
+            prima = p.form1.sessione.matrice();
         } else {
-            EXPECT_EQ(prima, p.form1.matrice);
+            EXPECT_EQ(prima, p.form1.sessione.matrice());
         }
     }
 }
@@ -168,7 +163,7 @@ TEST(CompletaConScelti, TheBoardBarsForTheCellWhereTheWalkStopped) {
     // Every cell is full now, so that a second time nothing is laid on the way.
     p.cella(0, 0);
     p.comando(5);
-    const std::bitset<91> vietati = crossword::numeri_sulle_linee(p.form1.matrice, 5, 5);
+    const std::bitset<91> vietati = crossword::numeri_sulle_linee(p.form1.sessione.matrice(), 5, 5);
     EXPECT_EQ(p.form1.MSFlexGrid1->Row(), 5);
     EXPECT_EQ(p.form1.MSFlexGrid1->Col(), 5);
     for (std::size_t i = 1; i <= 90; ++i) {
@@ -187,8 +182,8 @@ TEST(CompletaConScelti, TheCloseBoxLeavesTheWalkAndThenTheProgram) {
                      });
     p.comando(5);
     EXPECT_FALSE(p.form1.isVisible());
-    EXPECT_NE(p.form1.matrice(1, 3), 0);
-    EXPECT_EQ(p.form1.matrice(2, 3), 0);
+    EXPECT_NE(p.form1.sessione.matrice()(1, 3), 0);
+    EXPECT_EQ(p.form1.sessione.matrice()(2, 3), 0);
     EXPECT_TRUE(p.mostrati().empty());
     EXPECT_EQ(platform::MousePointer(), 0);
     EXPECT_FALSE(platform::LavoroLungo::in_corso());

@@ -63,9 +63,9 @@ TEST(Completa, ConUnMstatCorrenteTieneINumeriPosati) {
     p.numero(77);
     const std::string testo = scrivi_mstat_in_ordine(p);
     p.form1.completa();
-    EXPECT_EQ(p.form1.matrice(2, 1), 77);
+    EXPECT_EQ(p.form1.sessione.matrice()(2, 1), 77);
     bool completo = false;
-    p.form1.cruciverba_completo(completo);
+    completo = p.form1.sessione.completo();
     EXPECT_TRUE(completo);
     EXPECT_EQ(p.cartella.leggi("mstat.dat"), testo);
 }
@@ -85,7 +85,7 @@ TEST(Completa, LaCasellaDiChiusuraFermaLaRicerca) {
     EXPECT_NE(p.form1.MSFlexGrid1->testo(1, 2), "");
     EXPECT_EQ(p.form1.MSFlexGrid1->testo(1, 3), "");
     // What was shown is no crossword yet.
-    EXPECT_EQ(p.form1.matrice, crossword::Matrice(6, 6));
+    EXPECT_EQ(p.form1.sessione.matrice(), crossword::Matrice(6, 6));
 }
 
 TEST(Completa, UnaRicercaCheNonFinirebbeMaiSiFermaDaSe) {
@@ -93,16 +93,14 @@ TEST(Completa, UnaRicercaCheNonFinirebbeMaiSiFermaDaSe) {
     scrivi_mstat_in_ordine(p);
     p.dimensioni(15, 14);
     // The lines of the cell below the corner hold three numbers of every band, and two of the tail.
-    const auto posa = [&p](int x, int y, int n) {
-        p.form1.matrice.scrivi(x, y, static_cast<std::int16_t>(n));
-        p.form1.MSFlexGrid1->set_testo(y, x, QString::number(n));
-    };
+    crossword::Matrice m(15, 14);
+    const auto posa = [&m](int x, int y, int n) { m.scrivi(x, y, static_cast<std::int16_t>(n)); };
     for (int i = 0; i < 12; ++i) posa(1 + i, 1, 1 + i / 3 * 10 + i % 3);
     for (int i = 0; i < 2; ++i) posa(13 + i, 1, 75 + i);
     for (int i = 0; i < 9; ++i) posa(0, 2 + i, 41 + i / 3 * 10 + i % 3);
-    const crossword::Matrice prima = p.form1.matrice;
+    p.apri_cosi([&m](systems::Sistema& s) { s.matrice = m; });
     p.form1.completa();
-    EXPECT_EQ(p.form1.matrice, prima);
+    EXPECT_EQ(p.form1.sessione.matrice(), m);
     for (int x = 0; x < 15; ++x) EXPECT_NE(p.form1.MSFlexGrid1->testo(0, x), "") << x;
     EXPECT_EQ(p.form1.MSFlexGrid1->testo(1, 0), "");
     EXPECT_FALSE(p.form1.in_elaborazione());

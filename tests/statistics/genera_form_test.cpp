@@ -48,18 +48,18 @@ void a_riposo(const Programma& p) {
     const app::Form1& f = p.form1;
     EXPECT_TRUE(f.Frame3->isVisible());
     EXPECT_FALSE(f.ProgressBar1->isVisible());
-    EXPECT_FALSE(f.salvato);
+    EXPECT_FALSE(f.sessione.salvato());
     EXPECT_FALSE(f.in_elaborazione());
     EXPECT_EQ(f.MSFlexGrid1->Row(), 0);
     EXPECT_EQ(f.MSFlexGrid1->Col(), 0);
     EXPECT_EQ(platform::MousePointer(), 0);
     EXPECT_TRUE(f.updatesEnabled());
-    const auto vietati = crossword::numeri_sulle_linee(f.matrice, 0, 0);
+    const auto vietati = crossword::numeri_sulle_linee(f.sessione.matrice(), 0, 0);
     for (std::size_t i = 1; i <= 90; ++i) {
         EXPECT_EQ(f.CMDnum[i]->isEnabled(), !vietati.test(i)) << i;
         EXPECT_EQ(platform::Tag(f.CMDnum[i]), vietati.test(i) ? "0" : "") << i;
     }
-    const std::size_t diversi = crossword::numeri_in_gioco(f.matrice).size();
+    const std::size_t diversi = crossword::numeri_in_gioco(f.sessione.matrice()).size();
     EXPECT_EQ(f.lblngioco->text(), diversi == 0 ? QString() : QString::number(diversi));
     EXPECT_EQ(f.List1->count(), static_cast<int>(diversi));
 }
@@ -80,10 +80,11 @@ TEST(GeneraSuperEnalotto, LaPrimaVoltaQuestiPostiDellaClassifica) {
     Programma::clic(p.form1.cmdstat);
     std::vector<int> posti;
     for (int x = 0; x < 6; ++x) {
-        const auto& tabella = p.form1.statistico.statistica();
-        const auto voce = std::find_if(
-            tabella.begin() + 1, tabella.end(),
-            [&](const statistics::Voce& v) { return v.numero == p.form1.matrice(x, 0); });
+        const auto& tabella = p.form1.sessione.statistico.statistica();
+        const auto voce =
+            std::find_if(tabella.begin() + 1, tabella.end(), [&](const statistics::Voce& v) {
+                return v.numero == p.form1.sessione.matrice()(x, 0);
+            });
         posti.push_back(static_cast<int>(voce - tabella.begin()));
     }
     EXPECT_EQ(posti, (std::vector<int>{64, 49, 53, 27, 28, 70}));
@@ -114,7 +115,7 @@ TEST(GeneraSuperEnalotto, ScriveMstatConLaDataDellUltimaEstrazione) {
     statistics::Tabella letta{};
     ASSERT_TRUE(statistics::leggi_mstat(letta, p.cartella.file("mstat.dat")));
     for (std::size_t i = 1; i <= 90; ++i) {
-        EXPECT_EQ(letta[i].numero, p.form1.statistico.statistica()[i].numero);
+        EXPECT_EQ(letta[i].numero, p.form1.sessione.statistico.statistica()[i].numero);
         EXPECT_LE(letta[i].valore, 200);
     }
 }
@@ -126,14 +127,14 @@ TEST(Genera, ConLaPrimaCasellaPienaNonFaNulla) {
         p.dimensioni(7, 7);
         p.cella(0, 0);
         p.numero(44);
-        p.form1.salvato = true;
-        p.form1.sistema_in_linea("mio");
-        const crossword::Matrice prima = p.form1.matrice;
+        p.form1.sessione.segna_salvato(true);
+        p.form1.sessione.in_linea("mio");
+        const crossword::Matrice prima = p.form1.sessione.matrice();
         const QString in_gioco = p.form1.lblngioco->text();
         Programma::clic(p.form1.cmdstat);
         if (lotto) Programma::clic(p.form1.cmdstat2);
         uguali(p, prima);
-        EXPECT_TRUE(p.form1.salvato);
+        EXPECT_TRUE(p.form1.sessione.salvato());
         EXPECT_EQ(p.form1.Tag(), "mio");
         EXPECT_EQ(p.form1.Combo1->Text(), "7");
         EXPECT_EQ(p.form1.lblngioco->text(), in_gioco);
@@ -147,7 +148,7 @@ TEST(Genera, ConLaPrimaCasellaVuotaIlRestoSiPerde) {
     Programma p;
     p.cella(3, 3);
     p.numero(44);
-    p.form1.sistema_in_linea("mio");
+    p.form1.sessione.in_linea("mio");
     Programma::clic(p.form1.cmdstat);
     crossword::Matrice m(6, 6);
     platform::Rnd rnd;
@@ -181,16 +182,16 @@ TEST(Genera, DueVolteDaDueGriglieDiverseEDueAvviiLaStessa) {
     for (int avvio = 0; avvio < 2; ++avvio) {
         Programma p;
         Programma::clic(p.form1.cmdstat);
-        const crossword::Matrice una = p.form1.matrice;
+        const crossword::Matrice una = p.form1.sessione.matrice();
         vuota_con_un_clic(p);
         Programma::clic(p.form1.cmdstat);
-        EXPECT_NE(p.form1.matrice, una);
+        EXPECT_NE(p.form1.sessione.matrice(), una);
         if (avvio == 1) {
             EXPECT_EQ(una, prima);
-            EXPECT_EQ(p.form1.matrice, seconda);
+            EXPECT_EQ(p.form1.sessione.matrice(), seconda);
         }
         prima = una;
-        seconda = p.form1.matrice;
+        seconda = p.form1.sessione.matrice();
     }
 }
 
@@ -230,7 +231,7 @@ TEST(GeneraLotto, OgniRuotaDalleSueEstrazioni) {
     }
     EXPECT_TRUE(p.mostrati().empty());
     EXPECT_FALSE(p.cartella.esiste("mstat.dat"));
-    EXPECT_EQ(p.form1.statistico.statistica(), statistics::Tabella{});
+    EXPECT_EQ(p.form1.sessione.statistico.statistica(), statistics::Tabella{});
 }
 
 TEST(GeneraLotto, ILDueBottoniFannoLoStesso) {
@@ -299,7 +300,7 @@ TEST(GeneraLotto, LaNazionaleDaCentoATrecentoEstrazioniTacendo) {
     Programma p(false, con({320, 320, 300}));
     in_lotto(p, nazionale);
     Programma::clic(p.form1.cmdstat2);
-    EXPECT_NE(p.form1.matrice(0, 0), 0);
+    EXPECT_NE(p.form1.sessione.matrice()(0, 0), 0);
 }
 
 TEST(GeneraLotto, SoloLaNazionaleChiedeCentoEstrazioni) {
@@ -314,7 +315,7 @@ TEST(GeneraLotto, LasciaLaRuotaELaperturaDopoRidaLaTabella) {
     Programma p;
     in_lotto(p, 1);
     Programma::clic(p.form1.cmdstat2);
-    statistics::Archivio& a = p.form1.archivio;
+    statistics::Archivio& a = p.form1.sessione.archivio;
     ASSERT_TRUE(a.draws.MoveLast().ok());
     EXPECT_EQ(a.draws.RecordCount(), 320);
     EXPECT_EQ(a.campo_1.Value(), platform::Valore("CA"));
@@ -389,10 +390,10 @@ TEST(Genera, LaCasellaDiChiusuraFermaIlLavoro) {
         EXPECT_FALSE(p.form1.isVisible());
         EXPECT_FALSE(p.form1.in_elaborazione());
         const int colonne = lotto ? 5 : 6;
-        EXPECT_NE(p.form1.matrice(7 % colonne, 7 / colonne), 0);
-        EXPECT_EQ(p.form1.matrice(8 % colonne, 8 / colonne), 0);
+        EXPECT_NE(p.form1.sessione.matrice()(7 % colonne, 7 / colonne), 0);
+        EXPECT_EQ(p.form1.sessione.matrice()(8 % colonne, 8 / colonne), 0);
         EXPECT_FALSE(p.form1.ProgressBar1->isVisibleTo(&p.form1));
-        EXPECT_FALSE(p.form1.archivio.draws.MoveLast().ok());
+        EXPECT_FALSE(p.form1.sessione.archivio.draws.MoveLast().ok());
     }
 }
 
@@ -430,7 +431,7 @@ TEST(GeneraLotto, SenzaUnaRuotaSceltaLaGrigliaRestaVuotaTacendo) {
 TEST(Resetta, DimenticaLaClassifica) {
     Programma p;
     Programma::clic(p.form1.cmdstat);
-    ASSERT_NE(p.form1.statistico.statistica(), statistics::Tabella{});
+    ASSERT_NE(p.form1.sessione.statistico.statistica(), statistics::Tabella{});
     p.form1.resetta();
-    EXPECT_EQ(p.form1.statistico.statistica(), statistics::Tabella{});
+    EXPECT_EQ(p.form1.sessione.statistico.statistica(), statistics::Tabella{});
 }

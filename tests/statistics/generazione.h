@@ -16,7 +16,7 @@ inline std::function<void(const Cartella&)> con(const Quante& quante) {
 
 /// The number of each cell, as the matrix and as the screen have it.
 inline void uguali(const Programma& p, const crossword::Matrice& m) {
-    ASSERT_EQ(p.form1.matrice, m);
+    ASSERT_EQ(p.form1.sessione.matrice(), m);
     for (int x = 0; x < m.colonne(); ++x) {
         for (int y = 0; y < m.righe(); ++y) {
             const QString testo = m(x, y) == 0 ? QString() : QString::number(m(x, y));

@@ -44,15 +44,15 @@ protected:
 
 TEST_P(Esempi, SiApronoComeIlProgrammaLiSalverebbe) {
     ASSERT_EQ(p.form1.Tag(), GetParam().nome);
-    EXPECT_TRUE(p.form1.salvato);
+    EXPECT_TRUE(p.form1.sessione.salvato());
     EXPECT_EQ(p.riepilogo(4, 3), GetParam().totale);
     EXPECT_EQ(p.riepilogo(5, 3), GetParam().senza_ripetizioni);
-    EXPECT_EQ(systems::testo_sistema(p.form1.sistema_a_schermo()),
+    EXPECT_EQ(systems::testo_sistema(p.form1.sessione.sistema()),
               p.cartella.leggi(file(".sen", ".sel")));
 }
 
 TEST_P(Esempi, TengonoLaRegolaDelTabellone) {
-    const crossword::Matrice& m = p.form1.matrice;
+    const crossword::Matrice& m = p.form1.sessione.matrice();
     ASSERT_TRUE(crossword::cruciverba_completo(m));
     for (int y = 0; y < m.righe(); ++y) {
         for (int x = 0; x < m.colonne(); ++x) {

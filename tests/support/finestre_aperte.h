@@ -148,7 +148,7 @@ private:
         ASSERT_NE(f, nullptr);
         guarda(*f, "frmspoglio");
         // A played combination wins, so that the list has rows.
-        const bool lotto = p_.form1.lotto;
+        const bool lotto = p_.form1.sessione.gioco().e_lotto();
         const auto numeri = p_.griglia();
         for (std::size_t i = 0; i < 5; ++i) {
             const QString n = QString::number(numeri[i][0]);

@@ -17,6 +17,7 @@
 #include "app/dialoghi_qt.h"
 #include "app/form1.h"
 #include "platform/desktop.h"
+#include "platform/disk.h"
 #include "support/archivio_prova.h"
 #include "support/cartella.h"
 #include "systems/form2.h"
@@ -148,18 +149,28 @@ public:
         QApplication::processEvents();
     }
     void dimensioni(int colonne, int righe) {
-        const int primo = form1.lotto ? 5 : 6;
+        const int primo = form1.sessione.gioco().e_lotto() ? 5 : 6;
         scegli(form1.Combo1, colonne - primo);
         scegli(form1.Combo2, righe - primo);
     }
     /// Lays a full crossword by the board, taking for each cell the next number that is allowed.
     void riempi(int da_mettere = 225) {
         cella(0, 0);
-        for (int i = 0; i < qMin(form1.colonne() * form1.righe(), da_mettere); ++i) {
+        for (int i = 0; i < qMin(form1.sessione.colonne() * form1.sessione.righe(), da_mettere);
+             ++i) {
             std::size_t n = 1 + static_cast<std::size_t>(i * 7 % 90);
             while (!form1.CMDnum[n]->isEnabled()) n = n % 90 + 1;
             numero(static_cast<int>(n));
         }
+    }
+    /// Opens a system that differs from the one in line in what `cambia` does, under no name.
+    void apri_cosi(const std::function<void(systems::Sistema&)>& cambia) {
+        systems::Sistema s = form1.sessione.sistema();
+        cambia(s);
+        ASSERT_TRUE(systems::scrivi_sistema(cartella.programma(), "cosi", s));
+        ASSERT_TRUE(form1.sessione.apri("cosi"));
+        form1.sessione.in_linea("");
+        platform::Kill(cartella.file(std::string("cosi") + s.gioco.estensione_sistema()));
     }
     void riempi_e_salva(const QString& nome) {
         riempi();

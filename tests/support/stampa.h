@@ -29,11 +29,11 @@ public:
 
     /// A system in line as after a save.
     void in_linea(const QString& nome = "prova") {
-        p.form1.sistema_in_linea(nome);
-        p.form1.salvato = true;
+        p.form1.sessione.in_linea(nome.toStdString());
+        p.form1.sessione.segna_salvato(true);
     }
     void sviluppato(const std::string& colonne = "4,17,23,38,61,90\r\n") const {
-        p.cartella.scrivi(p.form1.lotto ? "prova.lot" : "prova.col", colonne);
+        p.cartella.scrivi(p.form1.sessione.gioco().e_lotto() ? "prova.lot" : "prova.col", colonne);
     }
     /// Opens the dialog with the command of the main form.
     printing::frmstsvl* apri() {

@@ -99,7 +99,7 @@ TEST(Modi, SalvaTieneSoloLaSchedaDelGioco) {
             Programma::clic(form2.cmdeffacer1);
         });
         Programma::voce(p.form1.mnusalvanome);
-        EXPECT_EQ(p.form1.lotto, lotto);
+        EXPECT_EQ(p.form1.sessione.gioco().e_lotto(), lotto);
     }
 }
 
@@ -275,14 +275,14 @@ TEST(Schede, CambianoGiocoTitoloEdElenco) {
     ASSERT_NE(form2, nullptr);
     p.mostrati();
     clic_scheda(*form2, 1);
-    EXPECT_TRUE(p.form1.lotto);
+    EXPECT_TRUE(p.form1.sessione.gioco().e_lotto());
     EXPECT_EQ(titoli(*form2), QStringList({"Nome del sistema", "Sistemi in", "Data"}));
     EXPECT_EQ(colonna(*form2, 0), QStringList({"due"}));
     EXPECT_EQ(p.form1.windowTitle(), "Tabellino - Lotto (Sistemi in Cinquine)");
     EXPECT_EQ(p.form1.List1->count(), 0);
-    EXPECT_TRUE(p.form1.salvato);
+    EXPECT_TRUE(p.form1.sessione.salvato());
     clic_scheda(*form2, 0);
-    EXPECT_FALSE(p.form1.lotto);
+    EXPECT_FALSE(p.form1.sessione.gioco().e_lotto());
     EXPECT_EQ(titoli(*form2), titoli_se);
     EXPECT_EQ(colonna(*form2, 0), QStringList({"uno"}));
     EXPECT_EQ(p.form1.windowTitle(), "Tabellino - SuperEnalotto");
@@ -296,7 +296,7 @@ TEST(Schede, ConIlPulsanteSpentoNonSuccedeNulla) {
     const Form2* form2 = apri_gestore(p.form1.mnuapri);
     ASSERT_NE(form2, nullptr);
     clic_scheda(*form2, 1);
-    EXPECT_FALSE(p.form1.lotto);
+    EXPECT_FALSE(p.form1.sessione.gioco().e_lotto());
     EXPECT_EQ(titoli(*form2), titoli_se);
     EXPECT_EQ(colonna(*form2, 0), QStringList({"uno"}));
 }

@@ -152,7 +152,7 @@ TEST_P(GestoreTest, TabClickedDuringARenameCommitsItLikeAnyOtherClick) {
     QTest::mouseClick(schede, Qt::LeftButton, {}, schede->tabRect(altra_scheda).center());
     EXPECT_TRUE(p.cartella.esiste(sis("due")));
     EXPECT_FALSE(p.cartella.esiste(sis("uno")));
-    EXPECT_NE(p.form1.lotto, GetParam());
+    EXPECT_NE(p.form1.sessione.gioco().e_lotto(), GetParam());
     QTest::mouseClick(schede, Qt::LeftButton, {}, schede->tabRect(1 - altra_scheda).center());
     EXPECT_EQ(nomi(f), QStringList{"due"});
 }

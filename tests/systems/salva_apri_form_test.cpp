@@ -147,7 +147,7 @@ TEST(Sovrascrivi, NoLasciaTuttoELaFinestraAperta) {
     EXPECT_EQ(p.cartella.leggi("uno.sen"), "0,5,5,\"6\",0,0,0,0\r\n");
     EXPECT_TRUE(p.cartella.esiste("uno.col"));
     EXPECT_EQ(p.form1.Tag(), "");
-    EXPECT_FALSE(p.form1.salvato);
+    EXPECT_FALSE(p.form1.sessione.salvato());
 }
 
 TEST(Sovrascrivi, SiTogliLoSviluppoDelGioco) {
@@ -164,7 +164,7 @@ TEST(Sovrascrivi, SiTogliLoSviluppoDelGioco) {
     EXPECT_TRUE(p.cartella.esiste("uno.lot"));
     EXPECT_EQ(p.cartella.leggi("uno.sen"),
               support::come_sistema("14,5,5,\"6\",0,0,0,0", p.griglia()));
-    EXPECT_TRUE(p.form1.salvato);
+    EXPECT_TRUE(p.form1.sessione.salvato());
 }
 
 TEST(Sovrascrivi, LoSviluppoVecchioSparisceAvantiCheIlSistemaSiScriva) {
@@ -257,7 +257,7 @@ TEST(ApriSistema, RidaTuttoQuelloCheEraSalvato) {
     EXPECT_EQ(platform::Tag(&p.form1), "ampio");
     EXPECT_EQ(p.form1.lblngioco->text(), QString::number(p.form1.List1->count()));
     EXPECT_GT(p.form1.List1->count(), 0);
-    EXPECT_TRUE(p.form1.salvato);
+    EXPECT_TRUE(p.form1.sessione.salvato());
     EXPECT_EQ(p.form1.MSFlexGrid1->Row(), 0);
     EXPECT_EQ(p.form1.MSFlexGrid1->Col(), 0);
     // The first cell is current, so the number beside it is refused.
@@ -380,13 +380,13 @@ TEST(ApriSistema, FileSparitoOCortoVaAvantiConGliZeri) {
     p.cartella.scrivi("corto.sen", "14,5,5,\"6\",0,0,0,3\r\n1,2,3,4,5,6,\r\n7,8,");
     p.cartella.scrivi("sparito.sen", "14,5,5,\"6\",0,0,0,3\r\n");
     apri(p, "corto");
-    EXPECT_EQ(p.form1.matrice(5, 0), 6);
-    EXPECT_EQ(p.form1.matrice(1, 1), 8);
-    EXPECT_EQ(p.form1.matrice(2, 1), 0);
+    EXPECT_EQ(p.form1.sessione.matrice()(5, 0), 6);
+    EXPECT_EQ(p.form1.sessione.matrice()(1, 1), 8);
+    EXPECT_EQ(p.form1.sessione.matrice()(2, 1), 0);
     EXPECT_EQ(p.form1.MSFlexGrid1->testo(1, 2), "");
     EXPECT_EQ(p.form1.lblngioco->text(), "8");
     bool completo = true;
-    p.form1.cruciverba_completo(completo);
+    completo = p.form1.sessione.completo();
     EXPECT_FALSE(completo);
     Programma::voce(p.form1.mnuapri);
     Form2* form2 = Programma::gestore();
@@ -404,7 +404,7 @@ TEST(ApriSistema, MisureOltreGliElenchiLascianoQuelleDiPrima) {
     p.cartella.scrivi("enorme.sen", "0,250,254,\"6\",0,0,0,0\r\n1,2,3\r\n");
     p.cartella.scrivi("fuori.sen", "0,99999,-3,\"6\",9,-7,x,99999999999\r\n1,2,3\r\n");
     p.dimensioni(7, 8);
-    p.form1.salvato = true;
+    p.form1.sessione.segna_salvato(true);
     for (const char* nome : {"enorme", "fuori"}) {
         apri(p, nome);
         EXPECT_EQ(p.form1.Combo1->Text(), "7") << nome;
@@ -414,14 +414,14 @@ TEST(ApriSistema, MisureOltreGliElenchiLascianoQuelleDiPrima) {
         // The grid shows what fits it, whatever stood in its cells before.
         for (int y = 0; y < 8; ++y) {
             for (int x = 0; x < 7; ++x) {
-                const int n = p.form1.matrice(x, y);
+                const int n = p.form1.sessione.matrice()(x, y);
                 EXPECT_EQ(p.form1.MSFlexGrid1->testo(y, x), n == 0 ? "" : QString::number(n));
             }
         }
         EXPECT_EQ(p.form1.Tag(), nome);
         p.cella(0, 0);
         p.numero(90);
-        p.form1.salvato = true;
+        p.form1.sessione.segna_salvato(true);
     }
 }
 
@@ -435,10 +435,10 @@ TEST(ApriSistema, IlCruciverbaPiuGrandeDegliElenchiRestaIntero) {
     p.cartella.scrivi("grande.sen", file);
     apri(p, "grande");
     EXPECT_EQ(p.form1.MSFlexGrid1->Cols(), 6);
-    EXPECT_EQ(p.form1.matrice.colonne(), 16);
-    EXPECT_EQ(p.form1.matrice.righe(), 16);
+    EXPECT_EQ(p.form1.sessione.matrice().colonne(), 16);
+    EXPECT_EQ(p.form1.sessione.matrice().righe(), 16);
     EXPECT_EQ(p.form1.lblngioco->text(), "90");
-    p.form1.salvato = false;
+    p.form1.sessione.segna_salvato(false);
     Programma::voce(p.form1.mnusalva);
     EXPECT_EQ(p.cartella.leggi("grande.sen"), file);
 }
@@ -451,7 +451,7 @@ TEST(ApriSistema, UnCruciverbaPiuPiccoloDegliElenchiECompleto) {
     p.cartella.scrivi("piccolo.sen", file);
     apri(p, "piccolo");
     bool completo = false;
-    p.form1.cruciverba_completo(completo);
+    completo = p.form1.sessione.completo();
     EXPECT_TRUE(completo);
     EXPECT_EQ(p.form1.lblngioco->text(), "25");
     EXPECT_EQ(p.form1.MSFlexGrid1->testo(4, 4), "25");

@@ -112,8 +112,8 @@ TEST_P(TrasferimentoTest, SecondChoiceOfAFolderStillImportsIntoTheLibrary) {
 TEST_P(TrasferimentoTest, ImportFromTheSavingManagerLeavesTheNewOneOpen) {
     scrivi_altra(sis("fuori"), testo(2));
     cartella_scelta = QString::fromStdString(altra);
-    p.form1.matrice = crossword::Matrice(1, 1);
-    p.form1.matrice.scrivi(0, 0, 1);
+    p.riempi();
+    p.form1.sessione.segna_salvato(true);
     p.nel_gestore([this](Form2& f) {
         menu(f.mnuimporta);
         seleziona(f, "fuori");

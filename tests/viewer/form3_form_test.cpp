@@ -37,7 +37,7 @@ protected:
     }
     Form3& apri(int righe) { return apri(righe, righe); }
     Form3& mostra() {
-        p.form1.sistema_in_linea("s");
+        p.form1.sessione.in_linea("s");
         p.dialoghi.app::DialoghiQt::visualizza_sviluppo(p.form1);
         QApplication::processEvents();
         auto* f = p.form1.findChild<Form3*>();
@@ -63,7 +63,7 @@ protected:
 };
 
 TEST_F(VisoreTest, ReadingStateIsTheSmallWindow) {
-    p.form1.sistema_in_linea("s");
+    p.form1.sessione.in_linea("s");
     Form3 f(p.form1);
     f.show();
     EXPECT_EQ(f.windowTitle(), "Sviluppo");
@@ -80,7 +80,7 @@ TEST_F(VisoreTest, ReadingStateIsTheSmallWindow) {
 
 TEST_F(VisoreTest, PagesAreReadButNotShownBeforeTheIndexIsBuilt) {
     sviluppo("s.col", 60, 6);
-    p.form1.sistema_in_linea("s");
+    p.form1.sessione.in_linea("s");
     Form3 f(p.form1);
     platform::set_Tag(&f, "s");
     f.popola_griglia(1, true);
@@ -221,7 +221,7 @@ TEST_F(VisoreTest, QuartineAndCinquineFollowTheFormInForce) {
     p.form1.Image10_Click();
     p.cartella.scrivi("s.sel", "9,4,4,\"2\",0,0,0,4,50\r\n");
     for (int quanti = 4; quanti <= 5; ++quanti) {
-        platform::set_Tag(p.form1.Frame9, QString::number(quanti));
+        p.form1.sessione.cambia_forma(quanti);
         sviluppo("s.lot", 50, quanti);
         Form3& f = mostra();
         QStringList attesa = QStringList({""}) + numeri(1, quanti);
@@ -234,7 +234,7 @@ TEST_F(VisoreTest, AnyOtherLottoFormLeavesThePageEmpty) {
     p.form1.Image10_Click();
     p.cartella.scrivi("s.sel", "9,4,4,\"2\",0,0,0,7,50\r\n");
     sviluppo("s.lot", 50, 3);
-    platform::set_Tag(p.form1.Frame9, "7");
+    p.form1.sessione.cambia_forma(7);
     Form3& f = mostra();
     EXPECT_EQ(righe(f.ListView1), 0);
     EXPECT_EQ(f.lblpag[1]->text(), "2");
@@ -360,7 +360,7 @@ TEST_F(VisoreTest, FormOfTheMainFormChosenMeanwhileLeavesThePagesAsTheyAre) {
     sviluppo("s.lot", 100, 5);
     Form3& f = mostra();
     // The form of another system, so that the development stays.
-    p.form1.sistema_in_linea("altro");
+    p.form1.sessione.in_linea("altro");
     Programma::clic(p.form1.Imageb[0]);
     f.HScroll1->setValue(2);
     EXPECT_EQ(riga(f.ListView1, 0), QStringList{""} + numeri(41, 5) + QStringList{""});

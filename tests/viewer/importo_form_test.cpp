@@ -61,11 +61,11 @@ TEST(PrimoAvvio, LasciaMezzoEuro) {
 TEST(Importo, PrimaDegliAltriScriveNovecentocinquantaLire) {
     Programma p;
     std::filesystem::remove(p.cartella.file("cst"));
-    p.form1.importo();
+    p.form1.sessione.importo();
     EXPECT_EQ(p.cartella.leggi("cst"), "\"950\",\"Lire\"\r\n");
     EXPECT_EQ(p.form1.lblvaluta[0]->text(), "Lire");
     EXPECT_EQ(p.form1.lblvaluta[1]->text(), "Lire");
-    EXPECT_EQ(p.form1.calcolo_importo(2), "1.900,00");
+    EXPECT_EQ(p.form1.sessione.calcolo_importo(2), "1.900,00");
     // The caller puts the formatted total in the place of this one.
     EXPECT_EQ(p.form1.lblimportotot->text(), "1900");
 }
@@ -196,8 +196,8 @@ TEST(FormEuro, SenzaVirgolaRifiuta) {
 
 TEST(FormEuro, SalvaRicontaEConferma) {
     Programma p;
-    p.form1.salvato = true;
-    p.form1.MSFlexGrid2->set_testo(5, 3, "13");
+    p.form1.sessione.segna_salvato(true);
+    p.apri_cosi([](systems::Sistema& s) { s.senza_ripetizioni = 13; });
     formeuro* f = apri(p);
     scrivi(f, "1,25");
     Programma::clic(f->Command2);
@@ -207,7 +207,7 @@ TEST(FormEuro, SalvaRicontaEConferma) {
     EXPECT_EQ(p.form1.lblimportotot->text(), "17,50");
     EXPECT_EQ(p.form1.lblquote->text(), "17,50");
     EXPECT_EQ(p.riepilogo(5, 3), "");
-    EXPECT_FALSE(p.form1.salvato);
+    EXPECT_FALSE(p.form1.sessione.salvato());
     EXPECT_TRUE(f->isVisible());
 }
 

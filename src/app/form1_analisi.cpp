@@ -1,7 +1,6 @@
 // On the main form: the way to the analysis, and the line that tells of it and of the types.
 #include <QEvent>
 
-#include "app/dialoghi.h"
 #include "app/form1.h"
 #include "platform/application.h"
 #include "platform/desktop.h"
@@ -35,14 +34,6 @@ protected:
 void Form1::crea_analisi() {
     lblanalisi = new RigaAlPiede(ProgressBar1);
     lblanalisi->setObjectName("lblanalisi");
-    // Whatever is laid, chosen or opened shows in the grid or in one of the lists.
-    connect(MSFlexGrid1->model(), &QAbstractItemModel::dataChanged, this,
-            [this](const QModelIndex&, const QModelIndex&, const QList<int>& ruoli) {
-                if (ruoli.isEmpty() || ruoli.contains(Qt::DisplayRole)) mostra_analisi({});
-            });
-    for (platform::ComboBox* c : {Combo1, Combo2, Combo3, Combo4, Combo5}) {
-        connect(c, &platform::ComboBox::Click, this, [this] { mostra_analisi({}); });
-    }
     int quale = 0;
     for (platform::ComboBox* c : {Combo3, Combo4, Combo5}) {
         c->spiega([this, quale](int tipo) { return spiegazione_tipo(quale, tipo); });
@@ -54,21 +45,15 @@ void Form1::crea_analisi() {
     }
 }
 
-void Form1::mnuanalisi_Click() {
-    bool pronto = false;
-    verifica_spoglio(pronto);
-    if (pronto) dialoghi_.analisi(*this);
-}
-
 void Form1::mostra_analisi(const QString& testo) {
     riassunto_ = testo;
     lblanalisi->setText(spiegazione_.isEmpty() ? riassunto_ : spiegazione_);
 }
 
 QString Form1::spiegazione_tipo(int quale, int tipo) {
-    const crossword::Gioco g = gioco();
-    const int n = quale == 0 ? colonne() : righe();
-    const std::string ridotti = platform::radice(platform::App().Path) + "ridotti";
+    const crossword::Gioco g = sessione.gioco();
+    const int n = quale == 0 ? sessione.colonne() : sessione.righe();
+    const std::string ridotti = platform::radice(sessione.cartella()) + "ridotti";
     QString testo = platform::q(spiegazioni_.di(ridotti, g, n, tipo));
     if (quale == 2 && g.adiacenti(n)) {
         testo += tr(". Le adiacenti: ") + platform::q(spiegazioni_.di(ridotti, g, n - 1, tipo));

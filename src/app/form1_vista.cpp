@@ -1,0 +1,141 @@
+// What the main form shows of its session.
+#include <QSignalBlocker>
+
+#include "app/form1.h"
+#include "crossword/linee.h"
+#include "platform/desktop.h"
+
+namespace app {
+
+using crossword::Elenco;
+using platform::q;
+
+namespace {
+
+/// Size of the grid for so many cells, in twips: at most ten rows show at a time.
+int altezza_griglia(int righe, int colonne) {
+    if (righe < 11 && colonne >= 11) return righe * 300 + 45;
+    return righe < 10 ? righe * 300 + 105 : 3045;
+}
+
+int larghezza_griglia(int righe, int colonne) {
+    return colonne * 300 + (righe >= 11 ? 45 : 105);
+}
+
+/// Fills a list with `voci` and chooses one of them, or none, as no player would: without a click.
+void elenca(platform::ComboBox* combo, const QStringList& voci, int scelta) {
+    bool uguali = combo->count() == voci.size();
+    for (int i = 0; uguali && i < combo->count(); ++i) uguali = combo->itemText(i) == voci[i];
+    if (!uguali) {
+        combo->Clear();
+        for (const QString& voce : voci) combo->AddItem(voce);
+    }
+    combo->mostra(scelta);
+}
+
+}  // namespace
+
+void Form1::mostra(const systems::Cambiamento& cambiato) {
+    if (cambiato.gioco) mostra_gioco();
+    if (cambiato.nome) {
+        platform::set_Tag(this, q(sessione.nome()));
+        lblsistema->setText(q(sessione.nome()));
+    }
+    if (cambiato.cronologia) {
+        annulla->setEnabled(sessione.annullabile());
+        ripeti->setEnabled(sessione.ripetibile());
+    }
+    if (cambiato.dimensioni || cambiato.tipi || cambiato.celle) mostra_analisi({});
+    if (cambiato.dimensioni) mostra_dimensioni();
+    if (cambiato.tipi) mostra_tipi();
+    if (cambiato.conteggi || cambiato.dimensioni) riepilogo_.scrivi(sessione);
+    if (cambiato.importo) mostra_prezzo();
+    if (cambiato.celle) mostra_celle();
+    if (cambiato.dimensioni) abilita_corrente();
+}
+
+void Form1::mostra_gioco() {
+    const crossword::Gioco gioco = sessione.gioco();
+    const bool lotto = gioco.e_lotto();
+    const auto davanti = [](platform::Image* immagine) {
+        immagine->show();
+        immagine->raise();
+    };
+    for (platform::Image* i : {lotto ? Image9 : Image7, lotto ? Image8 : Image10}) davanti(i);
+    for (platform::Image* i : {lotto ? Image7 : Image9, lotto ? Image10 : Image8}) i->hide();
+    Frame8->setVisible(lotto);
+    if (lotto) Frame8->raise();
+    Frame10->setVisible(lotto);
+    // A damaged system file can name a form that does not exist: then none is chosen.
+    if (gioco.valido()) setWindowTitle(q(gioco.titolo()));
+    if (!lotto) return;
+    platform::set_Tag(Frame9, QString::number(gioco.forma()));
+    for (std::size_t i = 0; i < Imageb.size(); ++i) {
+        const bool scelta = gioco.forma() == static_cast<int>(i) + 3;
+        Imagey[i]->setVisible(scelta);
+        Imageb[i]->setVisible(!scelta);
+    }
+}
+
+void Form1::mostra_dimensioni() {
+    const int c = sessione.colonne();
+    const int r = sessione.righe();
+    QStringList lati;
+    for (int i = sessione.gioco().lato_minimo(); i <= crossword::Gioco::lato_massimo; ++i) {
+        lati << QString::number(i);
+    }
+    elenca(Combo1, lati, c - sessione.gioco().lato_minimo());
+    elenca(Combo2, lati, r - sessione.gioco().lato_minimo());
+    colore_griglia();
+    MSFlexGrid1->setUpdatesEnabled(false);
+    MSFlexGrid1->set_Rows(r);
+    MSFlexGrid1->set_Cols(c);
+    for (int i = 0; i < c; ++i) MSFlexGrid1->ColWidth(i, 300);
+    for (int i = 0; i < r; ++i) MSFlexGrid1->RowHeight(i, 300);
+    MSFlexGrid1->misura(
+        {platform::px(larghezza_griglia(r, c)), platform::px(altezza_griglia(r, c))});
+    MSFlexGrid1->move((Frame1->width() - MSFlexGrid1->width()) / 2,
+                      (Frame1->height() - MSFlexGrid1->height()) / 2);
+    MSFlexGrid1->setUpdatesEnabled(true);
+    MSFlexGrid1->cella(0, 0);
+    Combo5->setEnabled(c == r);
+}
+
+void Form1::mostra_tipi() {
+    const std::array<platform::ComboBox*, 3> liste = {Combo3, Combo4, Combo5};
+    for (std::size_t i = 0; i < liste.size(); ++i) {
+        const auto quale = static_cast<Elenco>(i + 1);
+        QStringList voci;
+        for (const std::string& tipo : sessione.tipi(quale)) voci << q(tipo);
+        elenca(liste[i], voci, sessione.tipo(quale));
+    }
+}
+
+void Form1::mostra_celle() {
+    const crossword::Matrice& m = sessione.matrice();
+    for (int r = 0; r < MSFlexGrid1->Rows(); ++r) {
+        for (int c = 0; c < MSFlexGrid1->Cols(); ++c) {
+            const QString testo = m(c, r) == 0 ? QString() : QString::number(m(c, r));
+            if (MSFlexGrid1->testo(r, c) != testo) MSFlexGrid1->set_testo(r, c, testo);
+        }
+    }
+    const int quanti = aggiorna_lista();
+    lblngioco->setText(quanti == 0 ? QString() : QString::number(quanti));
+}
+
+void Form1::mostra_prezzo() {
+    const systems::Prezzo& prezzo = sessione.prezzo();
+    lblimportotot->setText(q(prezzo.totale));
+    lblquote->setText(q(prezzo.quota));
+    lblnumquote->setText(q(prezzo.quote));
+    for (QLabel* valuta : lblvaluta) valuta->setText(q(prezzo.valuta));
+    const QSignalBlocker fermo(UpDown2);
+    UpDown2->setValue(lblnumquote->text().toInt());
+}
+
+void Form1::mostra_ripetizioni() {
+    mnuRipetizioniCon->setChecked(sessione.con_ripetizioni());
+    mnuRipetizioniSenza->setChecked(!sessione.con_ripetizioni());
+}
+
+}  // namespace app

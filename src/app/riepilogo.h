@@ -1,0 +1,21 @@
+// The summary grid, its told cells written in one place and read in none.
+#pragma once
+
+#include "platform/flexgrid.h"
+#include "systems/sessione.h"
+
+namespace app {
+
+class Riepilogo {
+public:
+    /// `griglia` is not owned and outlives this. Builds the headers.
+    void inizia(platform::MSFlexGrid* griglia);
+    /// Where whoever saves leaves the current cell.
+    void resta_sulle_diagonali();
+    void scrivi(const systems::Sessione& sessione);
+
+private:
+    platform::MSFlexGrid* griglia_ = nullptr;
+};
+
+}  // namespace app
