@@ -1,5 +1,7 @@
 #include "platform/desktop.h"
 
+#include <algorithm>
+
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QDesktopServices>
@@ -92,17 +94,23 @@ void senza_rientro(QMessageBox& box) {
 namespace {
 
 // The halves of surrogate pairs that no text holds by themselves.
-constexpr char16_t primo_byte = 0xDC80;
-constexpr char16_t ultimo_byte = 0xDCFF;
 constexpr char16_t base_byte = 0xDC00;
+constexpr char16_t ultimo_byte = 0xDCFF;
 
 bool byte_sciolto(const QString& testo, qsizetype i) {
     const char16_t c = testo[i].unicode();
-    return c >= primo_byte && c <= ultimo_byte && (i == 0 || !testo[i - 1].isHighSurrogate());
+    return c >= base_byte && c <= ultimo_byte && (i == 0 || !testo[i - 1].isHighSurrogate());
 }
 
-/// Length of the UTF-8 character at `i`, 0 when there is none.
+/// True of a byte that a text has for a terminal only: neither a line's end nor a tabulator.
+bool di_controllo(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return (byte < 0x20 && c != '\t' && c != '\n' && c != '\r') || byte == 0x7F;
+}
+
+/// Length of the UTF-8 character at `i` if it can be shown, else 0.
 std::size_t carattere(const std::string& testo, std::size_t i) {
+    if (di_controllo(testo[i])) return 0;
     for (std::size_t n = 1; n <= 4 && i + n <= testo.size(); ++n) {
         const auto pezzo = QByteArray::fromRawData(testo.data() + i, static_cast<qsizetype>(n));
         if (pezzo.isValidUtf8()) return n;
@@ -114,7 +122,9 @@ std::size_t carattere(const std::string& testo, std::size_t i) {
 
 QString q(const std::string& testo) {
     const auto byte = QByteArray::fromRawData(testo.data(), static_cast<qsizetype>(testo.size()));
-    if (byte.isValidUtf8()) return QString::fromUtf8(byte);
+    if (byte.isValidUtf8() && std::none_of(testo.begin(), testo.end(), di_controllo)) {
+        return QString::fromUtf8(byte);
+    }
     QString letto;
     for (std::size_t i = 0; i < testo.size();) {
         const std::size_t n = carattere(testo, i);

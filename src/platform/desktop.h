@@ -82,7 +82,8 @@ constexpr int px(int twips) {
 }
 
 /// Text between the logic's UTF-8 and the screen. Bytes that are no UTF-8, as a name on an old
-/// disk may have, come back as they went, through characters that show as unknown ones.
+/// disk may have, and control bytes but tabulators and line ends come back as they went, through
+/// characters that show as unknown ones.
 QString q(const std::string& testo);
 std::string s(const QString& testo);
 
