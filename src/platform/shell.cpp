@@ -1,5 +1,9 @@
 #include "platform/shell.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QProcess>
@@ -17,14 +21,29 @@ Finestre& finte() {
     return f;
 }
 
+std::int64_t avvia(const QString& programma, const QString& cartella) {
+    QProcess processo;
+    processo.setProgram(programma);
+    processo.setWorkingDirectory(cartella);
+    qint64 numero = 0;
+    return processo.startDetached(&numero) ? numero : 0;
+}
+
 std::int64_t avvia(const std::string& programma) {
     const std::string nome = nome_su_disco(programma);
     if (!esiste_file(nome)) return 0;
-    QProcess processo;
-    processo.setProgram(q(nome));
-    processo.setWorkingDirectory(QFileInfo(q(nome)).absolutePath());
-    qint64 numero = 0;
-    return processo.startDetached(&numero) ? numero : 0;
+    const QString testo = q(nome);
+    if (QFile::encodeName(testo).toStdString() == nome) {
+        return avvia(testo, QFileInfo(testo).absolutePath());
+    }
+    // Named by a handle: the process class would spoil a folder's bytes that are no text.
+    const std::size_t barra = nome.rfind('/');
+    const int fd = ::open(nome.substr(0, barra + 1).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+    if (fd < 0) return 0;
+    const QString cartella = QString("/proc/%1/fd/%2").arg(::getpid()).arg(fd);
+    const std::int64_t numero = avvia(cartella + "/" + q(nome.substr(barra + 1)), cartella);
+    ::close(fd);
+    return numero;
 }
 
 }  // namespace
