@@ -136,9 +136,8 @@ int verifica(const Opzioni& o) {
     return trovati.empty() ? riuscito : con_riserve;
 }
 
-int metti_dimostrativo(const Opzioni& o) {
-    if (platform::esiste_file(o.archivio)) return riuscito;
-    if (salva(o.archivio, dimostrativo())) return riuscito;
+int dimostra(const Opzioni& o) {
+    if (metti_dimostrativo(o.archivio)) return riuscito;
     lamenta(o.archivio + ": l'archivio non si può scrivere");
     return impossibile;
 }
@@ -156,7 +155,7 @@ int comando(const std::vector<std::string>& parole, const std::function<std::str
     };
     for (const Sottocomando& c :
          {Sottocomando{"importa", importa_file}, Sottocomando{"stato", mostra_stato},
-          Sottocomando{"verifica", verifica}, Sottocomando{"dimostrativo", metti_dimostrativo}}) {
+          Sottocomando{"verifica", verifica}, Sottocomando{"dimostrativo", dimostra}}) {
         if (parole[0] != c.nome) continue;
         Opzioni o = opzioni(parole);
         if (o.errore) {

@@ -1,13 +1,12 @@
 #include "importa.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <fcntl.h>
 #include <numeric>
-#include <sys/file.h>
 #include <unistd.h>
 
 #include "lettura.h"
+#include "platform/blocco.h"
 #include "platform/codepage.h"
 #include "platform/disk.h"
 #include "platform/runtime.h"
@@ -31,8 +30,7 @@ public:
     explicit Blocco(const std::string& cartella)
         : fd_(::open(cartella.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
         // Disks of other machines may know no such lock: nobody can be seen there.
-        preso_ = fd_ < 0 || platform::syscalls().flock(fd_, LOCK_EX | LOCK_NB) == 0 ||
-                 errno != EWOULDBLOCK;
+        preso_ = fd_ < 0 || platform::blocca(fd_) != platform::Presa::occupata;
     }
     Blocco(const Blocco&) = delete;
     Blocco& operator=(const Blocco&) = delete;
@@ -225,6 +223,14 @@ std::int64_t Rapporto::rifiutate() const {
 std::int64_t Rapporto::diverse() const {
     return std::accumulate(portati.begin(), portati.end(), std::int64_t{0},
                            [](std::int64_t n, const Portato& p) { return n + p.diverse; });
+}
+
+bool metti_dimostrativo(const std::string& destinazione) {
+    const std::string cartella = cartella_di(destinazione);
+    if (!platform::crea_cartella(cartella)) return false;
+    const Blocco blocco(cartella);
+    if (platform::esiste_file(destinazione)) return true;
+    return blocco.preso() && salva(destinazione, dimostrativo());
 }
 
 Rapporto importa(const std::string& destinazione, const std::vector<std::string>& file,

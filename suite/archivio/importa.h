@@ -57,6 +57,10 @@ using Avanzamento = std::function<void(std::size_t fatti, std::size_t tutti)>;
 Rapporto importa(const std::string& destinazione, const std::vector<std::string>& file,
                  bool sostituisci, const Avanzamento& avanzamento);
 
+/// Writes the demonstration archive unless a file stands there. Fails while an import runs, whose
+/// archive it would take the place of.
+bool metti_dimostrativo(const std::string& destinazione);
+
 /// The report as the command and the window show it.
 std::vector<std::string> in_righe(const Rapporto& rapporto);
 /// What an archive holds, line by line.

@@ -271,6 +271,17 @@ TEST_F(ArchivioSuite, DueImportazioniInsiemeNo) {
     EXPECT_TRUE(porta(una_sestina).riuscito);
 }
 
+TEST_F(ArchivioSuite, IlDimostrativoAspettaCheUnImportazioneFinisca) {
+    const std::string dove = cartella_.radice() + "/archivio";
+    const int fd = ::open(dove.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    ASSERT_EQ(::flock(fd, LOCK_EX | LOCK_NB), 0);
+    EXPECT_FALSE(metti_dimostrativo(archivio_));
+    EXPECT_FALSE(platform::esiste_file(archivio_));
+    ::close(fd);
+    EXPECT_TRUE(metti_dimostrativo(archivio_));
+    EXPECT_TRUE(difetti(archivio_).empty());
+}
+
 TEST_F(ArchivioSuite, IlDimostrativoHa320EstrazioniPerTipoDal1900) {
     dimostra();
     EXPECT_EQ(tabella("archivio").size(), 3200U);
