@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <cstring>
 
 #include "platform/processore.h"
 
@@ -13,7 +12,8 @@ using Quattro = std::uint64_t __attribute__((vector_size(32)));
 
 /// Takes four words from anywhere.
 PLATFORM_INCORPORATO void leggi(const void* da, Quattro& q) {
-    std::memcpy(&q, da, sizeof q);
+    using Ovunque = std::uint64_t __attribute__((vector_size(32), aligned(1), may_alias));
+    q = *static_cast<const Ovunque*>(da);
 }
 
 /// True when a bit is set.

@@ -26,14 +26,25 @@ PLATFORM_INCORPORATO void somma(const Estratte& e, std::size_t parole, EsitoEstr
     Conta tre;
     auto& c = esito.combinazioni;
     for (std::size_t i = 0; i < parole; i += 4) {
-        std::array<Quattro, 6> n;
-        for (std::size_t x = 0; x < 6; ++x) leggi(e.numeri[x] + i, n[x]);
-        const Quattro ab = n[0] ^ n[1];
-        const Quattro s1 = ab ^ n[2];
-        const Quattro r1 = (n[0] & n[1]) | (ab & n[2]);
-        const Quattro de = n[3] ^ n[4];
-        const Quattro s2 = de ^ n[5];
-        const Quattro r2 = (n[3] & n[4]) | (de & n[5]);
+        // Each apart: an array of them would go through memory.
+        Quattro n1;
+        Quattro n2;
+        Quattro n3;
+        Quattro n4;
+        Quattro n5;
+        Quattro n6;
+        leggi(e.numeri[0] + i, n1);
+        leggi(e.numeri[1] + i, n2);
+        leggi(e.numeri[2] + i, n3);
+        leggi(e.numeri[3] + i, n4);
+        leggi(e.numeri[4] + i, n5);
+        leggi(e.numeri[5] + i, n6);
+        const Quattro s = n1 ^ n2;
+        const Quattro s1 = s ^ n3;
+        const Quattro r1 = (n1 & n2) | (s & n3);
+        const Quattro t = n4 ^ n5;
+        const Quattro s2 = t ^ n6;
+        const Quattro r2 = (n4 & n5) | (t & n6);
         const Quattro uno = s1 ^ s2;
         const Quattro r3 = s1 & s2;
         const Quattro rr = r1 ^ r2;

@@ -53,7 +53,7 @@ TEST(Storico, ogni_estrazione_come_lo_spoglio) {
                                 8 + prova % 3, numeri, 1 + prova % 2);
         cartella.scrivi("s", testo(righe, numeri));
         const Mappe mappe(giocate_di(righe, numeri));
-        for (int i = 0; i < 120; ++i) {
+        for (int i = 0; i < 500; ++i) {
             const Estrazione e = estrai(caso, lotto);
             check::Richiesta r{
                 cartella.file("s"), static_cast<std::int32_t>(righe.size()), gioco, {}};
