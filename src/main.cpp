@@ -34,7 +34,10 @@ int main(int argc, char** argv) {
             form1.move(form1.screen()->availableGeometry().center() - form1.rect().center());
             form1.show();
             // Once the splash is gone.
-            QTimer::singleShot(0, &form1, [&form1] { app::avvisa_mancanze(&form1); });
+            QTimer::singleShot(0, &form1, [&form1] {
+                app::avvisa_mancanze(&form1);
+                form1.offri_ripresa();
+            });
         });
     splash->show();
     return QApplication::exec();

@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QShortcut>
+#include <QTimer>
 
 #include "app/aspetto.h"
 #include "app/dialoghi.h"
@@ -128,6 +129,32 @@ void Form1::Form_Load() {
     platform::LockWindowUpdate(nullptr);
 }
 
+void Form1::offri_ripresa() {
+    if (const auto interrotto = ripresa_.interrotto()) {
+        const QString quale =
+            interrotto->nome.empty()
+                ? QStringLiteral("Il cruciverba non aveva ancora un nome")
+                : "Il cruciverba era del sistema " + platform::q(interrotto->nome);
+        const QString testo = QString(
+                                  "L'ultima volta il programma si è interrotto prima di un "
+                                  "salvataggio.\n%1 e conteneva %2 numeri.\n\nRiprenderlo?")
+                                  .arg(quale)
+                                  .arg(interrotto->numeri);
+        const int risposta =
+            platform::MsgBox(this, {testo, platform::Pulsanti::si_no, "Tabellino"});
+        if (risposta == platform::vbYes) {
+            ripresa_.riprendi();
+        } else {
+            ripresa_.dimentica();
+        }
+    }
+    constexpr int ogni_tre_secondi = 3000;
+    auto* orologio = new QTimer(this);
+    orologio->setObjectName("ripresa");
+    connect(orologio, &QTimer::timeout, this, [this] { ripresa_.tieni(); });
+    orologio->start(ogni_tre_secondi);
+}
+
 void Form1::inizializza() {
     apri_archivio();
     MSFlexGrid1->cella(0, 0);
@@ -202,6 +229,7 @@ void Form1::closeEvent(QCloseEvent* evento) {
         return;
     }
     platform::Kill(App().file("act"));
+    ripresa_.dimentica();
     sessione.archivio.chiudi();
     dialoghi_.chiudi_tutti();
     evento->accept();

@@ -13,6 +13,7 @@
 #include "development/spiegazioni.h"
 #include "platform/controls.h"
 #include "platform/flexgrid.h"
+#include "systems/ripresa.h"
 #include "systems/sessione.h"
 
 namespace app {
@@ -36,6 +37,8 @@ public:
     [[nodiscard]] bool in_elaborazione() const { return lavori_ > 0 || sessione.occupata(); }
 
     void Form_Load();
+    /// Asks whether to go on with what a crash left unsaved, and keeps it aside from now on.
+    void offri_ripresa();
     void apri_archivio();
     /// Tells of an opening that failed; `titolo` is that of the box for a file that another holds.
     static void errore_archivio(QWidget* padre, const platform::Err& errore, const QString& titolo);
@@ -200,6 +203,7 @@ private:
     [[nodiscard]] bool esegui_elaborazione();
 
     Dialoghi& dialoghi_;
+    systems::Ripresa ripresa_{sessione};
     Riepilogo riepilogo_;
     development::Spiegazioni spiegazioni_;
     QString riassunto_;    ///< of the last analysis; empty after a change
