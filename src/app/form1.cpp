@@ -7,6 +7,7 @@
 
 #include "app/aspetto.h"
 #include "app/dialoghi.h"
+#include "app/stile.h"
 #include "platform/application.h"
 #include "platform/desktop.h"
 #include "platform/disk.h"
@@ -110,7 +111,7 @@ void Form1::collega() {
 
 void Form1::Form_Load() {
     // The forms that open later are this one's children and take its skin from it.
-    const std::string aspetto = foglio_aspetto(platform::radice(App().Path));
+    const std::string aspetto = foglio_aspetto(platform::radice(App().Path), desktop_scuro());
     if (!aspetto.empty()) setStyleSheet(platform::q(aspetto));
     platform::LockWindowUpdate(this);
     riepilogo_.inizia(MSFlexGrid2);

@@ -4,6 +4,8 @@
 #include <QMenuBar>
 
 #include "app/form1.h"
+#include "app/menu_aspetto.h"
+#include "platform/application.h"
 #include "platform/desktop.h"
 #include "platform/disposizione.h"
 
@@ -94,6 +96,8 @@ void Form1::crea_menu() {
 
     utility->addSeparator();
     mnuanalisi = comando(utility, tr("&Analisi Sistema"), "mnuanalisi", QKeySequence(Qt::Key_F9));
+    utility->addSeparator();
+    aggiungi_menu_aspetto(utility, this, platform::radice(platform::App().Path));
 
     QMenu* guida = menuBar()->addMenu(tr("&Guida"));
     guida->setObjectName("mnuguida");

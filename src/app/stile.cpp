@@ -23,7 +23,11 @@ namespace app {
 
 namespace {
 
-// Navy, pale blue, yellow and white come with the controls; amber is the one accent.
+/// The desktop's palette, before ours takes its place.
+bool scuro = false;
+
+// Navy, pale blue, yellow and white come with the controls; amber is the one accent. Every
+// property that a skin sets has its first value here, or it would outlive the skin.
 const char* const foglio = R"(
 QWidget { color: #10203A; }
 QMainWindow, QDialog { background: #E9F1F8; }
@@ -50,6 +54,10 @@ QPushButton[numero="true"]:hover { background: #FFFF00; border-color: #000080; }
 QPushButton[numero="true"]:focus { border: 2px solid #E07B00; }
 QPushButton[numero="true"]:disabled { background: #DDE4ED; color: #4B576A; border-color: #CBD5E1; }
 
+QTabBar { qproperty-drawBase: 1; }
+platform--Frame { qproperty-fondo: #FFFFFF; qproperty-linea: #A9BCD6; qproperty-titolo: #000080; }
+analysis--Grafico { qproperty-fondo: #FFFFFF; qproperty-linea: #B9CBE0; qproperty-barra: #000080;
+    qproperty-scritta: #10203A; }
 platform--Frame[evidenza="true"] { qproperty-fondo: #FFF8EC; qproperty-linea: #E07B00; }
 QFrame[forma="fondo"] { background: white; border: 1px solid #A9BCD6; border-radius: 4px; }
 QFrame[forma="prospetto"] { background: #D8EEFE; border: 1px solid #A9C9E6; border-radius: 4px; }
@@ -177,8 +185,13 @@ private:
 
 }  // namespace
 
+bool desktop_scuro() {
+    return scuro;
+}
+
 void applica_stile(QApplication& applicazione) {
     carica_risorse();
+    scuro = QGuiApplication::palette().color(QPalette::Window).lightness() < 128;
     platform::parla_italiano();
     QApplication::setStyle(new Stile);
     QFont carattere("Liberation Sans");

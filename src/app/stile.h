@@ -9,4 +9,7 @@ namespace app {
 /// Sets look, feel and language once, before the first window.
 void applica_stile(QApplication& applicazione);
 
+/// True when the desktop asked for a dark look at the program's start.
+bool desktop_scuro();
+
 }  // namespace app

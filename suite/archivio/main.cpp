@@ -27,7 +27,8 @@ int main(int argc, char** argv) {
     app::applica_stile(qt);
     const std::string programma = cartella();
     importazione::Finestra finestra(importazione::archivio_della_suite(programma));
-    finestra.setStyleSheet(platform::q(app::foglio_aspetto(platform::radice(programma))));
+    finestra.setStyleSheet(
+        platform::q(app::foglio_aspetto(platform::radice(programma), app::desktop_scuro())));
     finestra.show();
     return QApplication::exec();
 }

@@ -18,7 +18,8 @@ int main(int argc, char** argv) {
     const QString radice = guida::radice_suite(
         QString::fromLocal8Bit(argv[0]), QString::fromStdString(platform::cartella_eseguibile()));
     guida::Finestra finestra(guida::nome_richiesto(radice));
-    finestra.setStyleSheet(QString::fromStdString(app::foglio_aspetto(radice.toStdString() + "/")));
+    finestra.setStyleSheet(QString::fromStdString(
+        app::foglio_aspetto(radice.toStdString() + "/", app::desktop_scuro())));
     finestra.show();
     return QApplication::exec();
 }

@@ -14,8 +14,8 @@ protected:
     void scrivi(const std::string& nome, const std::string& testo) {
         std::ofstream(cartella.radice() + "/skin/" + nome, std::ios::binary) << testo;
     }
-    [[nodiscard]] std::string foglio() const {
-        return app::foglio_aspetto(cartella.radice() + "/");
+    [[nodiscard]] std::string foglio(bool scuro = false) const {
+        return app::foglio_aspetto(cartella.radice() + "/", scuro);
     }
 };
 
@@ -24,6 +24,28 @@ TEST_F(Aspetto, IlNumeroScegliIlFile) {
     scrivi("skin1_1.skn", "uno");
     scrivi("skin1_3.skn", "QLabel { color: red }\n/* perch\xc3\xa9 */");
     EXPECT_EQ(foglio(), "QLabel { color: red }\n/* perch\xc3\xa9 */");
+}
+
+TEST_F(Aspetto, ComeIlSistemaSegueIlDesktop) {
+    scrivi("skin1_1.skn", "classico");
+    scrivi("skin1_3.skn", "scuro");
+    ASSERT_TRUE(app::scegli_aspetto(cartella.radice() + "/", app::Aspetto::come_il_sistema));
+    EXPECT_EQ(foglio(false), "classico");
+    EXPECT_EQ(foglio(true), "scuro");
+    scrivi("skin1_0.skn", "zero");
+    EXPECT_EQ(foglio(true), "zero");
+}
+
+TEST_F(Aspetto, LaSceltaSiRilegge) {
+    const std::string radice = cartella.radice() + "/";
+    EXPECT_EQ(app::aspetto_scelto(radice), std::nullopt);
+    for (const app::Aspetto a : {app::Aspetto::classico, app::Aspetto::chiaro, app::Aspetto::scuro,
+                                 app::Aspetto::come_il_sistema}) {
+        EXPECT_TRUE(app::scegli_aspetto(radice, a));
+        EXPECT_EQ(app::aspetto_scelto(radice), static_cast<std::uint8_t>(a));
+    }
+    std::filesystem::remove_all(radice + "skin");
+    EXPECT_FALSE(app::scegli_aspetto(radice, app::Aspetto::chiaro));
 }
 
 TEST_F(Aspetto, SenzaUnoDeiDueFileNonCENulla) {
