@@ -105,6 +105,8 @@ void Form1::collega() {
         connect(new QShortcut(tasto, this), &QShortcut::activated,
                 Image3[static_cast<std::size_t>(a_tasto[i])], &QAbstractButton::click);
     }
+    connect(new QShortcut(QKeySequence::Print, this), &QShortcut::activated, Image3[7],
+            &QAbstractButton::click);
     connect(new QShortcut(QKeySequence(Qt::Key_Delete), this), &QShortcut::activated, this,
             &Form1::Form_KeyDown_Canc);
 }

@@ -73,7 +73,7 @@ void Form1::crea_menu() {
     QMenu* file = menuBar()->addMenu(tr("&File"));
     file->menuAction()->setObjectName("mnufile");
     file->setObjectName("mnufile");
-    mnunuovo = comando(file, tr("&Nuovo"), "mnunuovo");
+    mnunuovo = comando(file, tr("&Nuovo"), "mnunuovo", QKeySequence::New);
     mnuapri = comando(file, tr("&Apri"), "mnuapri", QKeySequence::Open);
     mnusalva = comando(file, tr("&Salva"), "mnusalva", QKeySequence::Save);
     mnusalvanome = comando(file, tr("Salva con n&ome"), "mnusalvanome");
@@ -86,7 +86,7 @@ void Form1::crea_menu() {
     mnuRipetizioniSenza->setCheckable(true);
     mnuRipetizioniCon->setCheckable(true);
     file->addSeparator();
-    mnuEsci = comando(file, tr("Es&ci"), "mnuEsci");
+    mnuEsci = comando(file, tr("Es&ci"), "mnuEsci", QKeySequence(Qt::CTRL | Qt::Key_Q));
 
     QMenu* utility = menuBar()->addMenu(tr("&Utility"));
     utility->setObjectName("mnuutility");
@@ -122,7 +122,7 @@ void Form1::crea_comandi() {
                                              {214, tr("Elimina il numero della casella (Canc)")},
                                              {258, tr("Completa con i numeri scelti")},
                                              {318, tr("Spoglio del sistema (F7)")},
-                                             {362, tr("Stampa (F8)")},
+                                             {362, tr("Stampa (F8, Ctrl+P)")},
                                              {larghezza - 2 * margine - 46, tr("Esci")}}};
     for (int i = 0; i < 9; ++i) {
         const Comando& c = comandi[static_cast<std::size_t>(i)];

@@ -10,6 +10,7 @@
 #include <QStyleOption>
 #include <QTabBar>
 
+#include "platform/copia.h"
 #include "platform/lingua.h"
 #include "platform/rotella.h"
 
@@ -212,6 +213,7 @@ void applica_stile(QApplication& applicazione) {
     QApplication::setPalette(tavolozza);
     applicazione.setStyleSheet(foglio);
     platform::rotella_per_scorrere(applicazione);
+    platform::copia_da_griglie(applicazione);
 }
 
 }  // namespace app

@@ -1,5 +1,5 @@
-// Look and feel that every program of the suite shares: fonts, palette, style sheet, wheel, and
-// Italian for Qt's own texts.
+// Look and feel that every program of the suite shares: fonts, palette, style sheet, wheel, copy
+// key, and Italian for Qt's own texts.
 #pragma once
 
 class QApplication;

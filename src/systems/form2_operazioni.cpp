@@ -1,4 +1,5 @@
 // The pop-up menu of the manager: rename, duplicate, delete, import, send.
+#include <QShortcut>
 #include <QStyledItemDelegate>
 
 #include "app/form1.h"
@@ -70,6 +71,16 @@ void Form2::collega_operazioni() {
     // An editor opened while the menu closes would lose the focus, and so end, at once.
     connect(mnurinomina, &QAction::triggered, this, &Form2::mnurinomina_Click,
             Qt::QueuedConnection);
+    // Only where systems are managed: elsewhere the list is for choosing.
+    const auto tasto = [this](Qt::Key quale, QAction* azione) {
+        auto* scorciatoia = new QShortcut(quale, ListView1);
+        scorciatoia->setContext(Qt::WidgetShortcut);
+        connect(scorciatoia, &QShortcut::activated, this, [this, azione] {
+            if (PicUtility->isVisible() && ListView1->selezionata() != nullptr) azione->trigger();
+        });
+    };
+    tasto(Qt::Key_F2, mnurinomina);
+    tasto(Qt::Key_Delete, mnuelimina);
     connect(mnuduplica, &QAction::triggered, this, &Form2::mnuduplica_Click);
     connect(mnuelimina, &QAction::triggered, this, &Form2::mnuelimina_Click);
     connect(mnueliminatutti, &QAction::triggered, this, &Form2::mnueliminatutti_Click);

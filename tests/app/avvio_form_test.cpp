@@ -307,6 +307,26 @@ TEST(Menu, VociALettera) {
               QStringList({"Elabora senza Ripetizioni", "Elabora con Ripetizioni"}));
 }
 
+TEST(Menu, TastiDiOgniProgramma) {
+    Programma p{true};
+    p.cella(0, 0);
+    p.numero(5);
+    QTest::keyClick(&p.form1, Qt::Key_N, Qt::ControlModifier);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 0);
+    const int stampe = p.dialoghi.stampe;
+    p.riempi();
+    p.scrivi_nel_gestore("prova");
+    Programma::voce(p.form1.mnusalva);
+    p.form1.activateWindow();
+    QApplication::processEvents();
+    QTest::keyClick(&p.form1, Qt::Key_P, Qt::ControlModifier);
+    EXPECT_EQ(p.dialoghi.stampe, stampe + 1);
+    p.form1.activateWindow();
+    QApplication::processEvents();
+    QTest::keyClick(&p.form1, Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_FALSE(p.form1.isVisible());
+}
+
 TEST(Menu, LaGuidaPassaAiDialoghi) {
     Programma p;
     p.dialoghi.finti = true;

@@ -170,6 +170,53 @@ TEST_P(GestoreTest, HeadingClickedDuringARenameCommitsItToo) {
     EXPECT_TRUE(p.cartella.esiste(sis("due")));
 }
 
+TEST_P(GestoreTest, KeysRenameAndDeleteTheSelectedSystem) {
+    sistema("uno", 1);
+    sistema("due", 2);
+    Form2& f = apri();
+    f.activateWindow();
+    QApplication::processEvents();
+    f.ListView1->setFocus();
+    f.ListView1->clearSelection();
+    f.ListView1->setCurrentItem(nullptr);
+    QTest::keyClick(f.ListView1, Qt::Key_Delete);
+    QTest::keyClick(f.ListView1, Qt::Key_F2);
+    EXPECT_TRUE(p.mostrati().empty());
+    EXPECT_EQ(editore(f), nullptr);
+    seleziona(f, "uno");
+    QTest::keyClick(f.ListView1, Qt::Key_F2);
+    QApplication::processEvents();
+    ASSERT_NE(editore(f), nullptr);
+    // In the label the key deletes letters.
+    QTest::keyClick(editore(f), Qt::Key_Delete);
+    EXPECT_EQ(editore(f)->text(), "");
+    QTest::keyClick(editore(f), Qt::Key_Escape);
+    QApplication::processEvents();
+    EXPECT_TRUE(p.mostrati().empty());
+    p.risposte = {vbYes};
+    QTest::keyClick(f.ListView1, Qt::Key_Delete);
+    EXPECT_EQ(p.mostrati(),
+              std::vector<Mostrato>{domanda("Il sistema scelto sarà eliminato. Confermi?")});
+    EXPECT_EQ(programma(), (Stato{{sis("due"), testo(2)}}));
+}
+
+TEST_P(GestoreTest, KeysChangeNothingWhereASystemIsChosen) {
+    sistema("uno", 1);
+    p.form1.mnuapri_Click();
+    QApplication::processEvents();
+    Form2& f = *Programma::gestore();
+    f.activateWindow();
+    QApplication::processEvents();
+    f.ListView1->setFocus();
+    seleziona(f, "uno");
+    QTest::keyClick(f.ListView1, Qt::Key_Delete);
+    QTest::keyClick(f.ListView1, Qt::Key_F2);
+    QApplication::processEvents();
+    EXPECT_TRUE(p.mostrati().empty());
+    EXPECT_EQ(editore(f), nullptr);
+    EXPECT_EQ(programma(), (Stato{{sis("uno"), testo(1)}}));
+}
+
 // Duplicate.
 
 TEST_P(GestoreTest, DuplicateOpensItsPanelOverADisabledList) {
