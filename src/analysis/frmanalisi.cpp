@@ -10,7 +10,7 @@
 
 #include "analysis/passato.h"
 #include "analysis/stampa_analisi.h"
-#include "app/form1.h"
+#include "app/finestra.h"
 #include "platform/application.h"
 #include "platform/desktop.h"
 #include "platform/printer_qt.h"
@@ -131,7 +131,7 @@ void frmanalisi::iniz() {
         if (!ancora) return;
         if (contato) {
             conto->mappe = std::make_unique<Mappe>(conto->giocate);
-            conto->database = form1_.sessione.archivio.database;
+            conto->database = finestra_.sessione.archivio.database;
             conta_passato(*conto);
         }
     }
@@ -163,7 +163,7 @@ void frmanalisi::mostra() {
     QStringList frasi{q(riassunto(a, gioco_)) + "."};
     for (const std::string& nota : tavola_sistema(a, gioco_).note) frasi << q(nota);
     lblstato->setText(frasi.join(" "));
-    form1_.mostra_analisi(q(riassunto(a, gioco_)));
+    finestra_.mostra_analisi(q(riassunto(a, gioco_)));
     garanzie->mostra(tavola_garanzie(a, gioco_));
     insiemi->mostra(tavola_insiemi(a, gioco_));
     estrazioni->mostra(tavola_estrazioni(a, gioco_));

@@ -20,7 +20,7 @@
 class QVBoxLayout;
 
 namespace app {
-class Form1;
+class Finestra;
 }
 
 namespace analysis {
@@ -41,12 +41,12 @@ private:
     int righe_visibili_;
 };
 
-/// Analyses the development of the system named by its `Tag`, in the game that `form1` plays when
-/// the form is made. `form1` outlives it.
+/// Analyses the development of the system named by its `Tag`, in the game that `finestra` plays
+/// when the form is made. `finestra` outlives it.
 class frmanalisi : public QDialog {
     Q_OBJECT
 public:
-    explicit frmanalisi(app::Form1& form1);
+    explicit frmanalisi(app::Finestra& finestra);
     ~frmanalisi() override;
 
     /// Reads and counts; returns when that is done or was stopped, and the form may be gone then.
@@ -113,7 +113,7 @@ private:
     [[nodiscard]] Premi premi() const;
     [[nodiscard]] double spesa() const;
 
-    app::Form1& form1_;
+    app::Finestra& finestra_;
     crossword::Gioco gioco_;
     std::vector<Categoria> categorie_;
     std::shared_ptr<Conto> conto_;  ///< null until one is whole

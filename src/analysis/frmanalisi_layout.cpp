@@ -6,7 +6,7 @@
 #include <QVBoxLayout>
 
 #include "analysis/frmanalisi.h"
-#include "app/form1.h"
+#include "app/finestra.h"
 #include "platform/desktop.h"
 #include "platform/disposizione.h"
 #include "statistics/archivio.h"
@@ -104,10 +104,10 @@ void VistaTavola::mostra(const Tavola& t) {
     note->setVisible(!frasi.isEmpty());
 }
 
-frmanalisi::frmanalisi(app::Form1& form1)
-    : QDialog(&form1),
-      form1_(form1),
-      gioco_(form1.sessione.gioco()),
+frmanalisi::frmanalisi(app::Finestra& finestra)
+    : QDialog(&finestra),
+      finestra_(finestra),
+      gioco_(finestra.sessione.gioco()),
       categorie_(categorie(gioco_)) {
     setObjectName("frmanalisi");
     setWindowTitle("Analisi Sistema");
@@ -121,7 +121,7 @@ frmanalisi::frmanalisi(app::Form1& form1)
     crea_comandi(sotto);
     setMinimumSize(misura_minima);
     resize(misura);
-    platform::centra(this, &form1);
+    platform::centra(this, &finestra);
 }
 
 void frmanalisi::crea_sistema(QVBoxLayout* sotto) {

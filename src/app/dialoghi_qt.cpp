@@ -1,7 +1,7 @@
 #include "app/dialoghi_qt.h"
 
 #include "analysis/frmanalisi.h"
-#include "app/form1.h"
+#include "app/finestra.h"
 #include "check/frmspoglio.h"
 #include "help/frmAbout.h"
 #include "help/guida.h"
@@ -23,9 +23,9 @@ void chiudi(QPointer<QWidget>& finestra) {
 
 }  // namespace
 
-void DialoghiQt::gestore_salva(Form1& form1) {
+void DialoghiQt::gestore_salva(Finestra& finestra) {
     chiudi(gestore_);
-    auto* form2 = new systems::Form2(form1);
+    auto* form2 = new systems::Form2(finestra);
     gestore_ = form2;
     form2->modo_salva();
     QPointer<QWidget> questo = form2;
@@ -34,35 +34,35 @@ void DialoghiQt::gestore_salva(Form1& form1) {
     chiudi(questo);
 }
 
-void DialoghiQt::gestore_apri(Form1& form1) {
+void DialoghiQt::gestore_apri(Finestra& finestra) {
     chiudi(gestore_);
-    auto* form2 = new systems::Form2(form1);
+    auto* form2 = new systems::Form2(finestra);
     gestore_ = form2;
     form2->modo_apri();
     form2->show();
 }
 
-void DialoghiQt::gestore_utility(Form1& form1) {
+void DialoghiQt::gestore_utility(Finestra& finestra) {
     chiudi(gestore_);
-    auto* form2 = new systems::Form2(form1);
+    auto* form2 = new systems::Form2(finestra);
     gestore_ = form2;
     form2->modo_utility();
     form2->show();
 }
 
-void DialoghiQt::importo_colonna(Form1& form1) {
+void DialoghiQt::importo_colonna(Finestra& finestra) {
     chiudi(importo_);
-    auto* form = new viewer::formeuro(form1);
+    auto* form = new viewer::formeuro(finestra);
     importo_ = form;
     form->show();
 }
 
-void DialoghiQt::visualizza_sviluppo(Form1& form1) {
+void DialoghiQt::visualizza_sviluppo(Finestra& finestra) {
     chiudi(sviluppo_);
-    platform::LockWindowUpdate(&form1);
-    auto* form3 = new viewer::Form3(form1);
+    platform::LockWindowUpdate(&finestra);
+    auto* form3 = new viewer::Form3(finestra);
     sviluppo_ = form3;
-    platform::set_Tag(form3, form1.Tag());
+    platform::set_Tag(form3, finestra.Tag());
     form3->show();
     platform::DoEvents();
     platform::LockWindowUpdate(nullptr);
@@ -73,44 +73,44 @@ void DialoghiQt::rivedi_sviluppo() {
     if (auto* form3 = qobject_cast<viewer::Form3*>(sviluppo_.data())) form3->rivedi();
 }
 
-void DialoghiQt::stampa(Form1& form1) {
+void DialoghiQt::stampa(Finestra& finestra) {
     chiudi(stampa_);
-    auto* form = new printing::frmstsvl(form1);
+    auto* form = new printing::frmstsvl(finestra);
     stampa_ = form;
     form->show();
 }
 
-void DialoghiQt::spoglio(Form1& form1) {
+void DialoghiQt::spoglio(Finestra& finestra) {
     delete spoglio_;
     // The check relies on nobody touching the game, the form and the library while it stands.
     chiudi_sopra();
-    auto* form = new check::frmspoglio(form1);
+    auto* form = new check::frmspoglio(finestra);
     spoglio_ = form;
-    form1.hide();
+    finestra.hide();
     platform::DoEvents();
-    platform::set_Tag(form, form1.Tag());
+    platform::set_Tag(form, finestra.Tag());
     form->iniz();
     form->show();
 }
 
-void DialoghiQt::analisi(Form1& form1) {
+void DialoghiQt::analisi(Finestra& finestra) {
     chiudi(analisi_);
-    auto* form = new analysis::frmanalisi(form1);
+    auto* form = new analysis::frmanalisi(finestra);
     analisi_ = form;
-    platform::set_Tag(form, form1.Tag());
+    platform::set_Tag(form, finestra.Tag());
     form->show();
     form->iniz();
 }
 
-void DialoghiQt::informazioni(Form1& form1) {
-    help::frmAbout(form1).exec();
+void DialoghiQt::informazioni(Finestra& finestra) {
+    help::frmAbout(finestra).exec();
 }
 
-void DialoghiQt::guida(Form1& /*form1*/) {
+void DialoghiQt::guida(Finestra& /*finestra*/) {
     help::apri_guida();
 }
 
-void DialoghiQt::sito(Form1& /*form1*/) {
+void DialoghiQt::sito(Finestra& /*finestra*/) {
     help::apri_sito();
 }
 

@@ -10,18 +10,18 @@ namespace app {
 
 class DialoghiQt : public Dialoghi {
 public:
-    void gestore_salva(Form1& form1) override;
-    void gestore_apri(Form1& form1) override;
-    void gestore_utility(Form1& form1) override;
-    void importo_colonna(Form1& form1) override;
-    void visualizza_sviluppo(Form1& form1) override;
+    void gestore_salva(Finestra& finestra) override;
+    void gestore_apri(Finestra& finestra) override;
+    void gestore_utility(Finestra& finestra) override;
+    void importo_colonna(Finestra& finestra) override;
+    void visualizza_sviluppo(Finestra& finestra) override;
     void rivedi_sviluppo() override;
-    void spoglio(Form1& form1) override;
-    void analisi(Form1& form1) override;
-    void stampa(Form1& form1) override;
-    void informazioni(Form1& form1) override;
-    void guida(Form1& form1) override;
-    void sito(Form1& form1) override;
+    void spoglio(Finestra& finestra) override;
+    void analisi(Finestra& finestra) override;
+    void stampa(Finestra& finestra) override;
+    void informazioni(Finestra& finestra) override;
+    void guida(Finestra& finestra) override;
+    void sito(Finestra& finestra) override;
     void chiudi_tutti() override;
 
 private:

@@ -12,12 +12,13 @@
 #include "platform/desktop.h"
 #include "platform/disk.h"
 #include "platform/runtime.h"
+#include "statistics/avviso_archivio.h"
 
 namespace app {
 
 using platform::App;
 
-Form1::Form1(Dialoghi& dialoghi) : sessione(App().Path), dialoghi_(dialoghi) {
+Form1::Form1(Dialoghi& dialoghi) : Finestra(App().Path), dialoghi_(dialoghi) {
     setObjectName("Form1");
     setWindowTitle("Sortivario Plus - Sistemi a Cruciverba");
     setCentralWidget(new QWidget(this));
@@ -37,8 +38,6 @@ Form1::Form1(Dialoghi& dialoghi) : sessione(App().Path), dialoghi_(dialoghi) {
                  centralWidget()->height() + menuBar()->sizeHint().height());
     collega();
 }
-
-Form1::~Form1() = default;
 
 void Form1::collega() {
     // A half-typed number must not wait behind another command for its second digit.
@@ -166,17 +165,7 @@ void Form1::inizializza() {
 
 void Form1::apri_archivio() {
     const platform::Err errore = sessione.apri_archivio();
-    if (!errore.ok()) errore_archivio(this, errore, "Sortivario");
-}
-
-void Form1::errore_archivio(QWidget* padre, const platform::Err& errore, const QString& titolo) {
-    if (errore.Number == platform::errore_esclusivo) {
-        platform::MsgBox(padre, {"Database archivio già aperto", platform::Pulsanti::ok, titolo});
-        return;
-    }
-    const std::string testo =
-        "Errore n." + std::to_string(errore.Number) + " " + std::string(errore.Description());
-    platform::MsgBox(padre, {platform::q(testo), platform::Pulsanti::ok, QString()});
+    if (!errore.ok()) statistics::errore_archivio(this, errore, "Sortivario");
 }
 
 void Form1::Image3_Click(int Index) {

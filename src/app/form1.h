@@ -5,48 +5,42 @@
 
 #include <QAction>
 #include <QLabel>
-#include <QMainWindow>
 #include <QProgressBar>
 #include <QPushButton>
 
+#include "app/finestra.h"
 #include "app/riepilogo.h"
 #include "development/spiegazioni.h"
 #include "platform/controls.h"
 #include "platform/flexgrid.h"
 #include "systems/ripresa.h"
-#include "systems/sessione.h"
 
 namespace app {
 
 /// Opens the dialogs for the main form, which knows none of them.
 class Dialoghi;
 
-class Form1 : public QMainWindow {
+class Form1 : public Finestra {
     Q_OBJECT
 public:
     /// `dialoghi` is not owned and outlives the form.
     explicit Form1(Dialoghi& dialoghi);
-    ~Form1() override;
-
-    /// The system that is open. The form shows it and holds nothing of it.
-    systems::Sessione sessione;
-
-    /// Name of the system in line.
-    [[nodiscard]] QString Tag() const { return lblsistema->text(); }
-    /// True while an elaboration, a completion or a generation runs.
-    [[nodiscard]] bool in_elaborazione() const { return lavori_ > 0 || sessione.occupata(); }
 
     void Form_Load();
     /// Asks whether to go on with what a crash left unsaved, and keeps it aside from now on.
     void offri_ripresa();
     void apri_archivio();
-    /// Tells of an opening that failed; `titolo` is that of the box for a file that another holds.
-    static void errore_archivio(QWidget* padre, const platform::Err& errore, const QString& titolo);
     /// Fills the crossword from the frequencies; no control calls it.
     void completa();
 
-    void Image8_Click();
-    void Image10_Click();
+    [[nodiscard]] bool in_elaborazione() const override {
+        return lavori_ > 0 || sessione.occupata();
+    }
+    [[nodiscard]] bool offre(crossword::Gioco gioco) const override {
+        return (gioco.e_lotto() ? Image10 : Image8)->isEnabled();
+    }
+    void Image8_Click() override;
+    void Image10_Click() override;
     void Imageb_Click(int Index);
     void CMDnum_Click(int Index);
     /// Sets which numbers the board allows in a cell.
@@ -54,24 +48,19 @@ public:
     void resetta();
 
     void mnunuovo_Click();
-    void mnuapri_Click();
+    void mnuapri_Click() override;
     void mnusalvanome_Click();
-    void mnugest_sist_Click();
+    void mnugest_sist_Click() override;
     void mnuRipetizioniCon_Click();
     void salva_sistema(bool& esito);
-    /// Writes the system under a name that the player gave it.
-    void salva_come(const QString& nome);
 
     void cmd_elabora();
     void sviluppo();
     void verifica_spoglio(bool& pronto);
-    /// Called after each step that may replace, rename or delete a development.
-    void rivedi_sviluppo();
-    /// Tells of a development that is not of the system in line and offers to elaborate; true when
-    /// what stands on the disk may be used.
-    bool sviluppo_valido();
-    /// One line on the analysis of the system as it stands; the next change takes it away.
-    void mostra_analisi(const QString& testo);
+    void rivedi_sviluppo() override;
+    bool sviluppo_valido() override;
+    void mostra_analisi(const QString& testo) override;
+    void cella_riepilogo(int riga, int colonna) override { MSFlexGrid2->cella(riga, colonna); }
 
     // Controls.
     platform::Frame* Picture2 = nullptr;

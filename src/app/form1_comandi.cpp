@@ -98,12 +98,7 @@ void Form1::salva_sistema(bool& esito) {
     // A dialog that was dismissed can't be told from a save.
     if (Tag().isEmpty()) mnusalvanome_Click();
     if (!Tag().isEmpty()) sessione.salva();
-    riepilogo_.resta_sulle_diagonali();
-}
-
-void Form1::salva_come(const QString& nome) {
-    sessione.salva_come(platform::s(nome));
-    riepilogo_.resta_sulle_diagonali();
+    cella_riepilogo(3, 1);
 }
 
 void Form1::mnusalva_Click() {
@@ -199,7 +194,7 @@ bool Form1::esegui_elaborazione() {
         };
         sessione.sviluppa(seguito);
         rivedi_sviluppo();
-        riepilogo_.resta_sulle_diagonali();
+        cella_riepilogo(3, 1);
         for (QAction* menu : menuBar()->actions()) menu->setEnabled(true);
     }
     if (!chiusura_chiesta_) return true;

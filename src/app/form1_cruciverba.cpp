@@ -11,6 +11,7 @@
 #include "crossword/linee.h"
 #include "platform/desktop.h"
 #include "platform/runtime.h"
+#include "statistics/avviso_archivio.h"
 
 namespace app {
 
@@ -270,7 +271,7 @@ void Form1::genera() {
         const Lavoro lavoro(*this);
         esito = sessione.genera(Combo6->ListIndex(), seguito(true), &apertura);
     }
-    if (!apertura.ok()) errore_archivio(this, apertura, "Sortivario");
+    if (!apertura.ok()) statistics::errore_archivio(this, apertura, "Sortivario");
     if (esito == systems::Generato::poche_estrazioni) {
         platform::MsgBox(
             this, {"Per poter Realizzare un sistema statistico devono essere state effettuate "

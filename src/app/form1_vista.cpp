@@ -2,7 +2,7 @@
 #include <QSignalBlocker>
 
 #include "app/form1.h"
-#include "crossword/linee.h"
+#include "crossword/griglia.h"
 #include "platform/desktop.h"
 
 namespace app {
@@ -11,16 +11,6 @@ using crossword::Elenco;
 using platform::q;
 
 namespace {
-
-/// Size of the grid for so many cells, in twips: at most ten rows show at a time.
-int altezza_griglia(int righe, int colonne) {
-    if (righe < 11 && colonne >= 11) return righe * 300 + 45;
-    return righe < 10 ? righe * 300 + 105 : 3045;
-}
-
-int larghezza_griglia(int righe, int colonne) {
-    return colonne * 300 + (righe >= 11 ? 45 : 105);
-}
 
 /// Fills a list with `voci` and chooses one of them, or none, as no player would: without a click.
 void elenca(platform::ComboBox* combo, const QStringList& voci, int scelta) {
@@ -88,14 +78,7 @@ void Form1::mostra_dimensioni() {
     elenca(Combo2, lati, r - sessione.gioco().lato_minimo());
     colore_griglia();
     MSFlexGrid1->setUpdatesEnabled(false);
-    MSFlexGrid1->set_Rows(r);
-    MSFlexGrid1->set_Cols(c);
-    for (int i = 0; i < c; ++i) MSFlexGrid1->ColWidth(i, 300);
-    for (int i = 0; i < r; ++i) MSFlexGrid1->RowHeight(i, 300);
-    MSFlexGrid1->misura(
-        {platform::px(larghezza_griglia(r, c)), platform::px(altezza_griglia(r, c))});
-    MSFlexGrid1->move((Frame1->width() - MSFlexGrid1->width()) / 2,
-                      (Frame1->height() - MSFlexGrid1->height()) / 2);
+    crossword::forma_griglia(MSFlexGrid1, c, r);
     MSFlexGrid1->setUpdatesEnabled(true);
     MSFlexGrid1->cella(0, 0);
     Combo5->setEnabled(c == r);
@@ -112,13 +95,7 @@ void Form1::mostra_tipi() {
 }
 
 void Form1::mostra_celle() {
-    const crossword::Matrice& m = sessione.matrice();
-    for (int r = 0; r < MSFlexGrid1->Rows(); ++r) {
-        for (int c = 0; c < MSFlexGrid1->Cols(); ++c) {
-            const QString testo = m(c, r) == 0 ? QString() : QString::number(m(c, r));
-            if (MSFlexGrid1->testo(r, c) != testo) MSFlexGrid1->set_testo(r, c, testo);
-        }
-    }
+    crossword::scrivi_griglia(MSFlexGrid1, sessione.matrice());
     const int quanti = aggiorna_lista();
     lblngioco->setText(quanti == 0 ? QString() : QString::number(quanti));
 }

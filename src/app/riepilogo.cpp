@@ -55,10 +55,6 @@ void Riepilogo::inizia(platform::MSFlexGrid* griglia) {
     griglia_->cella(0, 0);
 }
 
-void Riepilogo::resta_sulle_diagonali() {
-    griglia_->cella(static_cast<int>(Elenco::diagonali), numero);
-}
-
 void Riepilogo::scrivi(const systems::Sessione& sessione) {
     for (const Elenco quale : {Elenco::orizzontali, Elenco::verticali, Elenco::diagonali}) {
         const int riga = static_cast<int>(quale);

@@ -10,8 +10,6 @@ class Riepilogo {
 public:
     /// `griglia` is not owned and outlives this. Builds the headers.
     void inizia(platform::MSFlexGrid* griglia);
-    /// Where whoever saves leaves the current cell.
-    void resta_sulle_diagonali();
     void scrivi(const systems::Sessione& sessione);
 
 private:

@@ -2,7 +2,7 @@
 
 #include <QCloseEvent>
 
-#include "app/form1.h"
+#include "app/finestra.h"
 #include "check/estrazioni.h"
 #include "platform/application.h"
 #include "platform/desktop.h"
@@ -286,7 +286,7 @@ void frmspoglio::closeEvent(QCloseEvent* evento) {
     }
     evento->accept();
     // Before this form goes, so that there is never a moment without any window.
-    platform::mostra_di_nuovo(&form1_);
+    platform::mostra_di_nuovo(&finestra_);
 }
 
 }  // namespace check

@@ -18,18 +18,18 @@
 #include "platform/recordset.h"
 
 namespace app {
-class Form1;
+class Finestra;
 }
 
 namespace check {
 
-/// Checks the system named by its `Tag`, of the game and form in force when it is made. `form1`
+/// Checks the system named by its `Tag`, of the game and form in force when it is made. `finestra`
 /// outlives the form, is hidden while it stands, and comes back when it goes, whichever way it is
 /// closed.
 class frmspoglio : public QDialog {
     Q_OBJECT
 public:
-    explicit frmspoglio(app::Form1& form1);
+    explicit frmspoglio(app::Finestra& finestra);
     ~frmspoglio() override;
 
     /// Reads the head of the system file; called once, before the form is shown.
@@ -116,7 +116,7 @@ private:
     bool avanza(std::int32_t fatte, std::int32_t tutte);
     void ridai_fuoco(QWidget* prima);
 
-    app::Form1& form1_;
+    app::Finestra& finestra_;
     const crossword::Gioco gioco_;
     std::vector<std::string> voci_;
     Spoglio spoglio_;

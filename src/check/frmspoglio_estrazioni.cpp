@@ -1,11 +1,12 @@
 // The draws on the check form: opening the archive, lists, number boxes.
 #include <QMouseEvent>
 
-#include "app/form1.h"
+#include "app/finestra.h"
 #include "check/estrazioni.h"
 #include "check/frmspoglio.h"
 #include "platform/application.h"
 #include "platform/desktop.h"
+#include "statistics/avviso_archivio.h"
 
 namespace check {
 
@@ -13,7 +14,7 @@ using platform::q;
 using platform::s;
 
 platform::Err frmspoglio::apri_tabelle() {
-    statistics::Archivio& archivio = form1_.sessione.archivio;
+    statistics::Archivio& archivio = finestra_.sessione.archivio;
     const std::string file = archivio_di(platform::App().Path);
     platform::Err esito = platform::OpenDatabase(file, false, false, archivio.database);
     if (esito.ok()) {
@@ -34,10 +35,10 @@ platform::Err frmspoglio::apri_tabelle() {
 
 void frmspoglio::apridatabase() {
     if (const platform::Err esito = apri_tabelle(); !esito.ok()) {
-        app::Form1::errore_archivio(&form1_, esito, "Tabellino");
+        statistics::errore_archivio(&finestra_, esito, "Tabellino");
         return;
     }
-    statistics::Archivio& archivio = form1_.sessione.archivio;
+    statistics::Archivio& archivio = finestra_.sessione.archivio;
     platform::ComboBox* elenco = gioco_.e_lotto() ? Combo3 : Combo1;
     voci_ = gioco_.e_lotto() ? elenco_lotto(archivio.draws, archivio.national)
                              : elenco_superenalotto(archivio.draws);
@@ -49,7 +50,7 @@ void frmspoglio::apridatabase() {
 
 void frmspoglio::Combo1_Click() {
     Command1_Click();
-    platform::Recordset& draws = form1_.sessione.archivio.draws;
+    platform::Recordset& draws = finestra_.sessione.archivio.draws;
     draws.Index("concorso");
     draws.Seek("=", concorso_di(s(Combo1->Text())));
     comb_se8();
@@ -57,16 +58,16 @@ void frmspoglio::Combo1_Click() {
 }
 
 void frmspoglio::comb_se8() {
-    form1_.sessione.archivio.campi_estratti = {};
+    finestra_.sessione.archivio.campi_estratti = {};
     std::array<std::string, 7> testi;
     for (std::size_t i = 0; i < testi.size(); ++i) testi[i] = s(txtnum[i]->text());
-    leggi_combinazione(form1_.sessione.archivio.draws, testi);
+    leggi_combinazione(finestra_.sessione.archivio.draws, testi);
     for (std::size_t i = 0; i < testi.size(); ++i) txtnum[i]->setText(q(testi[i]));
 }
 
 void frmspoglio::Combo3_Click() {
     const std::string voce = s(Combo3->Text());
-    statistics::Archivio& archivio = form1_.sessione.archivio;
+    statistics::Archivio& archivio = finestra_.sessione.archivio;
     platform::Recordset estrazione = archivio.draws;
     if (nazionale(voce)) {
         // A draw that is missing leaves nothing in the boxes, not the numbers of another one.

@@ -3,9 +3,10 @@
 #include <QAbstractItemView>
 #include <QShowEvent>
 
-#include "app/form1.h"
+#include "app/finestra.h"
 #include "check/estrazioni.h"
 #include "check/frmspoglio.h"
+#include "crossword/griglia.h"
 #include "platform/desktop.h"
 #include "platform/disposizione.h"
 
@@ -93,10 +94,10 @@ QLabel* categoria(const QString& nome, const QString& titolo, int x, int largo, 
 
 }  // namespace
 
-frmspoglio::frmspoglio(app::Form1& form1)
-    : QDialog(&form1),
-      form1_(form1),
-      gioco_(form1.sessione.gioco()),
+frmspoglio::frmspoglio(app::Finestra& finestra)
+    : QDialog(&finestra),
+      finestra_(finestra),
+      gioco_(finestra.sessione.gioco()),
       elenco_(std::make_unique<Elenco>(dettaglio_)) {
     setObjectName("frmspoglio");
     setWindowTitle("SPOGLIO VINCITE");
@@ -308,26 +309,16 @@ void frmspoglio::Form_Load() {
     }
     copia_cruciverba();
     Combo2->set_ListIndex(4);
-    platform::centra(this, &form1_);
+    platform::centra(this, &finestra_);
     ordine_tastiera();
     apridatabase();
 }
 
 void frmspoglio::copia_cruciverba() {
-    const platform::MSFlexGrid* da = form1_.MSFlexGrid1;
+    const systems::Sessione& sessione = finestra_.sessione;
     MSFlexGrid1->hide();
-    MSFlexGrid1->set_Rows(da->Rows());
-    MSFlexGrid1->set_Cols(da->Cols());
-    for (int x = 0; x < da->Cols(); ++x) {
-        for (int y = 0; y < da->Rows(); ++y) {
-            MSFlexGrid1->set_testo(y, x, da->testo(y, x));
-            MSFlexGrid1->RowHeight(y, 300);
-        }
-        MSFlexGrid1->ColWidth(x, 300);
-    }
-    MSFlexGrid1->misura(da->size());
-    MSFlexGrid1->move(Frame4->width() / 2 - MSFlexGrid1->width() / 2,
-                      Frame4->height() / 2 - MSFlexGrid1->height() / 2);
+    crossword::forma_griglia(MSFlexGrid1, sessione.colonne(), sessione.righe());
+    crossword::scrivi_griglia(MSFlexGrid1, sessione.matrice());
     MSFlexGrid1->show();
 }
 

@@ -1,6 +1,6 @@
 #include "help/frmAbout.h"
 
-#include "app/form1.h"
+#include "app/finestra.h"
 #include "platform/application.h"
 #include "platform/desktop.h"
 #include "platform/disposizione.h"
@@ -21,7 +21,7 @@ QLabel* testo(const QString& nome, const QString& contenuto, QRect dove, QWidget
 
 }  // namespace
 
-frmAbout::frmAbout(app::Form1& form1) : QDialog(&form1) {
+frmAbout::frmAbout(app::Finestra& finestra) : QDialog(&finestra) {
     setObjectName("frmAbout");
     setWindowTitle("Informazioni su Tabellino");
     setFixedSize(misura);
@@ -53,7 +53,7 @@ frmAbout::frmAbout(app::Form1& form1) : QDialog(&form1) {
     cmdOK->setDefault(true);
     cmdOK->setGeometry(misura.width() - 112, misura.height() - 42, 104, 32);
     connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
-    platform::centra(this, &form1);
+    platform::centra(this, &finestra);
 }
 
 }  // namespace help

@@ -8,7 +8,7 @@
 #include "platform/controls.h"
 
 namespace app {
-class Form1;
+class Finestra;
 }
 
 namespace help {
@@ -16,7 +16,7 @@ namespace help {
 class frmAbout : public QDialog {
     Q_OBJECT
 public:
-    explicit frmAbout(app::Form1& form1);
+    explicit frmAbout(app::Finestra& finestra);
 
     QPushButton* cmdOK = nullptr;
     platform::Image* picIcon = nullptr;

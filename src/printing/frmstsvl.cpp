@@ -5,7 +5,7 @@
 #include <QFocusEvent>
 #include <QPointer>
 
-#include "app/form1.h"
+#include "app/finestra.h"
 #include "platform/application.h"
 #include "platform/desktop.h"
 #include "platform/disk.h"
@@ -21,7 +21,7 @@ using platform::App;
 using platform::q;
 using platform::s;
 
-frmstsvl::frmstsvl(app::Form1& form1) : QDialog(&form1), form1_(form1) {
+frmstsvl::frmstsvl(app::Finestra& finestra) : QDialog(&finestra), finestra_(finestra) {
     setObjectName("frmstsvl");
     setWindowTitle("Opzioni di Stampa");
     setAttribute(Qt::WA_DeleteOnClose);
@@ -44,9 +44,9 @@ void frmstsvl::Form_Load() {
     centra();
     Option1[0]->setChecked(true);
     txtdalla[0]->setText("1");
-    form1_.MSFlexGrid2->cella(4, 3);
-    const QString totale = q(
-        totale_senza_punti(platform::Format(form1_.sessione.totale(), platform::Modello::interi)));
+    finestra_.cella_riepilogo(4, 3);
+    const QString totale = q(totale_senza_punti(
+        platform::Format(finestra_.sessione.totale(), platform::Modello::interi)));
     txtdalla[1]->setText(totale);
     platform::set_Tag(txtdalla[1], totale);
     Shape2->setGeometry(platform::px(15), platform::px(15), Frame2->width() - platform::px(15),
@@ -55,8 +55,8 @@ void frmstsvl::Form_Load() {
 
 void frmstsvl::centra() {
     // Both windows wear the same borders, so that middle over middle needs only the inner sizes.
-    const QRect sotto = form1_.frameGeometry();
-    const QSize bordi = sotto.size() - form1_.size();
+    const QRect sotto = finestra_.frameGeometry();
+    const QSize bordi = sotto.size() - finestra_.size();
     move(sotto.left() + sotto.width() / 2 - (width() + bordi.width()) / 2,
          sotto.top() + sotto.height() / 2 - (height() + bordi.height()) / 2);
 }
@@ -89,7 +89,7 @@ void frmstsvl::txtdalla_Validate(int Index) {
 }
 
 QString frmstsvl::nome() const {
-    return platform::Tag(&form1_);
+    return finestra_.Tag();
 }
 
 int frmstsvl::messaggio(const QString& testo, const QString& titolo, bool informazione,
@@ -109,7 +109,7 @@ void frmstsvl::non_stampabile() {
         testo =
             "Per poter  stampare sviluppo, prospetto o scehdine è necessario prima salvare il "
             "sistema.";
-    } else if (form1_.sessione.salvato()) {
+    } else if (finestra_.sessione.salvato()) {
         testo = "Nessun sistema è attualmente in linea.";
     } else {
         testo =
@@ -120,7 +120,7 @@ void frmstsvl::non_stampabile() {
 }
 
 void frmstsvl::Command2_Click() {
-    if (!form1_.sessione.salvato() || nome().isEmpty()) {
+    if (!finestra_.sessione.salvato() || nome().isEmpty()) {
         non_stampabile();
         return;
     }
@@ -142,7 +142,7 @@ Testata frmstsvl::testata() const {
 }
 
 Prospetto frmstsvl::prospetto_a_schermo() const {
-    const systems::Sessione& sessione = form1_.sessione;
+    const systems::Sessione& sessione = finestra_.sessione;
     const auto conteggio = [](std::int32_t n) {
         return platform::Format(n, platform::Modello::interi);
     };
@@ -166,19 +166,19 @@ Prospetto frmstsvl::prospetto_a_schermo() const {
     p.quota = sessione.prezzo().quota;
     p.valuta = sessione.prezzo().valuta;
     p.importo = sessione.prezzo().totale;
-    form1_.MSFlexGrid2->cella(5, 3);
+    finestra_.cella_riepilogo(5, 3);
     return p;
 }
 
 bool frmstsvl::manca_lo_sviluppo() const {
-    return !systems::esiste_sviluppo(App().Path, s(nome()), form1_.sessione.gioco());
+    return !systems::esiste_sviluppo(App().Path, s(nome()), finestra_.sessione.gioco());
 }
 
 bool frmstsvl::sviluppo_valido() {
     // An elaboration that the close box ends takes this form with it.
     const QPointer<frmstsvl> ancora(this);
     in_messaggio_ = true;
-    const bool valido = form1_.sviluppo_valido();
+    const bool valido = finestra_.sviluppo_valido();
     if (ancora) in_messaggio_ = false;
     return valido && ancora;
 }
@@ -191,7 +191,7 @@ bool frmstsvl::sviluppo() {
         return false;
     }
     if (!sviluppo_valido()) return false;
-    return stampa_sviluppo(form1_.sessione.gioco());
+    return stampa_sviluppo(finestra_.sessione.gioco());
 }
 
 bool frmstsvl::schedine() {
@@ -202,7 +202,7 @@ bool frmstsvl::schedine() {
         return false;
     }
     if (!sviluppo_valido()) return false;
-    if (form1_.lblsistema->text().isEmpty()) {
+    if (nome().isEmpty()) {
         messaggio("Nessun Sistema è attualmente in linea", "Tabellino", false);
         return false;
     }
@@ -210,8 +210,7 @@ bool frmstsvl::schedine() {
         platform::AppActivate("stampa");
         return true;
     }
-    const std::string riga =
-        platform::Record().scrivi("cruciverba").scrivi(s(form1_.lblsistema->text())).testo();
+    const std::string riga = platform::Record().scrivi("cruciverba").scrivi(s(nome())).testo();
     const std::string consegna = suite + "trans";
     if (const auto esito = platform::scrivi(consegna, riga); esito != platform::Esito::ok) {
         messaggio("Le schedine non sono state stampate.\n\n" + q(consegna) + "\n" +

@@ -17,7 +17,7 @@
 #include "printing/prospetto.h"
 
 namespace app {
-class Form1;
+class Finestra;
 }
 
 namespace printing {
@@ -25,7 +25,7 @@ namespace printing {
 class frmstsvl : public QDialog {
     Q_OBJECT
 public:
-    explicit frmstsvl(app::Form1& form1);
+    explicit frmstsvl(app::Finestra& finestra);
 
     platform::Frame* Frame1 = nullptr;
     platform::Frame* Frame2 = nullptr;
@@ -97,7 +97,7 @@ private:
     int messaggio(const QString& testo, const QString& titolo, bool informazione,
                   const QStringList& altri = {});
 
-    app::Form1& form1_;
+    app::Finestra& finestra_;
     bool in_messaggio_ = false;
     bool dal_messaggio_ = false;
     /// The running job was given up.

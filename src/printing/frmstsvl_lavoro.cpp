@@ -3,7 +3,7 @@
 #include <QFileInfo>
 #include <QPointer>
 
-#include "app/form1.h"
+#include "app/finestra.h"
 #include "platform/application.h"
 #include "platform/desktop.h"
 #include "platform/disk.h"
@@ -121,7 +121,7 @@ bool frmstsvl::prospetto() {
 
 bool frmstsvl::stampa_sviluppo(crossword::Gioco gioco) {
     const bool lotto = gioco.e_lotto();
-    const Sviluppo sviluppo{testata(), App().Path, s(nome()), form1_.sessione.gioco().forma()};
+    const Sviluppo sviluppo{testata(), App().Path, s(nome()), finestra_.sessione.gioco().forma()};
     const Lavoro cosa{"Lo sviluppo", "-sviluppo.pdf",
                       q(App().file(sviluppo.nome + (lotto ? ".lot" : ".col")))};
     return esegui(cosa, [&](platform::Printer& printer, platform::Screen& schermo) {

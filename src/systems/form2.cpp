@@ -2,7 +2,7 @@
 
 #include <QShowEvent>
 
-#include "app/form1.h"
+#include "app/finestra.h"
 #include "platform/application.h"
 #include "platform/desktop.h"
 #include "platform/disk.h"
@@ -33,9 +33,10 @@ QString cartella_programma() {
 void Form2::Form_Load() {
     platform::set_Tag(this, cartella_programma());
     ListView1->add_colonna(tr("Nome del sistema"), 1600, Qt::AlignLeft);
-    ListView1->add_colonna(form1_.sessione.gioco().e_lotto() ? tr("Sviluppo in") : tr("Dimensione"),
-                           1500, Qt::AlignHCenter);
-    TabStrip1->seleziona(form1_.sessione.gioco().e_lotto() ? 2 : 1);
+    ListView1->add_colonna(
+        finestra_.sessione.gioco().e_lotto() ? tr("Sviluppo in") : tr("Dimensione"), 1500,
+        Qt::AlignHCenter);
+    TabStrip1->seleziona(finestra_.sessione.gioco().e_lotto() ? 2 : 1);
     ListView1->add_colonna(tr("Data"), 1500, Qt::AlignHCenter);
     trova_sistemi(cartella_programma());
 }
@@ -44,7 +45,7 @@ void Form2::trova_sistemi(const QString& cartella) {
     ListView1->svuota();
     numero_sistemi_ = 0;
     for (const Voce& voce :
-         systems::trova_sistemi(platform::s(cartella), App().Path, form1_.sessione.gioco())) {
+         systems::trova_sistemi(platform::s(cartella), App().Path, finestra_.sessione.gioco())) {
         QTreeWidgetItem* nuova =
             ListView1->add_voce({q(voce.nome), q(voce.dimensione), q(voce.data)});
         nuova->setToolTip(0, q(voce.nome));
@@ -63,14 +64,14 @@ void Form2::ListView1_ColumnClick(int colonna) {
 }
 
 void Form2::TabStrip1_Click(int Index) {
-    const bool abilitato = Index == 1 ? form1_.Image8->isEnabled() : form1_.Image10->isEnabled();
-    if (!abilitato || form1_.in_elaborazione()) return;
+    const auto gioco = Index == 1 ? crossword::Gioco::superenalotto() : crossword::Gioco::lotto();
+    if (!finestra_.offre(gioco) || finestra_.in_elaborazione()) return;
     ListView1->set_titolo(colonna_dimensione, Index == 1 ? tr("Dimensione") : tr("Sistemi in"));
     ListView1->svuota();
     if (Index == 1) {
-        form1_.Image8_Click();
+        finestra_.Image8_Click();
     } else {
-        form1_.Image10_Click();
+        finestra_.Image10_Click();
     }
     trova_sistemi(cartella_programma());
 }
@@ -93,8 +94,8 @@ bool Form2::sovrascrittura_negata(const QString& nome) {
             return true;
         }
         // The old development goes first: it must never stand beside another crossword.
-        form1_.sessione.libera(platform::s(nome));
-        form1_.rivedi_sviluppo();
+        finestra_.sessione.libera(platform::s(nome));
+        finestra_.rivedi_sviluppo();
         return false;
     }
     return false;
@@ -109,25 +110,26 @@ void Form2::cmdsalva_Click() {
         return;
     }
     if (!nome_ammesso(platform::s(nome)) || sovrascrittura_negata(nome)) return;
-    form1_.salva_come(nome);
+    finestra_.sessione.salva_come(platform::s(nome));
+    finestra_.cella_riepilogo(3, 1);
     close();
 }
 
 void Form2::Command5_Click() {
     if (platform::Val(platform::s(platform::Tag(ListView1))) == 0) return;
     const QString nome = platform::ListView::tag_voce(ListView1->selezionata());
-    if (nome.isEmpty() || !nome_ammesso(platform::s(nome)) || form1_.in_elaborazione()) return;
-    form1_.sessione.apri(platform::s(nome));
+    if (nome.isEmpty() || !nome_ammesso(platform::s(nome)) || finestra_.in_elaborazione()) return;
+    finestra_.sessione.apri(platform::s(nome));
     // From here on this form is gone.
-    app::Form1& form1 = form1_;
+    app::Finestra& finestra = finestra_;
     close();
-    form1.sviluppo_valido();
+    finestra.sviluppo_valido();
 }
 
 void Form2::esci_congelando() {
     hide();
     DoEvents();
-    LockWindowUpdate(&form1_);
+    LockWindowUpdate(&finestra_);
     close();
     DoEvents();
     LockWindowUpdate(nullptr);
@@ -135,7 +137,7 @@ void Form2::esci_congelando() {
 
 void Form2::modo_salva() {
     mostra(pic_salva);
-    TabStrip1->rimuovi_scheda(form1_.sessione.gioco().e_lotto() ? 1 : 2);
+    TabStrip1->rimuovi_scheda(finestra_.sessione.gioco().e_lotto() ? 1 : 2);
     cmdsalva->setDefault(true);
     setTabOrder(cmdeffacer1, TabStrip1);
     setTabOrder(TabStrip1, ListView1);
@@ -164,7 +166,7 @@ void Form2::mostra(platform::Frame* gruppo) {
 
 void Form2::showEvent(QShowEvent* evento) {
     QDialog::showEvent(evento);
-    if (!evento->spontaneous()) platform::centra(this, &form1_);
+    if (!evento->spontaneous()) platform::centra(this, &finestra_);
 }
 
 }  // namespace systems

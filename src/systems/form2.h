@@ -15,7 +15,7 @@
 #include "systems/operazioni.h"
 
 namespace app {
-class Form1;
+class Finestra;
 }
 
 namespace systems {
@@ -23,8 +23,8 @@ namespace systems {
 class Form2 : public QDialog {
     Q_OBJECT
 public:
-    /// Loads the list of the game in force; `form1` outlives the manager.
-    explicit Form2(app::Form1& form1);
+    /// Loads the list of the game in force; `finestra` outlives the manager.
+    explicit Form2(app::Finestra& finestra);
 
     /// The three modes; one of them is called once, before the form is shown.
     void modo_salva();
@@ -110,7 +110,7 @@ private:
     int chiedi(const QString& domanda);
     void avverti(const QString& testo, platform::Icona icona = platform::Icona::nessuna);
 
-    app::Form1& form1_;
+    app::Finestra& finestra_;
     QPushButton* predefinito_ = nullptr;
     std::int32_t numero_sistemi_ = 0;
     QStringList ordine_{QString(), QString(), QString()};

@@ -2,7 +2,7 @@
 #include <QToolTip>
 #include <QValidator>
 
-#include "app/form1.h"
+#include "app/finestra.h"
 #include "development/elaborazione.h"
 #include "platform/desktop.h"
 #include "platform/disposizione.h"
@@ -63,7 +63,7 @@ QLineEdit* casella(const QString& nome, const QString& scopo, QRect dove, QWidge
 
 }  // namespace
 
-Form2::Form2(app::Form1& form1) : QDialog(&form1), form1_(form1) {
+Form2::Form2(app::Finestra& finestra) : QDialog(&finestra), finestra_(finestra) {
     setObjectName("Form2");
     setWindowTitle("Tabellino");
     setAttribute(Qt::WA_DeleteOnClose);

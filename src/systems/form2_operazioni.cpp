@@ -2,7 +2,7 @@
 #include <QShortcut>
 #include <QStyledItemDelegate>
 
-#include "app/form1.h"
+#include "app/finestra.h"
 #include "platform/application.h"
 #include "platform/desktop.h"
 #include "platform/folder.h"
@@ -101,7 +101,7 @@ void Form2::avverti(const QString& testo, Icona icona) {
 }
 
 Coppia Form2::coppia(const QString& cartella, const QString& nome) const {
-    return {s(cartella), s(nome), form1_.sessione.gioco()};
+    return {s(cartella), s(nome), finestra_.sessione.gioco()};
 }
 
 QString Form2::nome_scelto() const {
@@ -165,7 +165,7 @@ void Form2::ListView1_AfterLabelEdit(QTreeWidgetItem* voce, const QString& nuovo
     voce->setToolTip(0, nuovo);
     ListView::set_tag_voce(voce, nuovo);
     rinomina(coppia(cartella, vecchio), s(nuovo));
-    form1_.rivedi_sviluppo();
+    finestra_.rivedi_sviluppo();
 }
 
 // Duplicate.
@@ -209,7 +209,7 @@ void Form2::cmddup_conferma_Click() {
     mostra_avviso();
     duplica(
         origine, arrivo, [] { DoEvents(); }, vecchia);
-    form1_.rivedi_sviluppo();
+    finestra_.rivedi_sviluppo();
     LockWindowUpdate(this);
     trova_sistemi(cartella_programma());
     nascondi_duplica();
@@ -222,7 +222,7 @@ void Form2::cmddup_conferma_Click() {
 void Form2::mnuelimina_Click() {
     if (chiedi("Il sistema scelto sarà eliminato. Confermi?") != platform::vbYes) return;
     elimina(coppia(cartella_programma(), nome_scelto()));
-    form1_.rivedi_sviluppo();
+    finestra_.rivedi_sviluppo();
     trova_sistemi(cartella_programma());
 }
 
@@ -232,8 +232,8 @@ void Form2::mnueliminatutti_Click() {
         return;
     }
     MousePointer(11);
-    elimina_tutti(App().Path, form1_.sessione.gioco());
-    form1_.rivedi_sviluppo();
+    elimina_tutti(App().Path, finestra_.sessione.gioco());
+    finestra_.rivedi_sviluppo();
     trova_sistemi(cartella_programma());
     MousePointer(0);
 }
@@ -274,11 +274,11 @@ void Form2::cmdimporta_Click() {
     mostra_avviso();
     LockWindowUpdate(this);
     importa(origine, arrivo, vecchia);
-    form1_.rivedi_sviluppo();
+    finestra_.rivedi_sviluppo();
     // From here on this form may be gone: the new manager takes its place.
-    app::Form1& form1 = form1_;
+    app::Finestra& finestra = finestra_;
     close();
-    form1.mnuapri_Click();
+    finestra.mnuapri_Click();
     DoEvents();
     LockWindowUpdate(nullptr);
 }
@@ -306,16 +306,16 @@ void Form2::mnuinvia_Click() {
     }
     mostra_avviso();
     const Passi passi = invia(origine, arrivo, vecchia);
-    form1_.rivedi_sviluppo();
+    finestra_.rivedi_sviluppo();
     if (passi.disco_pieno()) {
         avverti("Spazio insufficente. Impossibile portare a termine l'operazione.",
                 Icona::informazione);
         MousePointer(0);
     }
     // From here on this form may be gone: the new manager takes its place.
-    app::Form1& form1 = form1_;
+    app::Finestra& finestra = finestra_;
     close();
-    form1.mnugest_sist_Click();
+    finestra.mnugest_sist_Click();
     MousePointer(0);
     DoEvents();
     LockWindowUpdate(nullptr);

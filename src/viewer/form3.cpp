@@ -4,7 +4,7 @@
 #include <QShowEvent>
 #include <QWheelEvent>
 
-#include "app/form1.h"
+#include "app/finestra.h"
 #include "platform/application.h"
 #include "platform/desktop.h"
 #include "platform/runtime.h"
@@ -63,7 +63,7 @@ void Form3::iniz() {
     Frame1->hide();
     Frame2->show();
     setFixedSize(px(9135), px(7600));
-    platform::centra(this, &form1_);
+    platform::centra(this, &finestra_);
     Command1->setFocus();
     platform::DoEvents();
     platform::LockWindowUpdate(nullptr);
@@ -193,7 +193,7 @@ void Form3::wheelEvent(QWheelEvent* evento) {
 
 void Form3::showEvent(QShowEvent* evento) {
     QDialog::showEvent(evento);
-    if (!evento->spontaneous()) platform::centra(this, &form1_);
+    if (!evento->spontaneous()) platform::centra(this, &finestra_);
 }
 
 void Form3::hideEvent(QHideEvent* evento) {

@@ -16,17 +16,17 @@
 #include "viewer/indice.h"
 
 namespace app {
-class Form1;
+class Finestra;
 }
 
 namespace viewer {
 
 /// Shows the development of the system named by its `Tag`, of the game and form in force when it is
-/// made; `form1` outlives the viewer.
+/// made; `finestra` outlives the viewer.
 class Form3 : public QDialog {
     Q_OBJECT
 public:
-    explicit Form3(app::Form1& form1);
+    explicit Form3(app::Finestra& finestra);
 
     /// Builds the index and shows page 1; called once, when the form is shown.
     void iniz();
@@ -82,7 +82,7 @@ private:
 
     [[nodiscard]] bool superato() const;
 
-    app::Form1& form1_;
+    app::Finestra& finestra_;
     const crossword::Gioco gioco_;
     std::optional<platform::Impronta> indicizzato_;
     Indice posizioni_;

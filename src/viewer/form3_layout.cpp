@@ -1,7 +1,7 @@
 // Where everything stands on the viewer.
 #include <QHeaderView>
 
-#include "app/form1.h"
+#include "app/finestra.h"
 #include "platform/desktop.h"
 #include "platform/disposizione.h"
 #include "viewer/form3.h"
@@ -22,7 +22,8 @@ const int h_liste = px(5205);
 
 }  // namespace
 
-Form3::Form3(app::Form1& form1) : QDialog(&form1), form1_(form1), gioco_(form1.sessione.gioco()) {
+Form3::Form3(app::Finestra& finestra)
+    : QDialog(&finestra), finestra_(finestra), gioco_(finestra.sessione.gioco()) {
     setObjectName("Form3");
     setWindowTitle(tr("Sviluppo"));
     setAttribute(Qt::WA_DeleteOnClose);

@@ -7,7 +7,7 @@
 #include <QShowEvent>
 #include <QValidator>
 
-#include "app/form1.h"
+#include "app/finestra.h"
 #include "platform/application.h"
 #include "platform/controls.h"
 #include "platform/desktop.h"
@@ -40,7 +40,7 @@ private:
 
 }  // namespace
 
-formeuro::formeuro(app::Form1& form1) : QDialog(&form1), form1_(form1) {
+formeuro::formeuro(app::Finestra& finestra) : QDialog(&finestra), finestra_(finestra) {
     setObjectName("formeuro");
     setWindowTitle("Importo colonna");
     setAttribute(Qt::WA_DeleteOnClose);
@@ -110,14 +110,14 @@ void formeuro::Command2_Click() {
     }
     scrivi_cst(App().Path, {platform::s(prezzo), "Euro"});
     Text1->setText(prezzo);
-    form1_.sessione.totale_combinazioni();
-    form1_.sessione.importo();
+    finestra_.sessione.totale_combinazioni();
+    finestra_.sessione.importo();
     MsgBox(this, {"Modifica Registrata!", Pulsanti::ok, "Tabellino"});
 }
 
 void formeuro::showEvent(QShowEvent* evento) {
     QDialog::showEvent(evento);
-    if (!evento->spontaneous()) platform::centra(this, &form1_);
+    if (!evento->spontaneous()) platform::centra(this, &finestra_);
 }
 
 }  // namespace viewer

@@ -6,7 +6,7 @@
 #include <QPushButton>
 
 namespace app {
-class Form1;
+class Finestra;
 }
 
 namespace viewer {
@@ -14,7 +14,7 @@ namespace viewer {
 class formeuro : public QDialog {
     Q_OBJECT
 public:
-    explicit formeuro(app::Form1& form1);
+    explicit formeuro(app::Finestra& finestra);
 
     QLineEdit* Text1 = nullptr;
     QPushButton* Command1 = nullptr;
@@ -30,7 +30,7 @@ protected:
 private:
     void mostra(const QString& prezzo);
     void Command2_Click();
-    app::Form1& form1_;
+    app::Finestra& finestra_;
 };
 
 }  // namespace viewer

@@ -47,27 +47,27 @@ inline void PrintTo(const Mostrato& m, std::ostream* uscita) {
 /// Counts the openings of the windows behind the commands; `finti` counts without opening.
 class DialoghiSpia : public app::DialoghiQt {
 public:
-    void visualizza_sviluppo(app::Form1& form1) override {
+    void visualizza_sviluppo(app::Finestra& form1) override {
         ++sviluppi;
         if (!finti) DialoghiQt::visualizza_sviluppo(form1);
     }
-    void spoglio(app::Form1& form1) override {
+    void spoglio(app::Finestra& form1) override {
         ++spogli;
         if (!finti) DialoghiQt::spoglio(form1);
     }
-    void stampa(app::Form1& form1) override {
+    void stampa(app::Finestra& form1) override {
         ++stampe;
         if (!finti) DialoghiQt::stampa(form1);
     }
-    void informazioni(app::Form1& form1) override {
+    void informazioni(app::Finestra& form1) override {
         ++info;
         if (!finti) DialoghiQt::informazioni(form1);
     }
-    void guida(app::Form1& form1) override {
+    void guida(app::Finestra& form1) override {
         ++guide;
         if (!finti) DialoghiQt::guida(form1);
     }
-    void sito(app::Form1& form1) override {
+    void sito(app::Finestra& form1) override {
         ++siti;
         if (!finti) DialoghiQt::sito(form1);
     }

@@ -1,0 +1,11 @@
+#include "app/finestra.h"
+
+#include "platform/desktop.h"
+
+namespace app {
+
+QString Finestra::Tag() const {
+    return platform::q(sessione.nome());
+}
+
+}  // namespace app
