@@ -3,12 +3,11 @@
 #include <string>
 #include <vector>
 
-#include "crossword/linee.h"
-#include "crossword/matrice.h"
-#include "crossword/tipi.h"
-#include "development/elaborazione.h"
 #include "platform/disk.h"
-#include "systems/file_sistema.h"
+#include "systems/sessione.h"
+
+using crossword::Elenco;
+using systems::Sessione;
 
 namespace {
 
@@ -22,7 +21,7 @@ struct Esempio {
     int tipo_colonne;
     int tipo_diagonali;  ///< -1 where the grid has no diagonals
     bool elaborato;
-    std::vector<std::int16_t> numeri;
+    std::vector<int> numeri;
 };
 
 /// The first of each game is developed, so that viewer, check and print work at the first click;
@@ -59,84 +58,51 @@ const std::vector<Esempio> esempi = {
 };
 
 /// Lays the cells from the `posto`-th on, each number only where the board would allow it.
-bool disponi(const Esempio& e, crossword::Matrice& m, int posto) {
+bool disponi(const Esempio& e, Sessione& sessione, int posto) {
     if (posto == e.colonne * e.righe) return true;
-    const int x = posto % e.colonne;
-    const int y = posto / e.colonne;
-    const auto barrati = crossword::numeri_sulle_linee(m, y, x);
+    const systems::Cella cella{posto % e.colonne, posto / e.colonne};
     const int quanti = static_cast<int>(e.numeri.size());
     for (int i = 0; i < quanti; ++i) {
         // Each row starts further on, so that the numbers spread over the grid.
-        const auto numero = e.numeri[static_cast<std::size_t>((posto + y * 4 + i) % quanti)];
-        if (barrati[static_cast<std::size_t>(numero)]) continue;
-        m.scrivi(x, y, numero);
-        if (disponi(e, m, posto + 1)) return true;
-        m.scrivi(x, y, 0);
+        const auto k = static_cast<std::size_t>((posto + cella.riga * 4 + i) % quanti);
+        if (sessione.posa(cella, e.numeri[k]) != systems::Posata::posata) continue;
+        if (disponi(e, sessione, posto + 1)) return true;
+        sessione.rimuovi(cella);
     }
     return false;
 }
 
-std::int32_t totale(const Esempio& e) {
-    crossword::Matsis matsis;
-    matsis.INIZIZLAIZZA_MATSIS(e.gioco);
-    const int primo = e.gioco.lato_minimo();
-    std::int32_t somma = e.righe * matsis(e.colonne - primo, e.tipo_righe).value_or(0) +
-                         e.colonne * matsis(e.righe - primo, e.tipo_colonne).value_or(0);
-    if (e.tipo_diagonali < 0) return somma;
-    if (e.gioco.e_lotto()) return somma + 2 * matsis(e.righe - primo, e.tipo_diagonali).value_or(0);
-    return somma + crossword::combinazioni_diagonali(matsis, e.righe, e.tipo_diagonali).value_or(0);
-}
-
-/// Develops without repetitions, as the program does unless told otherwise; the count, or 0.
-std::int32_t elabora(const Esempio& e, const crossword::Matrice& matrice,
-                     const std::string& cartella, const std::string& ridotti) {
-    development::Richiesta richiesta;
-    richiesta.matrice = matrice;
-    richiesta.gioco = e.gioco;
-    richiesta.tipo_righe = e.tipo_righe;
-    richiesta.tipo_colonne = e.tipo_colonne;
-    richiesta.tipo_diagonali = e.tipo_diagonali;
-    richiesta.cartella = cartella;
-    richiesta.ridotti = ridotti;
-    richiesta.senza_ripetizioni = true;
-    development::Elaborazione lavoro(richiesta, {});
-    if (lavoro.sviluppa() != development::Conclusione::completa) return 0;
-    const std::string finale = cartella + "/" + e.nome + e.gioco.estensione_sviluppo();
-    const bool fatto =
-        development::completa_sviluppo(lavoro.file_temporaneo(), finale, lavoro.byte_scritti());
-    return fatto ? lavoro.righe_scritte() : 0;
-}
-
-bool crea(const Esempio& e, const std::string& cartella, const std::string& ridotti) {
-    systems::Sistema sistema;
-    sistema.matrice = crossword::Matrice(e.colonne, e.righe);
-    if (!disponi(e, sistema.matrice, 0)) return false;
-    sistema.totale = totale(e);
-    sistema.diagonali = e.tipo_diagonali < 0 ? "" : std::to_string(e.gioco.diagonali());
-    sistema.tipo_righe = e.tipo_righe;
-    sistema.tipo_colonne = e.tipo_colonne;
-    sistema.tipo_diagonali = e.tipo_diagonali;
-    sistema.gioco = e.gioco;
-    if (e.elaborato) {
-        sistema.senza_ripetizioni = elabora(e, sistema.matrice, cartella, ridotti);
-        if (sistema.senza_ripetizioni == 0) return false;
+bool crea(const Esempio& e, const std::string& cartella) {
+    Sessione sessione(cartella);
+    sessione.avvia();
+    if (e.gioco.e_lotto()) {
+        sessione.passa_al_lotto();
+        sessione.cambia_forma(e.gioco.forma());
     }
-    return systems::scrivi_sistema(cartella, e.nome, sistema);
+    sessione.dimensioni(e.colonne, e.righe);
+    sessione.scegli_tipo(Elenco::orizzontali, e.tipo_righe);
+    sessione.scegli_tipo(Elenco::verticali, e.tipo_colonne);
+    if (e.tipo_diagonali >= 0) sessione.scegli_tipo(Elenco::diagonali, e.tipo_diagonali);
+    return disponi(e, sessione, 0) &&
+           sessione.salva_come(e.nome) == systems::Salvataggio::salvato &&
+           (!e.elaborato || sessione.sviluppa({}) == systems::Elaborato::completo);
 }
 
 }  // namespace
 
-/// esempi CARTELLA RIDOTTI: makes all samples in the folder.
+/// esempi CARTELLA: makes all samples in the folder, with the tables of the suite that it is in.
 int main(int argc, char** argv) {
-    if (argc != 3) {
-        std::fputs("Uso: esempi CARTELLA RIDOTTI\n", stderr);
+    if (argc != 2) {
+        std::fputs("Uso: esempi CARTELLA\n", stderr);
         return 2;
     }
     if (!platform::crea_cartella(argv[1])) return 2;
     for (const Esempio& e : esempi) {
-        if (crea(e, argv[1], argv[2])) continue;
+        if (crea(e, argv[1])) continue;
         std::fprintf(stderr, "esempi: %s non è riuscito\n", e.nome);
         return 1;
     }
+    // The price is the player's to find at his first start.
+    platform::Kill(std::string(argv[1]) + "/cst");
     return 0;
 }
