@@ -81,13 +81,14 @@ void frmanalisi::occupato(bool si) {
     cmdannulla->hide();
     lblstato->show();
     cmdanalizza->setVisible(!si && conto_ == nullptr);
-    platform::MousePointer(si ? 11 : 0);
+    attesa_.reset();
+    if (si) attesa_.emplace();
 }
 
 bool frmanalisi::avanza(double parte) {
     if (!ProgressBar1->isVisible() && da_quando_.elapsed() >= attesa_ms) {
         // From here on there is something to stop, and a pointer to do it with.
-        platform::MousePointer(0);
+        attesa_.reset();
         lblstato->hide();
         ProgressBar1->setRange(0, passi_barra);
         ProgressBar1->show();
@@ -224,9 +225,10 @@ void frmanalisi::cambia_premio(int /*quale*/) {
 void frmanalisi::cambia_ruota() {
     if (conto_ == nullptr) return;
     conto_->ruota = statistics::codice_ruota(Combo1->ListIndex() - 1);
-    platform::MousePointer(11);
-    conta_passato(*conto_);
-    platform::MousePointer(0);
+    {
+        const platform::Clessidra attesa;
+        conta_passato(*conto_);
+    }
     mostra_passato();
 }
 

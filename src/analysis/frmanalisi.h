@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include <QDialog>
 #include <QElapsedTimer>
@@ -16,6 +17,7 @@
 #include "analysis/grafico.h"
 #include "analysis/relazione.h"
 #include "platform/controls.h"
+#include "platform/desktop.h"
 
 class QVBoxLayout;
 
@@ -118,6 +120,7 @@ private:
     std::vector<Categoria> categorie_;
     std::shared_ptr<Conto> conto_;  ///< null until one is whole
     QElapsedTimer da_quando_;
+    std::optional<platform::Clessidra> attesa_;
     bool al_lavoro_ = false;
     bool fermata_ = false;
     bool chiusura_chiesta_ = false;

@@ -59,13 +59,14 @@ void DialoghiQt::importo_colonna(Finestra& finestra) {
 
 void DialoghiQt::visualizza_sviluppo(Finestra& finestra) {
     chiudi(sviluppo_);
-    platform::LockWindowUpdate(&finestra);
     auto* form3 = new viewer::Form3(finestra);
     sviluppo_ = form3;
     platform::set_Tag(form3, finestra.Tag());
-    form3->show();
-    platform::DoEvents();
-    platform::LockWindowUpdate(nullptr);
+    {
+        const platform::FinestraFerma ferma(&finestra);
+        form3->show();
+        platform::DoEvents();
+    }
     form3->iniz();
 }
 

@@ -3,10 +3,9 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QShortcut>
-#include <QTimer>
 
 #include "app/aspetto.h"
-#include "app/dialoghi.h"
+#include "app/form1_parti.h"
 #include "app/stile.h"
 #include "platform/application.h"
 #include "platform/desktop.h"
@@ -31,13 +30,17 @@ Form1::Form1(Dialoghi& dialoghi) : Finestra(App().Path), dialoghi_(dialoghi) {
     crea_generatori();
     crea_riepilogo();
     crea_importo();
-    crea_analisi();
     ordine_tastiera();
+    parti_ = std::make_unique<Parti>(*this, dialoghi);
+    lblanalisi = parti_->riga;
+    lblanalisi->setObjectName("lblanalisi");
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     setFixedSize(centralWidget()->width(),
                  centralWidget()->height() + menuBar()->sizeHint().height());
     collega();
 }
+
+Form1::~Form1() = default;
 
 void Form1::collega() {
     // A half-typed number must not wait behind another command for its second digit.
@@ -52,10 +55,6 @@ void Form1::collega() {
         connect(Image3[static_cast<std::size_t>(i)], &QAbstractButton::clicked, this,
                 [this, i] { Image3_Click(i); });
     }
-    for (int i = 1; i <= 90; ++i) {
-        connect(CMDnum[static_cast<std::size_t>(i)], &QPushButton::clicked, this,
-                [this, i] { CMDnum_Click(i); });
-    }
     for (int i = 0; i < 3; ++i) {
         const auto k = static_cast<std::size_t>(i);
         for (platform::Image* immagine : {Imageb[k], Imagey[k]}) {
@@ -64,16 +63,12 @@ void Form1::collega() {
     }
     connect(Image8, &QAbstractButton::clicked, this, &Form1::Image8_Click);
     connect(Image10, &QAbstractButton::clicked, this, &Form1::Image10_Click);
-    connect(MSFlexGrid1, &platform::MSFlexGrid::SelChange, this, [this] {
-        colore_griglia();
-        abilita_corrente();
-    });
-    connect(List1, &platform::ListBox::Click, this, &Form1::List1_Click);
     for (platform::ComboBox* misura : {Combo1, Combo2}) {
         connect(misura, &platform::ComboBox::Click, this, [this] { modifica_griglia(0); });
     }
-    connect(cmdstat, &QPushButton::clicked, this, &Form1::cmdstat_Click);
-    connect(cmdstat2, &QPushButton::clicked, this, &Form1::cmdstat2_Click);
+    for (QPushButton* genera : {cmdstat, cmdstat2}) {
+        connect(genera, &QPushButton::clicked, this, [this] { parti_->riempimento.genera(); });
+    }
     const std::array<platform::ComboBox*, 3> liste = {Combo3, Combo4, Combo5};
     for (std::size_t i = 0; i < liste.size(); ++i) {
         connect(liste[i], &platform::ComboBox::Click, this, [this, i, lista = liste[i]] {
@@ -83,7 +78,7 @@ void Form1::collega() {
     connect(UpDown2, &QSpinBox::valueChanged, this, [this](int quote) { sessione.quote(quote); });
     connect(mnunuovo, &QAction::triggered, this, &Form1::mnunuovo_Click);
     connect(mnuapri, &QAction::triggered, this, &Form1::mnuapri_Click);
-    connect(mnusalva, &QAction::triggered, this, &Form1::mnusalva_Click);
+    connect(mnusalva, &QAction::triggered, this, [this] { parti_->archiviatore.mnusalva_Click(); });
     connect(mnusalvanome, &QAction::triggered, this, &Form1::mnusalvanome_Click);
     connect(mnuRipetizioniCon, &QAction::triggered, this, &Form1::mnuRipetizioniCon_Click);
     connect(mnuRipetizioniSenza, &QAction::triggered, this, &Form1::mnuRipetizioniSenza_Click);
@@ -95,9 +90,8 @@ void Form1::collega() {
     connect(mnuaiuto, &QAction::triggered, this, [this] { dialoghi_.guida(*this); });
     connect(mnuweb, &QAction::triggered, this, [this] { dialoghi_.sito(*this); });
     connect(mnuinfo, &QAction::triggered, this, [this] { dialoghi_.informazioni(*this); });
-    connect(MSFlexGrid1, &platform::MSFlexGrid::KeyPress, this, &Form1::MSFlexGrid1_KeyPress);
-    connect(annulla, &QAction::triggered, this, [this] { rifai(true); });
-    connect(ripeti, &QAction::triggered, this, [this] { rifai(false); });
+    connect(annulla, &QAction::triggered, this, [this] { parti_->vista.rifai(true); });
+    connect(ripeti, &QAction::triggered, this, [this] { parti_->vista.rifai(false); });
     constexpr std::array<int, 4> a_tasto = {1, 2, 6, 7};
     for (std::size_t i = 0; i < a_tasto.size(); ++i) {
         const QKeySequence tasto(Qt::Key_F5 + static_cast<int>(i));
@@ -107,15 +101,16 @@ void Form1::collega() {
     connect(new QShortcut(QKeySequence::Print, this), &QShortcut::activated, Image3[7],
             &QAbstractButton::click);
     connect(new QShortcut(QKeySequence(Qt::Key_Delete), this), &QShortcut::activated, this,
-            &Form1::Form_KeyDown_Canc);
+            [this] { parti_->vista.rimuovi(); });
 }
+
+// Start and end.
 
 void Form1::Form_Load() {
     // The forms that open later are this one's children and take its skin from it.
     const std::string aspetto = foglio_aspetto(platform::radice(App().Path), desktop_scuro());
     if (!aspetto.empty()) setStyleSheet(platform::q(aspetto));
-    platform::LockWindowUpdate(this);
-    riepilogo_.inizia(MSFlexGrid2);
+    const platform::FinestraFerma ferma(this);
     sessione.osserva([this](const systems::Cambiamento& cambiato) { mostra(cambiato); });
     sessione.avvia();
     mostra_ripetizioni();
@@ -123,38 +118,12 @@ void Form1::Form_Load() {
         Combo6->AddItem(platform::q(std::string(ruota.nome)));
     }
     Combo6->set_ListIndex(0);
-    for (int i = 1; i <= 90; ++i) {
-        CMDnum[static_cast<std::size_t>(i)]->setText(QString::number(i));
-    }
     inizializza();
     platform::DoEvents();
-    platform::LockWindowUpdate(nullptr);
 }
 
 void Form1::offri_ripresa() {
-    if (const auto interrotto = ripresa_.interrotto()) {
-        const QString quale =
-            interrotto->nome.empty()
-                ? QStringLiteral("Il cruciverba non aveva ancora un nome")
-                : "Il cruciverba era del sistema " + platform::q(interrotto->nome);
-        const QString testo = QString(
-                                  "L'ultima volta il programma si è interrotto prima di un "
-                                  "salvataggio.\n%1 e conteneva %2 numeri.\n\nRiprenderlo?")
-                                  .arg(quale)
-                                  .arg(interrotto->numeri);
-        const int risposta =
-            platform::MsgBox(this, {testo, platform::Pulsanti::si_no, "Tabellino"});
-        if (risposta == platform::vbYes) {
-            ripresa_.riprendi();
-        } else {
-            ripresa_.dimentica();
-        }
-    }
-    constexpr int ogni_tre_secondi = 3000;
-    auto* orologio = new QTimer(this);
-    orologio->setObjectName("ripresa");
-    connect(orologio, &QTimer::timeout, this, [this] { ripresa_.tieni(); });
-    orologio->start(ogni_tre_secondi);
+    parti_->archiviatore.offri_ripresa();
 }
 
 void Form1::inizializza() {
@@ -168,63 +137,176 @@ void Form1::apri_archivio() {
     if (!errore.ok()) statistics::errore_archivio(this, errore, "Sortivario");
 }
 
-void Form1::Image3_Click(int Index) {
-    if (Index != 8) Image3[static_cast<std::size_t>(Index)]->a_riposo();
-    switch (Index) {
-        case 0:
-            nuovo_cruciverba();
-            break;
-        case 1:
-            cmd_elabora();
-            break;
-        case 2:
-            sviluppo();
-            break;
-        case 3:
-            modifica_griglia(0);
-            break;
-        case 4:
-            Form_KeyDown_Canc();
-            break;
-        case 5:
-            completa_con_scelti();
-            break;
-        case 6: {
-            platform::MousePointer(11);
-            bool pronto = false;
-            verifica_spoglio(pronto);
-            if (pronto) dialoghi_.spoglio(*this);
-            platform::MousePointer(0);
-            break;
-        }
-        case 7:
-            if (!Tag().isEmpty()) {
-                dialoghi_.stampa(*this);
-            } else {
-                platform::MsgBox(this,
-                                 {"Nessun sistema in linea.", platform::Pulsanti::ok, "Tabellino"});
-            }
-            break;
-        case 8:
-            controllo_salvataggio();
-            break;
-        default:
-            break;
-    }
-}
-
 void Form1::closeEvent(QCloseEvent* evento) {
     if (in_elaborazione()) {
         // The job ends at its next pending-events point and closes the form itself.
-        chiusura_chiesta_ = true;
+        parti_->lavori.ferma();
         evento->ignore();
         return;
     }
     platform::Kill(App().file("act"));
-    ripresa_.dimentica();
+    parti_->archiviatore.dimentica_ripresa();
     sessione.archivio.chiudi();
     dialoghi_.chiudi_tutti();
     evento->accept();
+}
+
+void Form1::controllo_salvataggio() {
+    if (parti_->archiviatore.controllo_salvataggio()) close();
+}
+
+// Games and crossword.
+
+void Form1::passa(void (systems::Sessione::*al_gioco)()) {
+    const platform::Clessidra attesa;
+    platform::DoEvents();
+    const platform::FinestraFerma ferma(this);
+    (sessione.*al_gioco)();
+    rivedi_sviluppo();
+    MSFlexGrid1->setFocus();
+    platform::DoEvents();
+}
+
+void Form1::Image8_Click() {
+    passa(&systems::Sessione::passa_al_superenalotto);
+}
+
+void Form1::Image10_Click() {
+    passa(&systems::Sessione::passa_al_lotto);
+}
+
+bool Form1::offre(crossword::Gioco gioco) const {
+    return (gioco.e_lotto() ? Image10 : Image8)->isEnabled();
+}
+
+void Form1::Imageb_Click(int Index) {
+    sessione.cambia_forma(Index + 3);
+    rivedi_sviluppo();
+}
+
+void Form1::nuovo_cruciverba() {
+    if (parti_->archiviatore.nuovo_cruciverba()) resetta();
+}
+
+void Form1::resetta() {
+    sessione.azzera();
+    MSFlexGrid1->setFocus();
+}
+
+void Form1::mnunuovo_Click() {
+    sessione.nuovo();
+    MSFlexGrid1->setFocus();
+}
+
+void Form1::modifica_griglia(std::uint8_t /*non_usato*/) {
+    sessione.dimensioni(Combo1->Text().toInt(), Combo2->Text().toInt());
+}
+
+void Form1::CMDnum_Click(int Index) {
+    parti_->vista.CMDnum_Click(Index);
+}
+
+void Form1::completa() {
+    parti_->riempimento.completa();
+}
+
+// Files.
+
+void Form1::salva_sistema(bool& esito) {
+    parti_->archiviatore.salva_sistema(esito);
+}
+
+void Form1::mnusalvanome_Click() {
+    parti_->archiviatore.mnusalvanome_Click();
+}
+
+void Form1::mnuapri_Click() {
+    parti_->archiviatore.mnuapri_Click();
+}
+
+void Form1::mnugest_sist_Click() {
+    dialoghi_.gestore_utility(*this);
+}
+
+void Form1::mnuRipetizioniCon_Click() {
+    sessione.ripetizioni(true);
+    mostra_ripetizioni();
+}
+
+void Form1::mnuRipetizioniSenza_Click() {
+    sessione.ripetizioni(false);
+    mostra_ripetizioni();
+}
+
+// Development.
+
+bool Form1::in_elaborazione() const {
+    return parti_->lavori.in_corso() || sessione.occupata();
+}
+
+void Form1::cmd_elabora() {
+    parti_->elaboratore.cmd_elabora();
+}
+
+void Form1::sviluppo() {
+    parti_->elaboratore.sviluppo();
+}
+
+void Form1::verifica_spoglio(bool& pronto) {
+    parti_->elaboratore.verifica_spoglio(pronto);
+}
+
+bool Form1::sviluppo_valido() {
+    return parti_->elaboratore.sviluppo_valido();
+}
+
+void Form1::rivedi_sviluppo() {
+    dialoghi_.rivedi_sviluppo();
+}
+
+void Form1::mnuanalisi_Click() {
+    bool pronto = false;
+    verifica_spoglio(pronto);
+    if (pronto) dialoghi_.analisi(*this);
+}
+
+void Form1::spoglio() {
+    const platform::Clessidra attesa;
+    bool pronto = false;
+    verifica_spoglio(pronto);
+    if (pronto) dialoghi_.spoglio(*this);
+}
+
+void Form1::stampa() {
+    if (!Tag().isEmpty()) {
+        dialoghi_.stampa(*this);
+    } else {
+        platform::MsgBox(this, {"Nessun sistema in linea.", platform::Pulsanti::ok, "Tabellino"});
+    }
+}
+
+void Form1::Image3_Click(int Index) {
+    if (Index != 8) Image3[static_cast<std::size_t>(Index)]->a_riposo();
+    switch (Index) {
+        case 0:
+            return nuovo_cruciverba();
+        case 1:
+            return cmd_elabora();
+        case 2:
+            return sviluppo();
+        case 3:
+            return modifica_griglia(0);
+        case 4:
+            return parti_->vista.rimuovi();
+        case 5:
+            return parti_->riempimento.completa_con_scelti();
+        case 6:
+            return spoglio();
+        case 7:
+            return stampa();
+        default:
+            return controllo_salvataggio();
+    }
 }
 
 }  // namespace app

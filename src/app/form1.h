@@ -1,7 +1,8 @@
-// The main form: controls over the session, and the hub from which the dialogs open.
+// The main form: controls over the session, and a line or two each that hand over.
 #pragma once
 
 #include <array>
+#include <memory>
 
 #include <QAction>
 #include <QLabel>
@@ -9,11 +10,8 @@
 #include <QPushButton>
 
 #include "app/finestra.h"
-#include "app/riepilogo.h"
-#include "development/spiegazioni.h"
 #include "platform/controls.h"
 #include "platform/flexgrid.h"
-#include "systems/ripresa.h"
 
 namespace app {
 
@@ -25,6 +23,7 @@ class Form1 : public Finestra {
 public:
     /// `dialoghi` is not owned and outlives the form.
     explicit Form1(Dialoghi& dialoghi);
+    ~Form1() override;
 
     void Form_Load();
     /// Asks whether to go on with what a crash left unsaved, and keeps it aside from now on.
@@ -33,18 +32,12 @@ public:
     /// Fills the crossword from the frequencies; no control calls it.
     void completa();
 
-    [[nodiscard]] bool in_elaborazione() const override {
-        return lavori_ > 0 || sessione.occupata();
-    }
-    [[nodiscard]] bool offre(crossword::Gioco gioco) const override {
-        return (gioco.e_lotto() ? Image10 : Image8)->isEnabled();
-    }
+    [[nodiscard]] bool in_elaborazione() const override;
+    [[nodiscard]] bool offre(crossword::Gioco gioco) const override;
     void Image8_Click() override;
     void Image10_Click() override;
     void Imageb_Click(int Index);
     void CMDnum_Click(int Index);
-    /// Sets which numbers the board allows in a cell.
-    void abilita_disabilita(std::int16_t riga, std::int16_t colonna);
     void resetta();
 
     void mnunuovo_Click();
@@ -56,11 +49,10 @@ public:
 
     void cmd_elabora();
     void sviluppo();
-    void verifica_spoglio(bool& pronto);
     void rivedi_sviluppo() override;
     bool sviluppo_valido() override;
     void mostra_analisi(const QString& testo) override;
-    void cella_riepilogo(int riga, int colonna) override { MSFlexGrid2->cella(riga, colonna); }
+    void cella_riepilogo(int riga, int colonna) override;
 
     // Controls.
     platform::Frame* Picture2 = nullptr;
@@ -133,7 +125,6 @@ private:
     void crea_generatori();
     void crea_riepilogo();
     void crea_importo();
-    void crea_analisi();
     void collega();
     void ordine_tastiera();
 
@@ -142,63 +133,25 @@ private:
     void mostra_gioco();
     void mostra_dimensioni();
     void mostra_tipi();
-    void mostra_celle();
     void mostra_prezzo();
     void mostra_ripetizioni();
 
-    // Told routines; each asks the session and shows what it cannot know.
     void inizializza();
     void Image3_Click(int Index);
-    void Form_KeyDown_Canc();
+    void verifica_spoglio(bool& pronto);
+    void spoglio();
+    void stampa();
+    void passa(void (systems::Sessione::*al_gioco)());
     void nuovo_cruciverba();
     void controllo_salvataggio();
-    void mnusalva_Click();
+    void mnuanalisi_Click();
     void mnuRipetizioniSenza_Click();
     void modifica_griglia(std::uint8_t non_usato);
-    void svuota();
-    void colore_griglia();
-    void rimuovi();
-    std::int16_t aggiorna_lista();
-    void List1_Click();
-    void completa_con_scelti();
-    /// Typing in the crossword: two digits, or one and Return; a barred number is refused.
-    void MSFlexGrid1_KeyPress(int tasto);
-    void digita(int numero);
-    /// What a type of the rows (0), of the columns (1) or of the diagonals (2) gives.
-    [[nodiscard]] QString spiegazione_tipo(int quale, int tipo);
-    void mnuanalisi_Click();
-    void cmdstat_Click();
-    void cmdstat2_Click();
-    void genera();
-
-    [[nodiscard]] systems::Cella cella_corrente() const {
-        return {MSFlexGrid1->Col(), MSFlexGrid1->Row()};
-    }
-    void in_cella(systems::Cella cella) { MSFlexGrid1->cella(cella.riga, cella.colonna); }
-    /// Bars for the current cell.
-    void abilita_corrente();
-    /// Takes back (`indietro`) or does again the last edit of this crossword.
-    void rifai(bool indietro);
-
-    /// While one lives the form is at work: it waits to be closed, and input waits too.
-    class Lavoro;
-    /// Shows a bar at 0; below 1 its end counts as 1, or it would show the busy pattern.
-    void barra(int massimo);
-    /// Shows the numbers laid, and with `avanza` the progress too.
-    [[nodiscard]] statistics::Seguito seguito(bool avanza);
-    void chiudi_se_chiesto();
-    [[nodiscard]] bool nome_per_elaborare(const QString& domanda, const QString& titolo);
-    /// False when the form was asked to close meanwhile.
-    [[nodiscard]] bool esegui_elaborazione();
 
     Dialoghi& dialoghi_;
-    systems::Ripresa ripresa_{sessione};
-    Riepilogo riepilogo_;
-    development::Spiegazioni spiegazioni_;
-    QString riassunto_;    ///< of the last analysis; empty after a change
-    QString spiegazione_;  ///< of the type that a list shows; empty without one
-    int lavori_ = 0;
-    bool chiusura_chiesta_ = false;
+    /// What the form hands over to, made when the controls stand.
+    struct Parti;
+    std::unique_ptr<Parti> parti_;
 };
 
 }  // namespace app

@@ -1,8 +1,7 @@
 // What the main form shows of its session.
 #include <QSignalBlocker>
 
-#include "app/form1.h"
-#include "crossword/griglia.h"
+#include "app/form1_parti.h"
 #include "platform/desktop.h"
 
 namespace app {
@@ -38,10 +37,10 @@ void Form1::mostra(const systems::Cambiamento& cambiato) {
     if (cambiato.dimensioni || cambiato.tipi || cambiato.celle) mostra_analisi({});
     if (cambiato.dimensioni) mostra_dimensioni();
     if (cambiato.tipi) mostra_tipi();
-    if (cambiato.conteggi || cambiato.dimensioni) riepilogo_.scrivi(sessione);
+    if (cambiato.conteggi || cambiato.dimensioni) parti_->riepilogo.scrivi(sessione);
     if (cambiato.importo) mostra_prezzo();
-    if (cambiato.celle) mostra_celle();
-    if (cambiato.dimensioni) abilita_corrente();
+    if (cambiato.celle) parti_->vista.mostra_celle();
+    if (cambiato.dimensioni) parti_->vista.abilita_corrente();
 }
 
 void Form1::mostra_gioco() {
@@ -76,11 +75,7 @@ void Form1::mostra_dimensioni() {
     }
     elenca(Combo1, lati, c - sessione.gioco().lato_minimo());
     elenca(Combo2, lati, r - sessione.gioco().lato_minimo());
-    colore_griglia();
-    MSFlexGrid1->setUpdatesEnabled(false);
-    crossword::forma_griglia(MSFlexGrid1, c, r);
-    MSFlexGrid1->setUpdatesEnabled(true);
-    MSFlexGrid1->cella(0, 0);
+    parti_->vista.mostra_dimensioni();
     Combo5->setEnabled(c == r);
 }
 
@@ -94,10 +89,12 @@ void Form1::mostra_tipi() {
     }
 }
 
-void Form1::mostra_celle() {
-    crossword::scrivi_griglia(MSFlexGrid1, sessione.matrice());
-    const int quanti = aggiorna_lista();
-    lblngioco->setText(quanti == 0 ? QString() : QString::number(quanti));
+void Form1::mostra_analisi(const QString& testo) {
+    parti_->riga->mostra(testo);
+}
+
+void Form1::cella_riepilogo(int riga, int colonna) {
+    MSFlexGrid2->cella(riga, colonna);
 }
 
 void Form1::mostra_prezzo() {

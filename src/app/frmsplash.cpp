@@ -71,12 +71,11 @@ void frmSplash::Command1_Click() {
     if (!Timer1->isActive()) return;
     Timer1->stop();
     platform::scrivi(platform::App().file("act"), "");
-    platform::MousePointer(11);
+    const platform::Clessidra attesa;
     carica_();
     platform::DoEvents();
     mostra_();
     close();
-    platform::MousePointer(0);
 }
 
 void frmSplash::keyPressEvent(QKeyEvent* /*evento*/) {

@@ -23,8 +23,7 @@ QString conteggio(std::int32_t n) {
 
 }  // namespace
 
-void Riepilogo::inizia(platform::MSFlexGrid* griglia) {
-    griglia_ = griglia;
+Riepilogo::Riepilogo(platform::MSFlexGrid* griglia) : griglia_(griglia) {
     griglia_->set_Rows(6);
     griglia_->set_Cols(4);
     const std::array<int, 4> larghezze = {2085, 850, 5000, 3285};

@@ -9,11 +9,11 @@ namespace app {
 class Riepilogo {
 public:
     /// `griglia` is not owned and outlives this. Builds the headers.
-    void inizia(platform::MSFlexGrid* griglia);
+    explicit Riepilogo(platform::MSFlexGrid* griglia);
     void scrivi(const systems::Sessione& sessione);
 
 private:
-    platform::MSFlexGrid* griglia_ = nullptr;
+    platform::MSFlexGrid* griglia_;
 };
 
 }  // namespace app

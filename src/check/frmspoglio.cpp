@@ -1,5 +1,7 @@
 #include "check/frmspoglio.h"
 
+#include <optional>
+
 #include <QCloseEvent>
 
 #include "app/finestra.h"
@@ -32,14 +34,13 @@ std::int32_t numero(const QLabel* etichetta) {
 class frmspoglio::Occupato {
 public:
     explicit Occupato(frmspoglio& form) : form_(form), fuoco_(form.focusWidget()) {
-        platform::MousePointer(11);
         form_.occupato_ = true;
         form_.setEnabled(false);
     }
     ~Occupato() {
         form_.setEnabled(true);
         form_.occupato_ = false;
-        platform::MousePointer(0);
+        attesa_.reset();
         form_.ridai_fuoco(fuoco_);
         if (form_.chiusura_chiesta_) form_.close();
     }
@@ -47,6 +48,7 @@ public:
     Occupato& operator=(const Occupato&) = delete;
 
 private:
+    std::optional<platform::Clessidra> attesa_{std::in_place};
     frmspoglio& form_;
     QWidget* fuoco_;
 };
@@ -161,7 +163,7 @@ bool frmspoglio::avanza(std::int32_t fatte, std::int32_t tutte) {
 }
 
 void frmspoglio::colora(std::span<QLineEdit* const> caselle) {
-    platform::LockWindowUpdate(this);
+    const platform::FinestraFerma ferma(this);
     MSFlexGrid1->hide();
     for (int x = 0; x < MSFlexGrid1->Cols(); ++x) {
         for (int y = 0; y < MSFlexGrid1->Rows(); ++y) {
@@ -175,11 +177,10 @@ void frmspoglio::colora(std::span<QLineEdit* const> caselle) {
     }
     MSFlexGrid1->show();
     platform::DoEvents();
-    platform::LockWindowUpdate(nullptr);
 }
 
 void frmspoglio::colore_griglia() {
-    platform::LockWindowUpdate(this);
+    const platform::FinestraFerma ferma(this);
     MSFlexGrid1->hide();
     for (int x = 0; x < MSFlexGrid1->Cols(); ++x) {
         for (int y = 0; y < MSFlexGrid1->Rows(); ++y) {
@@ -187,7 +188,6 @@ void frmspoglio::colore_griglia() {
         }
     }
     MSFlexGrid1->show();
-    platform::LockWindowUpdate(nullptr);
 }
 
 void frmspoglio::Cmdvincenti_Click() {
@@ -200,14 +200,15 @@ void frmspoglio::Cmdvincentilotto_Click() {
 
 void frmspoglio::costruisci_elenco(void (frmspoglio::*dettaglio)()) {
     const Occupato occupato(*this);
-    platform::LockWindowUpdate(this);
-    piclist->show();
-    ListView1->hide();
-    if (spoglio_.quante() > righe_senza_barra) ListView1->set_Width(larghezza_con_barra);
-    picprog2->resize(0, picprog2->height());
-    picprog1->show();
-    platform::DoEvents();
-    platform::LockWindowUpdate(nullptr);
+    {
+        const platform::FinestraFerma ferma(this);
+        piclist->show();
+        ListView1->hide();
+        if (spoglio_.quante() > righe_senza_barra) ListView1->set_Width(larghezza_con_barra);
+        picprog2->resize(0, picprog2->height());
+        picprog1->show();
+        platform::DoEvents();
+    }
     (this->*dettaglio)();
     Frame4->hide();
     // In Lotto too: its own button stays, and adds the rows once more.
@@ -242,9 +243,9 @@ void frmspoglio::ordina(QPushButton* pulsante, int colonna) {
 }
 
 void frmspoglio::Command1_Click() {
-    platform::MousePointer(11);
+    const platform::Clessidra attesa;
     platform::DoEvents();
-    platform::LockWindowUpdate(this);
+    const platform::FinestraFerma ferma(this);
     for (QLabel* etichetta : lblvinc) etichetta->clear();
     lblvinc_j[5]->clear();
     for (QLineEdit* casella : txtnum) casella->clear();
@@ -260,10 +261,8 @@ void frmspoglio::Command1_Click() {
     ListView1->setFocusPolicy(Qt::NoFocus);
     spoglio_.cancella();
     Cmdspoglio->setEnabled(true);
-    platform::MousePointer(0);
-    platform::DoEvents();
-    platform::LockWindowUpdate(nullptr);
     colore_griglia();
+    platform::DoEvents();
 }
 
 void frmspoglio::ridai_fuoco(QWidget* prima) {

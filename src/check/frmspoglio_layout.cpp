@@ -319,6 +319,8 @@ void frmspoglio::copia_cruciverba() {
     MSFlexGrid1->hide();
     crossword::forma_griglia(MSFlexGrid1, sessione.colonne(), sessione.righe());
     crossword::scrivi_griglia(MSFlexGrid1, sessione.matrice());
+    MSFlexGrid1->move(Frame4->width() / 2 - MSFlexGrid1->width() / 2,
+                      Frame4->height() / 2 - MSFlexGrid1->height() / 2);
     MSFlexGrid1->show();
 }
 

@@ -26,9 +26,6 @@ void forma_griglia(platform::MSFlexGrid* griglia, int colonne, int righe) {
     for (int i = 0; i < righe; ++i) griglia->RowHeight(i, casella);
     griglia->misura({platform::px(larghezza_griglia(righe, colonne)),
                      platform::px(altezza_griglia(righe, colonne))});
-    const QSize spazio = griglia->parentWidget()->size();
-    griglia->move((spazio.width() - griglia->width()) / 2,
-                  (spazio.height() - griglia->height()) / 2);
 }
 
 void scrivi_griglia(platform::MSFlexGrid* griglia, const Matrice& matrice) {

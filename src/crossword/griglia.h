@@ -6,8 +6,7 @@
 
 namespace crossword {
 
-/// Gives the grid so many cells and the size that shows them, at most ten rows at a time, in the
-/// middle of its parent.
+/// Gives the grid so many cells and the size that shows them, at most ten rows at a time.
 void forma_griglia(platform::MSFlexGrid* griglia, int colonne, int righe);
 
 /// Writes the numbers that the cells of the grid hold; an empty cell shows nothing.

@@ -36,7 +36,8 @@ std::function<bool(const QString&)>& apritore_in_forza() {
 
 int puntatore = 0;
 int lavori = 0;
-QPointer<QWidget> bloccata;
+int clessidre = 0;
+QList<QPointer<QWidget>> ferme;
 QPointer<const QWidget> ascoltato_in_forza;
 
 /// The one control that is heard during a long job, and the window through which it hears.
@@ -74,6 +75,14 @@ public:
 Filtro& filtro() {
     static Filtro unico;
     return unico;
+}
+
+/// Only pending events would paint, so only they freeze: thawing paints the whole window anew.
+void sciogli(QWidget* finestra) {
+    if (finestra == nullptr || finestra->updatesEnabled()) return;
+    finestra->setUpdatesEnabled(true);
+    // What changed while it was frozen asked for its painting then, in vain, and asks no more.
+    QCoreApplication::postEvent(finestra->window(), new QEvent(QEvent::UpdateRequest));
 }
 
 /// Where there is no icon its place goes too, and the text stands as far from either side.
@@ -154,7 +163,8 @@ std::string s(const QString& testo) {
 int MsgBox(QWidget* padre, const Messaggio& messaggio) {
     if (risponditore_in_forza()) return risponditore_in_forza()(messaggio);
     // A frozen window or an hourglass under a box would look like a program that hangs.
-    LockWindowUpdate(nullptr);
+    const QList<QPointer<QWidget>> ferme_prima = std::exchange(ferme, {});
+    for (QWidget* finestra : ferme_prima) sciogli(finestra);
     const int prima = MousePointer();
     MousePointer(0);
     // A window that is not shown yet has no place for a box over it.
@@ -193,6 +203,7 @@ int MsgBox(QWidget* padre, const Messaggio& messaggio) {
     if (LavoroLungo::in_corso()) qApp->removeEventFilter(&filtro());
     const int risposta = box.exec();
     if (LavoroLungo::in_corso()) qApp->installEventFilter(&filtro());
+    ferme = ferme_prima;
     MousePointer(prima);
     const qsizetype altro = altri.indexOf(box.clickedButton());
     if (altro >= 0) return vbAltri + static_cast<int>(altro);
@@ -224,7 +235,9 @@ void DoEvents() {
                          qApp, [] { orologio.start(); });
     if (!orologio.isValid()) orologio.start();
     if (orologio.elapsed() < 15) return;
-    if (bloccata) bloccata->setUpdatesEnabled(false);
+    for (QWidget* finestra : ferme) {
+        if (finestra != nullptr) finestra->setUpdatesEnabled(false);
+    }
     QCoreApplication::processEvents(LavoroLungo::in_corso() ? QEventLoop::AllEvents
                                                             : QEventLoop::ExcludeUserInputEvents);
     orologio.start();
@@ -244,25 +257,33 @@ int MousePointer() {
     return puntatore;
 }
 
-void LockWindowUpdate(QWidget* finestra) {
-    // Only pending events would paint, so only they freeze: thawing paints the whole window anew.
-    if (bloccata && !bloccata->updatesEnabled()) {
-        bloccata->setUpdatesEnabled(true);
-        // What changed while it was frozen asked for its painting then, in vain, and asks no more.
-        QCoreApplication::postEvent(bloccata->window(), new QEvent(QEvent::UpdateRequest));
-    }
-    bloccata = finestra;
+Clessidra::Clessidra() : prima_(MousePointer()) {
+    ++clessidre;
+    MousePointer(11);
 }
 
-LavoroLungo::LavoroLungo(const QWidget* ascoltato) {
+Clessidra::~Clessidra() {
+    --clessidre;
+    if (!resta_) MousePointer(clessidre > 0 ? prima_ : 0);
+}
+
+FinestraFerma::FinestraFerma(QWidget* finestra) : finestra_(finestra) {
+    ferme << finestra_;
+}
+
+FinestraFerma::~FinestraFerma() {
+    ferme.removeOne(finestra_);
+    if (!ferme.contains(finestra_)) sciogli(finestra_);
+}
+
+LavoroLungo::LavoroLungo(const QWidget* ascoltato) : ascoltato_prima_(ascoltato_in_forza) {
     if (ascoltato != nullptr) ascoltato_in_forza = ascoltato;
     if (lavori++ == 0) qApp->installEventFilter(&filtro());
 }
 
 LavoroLungo::~LavoroLungo() {
-    if (--lavori > 0) return;
-    qApp->removeEventFilter(&filtro());
-    ascoltato_in_forza.clear();
+    ascoltato_in_forza = ascoltato_prima_;
+    if (--lavori == 0) qApp->removeEventFilter(&filtro());
 }
 
 bool LavoroLungo::in_corso() {

@@ -3,10 +3,10 @@
 
 #include <functional>
 
+#include <QPointer>
 #include <QString>
 #include <QStringList>
-
-class QWidget;
+#include <QWidget>
 
 namespace platform {
 
@@ -45,11 +45,35 @@ void DoEvents();
 void MousePointer(int valore);
 int MousePointer();
 
-/// Keeps pending events from painting `finestra`; null releases the one frozen.
-void LockWindowUpdate(QWidget* finestra);
+/// While one lives the pointer is an hourglass. They nest: the last to go brings the default back.
+class Clessidra {
+public:
+    Clessidra();
+    ~Clessidra();
+    Clessidra(const Clessidra&) = delete;
+    Clessidra& operator=(const Clessidra&) = delete;
+    /// The hourglass stays when this goes, until another one goes.
+    void resta() { resta_ = true; }
+
+private:
+    int prima_;
+    bool resta_ = false;
+};
+
+/// While one lives pending events do not paint `finestra`, which may go before it. They nest.
+class FinestraFerma {
+public:
+    explicit FinestraFerma(QWidget* finestra);
+    ~FinestraFerma();
+    FinestraFerma(const FinestraFerma&) = delete;
+    FinestraFerma& operator=(const FinestraFerma&) = delete;
+
+private:
+    QPointer<QWidget> finestra_;
+};
 
 /// While one lives, keys and mouse go nowhere, so that nothing re-enters a running job; painting
-/// and the close box work on, and the control `ascoltato`, which may end the job.
+/// and the close box work on, and the control `ascoltato`, which may end the job. They nest.
 class LavoroLungo {
 public:
     explicit LavoroLungo(const QWidget* ascoltato = nullptr);
@@ -57,6 +81,9 @@ public:
     LavoroLungo(const LavoroLungo&) = delete;
     LavoroLungo& operator=(const LavoroLungo&) = delete;
     static bool in_corso();
+
+private:
+    QPointer<const QWidget> ascoltato_prima_;
 };
 
 /// True when the desktop knows no program for documents of the type `mime`.

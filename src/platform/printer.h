@@ -81,4 +81,16 @@ public:
     virtual bool avanza(int /*pagina*/, double /*parte*/) { return true; }
 };
 
+/// While one lives `schermo`, which outlives it, shows an hourglass.
+class InAttesa {
+public:
+    explicit InAttesa(Screen& schermo) : schermo_(schermo) { schermo_.MousePointer(11); }
+    ~InAttesa() { schermo_.MousePointer(0); }
+    InAttesa(const InAttesa&) = delete;
+    InAttesa& operator=(const InAttesa&) = delete;
+
+private:
+    Screen& schermo_;
+};
+
 }  // namespace platform

@@ -63,7 +63,6 @@ bool frmstsvl::esegui(const Lavoro& cosa,
         Schermo schermo(this);
         riuscito = disegna(printer, schermo);
     }
-    platform::MousePointer(0);
     if (!ancora) return false;
     if (riuscito) {
         di_fatto(cosa, printer.esito());

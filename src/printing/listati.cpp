@@ -142,7 +142,7 @@ bool Listato::corpo() {
 template <typename Righe>
 bool stampa(Printer& printer, platform::Screen& screen, const Testata& testata, Variante variante,
             Righe righe) {
-    screen.MousePointer(11);
+    const platform::InAttesa attesa(screen);
     screen.DoEvents();
     Listato listato(printer, screen, testata, variante);
     listato.testa();
@@ -156,7 +156,6 @@ bool stampa(Printer& printer, platform::Screen& screen, const Testata& testata, 
     } else {
         printer.KillDoc();
     }
-    screen.MousePointer(0);
     return riuscito;
 }
 

@@ -333,13 +333,11 @@ void Pagina::nota() {
 }  // namespace
 
 bool stampa_prospetto(Printer& printer, platform::Screen& screen, const Prospetto& prospetto) {
-    screen.MousePointer(11);
+    const platform::InAttesa attesa(screen);
     screen.DoEvents();
     intestazione(printer, prospetto.testata);
     Pagina(printer, prospetto).disegna();
-    const bool riuscito = printer.EndDoc();
-    screen.MousePointer(0);
-    return riuscito;
+    return printer.EndDoc();
 }
 
 }  // namespace printing

@@ -14,7 +14,6 @@ namespace systems {
 
 using platform::App;
 using platform::DoEvents;
-using platform::LockWindowUpdate;
 using platform::MsgBox;
 using platform::Pulsanti;
 using platform::q;
@@ -129,10 +128,9 @@ void Form2::Command5_Click() {
 void Form2::esci_congelando() {
     hide();
     DoEvents();
-    LockWindowUpdate(&finestra_);
+    const platform::FinestraFerma ferma(&finestra_);
     close();
     DoEvents();
-    LockWindowUpdate(nullptr);
 }
 
 void Form2::modo_salva() {

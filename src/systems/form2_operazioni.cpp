@@ -14,8 +14,6 @@ using platform::App;
 using platform::DoEvents;
 using platform::Icona;
 using platform::ListView;
-using platform::LockWindowUpdate;
-using platform::MousePointer;
 using platform::MsgBox;
 using platform::Pulsanti;
 using platform::q;
@@ -210,11 +208,10 @@ void Form2::cmddup_conferma_Click() {
     duplica(
         origine, arrivo, [] { DoEvents(); }, vecchia);
     finestra_.rivedi_sviluppo();
-    LockWindowUpdate(this);
+    const platform::FinestraFerma ferma(this);
     trova_sistemi(cartella_programma());
     nascondi_duplica();
     DoEvents();
-    LockWindowUpdate(nullptr);
 }
 
 // Delete.
@@ -231,11 +228,10 @@ void Form2::mnueliminatutti_Click() {
         platform::vbYes) {
         return;
     }
-    MousePointer(11);
+    const platform::Clessidra attesa;
     elimina_tutti(App().Path, finestra_.sessione.gioco());
     finestra_.rivedi_sviluppo();
     trova_sistemi(cartella_programma());
-    MousePointer(0);
 }
 
 // Import.
@@ -247,7 +243,7 @@ void Form2::mnuimporta_Click() {
                                   "che si vuole importare e cliccare su OK",
                                   cartella_programma());
     if (scelta.isEmpty()) return;
-    LockWindowUpdate(this);
+    const platform::FinestraFerma ferma(this);
     ListView1->svuota();
     // A second choice of a folder must not take the first one for the library.
     if (platform::Tag(cmdimporta).isEmpty()) platform::set_Tag(cmdimporta, platform::Tag(this));
@@ -255,7 +251,6 @@ void Form2::mnuimporta_Click() {
     trova_sistemi(platform::Tag(this));
     mostra_avanti(picimporta, cmdimporta);
     DoEvents();
-    LockWindowUpdate(nullptr);
 }
 
 void Form2::cmdimporta_Click() {
@@ -272,7 +267,7 @@ void Form2::cmdimporta_Click() {
         vecchia = Vecchia::tolta;
     }
     mostra_avviso();
-    LockWindowUpdate(this);
+    const platform::FinestraFerma ferma(this);
     importa(origine, arrivo, vecchia);
     finestra_.rivedi_sviluppo();
     // From here on this form may be gone: the new manager takes its place.
@@ -280,7 +275,6 @@ void Form2::cmdimporta_Click() {
     close();
     finestra.mnuapri_Click();
     DoEvents();
-    LockWindowUpdate(nullptr);
 }
 
 // Send.
@@ -290,17 +284,17 @@ void Form2::mnuinvia_Click() {
         this, "Selezionare il percorso di destinazione e cliccare su OK", cartella_programma());
     if (scelta.isEmpty()) return;
     const QString destinazione = con_barra(scelta);
-    // Left on by both early ends below.
-    MousePointer(11);
+    platform::Clessidra attesa;
     DoEvents();
     const QString nome = nome_scelto();
-    if (nome.isEmpty()) return;
+    // Left on by both early ends.
+    if (nome.isEmpty()) return attesa.resta();
     const Coppia origine = coppia(platform::Tag(this), nome);
     const Coppia arrivo = coppia(destinazione, nome);
     auto vecchia = Vecchia::ceduta;
     if (platform::esiste_file(arrivo.sistema())) {
         if (chiedi("Esiste già un sistema con questo nome. Sovrascrivere?") != platform::vbYes) {
-            return;
+            return attesa.resta();
         }
         vecchia = Vecchia::tolta;
     }
@@ -310,15 +304,12 @@ void Form2::mnuinvia_Click() {
     if (passi.disco_pieno()) {
         avverti("Spazio insufficente. Impossibile portare a termine l'operazione.",
                 Icona::informazione);
-        MousePointer(0);
     }
     // From here on this form may be gone: the new manager takes its place.
     app::Finestra& finestra = finestra_;
     close();
     finestra.mnugest_sist_Click();
-    MousePointer(0);
     DoEvents();
-    LockWindowUpdate(nullptr);
 }
 
 }  // namespace systems

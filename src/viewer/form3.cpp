@@ -55,7 +55,7 @@ void Form3::iniz() {
     }
     HScroll1_Change();
     HScroll1->setEnabled(true);
-    platform::LockWindowUpdate(this);
+    const platform::FinestraFerma ferma(this);
     lblsistema->setText(platform::Tag(this));
     lblpag[0]->setText("1");
     lblpag[1]->setText(QString::number(pagine_));
@@ -66,7 +66,6 @@ void Form3::iniz() {
     platform::centra(this, &finestra_);
     Command1->setFocus();
     platform::DoEvents();
-    platform::LockWindowUpdate(nullptr);
 }
 
 void Form3::generagriglie() {

@@ -122,7 +122,7 @@ void Finestra::importa_file(const QStringList& file) {
     if (al_lavoro_ || file.isEmpty()) return;
     al_lavoro_ = true;
     const platform::LavoroLungo lavoro;
-    platform::MousePointer(11);
+    const platform::Clessidra attesa;
     ProgressBar1->setRange(0, static_cast<int>(file.size()));
     ProgressBar1->setValue(0);
     ProgressBar1->show();
@@ -141,7 +141,6 @@ void Finestra::importa_file(const QStringList& file) {
     txtrapporto->setPlainText(righe.join('\n'));
     mostra_stato();
     ProgressBar1->hide();
-    platform::MousePointer(0);
     al_lavoro_ = false;
 }
 

@@ -102,8 +102,8 @@ TEST_F(Modulo, ListHasNineColumns) {
 
 TEST_F(Modulo, CrosswordIsACopyCentredInItsFrame) {
     p.dimensioni(9, 7);
-    p.form1.MSFlexGrid1->set_testo(6, 8, "44");
-    p.form1.MSFlexGrid1->set_testo(2, 1, "7");
+    ASSERT_EQ(p.form1.sessione.posa({8, 6}, 44), systems::Posata::posata);
+    ASSERT_EQ(p.form1.sessione.posa({1, 2}, 7), systems::Posata::posata);
     frmspoglio& f = apri();
     EXPECT_EQ(f.MSFlexGrid1->Cols(), 9);
     EXPECT_EQ(f.MSFlexGrid1->Rows(), 7);

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QMessageBox>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -465,7 +466,7 @@ TEST(Scatola, PulsantiTitoloIconaERisposte) {
 TEST(Scatola, SottoNonRestanoFinestreBloccateNePuntatoreDAttesa) {
     QWidget finestra;
     mostra(finestra);
-    platform::LockWindowUpdate(&finestra);
+    const platform::FinestraFerma ferma(&finestra);
     eventi();
     EXPECT_FALSE(finestra.updatesEnabled());
     platform::MousePointer(11);
@@ -517,18 +518,51 @@ TEST(Cestino, SiFaAncheDoveMancaLaCartellaSopra) {
     EXPECT_FALSE(QFile::exists("files/tempo2.sen"));
 }
 
-TEST(Blocco, NeEsisteUnoSolo) {
+TEST(Blocco, QuelloDiDentroNonScioglieQuelloDiFuori) {
     QWidget a;
     QWidget b;
-    platform::LockWindowUpdate(&a);
-    eventi();
-    EXPECT_FALSE(a.updatesEnabled());
-    platform::LockWindowUpdate(&b);
+    {
+        const platform::FinestraFerma fuori(&a);
+        eventi();
+        EXPECT_FALSE(a.updatesEnabled());
+        {
+            const platform::FinestraFerma dentro(&a);
+            const platform::FinestraFerma altra(&b);
+            eventi();
+            EXPECT_FALSE(b.updatesEnabled());
+        }
+        EXPECT_TRUE(b.updatesEnabled());
+        EXPECT_FALSE(a.updatesEnabled());
+    }
     EXPECT_TRUE(a.updatesEnabled());
-    eventi();
-    EXPECT_FALSE(b.updatesEnabled());
-    platform::LockWindowUpdate(nullptr);
-    EXPECT_TRUE(b.updatesEnabled());
+}
+
+TEST(Blocco, LaFinestraPuoAndarsenePrima) {
+    QWidget a;
+    auto b = std::make_unique<QWidget>();
+    const platform::FinestraFerma di_a(&a);
+    {
+        const platform::FinestraFerma di_b(b.get());
+        b.reset();
+        eventi();
+    }
+    EXPECT_FALSE(a.updatesEnabled());
+}
+
+TEST(Clessidra, QuellaDiDentroNonFinisceQuellaDiFuori) {
+    {
+        const platform::Clessidra fuori;
+        { const platform::Clessidra dentro; }
+        EXPECT_EQ(platform::MousePointer(), 11);
+    }
+    EXPECT_EQ(platform::MousePointer(), 0);
+    {
+        platform::Clessidra una;
+        una.resta();
+    }
+    EXPECT_EQ(platform::MousePointer(), 11);
+    { const platform::Clessidra altra; }
+    EXPECT_EQ(platform::MousePointer(), 0);
 }
 
 TEST(Blocco, SenzaEventiNelMezzoNonRidipingeLaFinestra) {
@@ -536,8 +570,7 @@ TEST(Blocco, SenzaEventiNelMezzoNonRidipingeLaFinestra) {
     mostra(finestra);
     QApplication::processEvents();
     const int prima = finestra.pitture;
-    platform::LockWindowUpdate(&finestra);
-    platform::LockWindowUpdate(nullptr);
+    { const platform::FinestraFerma ferma(&finestra); }
     QApplication::processEvents();
     EXPECT_EQ(finestra.pitture, prima);
 }
@@ -549,11 +582,13 @@ TEST(Blocco, QuelChePrimaDiGelareChiedevaPitturaLaRiceveDopo) {
     figlio->resize(20, 20);
     mostra(finestra);
     QApplication::processEvents();
-    platform::LockWindowUpdate(&finestra);
-    figlio->update();
-    eventi();
-    const int prima = figlio->pitture;
-    platform::LockWindowUpdate(nullptr);
+    int prima = 0;
+    {
+        const platform::FinestraFerma ferma(&finestra);
+        figlio->update();
+        eventi();
+        prima = figlio->pitture;
+    }
     QApplication::processEvents();
     EXPECT_GT(figlio->pitture, prima);
 }
@@ -572,6 +607,28 @@ TEST(LavoroLungo, TastiEMouseNonArrivano) {
     EXPECT_FALSE(platform::LavoroLungo::in_corso());
     QTest::keyClick(&combo, Qt::Key_Down);
     EXPECT_EQ(combo.ListIndex(), 1);
+}
+
+TEST(LavoroLungo, QuelloDiDentroRidaLAscoltoAQuelloDiFuori) {
+    QPushButton a;
+    QPushButton b;
+    mostra(a);
+    mostra(b);
+    int premuti = 0;
+    for (const QPushButton* p : {&a, &b})
+        QObject::connect(p, &QPushButton::clicked, &a, [&premuti] { ++premuti; });
+    const platform::LavoroLungo fuori(&a);
+    {
+        const platform::LavoroLungo dentro(&b);
+        QTest::mouseClick(&a, Qt::LeftButton);
+        EXPECT_EQ(premuti, 0);
+        QTest::mouseClick(&b, Qt::LeftButton);
+        EXPECT_EQ(premuti, 1);
+    }
+    QTest::mouseClick(&b, Qt::LeftButton);
+    EXPECT_EQ(premuti, 1);
+    QTest::mouseClick(&a, Qt::LeftButton);
+    EXPECT_EQ(premuti, 2);
 }
 
 TEST(Misure, TwipsEColori) {

@@ -34,19 +34,6 @@ TEST(StampaSchedine, SenzaSviluppoAvvisa) {
     EXPECT_EQ(s.dalla_suite("trans"), "");
 }
 
-TEST(StampaSchedine, SenzaEtichettaAvvisa) {
-    Stampa s;
-    s.in_linea();
-    s.sviluppato();
-    s.apri();
-    s.p.form1.lblsistema->clear();
-    s.conferma(2);
-    EXPECT_EQ(s.p.mostrati(), (Mostrati{{"Nessun Sistema è attualmente in linea", "Tabellino",
-                                         Pulsanti::ok, Icona::nessuna}}));
-    EXPECT_FALSE(s.chiuso());
-    s.p.form1.sessione.in_linea("prova");
-}
-
 TEST(StampaSchedine, ScriveTransEAvviaLoStrumento) {
     for (const char* nome : {"stampa.exe", "stampa", "Stampa.EXE"}) {
         Stampa s;

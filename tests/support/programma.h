@@ -113,7 +113,6 @@ public:
         EXPECT_EQ(attesi_, 0) << "a dialog was expected that never came";
         form1.close();
         platform::rispondi_con({});
-        platform::LockWindowUpdate(nullptr);
         platform::MousePointer(0);
     }
     Programma(const Programma&) = delete;

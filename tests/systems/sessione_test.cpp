@@ -158,6 +158,32 @@ TEST_F(SessioneTest, FermataLaElaborazioneRestaLoSviluppoDiPrima) {
     EXPECT_FALSE(s.occupata());
 }
 
+TEST_F(SessioneTest, CambiataESalvataSaCheLoSviluppoESuperatoFinoAllaRiapertura) {
+    salvato_e_sviluppato("a");
+    EXPECT_FALSE(s.sviluppo_superato());
+    EXPECT_TRUE(s.sviluppo_proprio());
+    std::size_t n = 1;
+    while (s.sbarrati({0, 0}).test(n) || s.matrice()(0, 0) == static_cast<int>(n)) ++n;
+    ASSERT_EQ(s.posa({0, 0}, static_cast<int>(n)), Posata::posata);
+    EXPECT_FALSE(s.sviluppo_superato());
+    ASSERT_EQ(s.salva(), Salvataggio::salvato);
+    EXPECT_TRUE(s.sviluppo_superato());
+    ASSERT_TRUE(s.apri("a"));
+    EXPECT_FALSE(s.sviluppo_superato());
+    if (!platform::annotazione(cartella.file("a.col")).empty()) {
+        EXPECT_FALSE(s.sviluppo_proprio());
+    }
+    s.totale_combinazioni();
+    ASSERT_EQ(s.salva(), Salvataggio::salvato);
+    EXPECT_TRUE(s.sviluppo_superato());
+    ASSERT_EQ(s.sviluppa({}), Elaborato::completo);
+    EXPECT_FALSE(s.sviluppo_superato());
+    EXPECT_TRUE(s.sviluppo_proprio());
+    s.totale_combinazioni();
+    ASSERT_EQ(s.salva_come("b"), Salvataggio::salvato);
+    EXPECT_FALSE(s.sviluppo_superato()) << "a name that never had one";
+}
+
 TEST_F(SessioneTest, SenzaTabelleNienteSviluppo) {
     riempi();
     ASSERT_EQ(s.salva_come("a"), Salvataggio::salvato);

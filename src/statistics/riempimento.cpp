@@ -1,0 +1,103 @@
+#include "statistics/riempimento.h"
+
+#include "platform/desktop.h"
+#include "statistics/avviso_archivio.h"
+
+namespace statistics {
+
+using platform::DoEvents;
+using systems::Cella;
+
+Seguito Riempimento::seguito(bool avanza) {
+    Seguito seguito;
+    seguito.barra = [this](std::int32_t massimo) { lavori_.barra(massimo); };
+    seguito.posata = [this, avanza](int riga, int colonna, int numero) {
+        // The hidden board bars nothing meanwhile: the rules see the lines for themselves.
+        c_.griglia->cella(riga, colonna);
+        c_.griglia->set_Text(QString::number(numero));
+        if (avanza) lavori_.un_passo();
+        DoEvents();
+        return !lavori_.fermati();
+    };
+    return seguito;
+}
+
+void Riempimento::completa_con_scelti() {
+    if (finestra_.in_elaborazione()) return;
+    systems::Sessione& sessione = finestra_.sessione;
+    systems::Completato esito;
+    {
+        const app::Lavoro lavoro(lavori_);
+        vista_.in_cella({});
+        c_.tabellone->hide();
+        DoEvents();
+        Cella ultima{-1, -1};
+        Cella ferma{sessione.colonne() - 1, sessione.righe() - 1};
+        const Cella fine = ferma;
+        const auto mostra_posata = seguito(false).posata;
+        esito = sessione.completa_con_scelti(
+            [&](int riga, int colonna, int numero) {
+                ultima = {colonna, riga};
+                return mostra_posata(riga, colonna, numero);
+            },
+            &ferma);
+        // Behind the last cell comes the first one.
+        vista_.in_cella(esito == systems::Completato::completo && ultima == fine ? Cella{} : ferma);
+        if (ultima.riga >= 0) vista_.colore_griglia();
+        vista_.abilita_corrente();
+        c_.tabellone->show();
+        DoEvents();
+    }
+    if (lavori_.chiudi_se_chiesto()) return;
+    if (esito == systems::Completato::impossibile) {
+        platform::MsgBox(&finestra_,
+                         {"Impossibile completare il Cruciverba con i nuemeri scelti.\r\n"
+                          "Inserire un altro numero nel tabellone.",
+                          platform::Pulsanti::ok, "Tabellino"});
+    }
+}
+
+void Riempimento::completa() {
+    if (finestra_.in_elaborazione()) return;
+    {
+        const app::Lavoro lavoro(lavori_);
+        finestra_.sessione.completa(seguito(false));
+    }
+    lavori_.chiudi_se_chiesto();
+}
+
+void Riempimento::genera() {
+    genera_in_vista();
+    lavori_.chiudi_se_chiesto();
+}
+
+void Riempimento::genera_in_vista() {
+    if (finestra_.in_elaborazione() || finestra_.sessione.matrice()(0, 0) != 0) return;
+    const platform::Clessidra attesa;
+    {
+        const platform::FinestraFerma ferma(&finestra_);
+        vista_.svuota();
+        c_.griglia->setFocus();
+        c_.tabellone->hide();
+        DoEvents();
+    }
+    platform::Err apertura;
+    systems::Generato esito;
+    {
+        const app::Lavoro lavoro(lavori_);
+        esito = finestra_.sessione.genera(c_.ruota->ListIndex(), seguito(true), &apertura);
+    }
+    if (!apertura.ok()) errore_archivio(&finestra_, apertura, "Sortivario");
+    if (esito == systems::Generato::poche_estrazioni) {
+        platform::MsgBox(
+            &finestra_,
+            {"Per poter Realizzare un sistema statistico devono essere state effettuate "
+             "almeno 100 estrazioni per la ruota esaminata",
+             platform::Pulsanti::ok, QString(), platform::Icona::informazione});
+    }
+    const platform::FinestraFerma ferma(&finestra_);
+    c_.tabellone->show();
+    DoEvents();
+}
+
+}  // namespace statistics
