@@ -119,13 +119,12 @@ bool frmstsvl::prospetto() {
 }
 
 bool frmstsvl::stampa_sviluppo(crossword::Gioco gioco) {
-    const bool lotto = gioco.e_lotto();
-    const Sviluppo sviluppo{testata(), App().Path, s(nome()), finestra_.sessione.gioco().forma()};
+    const Sviluppo sviluppo{testata(), App().Path, s(nome()), gioco.forma()};
     const Lavoro cosa{"Lo sviluppo", "-sviluppo.pdf",
-                      q(App().file(sviluppo.nome + (lotto ? ".lot" : ".col")))};
+                      q(App().file(sviluppo.nome + gioco.estensione_sviluppo()))};
+    const auto stampa = gioco.e_lotto() ? &stampa_sviluppo_lotto : &stampa_sviluppo_superenalotto;
     return esegui(cosa, [&](platform::Printer& printer, platform::Screen& schermo) {
-        return lotto ? stampa_sviluppo_lotto(printer, schermo, sviluppo)
-                     : stampa_sviluppo_superenalotto(printer, schermo, sviluppo);
+        return stampa(printer, schermo, sviluppo);
     });
 }
 
