@@ -1,10 +1,9 @@
 #include "comune.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
-#include <unistd.h>
 
+#include "comune/parole.h"
 #include "platform/codepage.h"
 #include "platform/disk.h"
 
@@ -32,31 +31,20 @@ std::string righe_da(int righe, int t) {
 
 Opzioni leggi_opzioni(const std::vector<std::string>& parole,
                       std::initializer_list<std::string_view> ammesse) {
+    std::vector<suite::Opzione> note;
+    for (const std::string_view nome : ammesse) note.push_back({nome, nome == "--garanzia"});
+    suite::Parole lette = suite::leggi_parole(parole, note);
     Opzioni opzioni;
-    bool solo_file = false;
-    for (std::size_t i = 0; i < parole.size(); ++i) {
-        const std::string& parola = parole[i];
-        const bool ammessa = std::find(ammesse.begin(), ammesse.end(), parola) != ammesse.end();
-        if (solo_file || parola.empty() || parola[0] != '-') {
-            opzioni.file.push_back(parola);
-        } else if (parola == "--") {
-            solo_file = true;
-        } else if (ammessa && parola == "--json") {
-            opzioni.json = true;
-        } else if (ammessa && parola == "--guida") {
-            opzioni.guida = true;
-        } else if (ammessa && parola == "--garanzia") {
-            const std::string valore = i + 1 < parole.size() ? parole[++i] : "";
-            opzioni.garanzia = development::leggi_garanzia(valore);
-            if (!opzioni.garanzia) {
-                opzioni.errore = "--garanzia vuole p:t o p:t:righe, con p non minore di t: \"" +
-                                 valore + "\" non lo è";
-                return opzioni;
-            }
-        } else {
-            opzioni.errore = "opzione sconosciuta: " + parola;
-            return opzioni;
-        }
+    opzioni.file = std::move(lette.file);
+    opzioni.json = lette.ha("--json");
+    opzioni.guida = lette.ha("--guida");
+    opzioni.errore = std::move(lette.errore);
+    const std::string* garanzia = lette.valore("--garanzia");
+    if (garanzia == nullptr) return opzioni;
+    opzioni.garanzia = development::leggi_garanzia(*garanzia);
+    if (!opzioni.garanzia && !opzioni.errore) {
+        opzioni.errore = "--garanzia vuole p:t o p:t:righe, con p non minore di t: \"" + *garanzia +
+                         "\" non lo è";
     }
     return opzioni;
 }
@@ -89,36 +77,7 @@ void stampa_errori(const TabellaLetta& letta) {
 }
 
 void lamenta(std::string_view testo) {
-    const std::string riga = "ridotti: " + platform::mostrabile(testo) + "\n";
-    std::fputs(riga.c_str(), stderr);
-}
-
-void stampa(std::string_view testo) {
-    std::fwrite(testo.data(), 1, testo.size(), stdout);
-}
-
-std::string json(std::string_view testo) {
-    std::string uscita = "\"";
-    for (std::size_t i = 0; i < testo.size();) {
-        const auto c = static_cast<unsigned char>(testo[i]);
-        if (c < ' ' || c == 0x7F) {
-            std::array<char, 8> codice{};
-            std::snprintf(codice.data(), codice.size(), "\\u%04x", static_cast<unsigned>(c));
-            uscita += codice.data();
-            ++i;
-            continue;
-        }
-        // Bytes that are no text would make the whole no JSON.
-        std::size_t fine = i + 1;
-        while (c >= 0x80 && fine < testo.size() && static_cast<unsigned char>(testo[fine]) >= 0x80)
-            ++fine;
-        for (const char s : platform::mostrabile(testo.substr(i, fine - i))) {
-            if (s == '"' || s == '\\') uscita += '\\';
-            uscita += s;
-        }
-        i = fine;
-    }
-    return uscita + "\"";
+    suite::lamenta("ridotti", testo);
 }
 
 std::string json(const std::vector<ErroreRiga>& righe) {
@@ -162,41 +121,11 @@ std::string json_posizioni(development::Maschera maschera) {
     return "[" + development::posizioni(maschera) + "]";
 }
 
-std::string json(const std::vector<std::uint64_t>& numeri) {
-    std::string uscita = "[";
-    for (const std::uint64_t numero : numeri) {
-        if (uscita.size() > 1) uscita += ",";
-        uscita += std::to_string(numero);
-    }
-    return uscita + "]";
-}
-
 std::string in_parole(const Garanzia& garanzia) {
     std::string testo =
         "con " + estratti(garanzia.p) + " almeno " + righe_da(garanzia.righe, garanzia.t);
     if (garanzia.oppure) testo += ", oppure " + righe_da(1, garanzia.t + 1);
     return testo;
-}
-
-Progresso::Progresso(const std::string& titolo)
-    : titolo_(platform::mostrabile(titolo)), terminale_(::isatty(STDERR_FILENO) == 1) {}
-
-Progresso::~Progresso() {
-    if (ultimo_ >= 0) std::fputs("\r\033[K", stderr);
-}
-
-development::Avanzamento Progresso::avanzamento() {
-    if (!terminale_) return {};
-    return [this](std::uint64_t fatti, std::uint64_t totale) { mostra(fatti, totale); };
-}
-
-void Progresso::mostra(std::uint64_t fatti, std::uint64_t totale) {
-    if (totale == 0) return;
-    const int parte =
-        static_cast<int>(static_cast<double>(fatti) * 1000.0 / static_cast<double>(totale));
-    if (parte == ultimo_) return;
-    ultimo_ = parte;
-    std::fprintf(stderr, "\r%s: %d,%d %%\033[K", titolo_.c_str(), parte / 10, parte % 10);
 }
 
 }  // namespace ridotti

@@ -1,4 +1,4 @@
-// What the subcommands share: exit codes, messages, tables read from files, progress.
+// What the subcommands share: exit codes, messages, tables read from files.
 #pragma once
 
 #include <optional>
@@ -6,9 +6,15 @@
 #include <string_view>
 #include <vector>
 
+#include "comune/progresso.h"
+#include "comune/testo.h"
 #include "development/garanzie.h"
 
 namespace ridotti {
+
+using suite::json;
+using suite::Progresso;
+using suite::stampa;
 
 /// Exit codes of the command.
 inline constexpr int riuscito = 0;
@@ -46,10 +52,7 @@ TabellaLetta leggi_tabella(const std::string& file);
 void stampa_errori(const TabellaLetta& letta);
 /// Prints one message of the command itself to the standard error.
 void lamenta(std::string_view testo);
-void stampa(std::string_view testo);
 
-/// A JSON string, quoted.
-std::string json(std::string_view testo);
 /// The errors or notices as a JSON array.
 std::string json(const std::vector<development::ErroreRiga>& righe);
 
@@ -59,28 +62,10 @@ std::string righe(std::uint64_t quante);
 std::string casi(std::uint64_t quanti);
 /// A number with that many decimals after an Italian comma.
 std::string decimale(double valore, int decimali);
-/// A guarantee, a set of positions and a list of counts as JSON.
+/// A guarantee and a set of positions as JSON.
 std::string json(const development::Garanzia& garanzia);
 std::string json_posizioni(development::Maschera maschera);
-std::string json(const std::vector<std::uint64_t>& numeri);
 /// The guarantee in a player's words.
 std::string in_parole(const development::Garanzia& garanzia);
-
-/// Shows the progress of a job on the terminal and wipes it at the end; silent elsewhere.
-class Progresso {
-public:
-    explicit Progresso(const std::string& titolo);
-    Progresso(const Progresso&) = delete;
-    Progresso& operator=(const Progresso&) = delete;
-    ~Progresso();
-    /// To be handed to the proofs; empty when nothing is to be shown.
-    [[nodiscard]] development::Avanzamento avanzamento();
-
-private:
-    void mostra(std::uint64_t fatti, std::uint64_t totale);
-    std::string titolo_;
-    bool terminale_;
-    int ultimo_ = -1;
-};
 
 }  // namespace ridotti

@@ -22,7 +22,7 @@ manuale() {
   for comando in archivio ridotti; do
     case $comando in
     archivio) eseguibile=$build/suite/cruciverba/archivio fonti=("$sorgenti"/suite/archivio/comando.cpp) ;;
-    ridotti) eseguibile=$build/suite/cruciverba/ridotti fonti=("$sorgenti"/suite/ridotti/*.cpp) ;;
+    ridotti) eseguibile=$build/suite/cruciverba/ridotti fonti=("$sorgenti"/suite/{comune,ridotti}/*.cpp) ;;
     esac
     pagina=$(sed 's/\\-/-/g' "$sorgenti/packaging/man/$comando.1")
     accettate=$(grep -hoE '"(--[a-z]*|-[a-z])"' "${fonti[@]}" | opzioni)
