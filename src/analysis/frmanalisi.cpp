@@ -16,7 +16,6 @@
 #include "platform/printer_qt.h"
 #include "platform/runtime.h"
 #include "systems/elenco.h"
-#include "viewer/importo.h"
 
 namespace analysis {
 
@@ -29,28 +28,11 @@ namespace {
 /// A job shorter than this needs no bar.
 constexpr int attesa_ms = 300;
 constexpr int passi_barra = 1000;
-constexpr double lire_per_euro = 1936.27;
 /// Characters in a line of the text that is copied.
 constexpr std::size_t larghezza_testo = 100;
 
 int esecutori() {
     return static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
-}
-
-QString parola(Lettura lettura) {
-    switch (lettura) {
-        case Lettura::assente:
-            return "Lo sviluppo del sistema non si può leggere. Elaborate di nuovo il sistema.";
-        case Lettura::vuota:
-            return "Lo sviluppo del sistema non contiene combinazioni. Elaborate di nuovo il "
-                   "sistema.";
-        case Lettura::troppo_grande:
-            return "Lo sviluppo ha più di 1.048.576 combinazioni: sono troppe per un'analisi.";
-        case Lettura::cambiata:
-            return "Lo sviluppo è cambiato mentre veniva letto. Ripetete l'analisi.";
-        default:
-            return "Analisi interrotta.";
-    }
 }
 
 }  // namespace
@@ -146,8 +128,8 @@ void frmanalisi::iniz() {
         mostra();
         return;
     }
-    lblstato->setText(
-        parola(conto->lettura == Lettura::letta ? Lettura::interrotta : conto->lettura));
+    const Lettura lettura = conto->lettura == Lettura::letta ? Lettura::interrotta : conto->lettura;
+    lblstato->setText(q(std::string(parola(lettura))));
     cmdanalizza->setFocus();
 }
 
@@ -190,10 +172,7 @@ void frmanalisi::mostra() {
 }
 
 double frmanalisi::spesa() const {
-    const viewer::Importo importo = viewer::leggi_cst(App().Path, viewer::Lettore::annulla);
-    const double prezzo = viewer::valore_prezzo(importo.prezzo);
-    return static_cast<double>(conto_->analisi.righe) *
-           (importo.valuta == "Lire" ? prezzo / lire_per_euro : prezzo);
+    return spesa_per_estrazione(App().Path, conto_->analisi.righe);
 }
 
 Premi frmanalisi::premi() const {
@@ -255,19 +234,11 @@ void frmanalisi::mostra_passato() {
 }
 
 std::vector<Tavola> frmanalisi::tavole() const {
-    const Analisi& a = conto_->analisi;
-    std::vector<Tavola> tutte{tavola_sistema(a, gioco_),
-                              tavola_garanzie(a, gioco_),
-                              tavola_insiemi(a, gioco_),
-                              tavola_estrazioni(a, gioco_),
-                              tavola_medie(a, gioco_, premi(), spesa()),
-                              tavola_buchi(a, gioco_),
-                              tavola_esempi(a, gioco_)};
+    std::vector<Tavola> tutte = tavole_analisi(conto_->analisi, gioco_, premi(), spesa());
     if (conto_->estrazioni.empty()) return tutte;
-    tutte.push_back(tavola_categorie(conto_->storico, conto_->estrazioni, gioco_));
-    if (Combo1 != nullptr) tutte.back().titolo += " (ruota: " + s(Combo1->Text()) + ")";
-    tutte.push_back(tavola_migliori(conto_->storico, conto_->estrazioni, gioco_));
-    tutte.push_back(tavola_anni(conto_->storico, conto_->estrazioni, gioco_));
+    const std::string ruota = Combo1 != nullptr ? s(Combo1->Text()) : std::string();
+    for (Tavola& t : tavole_passato(conto_->storico, conto_->estrazioni, gioco_, ruota))
+        tutte.push_back(std::move(t));
     return tutte;
 }
 

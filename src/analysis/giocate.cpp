@@ -74,6 +74,24 @@ private:
 
 }  // namespace
 
+std::string_view parola(Lettura lettura) {
+    switch (lettura) {
+        case Lettura::letta:
+            return "";
+        case Lettura::assente:
+            return "Lo sviluppo del sistema non si può leggere. Elaborate di nuovo il sistema.";
+        case Lettura::vuota:
+            return "Lo sviluppo del sistema non contiene combinazioni. Elaborate di nuovo il "
+                   "sistema.";
+        case Lettura::troppo_grande:
+            return "Lo sviluppo ha più di 1.048.576 combinazioni: sono troppe per un'analisi.";
+        case Lettura::cambiata:
+            return "Lo sviluppo è cambiato mentre veniva letto. Ripetete l'analisi.";
+        default:
+            return "Analisi interrotta.";
+    }
+}
+
 Lettura leggi_giocate(const std::string& file, int numeri, Giocate& giocate,
                       const Continua& continua) {
     giocate = Giocate();

@@ -7,6 +7,7 @@
 #include <functional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace analysis {
@@ -40,6 +41,9 @@ enum class Lettura {
     cambiata,       ///< another program wrote to the file meanwhile
     interrotta,     ///< asked to stop
 };
+
+/// Why there is nothing to analyse, as the player is told it.
+std::string_view parola(Lettura lettura);
 
 /// Called now and then; false asks the job to stop. May be empty.
 using Continua = std::function<bool()>;

@@ -231,6 +231,17 @@ Tavola tavola_medie(const Analisi& a, Gioco gioco, const Premi& premi, double sp
     return t;
 }
 
+std::vector<Tavola> tavole_analisi(const Analisi& a, Gioco gioco, const Premi& premi,
+                                   double spesa) {
+    return {tavola_sistema(a, gioco),
+            tavola_garanzie(a, gioco),
+            tavola_insiemi(a, gioco),
+            tavola_estrazioni(a, gioco),
+            tavola_medie(a, gioco, premi, spesa),
+            tavola_buchi(a, gioco),
+            tavola_esempi(a, gioco)};
+}
+
 std::string riassunto(const Analisi& a, Gioco gioco) {
     const Distribuzione& d = a.distribuzione;
     const auto tutte = static_cast<double>(d.estrazioni_possibili());

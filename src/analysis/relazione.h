@@ -60,6 +60,12 @@ Tavola tavola_migliori(const Storico& storico, std::span<const Estrazione> estra
 Tavola tavola_anni(const Storico& storico, std::span<const Estrazione> estrazioni,
                    crossword::Gioco gioco);
 
+/// The whole analysis, and the whole past of a `ruota`, which is empty in SuperEnalotto.
+std::vector<Tavola> tavole_analisi(const Analisi& analisi, crossword::Gioco gioco,
+                                   const Premi& premi, double spesa);
+std::vector<Tavola> tavole_passato(const Storico& storico, std::span<const Estrazione> estrazioni,
+                                   crossword::Gioco gioco, const std::string& ruota);
+
 /// The whole in one line.
 std::string riassunto(const Analisi& analisi, crossword::Gioco gioco);
 

@@ -165,6 +165,15 @@ Tavola tavola_anni(const Storico& s, std::span<const Estrazione> estrazioni, Gio
     return t;
 }
 
+std::vector<Tavola> tavole_passato(const Storico& s, std::span<const Estrazione> estrazioni,
+                                   Gioco gioco, const std::string& ruota) {
+    std::vector<Tavola> tutte{tavola_categorie(s, estrazioni, gioco),
+                              tavola_migliori(s, estrazioni, gioco),
+                              tavola_anni(s, estrazioni, gioco)};
+    if (!ruota.empty()) tutte.front().titolo += " (ruota: " + ruota + ")";
+    return tutte;
+}
+
 std::vector<std::string> righe_di_testo(std::span<const Tavola> tavole, std::size_t larghezza) {
     std::vector<std::string> righe;
     for (const Tavola& t : tavole) {

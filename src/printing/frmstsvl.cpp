@@ -142,32 +142,8 @@ Testata frmstsvl::testata() const {
 }
 
 Prospetto frmstsvl::prospetto_a_schermo() const {
-    const systems::Sessione& sessione = finestra_.sessione;
-    const auto conteggio = [](std::int32_t n) {
-        return platform::Format(n, platform::Modello::interi);
-    };
-    Prospetto p;
-    p.testata = testata();
-    p.gioco = sessione.gioco();
-    p.matrice = sessione.matrice();
-    if (const int numeri = sessione.numeri_in_gioco(); numeri > 0)
-        p.in_gioco = std::to_string(numeri);
-    for (std::size_t i = 0; i < p.righe.size(); ++i) {
-        const auto quale = static_cast<crossword::Elenco>(i + 1);
-        const auto linee = sessione.linee(quale);
-        const int indice = sessione.tipo(quale);
-        p.righe[i] = {linee ? std::to_string(*linee) : "",
-                      indice < 0 ? "" : sessione.tipi(quale)[static_cast<std::size_t>(indice)],
-                      indice, sessione.combinazioni(quale)};
-    }
-    p.totale = conteggio(sessione.totale());
-    p.senza_ripetizioni = conteggio(sessione.senza_ripetizioni());
-    p.quote = sessione.prezzo().quote;
-    p.quota = sessione.prezzo().quota;
-    p.valuta = sessione.prezzo().valuta;
-    p.importo = sessione.prezzo().totale;
     finestra_.cella_riepilogo(5, 3);
-    return p;
+    return prospetto_di(finestra_.sessione, testata());
 }
 
 bool frmstsvl::manca_lo_sviluppo() const {

@@ -7,6 +7,7 @@
 #include "crossword/gioco.h"
 #include "crossword/matrice.h"
 #include "printing/mod_stampa.h"
+#include "systems/sessione.h"
 
 namespace printing {
 
@@ -32,6 +33,9 @@ struct Prospetto {
     std::string valuta;
     std::string importo;
 };
+
+/// What the page says of the system that is open.
+Prospetto prospetto_di(const systems::Sessione& sessione, const Testata& testata);
 
 /// Prints the page as one job; false when the printer lost it.
 bool stampa_prospetto(platform::Printer& printer, platform::Screen& screen,
