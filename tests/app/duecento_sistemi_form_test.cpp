@@ -1,5 +1,7 @@
-// Two hundred systems through the window: what is saved, developed and shown never changes.
+// Two hundred systems through the window: what is saved, developed and shown never changes, and the
+// command of the suite makes and tells the same.
 #include "platform/disk.h"
+#include "suite/sistema_prova.h"
 #include "support/programma.h"
 
 using support::Programma;
@@ -124,6 +126,7 @@ public:
         p_.comando(1);
         EXPECT_EQ(p_.mostrati().back().testo, "Elaborazione completata.");
         vedi();
+        come_il_comando(nome);
         for (const bool sviluppo : {false, true}) {
             const std::string scritto = file(nome, sviluppo);
             EXPECT_TRUE(p_.cartella.esiste(scritto)) << scritto;
@@ -181,7 +184,36 @@ private:
         impronta_.aggiungi(testi.join('|').toStdString());
     }
 
+    /// The command, asked about the same system, gives the window's bytes, counts and price.
+    void come_il_comando(const QString& nome) {
+        const std::string suo = p_.cartella.file(file(nome, false));
+        const support::Valore conta = comando_.json({"conta", suo})[0];
+        const auto cella = [this](int riga) {
+            return p_.riepilogo(riga, 3).remove('.').toStdString();
+        };
+        EXPECT_EQ(conta["totale"].testo, cella(4));
+        const std::string senza = conta["senza_ripetizioni"].testo;
+        EXPECT_EQ(senza == "null" ? "" : senza, cella(5));
+        // The window has no price for a system that was opened without a count.
+        const bool contato = senza != "null";
+        EXPECT_EQ(std::stod(conta["importo"].testo),
+                  contato ? p_.form1.lblimportotot->text().remove('.').replace(',', '.').toDouble()
+                          : std::stod(conta["totale"].testo) * 0.5);
+        EXPECT_EQ(conta["numeri_in_gioco"].testo, p_.form1.lblngioco->text().toStdString());
+        EXPECT_EQ(conta["sviluppo"].testo, "presente");
+        const std::string altrove = p_.cartella.radice() + "/altrove/";
+        std::filesystem::create_directory(altrove);
+        platform::scrivi(altrove + file(nome, false), p_.cartella.leggi(file(nome, false)));
+        comando_.json({"sviluppa", "--scrivi", altrove + file(nome, false)});
+        for (const bool sviluppo : {false, true}) {
+            EXPECT_EQ(support::leggi(altrove + file(nome, sviluppo)),
+                      p_.cartella.leggi(file(nome, sviluppo)));
+            platform::Kill(altrove + file(nome, sviluppo));
+        }
+    }
+
     Programma& p_;
+    prova::Comando comando_{p_.cartella};
     Sorte sorte_;
     Impronta impronta_;
     bool lotto_ = false;

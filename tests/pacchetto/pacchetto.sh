@@ -19,10 +19,11 @@ opzioni() { tr -c 'a-z-' '\n' | grep -xE -e '--[a-z]*|-[a-z]' | sort -u | tr '\n
 # What the sources accept, what a command tells of itself and what its page tells are the same.
 manuale() {
   local comando eseguibile fonti pagina accettate dette scritte parola file
-  for comando in archivio ridotti; do
+  for comando in archivio ridotti sistema; do
     case $comando in
     archivio) eseguibile=$build/suite/cruciverba/archivio fonti=("$sorgenti"/suite/archivio/comando.cpp) ;;
     ridotti) eseguibile=$build/suite/cruciverba/ridotti fonti=("$sorgenti"/suite/{comune,ridotti}/*.cpp) ;;
+    sistema) eseguibile=$build/suite/cruciverba/sistema fonti=("$sorgenti"/suite/{comune,sistema}/*.cpp) ;;
     esac
     pagina=$(sed 's/\\-/-/g' "$sorgenti/packaging/man/$comando.1")
     accettate=$(grep -hoE '"(--[a-z]*|-[a-z])"' "${fonti[@]}" | opzioni)
@@ -95,8 +96,8 @@ rimasti() { find "$radice" -path "$radice/var/lib/dpkg" -prune -o "$@" -print; }
 # Layout.
 usr=$radice/usr
 comandi=$(find "$usr/bin" -type f -printf '%f\n' | sort | tr '\n' ' ')
-[ "$comandi" = "archivio ridotti tabellino " ] || fallisci "commands: $comandi"
-for eseguibile in bin/tabellino bin/ridotti bin/archivio libexec/tabellino/leggi_mdb; do
+[ "$comandi" = "archivio ridotti sistema tabellino " ] || fallisci "commands: $comandi"
+for eseguibile in bin/tabellino bin/ridotti bin/archivio bin/sistema libexec/tabellino/leggi_mdb; do
   [ -x "$usr/$eseguibile" ] || fallisci "$eseguibile is not there"
 done
 # The program looks for its reader of Jet files there, and the reader reads.
@@ -105,7 +106,7 @@ LC_ALL=C grep -aqF /../libexec/tabellino/leggi_mdb "$usr/bin/tabellino" ||
 [ "$("$usr/bin/../libexec/tabellino/leggi_mdb" "$sorgenti/tests/fixtures/jet/drawit.mdb" archivio | wc -c)" -gt 1000 ] ||
   fallisci "leggi_mdb reads nothing"
 for nome in applications/tabellino.desktop metainfo/local.tabellino.tabellino.metainfo.xml \
-  icons/hicolor/scalable/apps/tabellino.svg man/man1/tabellino.1.gz man/man1/ridotti.1.gz man/man1/archivio.1.gz \
+  icons/hicolor/scalable/apps/tabellino.svg man/man1/tabellino.1.gz man/man1/ridotti.1.gz man/man1/archivio.1.gz man/man1/sistema.1.gz \
   doc/tabellino/copyright tabellino/ridotti/cr0600.rid tabellino/ridotti/cr1507.rid \
   tabellino/skin/skn.dat tabellino/skin/skin1_1.skn tabellino/skin/skin1_2.skn tabellino/skin/skin1_3.skn \
   tabellino/archivio/drawit.sqlite tabellino/guida.html; do

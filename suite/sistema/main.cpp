@@ -1,0 +1,63 @@
+// Counts, develops, checks and exports systems without a window.
+#include <csignal>
+#include <cstdio>
+#include <optional>
+
+#include <QGuiApplication>
+
+#include "comune/testo.h"
+#include "platform/application.h"
+#include "sistema/comando.h"
+#include "sistema/stampa.h"
+
+namespace {
+
+volatile std::sig_atomic_t interrotto = 0;
+
+/// Stopped once, the command puts things in order and ends; a second time it ends at once.
+void ascolta_interruzione() {
+    struct sigaction azione {};
+    azione.sa_handler = [](int) { interrotto = 1; };
+    azione.sa_flags = static_cast<int>(SA_RESETHAND);
+    sigaction(SIGINT, &azione, nullptr);
+    sigaction(SIGTERM, &azione, nullptr);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    ascolta_interruzione();
+    platform::App().Major = TABELLINO_MAJOR;
+    platform::App().Minor = TABELLINO_MINOR;
+    platform::App().Revision = TABELLINO_REVISION;
+    const std::vector<std::string> parole(argv + 1, argv + argc);
+    sistema::Ambiente ambiente;
+    ambiente.programma = [] {
+        const std::string eseguibile = platform::cartella_eseguibile();
+        return platform::trova_cartella(eseguibile, eseguibile + "/../share/tabellino");
+    };
+    ambiente.uscita = suite::stampa;
+    ambiente.errori = [](std::string_view testo) {
+        // What was said before stands before it.
+        std::fflush(stdout);
+        std::fwrite(testo.data(), 1, testo.size(), stderr);
+    };
+    ambiente.fermato = [] { return interrotto != 0; };
+    // Only the page needs Qt, and no screen.
+    std::optional<QGuiApplication> qt;
+    ambiente.stampa = [&](const printing::Prospetto& prospetto, const std::string& pdf) {
+        if (!qt) {
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+            // What became of the page the command tells itself.
+            qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+            qt.emplace(argc, argv);
+        }
+        return sistema::stampa_in_pdf(prospetto, pdf);
+    };
+    const int codice = sistema::comando(parole, ambiente);
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+        suite::lamenta("sistema", "l'uscita non si può scrivere");
+        return sistema::non_riuscito;
+    }
+    return codice;
+}
