@@ -60,7 +60,7 @@ const QVector<Capitolo>& capitoli() {
         {"Il sistema", {"tipi", "garanzie", "elaborazione", "ripetizioni", "prezzi"}},
         {"Usare il sistema", {"visualizzatore", "spoglio", "analisi", "stampa", "libreria"}},
         {"Le estrazioni", {"archivio", "statistica"}},
-        {"Il programma", {"file", "aspetti", "tastiera", "domande", "misura"}},
+        {"Il programma", {"file", "aspetti", "tastiera", "terminale", "domande", "misura"}},
     };
     return tutti;
 }

@@ -82,7 +82,7 @@ TEST(PagineGuida, OgniPaginaHaTitoloETesto) {
         titoli += titolo(pagina);
     }
     EXPECT_EQ(titoli.removeDuplicates(), 0);
-    EXPECT_EQ(titoli.size(), 20);
+    EXPECT_EQ(titoli.size(), 21);
 }
 
 TEST(PagineGuida, NessunaPaginaRestaFuoriDallIndice) {
