@@ -41,6 +41,13 @@ void Printer::LineB(float x1, float y1, float x2, float y2) {
     CurrentY = y2;
 }
 
+void Printer::Oval(float x1, float y1, float x2, float y2) {
+    apri_pagina();
+    disegna_ovale(x1, y1, x2, y2);
+    CurrentX = x2;
+    CurrentY = y2;
+}
+
 void Printer::NewPage() {
     apri_pagina();
     azzera();

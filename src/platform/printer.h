@@ -23,9 +23,9 @@ public:
     float FontSize = 10;
     bool FontBold = false;
     bool FontItalic = false;
-    /// Width of a stroke in dots of 1/600 inch.
+    /// Width of a stroke in dots of 1/600 inch; with 0 a box or an oval has no outline.
     int DrawWidth = 1;
-    /// 1 leaves the inside of a box as it is.
+    /// 1 leaves the inside of a box or an oval as it is, 0 fills it.
     int FillStyle = 1;
 
     [[nodiscard]] virtual float ScaleWidth() const = 0;
@@ -42,6 +42,8 @@ public:
     void Line(float x1, float y1, float x2, float y2);
     /// The outline of a box between two corners; the pen stays on the second.
     void LineB(float x1, float y1, float x2, float y2);
+    /// The outline of the oval inside a box; the pen stays on the second corner.
+    void Oval(float x1, float y1, float x2, float y2);
 
     /// Number of the page being drawn, from 1.
     [[nodiscard]] int Page() const { return pagina_; }
@@ -59,6 +61,7 @@ protected:
     virtual void disegna_testo(float x, float y, std::string_view testo) = 0;
     virtual void disegna_tratto(float x1, float y1, float x2, float y2) = 0;
     virtual void disegna_riquadro(float x1, float y1, float x2, float y2) = 0;
+    virtual void disegna_ovale(float x1, float y1, float x2, float y2) = 0;
     virtual bool concludi() = 0;
     virtual void scarta() = 0;
 

@@ -18,16 +18,9 @@ namespace platform {
 
 namespace {
 
-constexpr int unita_al_pollice_x = 12;
-constexpr int unita_al_pollice_y = 6;
-constexpr int punti_al_pollice = 72;
 constexpr float millimetri_al_pollice = 25.4F;
 constexpr float largo_a4 = 210;
 constexpr float alto_a4 = 297;
-constexpr int dot_al_punto = 20;
-/// A whole number of dots to the point: sizes in dots are rounded, and a font thus made smaller
-/// would shorten every line.
-constexpr int dot_al_pollice = dot_al_punto * punti_al_pollice;
 
 bool solo_file = false;
 
@@ -55,19 +48,6 @@ QString rifiuto_del_server() {
     if (stato == nullptr || testo == nullptr || stato() < primo_errore) return {};
     const char* detto = testo();
     return detto != nullptr ? QString::fromUtf8(detto) : QString();
-}
-
-/// Units of a length in ems.
-float unita(double em, float corpo, int unita_al_pollice) {
-    return static_cast<float>(em) * corpo * static_cast<float>(unita_al_pollice) / punti_al_pollice;
-}
-
-QString testo_qt(std::string_view testo) {
-    return QString::fromUtf8(testo.data(), static_cast<qsizetype>(testo.size()));
-}
-
-QPageLayout foglio_intero() {
-    return {QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF()};
 }
 
 }  // namespace
@@ -116,34 +96,24 @@ QTransform dentro_il_foglio(const QPageLayout& foglio, int dot) {
         .scale(scala, scala);
 }
 
-PrinterQt::PrinterQt(const QString& titolo, const QString& pdf, Uscita uscita)
-    : titolo_(titolo),
-      pdf_(pdf),
-      uscita_(uscita),
-      caratteri_{CarattereStampa(false), CarattereStampa(true)} {}
+bool esiste_stampante() {
+    return stampante_del_sistema() != nullptr;
+}
+
+PrinterQt::PrinterQt(const QString& titolo, const QString& pdf, Uscita uscita, Foglio foglio)
+    : PrinterPittore(foglio), titolo_(titolo), pdf_(pdf), uscita_(uscita) {}
 
 PrinterQt::~PrinterQt() {
     PrinterQt::scarta();
 }
 
-float PrinterQt::ScaleWidth() const {
-    return largo_a4 / millimetri_al_pollice * unita_al_pollice_x;
-}
-
-float PrinterQt::ScaleHeight() const {
-    return alto_a4 / millimetri_al_pollice * unita_al_pollice_y;
-}
-
-const CarattereStampa& PrinterQt::carattere() const {
-    return caratteri_[FontBold ? 1 : 0];
-}
-
-float PrinterQt::TextWidth(std::string_view testo) const {
-    return unita(carattere().larghezza(testo), FontSize, unita_al_pollice_x);
-}
-
-float PrinterQt::TextHeight(std::string_view /*testo*/) const {
-    return unita(carattere().altezza(), FontSize, unita_al_pollice_y);
+QPageLayout PrinterQt::disposizione() const {
+    if (foglio().largo == largo_a4 && foglio().alto == alto_a4) {
+        return {QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF()};
+    }
+    const QPageSize misura(QSizeF(foglio().largo, foglio().alto), QPageSize::Millimeter, {},
+                           QPageSize::ExactMatch);
+    return {misura, QPageLayout::Portrait, QMarginsF()};
 }
 
 bool PrinterQt::perso() const {
@@ -156,7 +126,7 @@ void PrinterQt::inizia_file() {
     pdf->setTitle(titolo_);
     pdf->setCreator("Tabellino");
     pdf->setResolution(dot_al_pollice);
-    pdf->setPageLayout(foglio_intero());
+    pdf->setPageLayout(disposizione());
     foglio_ = std::move(pdf);
     const std::string nome = nome_su_disco(s(pdf_));
     esito_.file = q(nome);
@@ -166,7 +136,7 @@ void PrinterQt::inizia_file() {
 void PrinterQt::inizia_carta(std::unique_ptr<QPrinter> carta) {
     carta->setResolution(dot_al_pollice);
     carta->setFullPage(true);
-    carta->setPageSize(foglio_intero().pageSize());
+    carta->setPageSize(disposizione().pageSize());
     carta->setPageOrientation(QPageLayout::Portrait);
     carta->setDocName(titolo_);
     carta->setCreator("Tabellino");
@@ -183,10 +153,10 @@ void PrinterQt::inizia_lavoro() {
         inizia_file();
     }
     if (!pittore_.begin(foglio_.get())) return;
-    if (stampante_ != nullptr) {
+    if (stampante_ != nullptr && !foglio().misura_esatta) {
         pittore_.setTransform(dentro_il_foglio(stampante_->pageLayout(), dot_al_pollice));
     }
-    in_uso_.reset();
+    dipingi_su(&pittore_);
 }
 
 void PrinterQt::inizia_pagina() {
@@ -196,67 +166,6 @@ void PrinterQt::inizia_pagina() {
         disegna_scritture();
         foglio_->newPage();
     }
-}
-
-QPointF PrinterQt::punto(float x, float y) const {
-    return {static_cast<qreal>(x) * foglio_->logicalDpiX() / unita_al_pollice_x,
-            static_cast<qreal>(y) * foglio_->logicalDpiY() / unita_al_pollice_y};
-}
-
-void PrinterQt::prepara_carattere() {
-    const Carattere voluto{FontSize, FontBold, FontItalic};
-    if (in_uso_ == voluto) return;
-    disegna_scritture();
-    in_uso_ = voluto;
-    QFont f = CarattereStampa::carattere(FontBold);
-    f.setItalic(FontItalic);
-    f.setPixelSize(std::max(1, qRound(FontSize * dot_al_punto)));
-    scrittura_.cambia(f);
-    pittore_.setFont(f);
-}
-
-void PrinterQt::disegna_scritture() {
-    if (!pittore_.isActive()) return;
-    pittore_.setPen(Qt::black);
-    scrittura_.disegna(pittore_);
-}
-
-void PrinterQt::disegna_testo(float x, float y, std::string_view testo) {
-    // A grid from a file may be too large for a font to be left for its numbers.
-    if (!pittore_.isActive() || FontSize <= 0) return;
-    prepara_carattere();
-    const float base = y + unita(carattere().ascendente(), FontSize, unita_al_pollice_y);
-    QPointF dove = punto(x, base);
-    if (!testo_semplice(testo)) {
-        disegna_scritture();
-        pittore_.drawText(dove, testo_qt(testo));
-        return;
-    }
-    for (const char lettera : testo) {
-        // On whole dots, which are too small to be seen, a page takes half the room.
-        scrittura_.aggiungi(lettera, dove.toPoint());
-        dove.rx() += carattere().larghezza(lettera) * FontSize * dot_al_punto;
-    }
-}
-
-void PrinterQt::prepara_penna() {
-    constexpr qreal penne_al_pollice = 600;
-    const qreal spessore = DrawWidth * foglio_->logicalDpiX() / penne_al_pollice;
-    pittore_.setPen(QPen(Qt::black, spessore, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    pittore_.setBrush(Qt::NoBrush);
-}
-
-void PrinterQt::disegna_tratto(float x1, float y1, float x2, float y2) {
-    // A stroke without length leaves no ink, only an open page.
-    if (!pittore_.isActive() || (x1 == x2 && y1 == y2)) return;
-    prepara_penna();
-    pittore_.drawLine(punto(x1, y1), punto(x2, y2));
-}
-
-void PrinterQt::disegna_riquadro(float x1, float y1, float x2, float y2) {
-    if (!pittore_.isActive()) return;
-    prepara_penna();
-    pittore_.drawRect(QRectF(punto(x1, y1), punto(x2, y2)).normalized());
 }
 
 bool PrinterQt::concludi() {
@@ -280,7 +189,7 @@ void PrinterQt::scarta() {
     if (file_ != nullptr) esito_.motivo = file_->motivo();
     if (stampante_ != nullptr && pittore_.isActive()) stampante_->abort();
     if (pittore_.isActive()) pittore_.end();
-    scrittura_ = {};
+    dipingi_su(nullptr);
     stampante_ = nullptr;
     foglio_.reset();
     file_.reset();

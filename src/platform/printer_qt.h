@@ -1,16 +1,13 @@
 // Print jobs on paper, or as a PDF file where the machine has no printer.
 #pragma once
 
-#include <array>
 #include <functional>
 #include <memory>
-#include <optional>
 
 #include <QPainter>
 #include <QString>
 
-#include "platform/carattere_stampa.h"
-#include "platform/printer.h"
+#include "platform/printer_pittore.h"
 
 class QPageLayout;
 class QPagedPaintDevice;
@@ -35,17 +32,14 @@ enum class Uscita {
 };
 
 /// One job on the system's default printer; when there is none, into the file `pdf`, which is
-/// replaced when the job ends. The page is the whole A4 sheet, made smaller for a printer that
-/// cannot reach its edges.
-class PrinterQt : public Printer {
+/// replaced when the job ends. The page is the whole sheet, A4 unless told otherwise, made smaller
+/// for a printer that cannot reach its edges.
+class PrinterQt : public PrinterPittore {
 public:
-    PrinterQt(const QString& titolo, const QString& pdf, Uscita uscita = Uscita::carta_o_file);
+    PrinterQt(const QString& titolo, const QString& pdf, Uscita uscita = Uscita::carta_o_file,
+              Foglio foglio = {});
     ~PrinterQt() override;
 
-    [[nodiscard]] float ScaleWidth() const override;
-    [[nodiscard]] float ScaleHeight() const override;
-    [[nodiscard]] float TextWidth(std::string_view testo) const override;
-    [[nodiscard]] float TextHeight(std::string_view testo) const override;
     [[nodiscard]] bool perso() const override;
 
     /// Of the job that began last.
@@ -53,9 +47,6 @@ public:
 
 protected:
     void inizia_pagina() override;
-    void disegna_testo(float x, float y, std::string_view testo) override;
-    void disegna_tratto(float x1, float y1, float x2, float y2) override;
-    void disegna_riquadro(float x1, float y1, float x2, float y2) override;
     bool concludi() override;
     void scarta() override;
 
@@ -65,11 +56,7 @@ private:
     void inizia_lavoro();
     void inizia_file();
     void inizia_carta(std::unique_ptr<QPrinter> carta);
-    [[nodiscard]] QPointF punto(float x, float y) const;
-    [[nodiscard]] const CarattereStampa& carattere() const;
-    void prepara_carattere();
-    void disegna_scritture();
-    void prepara_penna();
+    [[nodiscard]] QPageLayout disposizione() const;
 
     QString titolo_;
     QString pdf_;
@@ -79,16 +66,6 @@ private:
     std::unique_ptr<QPagedPaintDevice> foglio_;
     QPrinter* stampante_ = nullptr;
     QPainter pittore_;
-    /// Font that the painter holds.
-    struct Carattere {
-        float corpo = 0;
-        bool grassetto = false;
-        bool corsivo = false;
-        bool operator==(const Carattere&) const = default;
-    };
-    std::optional<Carattere> in_uso_;
-    Scrittura scrittura_;
-    std::array<CarattereStampa, 2> caratteri_;
 };
 
 /// With true no job goes to paper, whatever printers the machine has.
@@ -96,6 +73,8 @@ void stampa_solo_su_file(bool solo);
 /// Puts the printers that `fabbrica` makes in place of the machine's; an empty one brings them
 /// back.
 void stampa_su(std::function<std::unique_ptr<QPrinter>()> fabbrica);
+/// True when jobs go to paper.
+[[nodiscard]] bool esiste_stampante();
 /// From the whole A4 page to a sheet of that layout, in dots: the same, or smaller all over where
 /// the sheet can be printed on.
 [[nodiscard]] QTransform dentro_il_foglio(const QPageLayout& foglio, int dot_al_pollice);

@@ -11,7 +11,7 @@
 
 namespace support {
 
-enum class Tipo { testo, tratto, riquadro, fine, scarto, puntatore, eventi };
+enum class Tipo { testo, tratto, riquadro, ovale, fine, scarto, puntatore, eventi };
 
 /// One thing done, with the page and the font in force.
 struct Operazione {
@@ -25,11 +25,12 @@ struct Operazione {
     bool grassetto = false;
     int pagina = 1;
     int valore = 0;
+    bool pieno = false;  ///< filled
 };
 
 inline void PrintTo(const Operazione& o, std::ostream* uscita) {
-    static const char* const nomi[] = {"text",    "stroke",  "box",   "end",
-                                       "discard", "pointer", "events"};
+    static const char* const nomi[] = {"text", "stroke",  "box",     "oval",
+                                       "end",  "discard", "pointer", "events"};
     *uscita << nomi[static_cast<int>(o.tipo)] << " (" << o.x1 << ", " << o.y1 << ")-(" << o.x2
             << ", " << o.y2 << ") \"" << o.testo << "\" size " << o.corpo
             << (o.grassetto ? " bold" : "") << " page " << o.pagina << " value " << o.valore;
@@ -137,6 +138,10 @@ protected:
         disegna_tratto(x1, y1, x2, y2);
         fatte.back().tipo = Tipo::riquadro;
     }
+    void disegna_ovale(float x1, float y1, float x2, float y2) override {
+        disegna_tratto(x1, y1, x2, y2);
+        fatte.back().tipo = Tipo::ovale;
+    }
     bool concludi() override {
         nota(Tipo::fine);
         return riesce;
@@ -150,6 +155,7 @@ private:
         o.corpo = FontSize;
         o.grassetto = FontBold;
         o.pagina = Page();
+        o.pieno = FillStyle == 0;
         fatte.push_back(o);
         return fatte.back();
     }
