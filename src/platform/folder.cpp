@@ -1,6 +1,7 @@
 #include "platform/folder.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 
 #include "platform/desktop.h"
 
@@ -15,6 +16,11 @@ SceltaCartella& scelta_in_forza() {
 
 std::function<QStringList()>& scelta_file_in_forza() {
     static std::function<QStringList()> scelta;
+    return scelta;
+}
+
+std::function<QString(const QString&)>& scelta_nuovo_in_forza() {
+    static std::function<QString(const QString&)> scelta;
     return scelta;
 }
 
@@ -46,6 +52,22 @@ QStringList scegli_file(QWidget* proprietario, const QString& titolo, const QStr
     dialogo.setFileMode(QFileDialog::ExistingFiles);
     dialogo.setNameFilters({tipi, "Tutti i file (*)"});
     return esegui(dialogo);
+}
+
+QString scegli_nuovo_file(QWidget* proprietario, const QString& titolo, const QString& proposta,
+                          const QString& tipi) {
+    if (scelta_nuovo_in_forza()) return scelta_nuovo_in_forza()(proposta);
+    QFileDialog dialogo(proprietario, titolo);
+    dialogo.setAcceptMode(QFileDialog::AcceptSave);
+    dialogo.setNameFilter(tipi);
+    dialogo.setDirectory(QFileInfo(proposta).path());
+    dialogo.selectFile(QFileInfo(proposta).fileName());
+    dialogo.setDefaultSuffix(QFileInfo(proposta).suffix());
+    return esegui(dialogo).value(0);
+}
+
+void scegli_nuovo_file_con(std::function<QString(const QString&)> scelta) {
+    scelta_nuovo_in_forza() = std::move(scelta);
 }
 
 void scegli_file_con(std::function<QStringList()> scelta) {

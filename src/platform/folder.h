@@ -19,6 +19,13 @@ QString scegli_cartella(QWidget* proprietario, const QString& titolo, const QStr
 QStringList scegli_file(QWidget* proprietario, const QString& titolo, const QString& inizio,
                         const QString& tipi);
 
+/// Lets the user name a file to be written, of the kind `tipi` ("Name (*.a)"), `proposta` first;
+/// asks before one that is there. Empty when cancelled.
+QString scegli_nuovo_file(QWidget* proprietario, const QString& titolo, const QString& proposta,
+                          const QString& tipi);
+/// What answers in place of that dialog, given the proposal; an empty one brings it back.
+void scegli_nuovo_file_con(std::function<QString(const QString&)> scelta);
+
 /// What answers in place of the dialog for files; an empty one brings it back.
 void scegli_file_con(std::function<QStringList()> scelta);
 
