@@ -20,6 +20,7 @@ for program in build/fuzz/fuzz/fuzz_*; do
   max_length=65536
   # Files of a database are as long as they are.
   if [ "$reader" = jet ]; then seeds=tests/fixtures/jet; max_length=262144; fi
+  if [ "$reader" = schedine ]; then seeds=tests/fuzz/semi/sviluppo_campi; fi
   corpus=build/fuzz/semi/$reader
   log=build/fuzz/$reader.log
   mkdir -p "$corpus"
