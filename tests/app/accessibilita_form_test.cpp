@@ -43,8 +43,8 @@ protected:
             viste.insert(finestra.objectName().toStdString());
             sguardo(finestra, nome);
         }).tutte();
-        const std::set<std::string> attese{"Archivio",   "Form1",      "Form2",
-                                           "Form3",      "formeuro",   "frmAbout",
+        const std::set<std::string> attese{"Archivio",   "Form1",      "Form2",    "Form3",
+                                           "Modulo",     "Stampa",     "formeuro", "frmAbout",
                                            "frmspoglio", "frmanalisi", "frmstsvl"};
         EXPECT_EQ(viste, attese);
     }

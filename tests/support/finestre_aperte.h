@@ -14,6 +14,8 @@
 #include "help/frmAbout.h"
 #include "platform/folder.h"
 #include "printing/frmstsvl.h"
+#include "stampa/editor.h"
+#include "stampa/finestra.h"
 #include "support/programma.h"
 #include "viewer/form3.h"
 #include "viewer/formeuro.h"
@@ -55,6 +57,7 @@ public:
             analisi();
             spoglio();
             importatore();
+            schedine();
         }
     }
 
@@ -131,6 +134,22 @@ private:
         ASSERT_FALSE(f.txtrapporto->document()->isEmpty());
         f.chksostituisci->setChecked(true);
         guarda(f, "Archivio con il rapporto");
+    }
+    void schedine() {
+        ::schedine::Finestra f(p_.cartella.radice() + "/");
+        f.setStyleSheet(p_.form1.styleSheet());
+        f.show();
+        guarda(f, "Stampa senza un sistema");
+        f.cmbsistema->set_ListIndex(gioco_ == " in Lotto" ? 1 : 0);
+        guarda(f, "Stampa");
+        f.optgenere[1]->setChecked(true);
+        guarda(f, "Stampa, l'elenco");
+        f.optgenere[2]->setChecked(true);
+        guarda(f, "Stampa, senza moduli");
+        ::schedine::Editor e(p_.cartella.radice() + "/", {}, &f);
+        e.setStyleSheet(p_.form1.styleSheet());
+        e.show();
+        guarda(e, "Modulo");
     }
     void analisi() {
         Programma::voce(p_.form1.mnuanalisi);

@@ -1,0 +1,52 @@
+#include "stampa/avvio.h"
+
+#include <filesystem>
+
+#include <QElapsedTimer>
+#include <QThread>
+
+#include "platform/application.h"
+#include "platform/desktop.h"
+#include "platform/disk.h"
+#include "platform/shell.h"
+
+namespace schedine {
+
+namespace {
+
+bool e_una_suite(const std::string& cartella) {
+    return platform::cartella_scrivibile(cartella + "/cruciverba");
+}
+
+}  // namespace
+
+std::string radice_suite(const std::string& comando, const std::string& cartella_eseguibile) {
+    const std::size_t barra = comando.rfind('/');
+    if (barra != std::string::npos) {
+        // A folder may be named by a handle of the caller's, which will not last.
+        std::error_code errore;
+        const auto cartella = std::filesystem::canonical(comando.substr(0, barra + 1), errore);
+        if (!errore && e_una_suite(cartella)) return cartella.string() + "/";
+    }
+    if (e_una_suite(cartella_eseguibile)) return cartella_eseguibile + "/";
+    return platform::radice(
+        platform::trova_cartella(cartella_eseguibile, cartella_eseguibile + "/../share/tabellino"));
+}
+
+void mostra_l_altra(int attesa) {
+    // One that was started at the same time has its window in a moment.
+    constexpr int pausa = 100;
+    QElapsedTimer tempo;
+    tempo.start();
+    while (!platform::AppActivate("stampa")) {
+        if (tempo.elapsed() >= attesa) {
+            platform::MsgBox(nullptr,
+                             {"Il programma delle schedine è già aperto.", platform::Pulsanti::ok,
+                              "Stampa", platform::Icona::informazione});
+            return;
+        }
+        QThread::msleep(pausa);
+    }
+}
+
+}  // namespace schedine

@@ -1,0 +1,31 @@
+// The slip program of the suite: the main program starts it and leaves it a word in "trans".
+#include <QApplication>
+#include <QIcon>
+
+#include "app/aspetto.h"
+#include "app/stile.h"
+#include "platform/application.h"
+#include "platform/desktop.h"
+#include "platform/segno.h"
+#include "platform/shell.h"
+#include "stampa/avvio.h"
+#include "stampa/finestra.h"
+
+int main(int argc, char** argv) {
+    const std::string radice =
+        schedine::radice_suite(argc > 0 ? argv[0] : "", platform::cartella_eseguibile());
+    const platform::Segno segno(radice + "sch");
+    QApplication qt(argc, argv);
+    QApplication::setApplicationName("tabellino-stampa");
+    QApplication::setDesktopFileName("tabellino");
+    QApplication::setWindowIcon(QIcon(":/tabellino.svg"));
+    app::applica_stile(qt);
+    if (segno.occupato()) {
+        schedine::mostra_l_altra();
+        return 0;
+    }
+    schedine::Finestra finestra(radice);
+    finestra.setStyleSheet(platform::q(app::foglio_aspetto(radice)));
+    finestra.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,499 @@
+// The window of the slips, used as a player does.
+#include <algorithm>
+#include <cmath>
+#include <tuple>
+
+#include <QDir>
+#include <QPointer>
+#include <QPrinter>
+#include <QTimer>
+
+#include "platform/desktop.h"
+#include "platform/disk.h"
+#include "platform/folder.h"
+#include "platform/printer_qt.h"
+#include "stampa/finestra.h"
+#include "support/cartella.h"
+#include "support/pdf.h"
+
+using platform::q;
+using schedine::Finestra;
+
+namespace {
+
+constexpr int larghezza_foglio = 1000;
+constexpr int altezza_foglio = 2000;
+
+class FinestraSchedine : public testing::Test {
+protected:
+    FinestraSchedine() {
+        platform::stampa_solo_su_file(true);
+        platform::rispondi_con([this](const platform::Messaggio& m) {
+            messaggi << m.testo;
+            if (m.pulsanti == platform::Pulsanti::si_no) return risposta;
+            return platform::vbOK;
+        });
+        platform::scegli_nuovo_file_con([this](const QString& proposta) {
+            proposte << QFileInfo(proposta).fileName();
+            return q(uscita);
+        });
+    }
+    ~FinestraSchedine() override {
+        platform::rispondi_con({});
+        platform::scegli_nuovo_file_con({});
+        platform::stampa_su({});
+    }
+
+    /// A development of so many lines; a Lotto one has its system file too.
+    void sviluppa(const std::string& nome, int righe, int numeri = 6) {
+        std::string dati;
+        attese.clear();
+        for (int i = 0; i < righe; ++i) {
+            std::string chiaro;
+            for (int k = 0; k < numeri; ++k) {
+                const int n = 1 + k * 15 + (k == 0 ? i % 15 : k == 1 ? i / 15 % 15 : 0);
+                dati += std::to_string(n) + (k < numeri - 1 ? "," : "\r\n");
+                chiaro += (n < 10 ? "0" : "") + std::to_string(n) + " ";
+            }
+            attese.push_back(chiaro);
+        }
+        const bool lotto = numeri < 6;
+        cartella.scrivi(nome + (lotto ? ".lot" : ".col"), dati);
+        cartella.scrivi(nome + (lotto ? ".sel" : ".sen"),
+                        lotto ? "0,0,0,\"\",0,0,0," + std::to_string(numeri) + ",1\r\n1,\r\n"
+                              : "0,0,0,\"\",0,0,0,1\r\n1,\r\n");
+    }
+    void trans(const std::string& dati) {
+        std::ofstream(radice() + "trans", std::ios::binary) << dati;
+    }
+    void consegna(const std::string& nome) { trans("\"cruciverba\",\"" + nome + "\"\r\n"); }
+    [[nodiscard]] std::string radice() const { return cartella.radice() + "/"; }
+    Finestra& apri() {
+        f = std::make_unique<Finestra>(radice());
+        f->show();
+        f->activateWindow();
+        QApplication::processEvents();
+        return *f;
+    }
+    static void clic(QWidget* w) {
+        auto* b = qobject_cast<QAbstractButton*>(w);
+        const bool scelta = qobject_cast<QPushButton*>(w) == nullptr && b != nullptr;
+        QTest::mouseClick(w, Qt::LeftButton, {}, scelta ? QPoint(8, w->height() / 2) : QPoint());
+        QApplication::processEvents();
+    }
+    static void scrivi(QLineEdit* t, const QString& testo) {
+        t->setFocus();
+        t->selectAll();
+        QTest::keyClicks(t, testo);
+        QTest::keyClick(t, Qt::Key_Tab);
+    }
+    static void scegli(platform::ComboBox* combo, int indice) {
+        combo->showPopup();
+        combo->view()->setCurrentIndex(combo->model()->index(indice, 0));
+        QTest::keyClick(combo->view(), Qt::Key_Return);
+        QApplication::processEvents();
+    }
+    /// Columns in clear as the PDF has them.
+    [[nodiscard]] std::vector<std::string> lette(std::size_t numeri) const {
+        std::vector<std::string> righe;
+        std::string riga;
+        std::size_t quanti = 0;
+        for (const support::Parola& p : support::parole(uscita)) {
+            const bool numero =
+                p.testo.size() == 2 && p.testo.find_first_not_of("0123456789") == std::string::npos;
+            if (!numero) {
+                riga.clear();
+                quanti = 0;
+                continue;
+            }
+            riga += p.testo + " ";
+            if (++quanti < numeri) continue;
+            righe.push_back(riga);
+            riga.clear();
+            quanti = 0;
+        }
+        return righe;
+    }
+    /// Those below the panels, which are set larger than the panels' own
+    /// numbers, and smaller than the slips'.
+    [[nodiscard]] std::vector<std::string> lette_sotto_i_pannelli() const {
+        constexpr double corpo = 9;
+        constexpr double titolo = 11;
+        std::vector<support::Parola> grandi;
+        for (const support::Parola& p : support::parole(uscita)) {
+            const bool numero =
+                p.testo.size() == 2 && p.testo.find_first_not_of("0123456789") == std::string::npos;
+            const double alto = (p.y2 - p.y1) * 12;
+            if (numero && alto > corpo && alto < titolo) grandi.push_back(p);
+        }
+        std::stable_sort(grandi.begin(), grandi.end(), [](const auto& a, const auto& b) {
+            const auto dove = [](const support::Parola& p) {
+                return std::tuple(p.pagina, std::lround(p.y1 * 10), p.x1);
+            };
+            return dove(a) < dove(b);
+        });
+        std::vector<std::string> righe;
+        for (std::size_t i = 0; i < grandi.size(); ++i) {
+            if (i % 6 == 0) righe.emplace_back();
+            righe.back() += grandi[i].testo + " ";
+        }
+        return righe;
+    }
+    schedine::Modulo salva_modulo(const std::string& nome, schedine::Modulo m = {}) const {
+        std::filesystem::create_directories(radice() + "schedine");
+        std::ofstream(schedine::file_modulo(radice(), nome), std::ios::binary)
+            << schedine::testo_modulo(m);
+        return m;
+    }
+    /// The library as it stands: names and contents.
+    [[nodiscard]] std::string libreria() const {
+        std::string tutto;
+        for (const auto& voce : std::filesystem::directory_iterator(cartella.programma()))
+            tutto += voce.path().filename().string() + "|" +
+                     cartella.leggi(voce.path().filename().string()) + "\n";
+        return tutto;
+    }
+
+    support::Cartella cartella;
+    std::string uscita = cartella.radice() + "/uscita.pdf";
+    int risposta = platform::vbYes;
+    QStringList messaggi;
+    QStringList proposte;
+    std::vector<std::string> attese;
+    std::unique_ptr<Finestra> f;
+};
+
+}  // namespace
+
+TEST_F(FinestraSchedine, ApreIlSistemaConsegnato) {
+    sviluppa("altro", 3);
+    sviluppa("prova", 47);
+    cartella.scrivi("cst", "\"1,00\",\"Euro\"\r\n");
+    consegna("prova");
+    apri();
+    EXPECT_TRUE(f->windowTitle().startsWith("stampa"));
+    EXPECT_EQ(f->cmbsistema->Text(), "prova - SuperEnalotto");
+    EXPECT_EQ(f->lblsistema->text(), "47 combinazioni in 10 schedine");
+    EXPECT_EQ(f->lblconto->text(), "10 schedine su 2 fogli\nEuro 47,00");
+    EXPECT_EQ(f->txtdalla[0]->text(), "1");
+    EXPECT_EQ(f->txtdalla[1]->text(), "10");
+    EXPECT_FALSE(f->riqgiocata->isVisible());
+    EXPECT_TRUE(f->cmdpdf->isEnabled());
+}
+
+TEST_F(FinestraSchedine, SenzaConsegnaOffreUnaScelta) {
+    sviluppa("prova", 4);
+    sviluppa("lotto", 7, 4);
+    for (const char* dati : {"", "\x01\xFF", "\"cruciverba\",\"manca\"\r\n"}) {
+        trans(dati);
+        apri();
+        EXPECT_EQ(f->cmbsistema->ListIndex(), -1);
+        EXPECT_FALSE(f->cmdstampa->isEnabled());
+        EXPECT_FALSE(f->cmdpdf->isEnabled());
+        EXPECT_NE(f->lblsistema->text().indexOf("sistema"), -1);
+        scegli(f->cmbsistema, 1);
+        EXPECT_TRUE(f->cmdpdf->isEnabled());
+        EXPECT_EQ(f->windowTitle(), "stampa - lotto");
+        EXPECT_TRUE(f->riqgiocata->isVisible());
+    }
+}
+
+TEST_F(FinestraSchedine, NeiDueGiochiLoStessoNomeSiSceglie) {
+    sviluppa("prova", 4);
+    sviluppa("prova", 7, 3);
+    consegna("prova");
+    apri();
+    EXPECT_EQ(f->lblsistema->text(),
+              "Il sistema «prova» c'è nel SuperEnalotto e nel Lotto. Scegliete quale stampare.");
+}
+
+TEST_F(FinestraSchedine, SenzaNessunSistemaLoDice) {
+    apri();
+    EXPECT_TRUE(f->lblsistema->text().startsWith("Nessun sistema è elaborato"));
+    EXPECT_FALSE(f->cmdpdf->isEnabled());
+}
+
+TEST_F(FinestraSchedine, UnoSviluppoTroncatoNonSiStampa) {
+    sviluppa("prova", 3);
+    cartella.scrivi("prova.col", "1,2,3,4,5,6\r\n1,2,3");
+    consegna("prova");
+    apri();
+    EXPECT_EQ(
+        f->lblsistema->text(),
+        "Lo sviluppo «prova.col» non si può stampare: riga 2, campo 4: la riga finisce qui, ma "
+        "i numeri devono essere 6.");
+    EXPECT_FALSE(f->cmdpdf->isEnabled());
+    QTest::keyClick(f.get(), Qt::Key_P, Qt::ControlModifier);
+    EXPECT_FALSE(std::filesystem::exists(uscita));
+}
+
+TEST_F(FinestraSchedine, IPdfSiRileggonoComeLoSviluppo) {
+    sviluppa("prova", 47);
+    consegna("prova");
+    const std::string prima = libreria();
+    apri();
+    clic(f->cmdpdf);
+    EXPECT_EQ(proposte, QStringList{"prova-schedine.pdf"});
+    EXPECT_EQ(support::pagine(uscita), 2);
+    EXPECT_EQ(messaggi.last(), "Le schedine sono nel file\n" + q(uscita));
+    EXPECT_EQ(lette_sotto_i_pannelli(), attese);
+    clic(f->optgenere[1]);
+    clic(f->cmdpdf);
+    EXPECT_EQ(lette(6), attese);
+    clic(f->chkgrande);
+    EXPECT_TRUE(f->chkgrande->isChecked());
+    clic(f->cmdpdf);
+    EXPECT_EQ(lette(6), attese);
+    EXPECT_EQ(libreria(), prima) << "the library is not this program's";
+}
+
+TEST_F(FinestraSchedine, IlModuloSiRileggeDaiSegni) {
+    sviluppa("prova", 12);
+    consegna("prova");
+    const schedine::Modulo m = salva_modulo("mia");
+    apri();
+    clic(f->optgenere[2]);
+    EXPECT_EQ(f->cmbmodulo->Text(), "mia");
+    EXPECT_EQ(f->lblconto->text().section('\n', 0, 0), "3 schedine su 3 fogli");
+    clic(f->cmdpdf);
+    ASSERT_EQ(support::pagine(uscita), 3);
+    const auto [largo, alto] = support::misura_pagina(uscita);
+    EXPECT_NEAR(largo, larghezza_foglio / 254.0 * 72, 0.6);
+    EXPECT_NEAR(alto, altezza_foglio / 254.0 * 72, 0.6);
+    constexpr int dot = 300;
+    std::vector<std::string> rilette;
+    for (int pagina = 1; pagina <= 3; ++pagina) {
+        const support::Immagine foto = support::fotografa(uscita, pagina, dot);
+        for (std::size_t k = 0; k < m.pannelli.size(); ++k) {
+            std::string chiaro;
+            for (int n = 1; n <= 90; ++n) {
+                const schedine::Punto p = schedine::cella(m, k, n);
+                if (foto.scuro(p.x / 254 * dot, p.y / 254 * dot))
+                    chiaro += (n < 10 ? "0" : "") + std::to_string(n) + " ";
+            }
+            if (!chiaro.empty()) rilette.push_back(chiaro);
+        }
+    }
+    EXPECT_EQ(rilette, attese);
+}
+
+TEST_F(FinestraSchedine, UnModuloGuastoDiceRigaECampo) {
+    sviluppa("prova", 12);
+    consegna("prova");
+    std::filesystem::create_directories(radice() + "schedine");
+    std::ofstream(radice() + "schedine/mia.mod") << "foglio = 10, 2000\n";
+    apri();
+    clic(f->optgenere[2]);
+    EXPECT_EQ(f->lblsistema->text(),
+              "Il modulo «mia» non si può usare: riga 1, campo foglio: il valore 1 non va da 300 a "
+              "4200.");
+    EXPECT_FALSE(f->cmdpdf->isEnabled());
+    clic(f->optgenere[0]);
+    EXPECT_TRUE(f->cmdpdf->isEnabled());
+}
+
+TEST_F(FinestraSchedine, UnModuloDellAltroGiocoNonSiStampa) {
+    sviluppa("prova", 12);
+    consegna("prova");
+    schedine::Modulo m;
+    m.lotto = true;
+    salva_modulo("lotto", m);
+    apri();
+    clic(f->optgenere[2]);
+    clic(f->cmdpdf);
+    EXPECT_EQ(messaggi.last(), "Il modulo è per il Lotto, il sistema per il SuperEnalotto.");
+    EXPECT_FALSE(std::filesystem::exists(uscita));
+}
+
+TEST_F(FinestraSchedine, DallaAllaECopie) {
+    sviluppa("prova", 47);
+    consegna("prova");
+    apri();
+    clic(f->optgenere[1]);
+    scrivi(f->txtdalla[0], "4");
+    scrivi(f->txtdalla[1], "6");
+    scrivi(f->txtcopie, "2");
+    EXPECT_EQ(f->lblconto->text(), "3 schedine su 2 fogli\nEuro 7,50");
+    clic(f->cmdpdf);
+    EXPECT_EQ(support::pagine(uscita), 2);
+    std::vector<std::string> due(attese.begin() + 15, attese.begin() + 30);
+    due.insert(due.end(), attese.begin() + 15, attese.begin() + 30);
+    EXPECT_EQ(lette(6), due);
+    scrivi(f->txtdalla[1], "999");
+    EXPECT_EQ(f->txtdalla[1]->text(), "10");
+    scrivi(f->txtdalla[0], "0");
+    EXPECT_EQ(f->txtdalla[0]->text(), "1");
+}
+
+TEST_F(FinestraSchedine, SopraCentoSchedineSiChiede) {
+    sviluppa("prova", 501);
+    consegna("prova");
+    apri();
+    risposta = platform::vbNo;
+    clic(f->cmdpdf);
+    EXPECT_EQ(messaggi, QStringList{"Le schedine sono 101, su 21 fogli, per Euro 250,50.\n"
+                                    "Si procede?"});
+    EXPECT_FALSE(std::filesystem::exists(uscita));
+    scrivi(f->txtdalla[1], "100");
+    clic(f->cmdpdf);
+    EXPECT_EQ(messaggi.size(), 2) << "a hundred are not asked for";
+    EXPECT_EQ(support::pagine(uscita), 20);
+}
+
+TEST_F(FinestraSchedine, NelLottoRuoteEPostaSiDiconoUnaVolta) {
+    sviluppa("lotto", 12, 4);
+    consegna("lotto");
+    apri();
+    EXPECT_EQ(f->lblconto->text(), "3 schedine su 1 foglio");
+    clic(f->chkruota[0]);
+    clic(f->chkruota[10]);
+    QTest::keyClicks(f->txtposta, "1,5");
+    EXPECT_EQ(f->lblconto->text(), "3 schedine su 1 foglio\nEuro 18,00");
+    clic(f->cmdpdf);
+    int volte = 0;
+    for (const auto& p : support::parole(uscita)) volte += p.testo == "Nazionale" ? 1 : 0;
+    EXPECT_EQ(volte, 4) << "on each slip and in the head";
+}
+
+TEST_F(FinestraSchedine, SiSfogliaESiIngrandisce) {
+    sviluppa("prova", 200);
+    consegna("prova");
+    apri();
+    EXPECT_EQ(f->lblpagine->text(), "di 8");
+    EXPECT_FALSE(f->cmdindietro->isEnabled());
+    clic(f->cmdavanti);
+    EXPECT_EQ(f->pagina(), 2);
+    QTest::keyClick(f.get(), Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(f->pagina(), 8);
+    EXPECT_FALSE(f->cmdavanti->isEnabled());
+    QTest::keyClick(f.get(), Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(f->pagina(), 7);
+    scrivi(f->txtpagina, "3");
+    EXPECT_EQ(f->pagina(), 3);
+    scrivi(f->txtpagina, "99");
+    EXPECT_EQ(f->pagina(), 8);
+    EXPECT_TRUE(f->anteprima->foglio_intero());
+    QTest::keyClick(f.get(), Qt::Key_1, Qt::ControlModifier);
+    EXPECT_EQ(f->anteprima->ingrandimento(), 100);
+    const double dot = f->screen()->physicalDotsPerInch();
+    EXPECT_NEAR(f->anteprima->widget()->width(), 210 / 25.4 * dot + 24, 2) << "true scale";
+    clic(f->cmdpiu);
+    EXPECT_EQ(f->cmdvero->text(), "125 %");
+    clic(f->cmdmeno);
+    clic(f->cmdmeno);
+    EXPECT_EQ(f->anteprima->ingrandimento(), 75);
+    clic(f->cmdintero);
+    EXPECT_TRUE(f->anteprima->foglio_intero());
+}
+
+TEST_F(FinestraSchedine, LAnteprimaMostraLaPagina) {
+    sviluppa("prova", 25);
+    consegna("prova");
+    apri();
+    QTest::keyClick(f.get(), Qt::Key_1, Qt::ControlModifier);
+    const QImage foglio = f->anteprima->widget()->grab().toImage();
+    int scuri = 0;
+    for (int y = 0; y < foglio.height(); ++y) {
+        for (int x = 0; x < foglio.width(); ++x) scuri += qGray(foglio.pixel(x, y)) < 100 ? 1 : 0;
+    }
+    EXPECT_GT(scuri, 10000);
+    EXPECT_GT(qGray(foglio.pixel(20, 20)), 250);
+}
+
+TEST_F(FinestraSchedine, FermataNonLasciaNulla) {
+    sviluppa("prova", 4000);
+    consegna("prova");
+    std::ofstream(uscita) << "quello di prima";
+    apri();
+    QPointer<Finestra> finestra(f.get());
+    std::function<void()> ferma = [&] {
+        if (finestra->lavoro->isVisible()) {
+            QTest::mouseClick(finestra->cmdferma, Qt::LeftButton);
+        } else {
+            QTimer::singleShot(0, qApp, ferma);
+        }
+    };
+    QTimer::singleShot(0, qApp, ferma);
+    clic(f->cmdpdf);
+    EXPECT_EQ(messaggi.last(),
+              "La stampa è stata fermata: il PDF non è stato scritto.\n\nIl PDF di prima è rimasto "
+              "com'era.");
+    EXPECT_EQ(platform::leggi_tutto(uscita), "quello di prima");
+    EXPECT_FALSE(f->lavoro->isVisible());
+    EXPECT_TRUE(platform::Dir(cartella.radice(), "temp*").empty());
+}
+
+TEST_F(FinestraSchedine, SullaCartaSiRiprendeDaDoveSiEFermata) {
+    sviluppa("prova", 4000);
+    consegna("prova");
+    int documenti = 0;
+    platform::stampa_su([this, &documenti] {
+        auto carta = std::make_unique<QPrinter>(QPrinter::HighResolution);
+        carta->setOutputFormat(QPrinter::PdfFormat);
+        carta->setOutputFileName(q(cartella.radice() + "/carta" + std::to_string(++documenti)));
+        return carta;
+    });
+    apri();
+    ASSERT_EQ(f->lblpagine->text(), "di 160");
+    QPointer<Finestra> finestra(f.get());
+    // One asking tells that there is a printer; the second document begins with the third.
+    std::function<void()> ferma = [&] {
+        if (documenti >= 3) {
+            QTest::mouseClick(finestra->cmdferma, Qt::LeftButton);
+        } else {
+            QTimer::singleShot(0, qApp, ferma);
+        }
+    };
+    QTimer::singleShot(0, qApp, ferma);
+    clic(f->cmdstampa);
+    EXPECT_EQ(support::pagine(cartella.radice() + "/carta2"), 100);
+    EXPECT_EQ(f->txtdalla[0]->text(), "501");
+    EXPECT_EQ(f->txtdalla[1]->text(), "800");
+    EXPECT_EQ(messaggi.last(),
+              "La stampa è stata fermata.\n\nAlla stampante sono andate le schedine fino alla 500: "
+              "si può riprendere dalla schedina 501.");
+}
+
+TEST_F(FinestraSchedine, IlTestoHaUnaSchedinaPerRiga) {
+    sviluppa("prova", 6);
+    consegna("prova");
+    uscita = cartella.radice() + "/uscita.txt";
+    apri();
+    clic(f->cmdtesto);
+    const std::string testo = platform::leggi_tutto(uscita).value_or("");
+    EXPECT_EQ(std::count(testo.begin(), testo.end(), '\n'), 2);
+    EXPECT_TRUE(testo.starts_with("1;01 16 31 46 61 76;02 16"));
+}
+
+TEST_F(FinestraSchedine, DoveNonSiScriveLoDice) {
+    sviluppa("prova", 6);
+    consegna("prova");
+    uscita = cartella.radice() + "/manca/uscita.pdf";
+    apri();
+    clic(f->cmdpdf);
+    EXPECT_EQ(messaggi.last(),
+              "Le schedine non sono state scritte.\n\n" + q(uscita) + "\nla cartella non esiste.");
+}
+
+TEST_F(FinestraSchedine, ElaboratoDiNuovoSiRilegge) {
+    sviluppa("prova", 6);
+    consegna("prova");
+    apri();
+    sviluppa("prova", 60);
+    clic(f->cmdpdf);
+    EXPECT_EQ(messaggi.last(),
+              "Il sistema è stato elaborato di nuovo: controllate le schedine e riprovate.");
+    EXPECT_FALSE(std::filesystem::exists(uscita));
+    EXPECT_EQ(f->lblsistema->text(), "60 combinazioni in 12 schedine");
+    clic(f->cmdpdf);
+    EXPECT_TRUE(std::filesystem::exists(uscita));
+}
+
+TEST_F(FinestraSchedine, ColDatGuastoSiDice) {
+    sviluppa("prova", 6);
+    cartella.scrivi("col.dat", "\"0\"\r\n");
+    consegna("prova");
+    apri();
+    EXPECT_TRUE(f->lblsistema->text().contains("col.dat"));
+    EXPECT_TRUE(f->cmdpdf->isEnabled());
+}
