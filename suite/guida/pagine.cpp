@@ -58,7 +58,8 @@ const QVector<Capitolo>& capitoli() {
     static const QVector<Capitolo> tutti = {
         {"Per cominciare", {"inizio", "cruciverba", "disporre"}},
         {"Il sistema", {"tipi", "garanzie", "elaborazione", "ripetizioni", "prezzi"}},
-        {"Usare il sistema", {"visualizzatore", "spoglio", "analisi", "stampa", "libreria"}},
+        {"Usare il sistema",
+         {"visualizzatore", "spoglio", "analisi", "stampa", "schedine", "libreria"}},
         {"Le estrazioni", {"archivio", "statistica"}},
         {"Il programma", {"file", "aspetti", "tastiera", "terminale", "domande", "misura"}},
     };

@@ -18,6 +18,9 @@
 #include "check/frmspoglio.h"
 #include "platform/application.h"
 #include "platform/desktop.h"
+#include "platform/disk.h"
+#include "stampa/editor.h"
+#include "stampa/finestra.h"
 #include "systems/form2.h"
 
 namespace {
@@ -142,6 +145,20 @@ void form_principale(app::Form1& form1, Fotografo& foto) {
     foto.scatta("disporre", form1, intorno(form1, {form1.Frame3, form1.Frame1, form1.Frame5}));
 }
 
+void le_schedine(Fotografo& foto) {
+    constexpr int larghezza_pagina = 860;
+    const std::string radice = platform::radice(platform::App().Path);
+    platform::scrivi(radice + "trans", "\"cruciverba\",\"primipassi\"\r\n");
+    schedine::Finestra stampa(radice);
+    stampa.resize(larghezza_pagina, 600);
+    stampa.show();
+    foto.scatta("schedine", stampa);
+    schedine::Editor modulo(radice, {}, &stampa);
+    modulo.resize(larghezza_pagina, 600);
+    modulo.show();
+    foto.scatta("modulo", modulo);
+}
+
 }  // namespace
 
 /// schermate CARTELLA SUITE ESEMPI: writes the pictures into the folder.
@@ -168,6 +185,7 @@ int main(int argc, char** argv) {
     importazione::Finestra archivio(importazione::archivio_della_suite(platform::App().Path));
     archivio.show();
     foto.scatta("archivio", archivio);
+    le_schedine(foto);
     form1.close();
     return foto.riuscito ? 0 : 1;
 }

@@ -40,6 +40,13 @@ manuale() {
     grep -q "^\.BR $comando (1)" "$sorgenti/packaging/man/tabellino.1" ||
       fallisci "tabellino.1 does not lead to $comando.1"
   done
+  for parola in gioco ingresso ordine pannello ruota posta \
+    $(sed -n 's/.*{"\([a-z]*\)", &Modulo::.*/\1/p' "$sorgenti/suite/stampa/campi_modulo.h"); do
+    grep -qE "^\.BR? (.* )?$parola( |$)" "$sorgenti/packaging/man/stampa.1" ||
+      fallisci "stampa.1 lacks $parola"
+  done
+  grep -q '^\.BR stampa (1)' "$sorgenti/packaging/man/tabellino.1" ||
+    fallisci "tabellino.1 does not lead to stampa.1"
   for file in .sen .col .sel .lot cst rip.dat col.dat mstat.dat /act 'temp\*' -prospetto.pdf \
     -sviluppo.pdf .rid drawit.mdb drawit.sqlite skn.dat 'skin1_\*.skn' guida.html dotazione open trans sch; do
     sed 's/\\-/-/g' "$sorgenti/packaging/man/tabellino.1" | grep -q "^\.I.*$file" ||
@@ -96,8 +103,8 @@ rimasti() { find "$radice" -path "$radice/var/lib/dpkg" -prune -o "$@" -print; }
 # Layout.
 usr=$radice/usr
 comandi=$(find "$usr/bin" -type f -printf '%f\n' | sort | tr '\n' ' ')
-[ "$comandi" = "archivio ridotti sistema tabellino " ] || fallisci "commands: $comandi"
-for eseguibile in bin/tabellino bin/ridotti bin/archivio bin/sistema libexec/tabellino/leggi_mdb; do
+[ "$comandi" = "archivio ridotti sistema stampa tabellino " ] || fallisci "commands: $comandi"
+for eseguibile in bin/tabellino bin/ridotti bin/archivio bin/sistema bin/stampa libexec/tabellino/leggi_mdb; do
   [ -x "$usr/$eseguibile" ] || fallisci "$eseguibile is not there"
 done
 # The program looks for its reader of Jet files there, and the reader reads.
@@ -106,7 +113,8 @@ LC_ALL=C grep -aqF /../libexec/tabellino/leggi_mdb "$usr/bin/tabellino" ||
 [ "$("$usr/bin/../libexec/tabellino/leggi_mdb" "$sorgenti/tests/fixtures/jet/drawit.mdb" archivio | wc -c)" -gt 1000 ] ||
   fallisci "leggi_mdb reads nothing"
 for nome in applications/tabellino.desktop metainfo/local.tabellino.tabellino.metainfo.xml \
-  icons/hicolor/scalable/apps/tabellino.svg man/man1/tabellino.1.gz man/man1/ridotti.1.gz man/man1/archivio.1.gz man/man1/sistema.1.gz \
+  icons/hicolor/scalable/apps/tabellino.svg man/man1/tabellino.1.gz man/man1/ridotti.1.gz man/man1/archivio.1.gz \
+  man/man1/sistema.1.gz man/man1/stampa.1.gz \
   doc/tabellino/copyright tabellino/ridotti/cr0600.rid tabellino/ridotti/cr1507.rid \
   tabellino/skin/skn.dat tabellino/skin/skin1_1.skn tabellino/skin/skin1_2.skn tabellino/skin/skin1_3.skn \
   tabellino/archivio/drawit.sqlite tabellino/guida.html; do
@@ -124,6 +132,9 @@ done
 [ -x "$usr/libexec/tabellino/guida" ] || fallisci "the guide is not there"
 [ "$(readlink -f "$usr/share/tabellino/guida")" = "$(readlink -f "$usr/libexec/tabellino/guida")" ] ||
   fallisci "share/tabellino/guida does not lead to the guide"
+# The slip program too, which is a command besides.
+[ "$(readlink -f "$usr/share/tabellino/stampa")" = "$(readlink -f "$usr/bin/stampa")" ] ||
+  fallisci "share/tabellino/stampa does not lead to the slip program"
 altrove=$(rimasti -type f ! -path '*/usr/bin/*' ! -path '*/usr/share/*' ! -path '*/usr/libexec/tabellino/*')
 [ -z "$altrove" ] || fallisci "unexpected files: $altrove"
 scrivibili=$(rimasti -type f -perm /022)
@@ -161,6 +172,8 @@ for sistema in "$usr"/share/tabellino/cruciverba/*; do
 done
 [ "$(readlink -f "$suite/guida")" = "$(readlink -f "$usr/libexec/tabellino/guida")" ] ||
   fallisci "the suite folder does not lead to the guide"
+[ "$(readlink -f "$suite/stampa")" = "$(readlink -f "$usr/bin/stampa")" ] ||
+  fallisci "the suite folder does not lead to the slip program"
 [ -z "$(find "$casa" -type f ! -path "$suite/*" ! -path "$casa/run/*" ! -path "$casa/cache/*")" ] ||
   fallisci "files outside the suite folder: $(find "$casa" -type f)"
 kill -TERM $programma
