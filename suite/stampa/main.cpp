@@ -25,7 +25,7 @@ int main(int argc, char** argv) {
         return 0;
     }
     schedine::Finestra finestra(radice);
-    finestra.setStyleSheet(platform::q(app::foglio_aspetto(radice)));
+    finestra.setStyleSheet(platform::q(app::foglio_aspetto(radice, app::desktop_scuro())));
     finestra.show();
     return QApplication::exec();
 }

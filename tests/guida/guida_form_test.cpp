@@ -82,7 +82,7 @@ TEST(PagineGuida, OgniPaginaHaTitoloETesto) {
         titoli += titolo(pagina);
     }
     EXPECT_EQ(titoli.removeDuplicates(), 0);
-    EXPECT_EQ(titoli.size(), 21);
+    EXPECT_EQ(titoli.size(), 22);
 }
 
 TEST(PagineGuida, NessunaPaginaRestaFuoriDallIndice) {
