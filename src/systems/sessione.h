@@ -197,6 +197,9 @@ public:
     void rimuovi(Cella cella);
     /// Empties the crossword and puts the types back to the first; can be undone.
     void svuota();
+    /// Lays another full crossword of the same sizes in the place of this one, as one action;
+    /// false, and nothing changes, when the rule refuses one of its numbers or a long job runs.
+    bool disponi(const crossword::Matrice& nuova);
     /// Fills the empty cells with the numbers in play, as one action. `ferma`, where given, takes
     /// the cell that admits none of them.
     Completato completa_con_scelti(const statistics::Posata& posata, Cella* ferma = nullptr);

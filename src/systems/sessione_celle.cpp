@@ -90,6 +90,23 @@ std::optional<Cella> Sessione::rifai(const std::vector<Modifica>* voluta, bool i
     return prima;
 }
 
+bool Sessione::disponi(const Matrice& nuova) {
+    if (occupata_ || nuova.colonne() != colonne_ || nuova.righe() != righe_) return false;
+    Matrice posata(colonne_, righe_);
+    for (int y = 0; y < righe_; ++y) {
+        for (int x = 0; x < colonne_; ++x) {
+            if (!crossword::posa(posata, x, y, nuova(x, y))) return false;
+        }
+    }
+    if (posata == matrice_) return true;
+    const Azione azione(*this);
+    const Matrice prima = std::exchange(matrice_, std::move(posata));
+    cambiamento_.celle = true;
+    segna_salvato(false);
+    cambia(prima, tipi_);
+    return true;
+}
+
 Completato Sessione::completa_con_scelti(const statistics::Posata& posata, Cella* ferma) {
     if (occupata_) return Completato::occupata;
     const Azione azione(*this);

@@ -392,3 +392,31 @@ TEST_F(SessioneTest, InterrottaRestaCioCheHaPosato) {
     EXPECT_EQ(s.annulla(), (systems::Cella{1, 0}));
     EXPECT_EQ(s.matrice()(1, 0), 0);
 }
+
+TEST_F(SessioneTest, DisponeUnCruciverbaInteroInUnPassoSoloSottoLaRegola) {
+    riempi();
+    const crossword::Matrice prima = s.matrice();
+    crossword::Matrice nuova = prima;
+    // Two rows change places; nothing stands on the diagonals twice afterwards.
+    for (int x = 0; x < 6; ++x) {
+        nuova.scrivi(x, 0, prima(x, 1));
+        nuova.scrivi(x, 1, prima(x, 0));
+    }
+    ASSERT_TRUE(s.disponi(nuova));
+    EXPECT_EQ(s.matrice(), nuova);
+    EXPECT_FALSE(s.salvato());
+    EXPECT_EQ(s.totale(), 14);
+    EXPECT_TRUE(s.annulla().has_value());
+    EXPECT_EQ(s.matrice(), prima);
+    EXPECT_TRUE(s.ripeti().has_value());
+    EXPECT_EQ(s.matrice(), nuova);
+    // Against the rule, not full, of another size: nothing changes.
+    crossword::Matrice doppia = nuova;
+    doppia.scrivi(1, 0, nuova(0, 0));
+    EXPECT_FALSE(s.disponi(doppia));
+    crossword::Matrice vuota = nuova;
+    vuota.scrivi(5, 5, 0);
+    EXPECT_FALSE(s.disponi(vuota));
+    EXPECT_FALSE(s.disponi(crossword::Matrice(7, 6)));
+    EXPECT_EQ(s.matrice(), nuova);
+}
