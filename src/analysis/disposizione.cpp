@@ -24,7 +24,7 @@ constexpr int insiemi_massimi = 4;
 /// Sets of drawn numbers up to which a count takes no time to speak of.
 constexpr std::uint64_t conteggio_leggero = 20'000'000;
 /// Steps of the first round of a search without an end, and the most of any.
-constexpr double primo_giro = 1 << 18;
+constexpr double primo_giro = 1 << 16;
 constexpr double giro_massimo = 1 << 25;
 /// The rounds of a search that has an end, each twice as long as the one before.
 constexpr int giri = 5;
@@ -113,6 +113,7 @@ std::optional<Misura> Lavoro::misura(const Celle& celle) {
     const Insiemi insiemi(giocate, std::min(giocate.numeri - 1, insiemi_massimi));
     Misura m;
     m.combinazioni = giocate.combinazioni.size();
+    m.righe = giocate.righe();
     if (!calcola_distribuzione(giocate, insiemi, schema_.estratti, r_.esecutori, m.distribuzione,
                                [this](double) { return avvisa(true); })) {
         return std::nullopt;

@@ -64,6 +64,7 @@ enum class Disposta {
 struct Misura {
     Distribuzione distribuzione;
     std::size_t combinazioni = 0;  ///< different ones
+    std::size_t righe = 0;         ///< all that the lines play, repeated ones each time
     /// Share of all draws in which some combination has `t` hits or more.
     [[nodiscard]] double almeno(int t) const;
 };

@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QPointer>
 
+#include "analysis/frmmigliora.h"
 #include "analysis/passato.h"
 #include "analysis/stampa_analisi.h"
 #include "app/finestra.h"
@@ -55,7 +56,8 @@ frmanalisi::~frmanalisi() = default;
 void frmanalisi::occupato(bool si) {
     al_lavoro_ = si;
     for (QWidget* w : {static_cast<QWidget*>(schede), static_cast<QWidget*>(pagine),
-                       static_cast<QWidget*>(cmdpdf), static_cast<QWidget*>(cmdcopia)}) {
+                       static_cast<QWidget*>(cmdpdf), static_cast<QWidget*>(cmdcopia),
+                       static_cast<QWidget*>(cmdmigliora)}) {
         w->setEnabled(!si && conto_ != nullptr);
     }
     CmdEsci->setEnabled(!si);
@@ -273,6 +275,11 @@ void frmanalisi::copia() {
         testo += q(riga) + "\n";
     }
     QGuiApplication::clipboard()->setText(testo);
+}
+
+void frmanalisi::migliora() {
+    auto* form = new frmmigliora(finestra_, this);
+    form->show();
 }
 
 void frmanalisi::keyPressEvent(QKeyEvent* evento) {

@@ -83,6 +83,7 @@ public:
     platform::ComboBox* Combo1 = nullptr;  ///< wheels; Lotto only
     QPushButton* cmdpdf = nullptr;
     QPushButton* cmdcopia = nullptr;
+    QPushButton* cmdmigliora = nullptr;
     QPushButton* CmdEsci = nullptr;
 
 protected:
@@ -111,6 +112,7 @@ private:
     void cambia_premio(int quale);
     void salva_pdf();
     void copia();
+    void migliora();
     [[nodiscard]] std::vector<Tavola> tavole() const;
     [[nodiscard]] Premi premi() const;
     [[nodiscard]] double spesa() const;

@@ -302,12 +302,16 @@ void frmanalisi::crea_comandi(QVBoxLayout* sotto) {
     cmdcopia->setToolTip(tr("Copia tutta l'analisi come testo"));
     CmdEsci = comando("CmdEsci", tr("Esci"), this);
     riga->addWidget(cmdpdf);
+    cmdmigliora = comando("cmdmigliora", tr("Migliora la disposizione…"), this);
+    cmdmigliora->setToolTip(tr("Gli stessi numeri in altre caselle, perché vincano più spesso"));
     riga->addWidget(cmdcopia);
+    riga->addWidget(cmdmigliora);
     riga->addStretch(1);
     riga->addWidget(CmdEsci);
     sotto->addLayout(riga);
     connect(cmdpdf, &QPushButton::clicked, this, &frmanalisi::salva_pdf);
     connect(cmdcopia, &QPushButton::clicked, this, &frmanalisi::copia);
+    connect(cmdmigliora, &QPushButton::clicked, this, &frmanalisi::migliora);
     connect(CmdEsci, &QPushButton::clicked, this, &QDialog::close);
 }
 

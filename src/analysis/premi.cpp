@@ -56,6 +56,13 @@ std::vector<Categoria> categorie(Gioco gioco) {
     return tutte;
 }
 
+double prezzo_in_euro(const std::string& cartella) {
+    constexpr double lire_per_euro = 1936.27;
+    const viewer::Importo importo = viewer::leggi_cst(cartella, viewer::Lettore::annulla);
+    const double prezzo = viewer::valore_prezzo(importo.prezzo);
+    return importo.valuta == "Lire" ? prezzo / lire_per_euro : prezzo;
+}
+
 std::optional<double> leggi_premio(std::string_view testo) {
     const std::size_t virgola = std::min(testo.find(','), testo.size());
     const std::string_view intera = testo.substr(0, virgola);

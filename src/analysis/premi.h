@@ -29,6 +29,9 @@ struct Categoria {
 /// what a whole combination makes to the ambo.
 std::vector<Categoria> categorie(crossword::Gioco gioco);
 
+/// Price of a combination in Euro, whatever the currency that the program folder keeps it in.
+double prezzo_in_euro(const std::string& cartella);
+
 /// Prize in Euro from a text such as "25" or "25,40": up to ten digits and two decimals; nothing
 /// for any other text.
 std::optional<double> leggi_premio(std::string_view testo);

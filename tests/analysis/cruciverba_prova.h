@@ -8,7 +8,6 @@
 #include "analysis/schema.h"
 #include "crossword/linee.h"
 #include "crossword/tipi.h"
-#include "development/garanzie.h"
 #include "systems/file_sistema.h"
 
 namespace prova {
@@ -53,6 +52,15 @@ inline std::optional<systems::Sistema> sistema(Caso& caso, int lato_massimo, int
     return s;
 }
 
+/// Sets of k things out of n.
+inline std::uint64_t scelte(int n, int k) {
+    std::uint64_t quante = 1;
+    for (int i = 1; i <= k; ++i) {
+        quante = quante * static_cast<std::uint64_t>(n - k + i) / static_cast<std::uint64_t>(i);
+    }
+    return quante;
+}
+
 /// Draws with `t` hits or more, each set of numbers in play against each combination.
 inline std::uint64_t estrazioni_almeno(const analysis::Giocate& giocate, int estratti, int t) {
     const std::vector<std::uint32_t> combinazioni = maschere(giocate);
@@ -65,7 +73,7 @@ inline std::uint64_t estrazioni_almeno(const analysis::Giocate& giocate, int est
                            ? 1
                            : 0;
         });
-        quante += insiemi * development::binomiale(90 - giocate.quanti(), estratti - k);
+        quante += insiemi * scelte(90 - giocate.quanti(), estratti - k);
     }
     return quante;
 }

@@ -43,9 +43,9 @@ protected:
             viste.insert(finestra.objectName().toStdString());
             sguardo(finestra, nome);
         }).tutte();
-        const std::set<std::string> attese{"Archivio",   "Form1",      "Form2",    "Form3",
-                                           "Modulo",     "Stampa",     "formeuro", "frmAbout",
-                                           "frmspoglio", "frmanalisi", "frmstsvl"};
+        const std::set<std::string> attese{"Archivio",   "Form1",      "Form2",       "Form3",
+                                           "Modulo",     "Stampa",     "formeuro",    "frmAbout",
+                                           "frmspoglio", "frmanalisi", "frmmigliora", "frmstsvl"};
         EXPECT_EQ(viste, attese);
     }
 

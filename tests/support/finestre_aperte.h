@@ -9,6 +9,7 @@
 #include <QUrl>
 
 #include "analysis/frmanalisi.h"
+#include "analysis/frmmigliora.h"
 #include "archivio/finestra.h"
 #include "check/frmspoglio.h"
 #include "help/frmAbout.h"
@@ -159,6 +160,11 @@ private:
             f->schede->setCurrentIndex(i);
             guarda(*f, "frmanalisi, scheda " + std::to_string(i));
         }
+        Programma::clic(f->cmdmigliora);
+        auto* m = aperta<analysis::frmmigliora>();
+        ASSERT_NE(m, nullptr);
+        guarda(*m, "frmmigliora");
+        m->close();
         Programma::clic(f->CmdEsci);
     }
     void spoglio() {

@@ -1,0 +1,83 @@
+// The numbers of the system in line laid anew: what is hoped for, how long, before and after.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include <QCheckBox>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTableWidget>
+
+#include "analysis/disposizione.h"
+#include "analysis/frmanalisi.h"
+#include "platform/controls.h"
+
+class QBoxLayout;
+
+namespace analysis {
+
+/// Works on the crossword of the session as it stands when the form is made, and holds all other
+/// windows while it is open. `finestra` outlives it.
+class frmmigliora : public QDialog {
+    Q_OBJECT
+public:
+    frmmigliora(app::Finestra& finestra, QWidget* padre);
+
+    /// The same way out as the button.
+    void reject() override { close(); }
+    /// True once a better layout was found that "Usa" would lay.
+    [[nodiscard]] bool trovata() const { return trovata_.has_value(); }
+
+    platform::ComboBox* scopo = nullptr;
+    platform::ComboBox* tempo = nullptr;
+    QCheckBox* chkpareggia = nullptr;
+    /// The crossword; a click or the space bar holds a number where it is, or lets it go.
+    QTableWidget* griglia = nullptr;
+    Grafico* grafico = nullptr;
+    QLabel* lblstato = nullptr;
+    QProgressBar* ProgressBar1 = nullptr;
+    VistaTavola* confronto = nullptr;
+    QPushButton* cmdcerca = nullptr;
+    QPushButton* cmdferma = nullptr;
+    QPushButton* cmdusa = nullptr;
+    QPushButton* CmdEsci = nullptr;
+
+protected:
+    void closeEvent(QCloseEvent* evento) override;
+
+private:
+    // Layout, each routine one area of the window.
+    QWidget* crea_griglia();
+    QWidget* crea_scelte();
+    void crea_comandi(QBoxLayout* sotto);
+
+    void mostra_griglia();
+    void cambia_ferma(int riga, int colonna);
+    void dimentica();
+    [[nodiscard]] RichiestaDisposizione richiesta() const;
+    [[nodiscard]] int punti() const;
+    void cerca();
+    void occupato(bool si);
+    void mostra_andamento(const Andamento& andamento);
+    void mostra_chance(double prima, double migliore);
+    void accogli(Disposizione&& disposizione);
+    void usa();
+
+    app::Finestra& finestra_;
+    systems::Sistema sistema_;
+    std::vector<bool> ferme_;
+    std::uint64_t seme_ = 0;
+    std::optional<Misura> prima_;  ///< of the crossword of the session
+    std::optional<Disposizione> trovata_;
+    Ordine ordine_ = Ordine::continua;
+    QElapsedTimer da_quando_;
+    double mostrata_ = 0;
+    bool al_lavoro_ = false;
+    bool chiusura_chiesta_ = false;
+};
+
+}  // namespace analysis

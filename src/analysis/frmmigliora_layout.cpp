@@ -1,0 +1,180 @@
+// Where everything stands on the dialog that lays numbers anew.
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include "analysis/frmmigliora.h"
+#include "app/finestra.h"
+#include "platform/desktop.h"
+#include "platform/disposizione.h"
+
+namespace analysis {
+
+using platform::q;
+
+namespace {
+
+constexpr int margine = 8;
+constexpr QSize cella(34, 22);
+constexpr int larghezza_scelte = 320;
+/// Of the crossword and the choices together, so that the table has room below.
+constexpr int larghezza_insieme = 680;
+
+QLabel* etichetta(const QString& testo, const char* proprieta, QWidget* padre) {
+    auto* e = new QLabel(testo, padre);
+    e->setTextFormat(Qt::PlainText);
+    e->setWordWrap(true);
+    if (proprieta != nullptr) e->setProperty(proprieta, true);
+    return e;
+}
+
+QPushButton* comando(const QString& nome, const QString& testo, QWidget* padre) {
+    QPushButton* b = platform::pulsante(nome, testo, {}, padre);
+    b->setMinimumSize(100, 28);
+    b->setAutoDefault(false);
+    return b;
+}
+
+}  // namespace
+
+frmmigliora::frmmigliora(app::Finestra& finestra, QWidget* padre)
+    : QDialog(padre), finestra_(finestra), sistema_(finestra.sessione.sistema()) {
+    setObjectName("frmmigliora");
+    setWindowTitle("Migliora la disposizione");
+    setAttribute(Qt::WA_DeleteOnClose);
+    setModal(true);
+    const crossword::Matrice& m = sistema_.matrice;
+    ferme_.resize(static_cast<std::size_t>(m.colonne()) * static_cast<std::size_t>(m.righe()));
+    auto* sotto = new QVBoxLayout(this);
+    sotto->setContentsMargins(margine, margine, margine, margine);
+    sotto->setSpacing(margine);
+    auto* sopra = new QHBoxLayout;
+    sopra->setSpacing(margine);
+    sopra->addWidget(crea_griglia());
+    sopra->addWidget(crea_scelte(), 1);
+    sotto->addLayout(sopra);
+    confronto = new VistaTavola("confronto", 7, this);
+    confronto->hide();
+    sotto->addWidget(confronto);
+    sotto->addStretch(1);
+    crea_comandi(sotto);
+    mostra_griglia();
+    platform::centra(this, padre);
+}
+
+QWidget* frmmigliora::crea_griglia() {
+    const crossword::Matrice& m = sistema_.matrice;
+    auto* f = new platform::Frame(QString(), this);
+    f->setObjectName("Frame1");
+    auto* righe = new QVBoxLayout(f);
+    righe->setContentsMargins(12, 10, 12, 10);
+    righe->addWidget(etichetta(tr("Il cruciverba"), "titolo", f));
+    griglia = new QTableWidget(m.righe(), m.colonne(), f);
+    griglia->setObjectName("griglia");
+    griglia->setAccessibleName(tr("Cruciverba: la barra spaziatrice ferma un numero"));
+    griglia->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    griglia->setSelectionMode(QAbstractItemView::SingleSelection);
+    griglia->setTabKeyNavigation(false);
+    griglia->horizontalHeader()->hide();
+    griglia->verticalHeader()->hide();
+    griglia->horizontalHeader()->setMinimumSectionSize(cella.width());
+    griglia->horizontalHeader()->setDefaultSectionSize(cella.width());
+    griglia->verticalHeader()->setDefaultSectionSize(cella.height());
+    for (int y = 0; y < m.righe(); ++y) {
+        for (int x = 0; x < m.colonne(); ++x) {
+            auto* una = new QTableWidgetItem;
+            una->setTextAlignment(Qt::AlignCenter);
+            griglia->setItem(y, x, una);
+        }
+    }
+    constexpr int lato = crossword::Gioco::lato_massimo;
+    griglia->setFixedSize(qMin(m.colonne(), lato) * cella.width() + 3,
+                          qMin(m.righe(), lato) * cella.height() + 3);
+    if (m.colonne() > 0 && m.righe() > 0) griglia->setCurrentCell(0, 0);
+    righe->addWidget(griglia, 0, Qt::AlignHCenter);
+    QLabel* invito =
+        etichetta(tr("Un clic su una casella ne ferma il numero: [12] resta dov'è."), "invito", f);
+    righe->addWidget(invito);
+    righe->addStretch(1);
+    connect(griglia, &QTableWidget::cellClicked, this, &frmmigliora::cambia_ferma);
+    auto* spazio = new QShortcut(Qt::Key_Space, griglia);
+    spazio->setContext(Qt::WidgetShortcut);
+    connect(spazio, &QShortcut::activated, this,
+            [this] { cambia_ferma(griglia->currentRow(), griglia->currentColumn()); });
+    return f;
+}
+
+QWidget* frmmigliora::crea_scelte() {
+    auto* f = new platform::Frame(QString(), this);
+    f->setObjectName("Frame2");
+    f->setMinimumWidth(qMax(larghezza_scelte, larghezza_insieme - griglia->width()));
+    auto* righe = new QVBoxLayout(f);
+    righe->setContentsMargins(12, 10, 12, 10);
+    righe->setSpacing(6);
+    righe->addWidget(etichetta(tr("Che cosa deve venire più spesso"), "titolo", f));
+    scopo = platform::elenco("scopo", tr("Che cosa deve venire più spesso"), {}, f);
+    scopo->setFixedHeight(24);
+    for (int t = 2; t <= qMin(sistema_.gioco.numeri(), 5); ++t) {
+        scopo->AddItem(q(nome_risultato(sistema_.gioco, t)) + tr(" o meglio"));
+    }
+    scopo->setCurrentIndex(qMin(1, scopo->count() - 1));
+    righe->addWidget(scopo);
+    righe->addWidget(etichetta(tr("Quanto cercare"), "titolo", f));
+    tempo = platform::elenco("tempo", tr("Quanto cercare"), {}, f);
+    tempo->setFixedHeight(24);
+    for (const QString& voce : {tr("5 secondi"), tr("30 secondi"), tr("finché non fermate")}) {
+        tempo->AddItem(voce);
+    }
+    tempo->setCurrentIndex(0);
+    righe->addWidget(tempo);
+    chkpareggia = new QCheckBox(tr("Si può cambiare quante volte sta un numero"), f);
+    chkpareggia->setObjectName("chkpareggia");
+    chkpareggia->setToolTip(
+        tr("Un numero che sta più volte può cedere una casella a uno che sta meno volte"));
+    righe->addWidget(chkpareggia);
+    grafico = new Grafico(Qt::Horizontal, f);
+    grafico->setObjectName("grafico");
+    grafico->hide();
+    righe->addWidget(grafico);
+    lblstato = etichetta(tr("I numeri restano gli stessi: cambia solo dove stanno, perché linee "
+                            "con gli stessi numeri vincano meno volte insieme."),
+                         nullptr, f);
+    lblstato->setObjectName("lblstato");
+    righe->addWidget(lblstato);
+    ProgressBar1 = new QProgressBar(f);
+    ProgressBar1->setObjectName("ProgressBar1");
+    ProgressBar1->setAccessibleName(tr("Avanzamento"));
+    ProgressBar1->setTextVisible(false);
+    ProgressBar1->setFixedHeight(10);
+    ProgressBar1->hide();
+    righe->addWidget(ProgressBar1);
+    righe->addStretch(1);
+    connect(scopo, &platform::ComboBox::Click, this, &frmmigliora::dimentica);
+    connect(chkpareggia, &QCheckBox::clicked, this, &frmmigliora::dimentica);
+    return f;
+}
+
+void frmmigliora::crea_comandi(QBoxLayout* sotto) {
+    auto* riga = new QHBoxLayout;
+    riga->setSpacing(margine);
+    cmdcerca = comando("cmdcerca", tr("Cerca"), this);
+    cmdferma = comando("cmdferma", tr("Ferma"), this);
+    cmdferma->setEnabled(false);
+    cmdusa = comando("cmdusa", tr("Usa"), this);
+    cmdusa->setToolTip(tr("Mette la nuova disposizione nel cruciverba; si può annullare"));
+    cmdusa->setEnabled(false);
+    CmdEsci = comando("CmdEsci", tr("Annulla"), this);
+    riga->addWidget(cmdcerca);
+    riga->addWidget(cmdferma);
+    riga->addStretch(1);
+    riga->addWidget(cmdusa);
+    riga->addWidget(CmdEsci);
+    sotto->addLayout(riga);
+    connect(cmdcerca, &QPushButton::clicked, this, &frmmigliora::cerca);
+    connect(cmdferma, &QPushButton::clicked, this, [this] { ordine_ = Ordine::basta; });
+    connect(cmdusa, &QPushButton::clicked, this, &frmmigliora::usa);
+    connect(CmdEsci, &QPushButton::clicked, this, &QDialog::close);
+}
+
+}  // namespace analysis
