@@ -59,7 +59,7 @@ const QVector<Capitolo>& capitoli() {
         {"Per cominciare", {"inizio", "cruciverba", "disporre"}},
         {"Il sistema", {"tipi", "garanzie", "elaborazione", "ripetizioni", "prezzi"}},
         {"Usare il sistema",
-         {"visualizzatore", "spoglio", "analisi", "stampa", "schedine", "libreria"}},
+         {"visualizzatore", "spoglio", "analisi", "migliora", "stampa", "schedine", "libreria"}},
         {"Le estrazioni", {"archivio", "statistica"}},
         {"Il programma", {"file", "aspetti", "tastiera", "terminale", "domande", "misura"}},
     };
