@@ -174,7 +174,7 @@ void frmanalisi::mostra() {
 }
 
 double frmanalisi::spesa() const {
-    return spesa_per_estrazione(App().Path, conto_->analisi.righe);
+    return static_cast<double>(conto_->analisi.righe) * prezzo_in_euro(App().Path);
 }
 
 Premi frmanalisi::premi() const {

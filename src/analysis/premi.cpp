@@ -117,12 +117,4 @@ bool scrivi_premi(const std::string& cartella, Gioco gioco, const Premi& premi) 
     return platform::sostituisci(nome_file(cartella), testo) == platform::Esito::ok;
 }
 
-double spesa_per_estrazione(const std::string& cartella, std::size_t combinazioni) {
-    constexpr double lire_per_euro = 1936.27;
-    const viewer::Importo importo = viewer::leggi_cst(cartella, viewer::Lettore::annulla);
-    const double prezzo = viewer::valore_prezzo(importo.prezzo);
-    return static_cast<double>(combinazioni) *
-           (importo.valuta == "Lire" ? prezzo / lire_per_euro : prezzo);
-}
-
 }  // namespace analysis

@@ -43,7 +43,4 @@ Premi leggi_premi(const std::string& cartella, crossword::Gioco gioco);
 /// Keeps those of the game beside those of the others; false when the disk refused.
 bool scrivi_premi(const std::string& cartella, crossword::Gioco gioco, const Premi& premi);
 
-/// What so many combinations cost, in Euro, by the price of a column in force.
-double spesa_per_estrazione(const std::string& cartella, std::size_t combinazioni);
-
 }  // namespace analysis

@@ -106,7 +106,8 @@ Risposta analizza(Contesto& contesto, bool storico, const Ruota& ruota, Aperto& 
             return {"", "", std::string(analysis::parola(analysis::Lettura::interrotta))};
     }
     const analysis::Premi premi = analysis::leggi_premi(contesto.programma, gioco);
-    const double spesa = analysis::spesa_per_estrazione(contesto.programma, a.righe);
+    const double spesa =
+        static_cast<double>(a.righe) * analysis::prezzo_in_euro(contesto.programma);
     std::vector<analysis::Tavola> tavole = analysis::tavole_analisi(a, gioco, premi, spesa);
     suite::Json json;
     descrivi(aperto.sessione(), json);
