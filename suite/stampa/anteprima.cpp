@@ -88,6 +88,8 @@ Anteprima::Anteprima(QWidget* padre) : QScrollArea(padre) {
     foglio_ = new Foglio(this);
     setWidget(foglio_);
     viewport()->setAutoFillBackground(false);
+    // The style would paint the corner between the bars in a colour of no skin.
+    setCornerWidget(new QWidget(this));
     foglio_->setAutoFillBackground(false);
     setFocusPolicy(Qt::StrongFocus);
 }

@@ -222,6 +222,7 @@ QWidget* Editor::crea_tavolo() {
     tavolo = new Tavolo(scorre);
     scorre->setWidget(tavolo);
     scorre->viewport()->setAutoFillBackground(false);
+    scorre->setCornerWidget(new QWidget(scorre));
     tavolo->setAutoFillBackground(false);
     colonna->addWidget(scorre, 1);
     tavolo->al_clic = [this](Punto p) { clic(p); };
