@@ -81,7 +81,12 @@ std::vector<std::pair<std::string, QString>> stato_di(const QWidget& finestra) {
         {"title", finestra.windowTitle()},
         {"windows", QString::number(aperte)},
         {"focus", fuoco != nullptr ? QString::fromStdString(chi(fuoco)) : QString()}};
-    for (const QWidget* w : finestra.findChildren<QWidget*>()) tutti.emplace_back(chi(w), stato(w));
+    for (const QWidget* w : finestra.findChildren<QWidget*>()) {
+        // A preview that grows or shrinks needs bars or none.
+        const bool barra = qobject_cast<const QScrollBar*>(w) != nullptr ||
+                           w->objectName().startsWith("qt_scrollarea_");
+        tutti.emplace_back(chi(w), barra ? QString() : stato(w));
+    }
     return tutti;
 }
 
