@@ -71,6 +71,21 @@ const std::vector<Verbo>& verbi() {
          "       su, o solo quelli detti\n",
          {{"--numeri", true}, {"--cambia", true}, {"-o", true}, {"--sovrascrivi"}},
          sostituisci},
+        {"migliora",
+         "sistema migliora -o FILE [--scopo N] [--tempo S | --passi N] [--seme N] [--pareggia]\n"
+         "                      [--sovrascrivi] FILE...\n"
+         "       gli stessi numeri in altre caselle, perché N o più (3, se non è detto) vengano\n"
+         "       più spesso; cerca per S secondi (5), o per un numero di passi, che con lo stesso\n"
+         "       seme dà sempre lo stesso cruciverba; --pareggia cambia anche quante volte sta un\n"
+         "       numero; senza un miglioramento non scrive\n",
+         {{"-o", true},
+          {"--scopo", true},
+          {"--tempo", true},
+          {"--passi", true},
+          {"--seme", true},
+          {"--pareggia"},
+          {"--sovrascrivi"}},
+         migliora},
     };
     return tutti;
 }

@@ -3,8 +3,6 @@
 #include <map>
 
 #include "platform/codepage.h"
-#include "platform/disk.h"
-#include "platform/runtime.h"
 #include "sistema/verbi.h"
 
 namespace sistema {
@@ -77,33 +75,6 @@ std::string ridisponi(systems::Sessione& s, const Cambi& cambi) {
         return "il " + std::to_string(sbarrato) + " starebbe più di una volta sulla stessa linea";
     // What was counted is of the old numbers' development.
     s.totale_combinazioni();
-    return {};
-}
-
-/// The pair that a file name means; why not, empty when it may be written.
-std::string arrivo(const std::string& file, const Aperto& aperto, bool sovrascrivi,
-                   systems::Coppia& coppia) {
-    const crossword::Gioco gioco = aperto.coppia().gioco;
-    std::string errore = Destinazione::vietata(aperto, file);
-    if (!errore.empty()) return errore;
-    const std::string estensione = gioco.estensione_sistema();
-    if (!platform::LCase(file).ends_with(estensione))
-        return "il file dopo -o deve finire con " + estensione;
-    const std::size_t barra = file.rfind('/');
-    const std::size_t inizio = barra == std::string::npos ? 0 : barra + 1;
-    coppia = {inizio == 0 ? "." : file.substr(0, inizio),
-              file.substr(inizio, file.size() - inizio - estensione.size()), gioco};
-    if (coppia.nome.empty()) return "il file dopo -o non ha nome";
-    if (!sovrascrivi && platform::esiste_file(file))
-        return file + " c'è già: con --sovrascrivi prende il suo posto";
-    return {};
-}
-
-std::string scrivi(const Aperto& aperto, const systems::Coppia& coppia) {
-    if (!systems::scrivi_sistema(coppia.cartella, coppia.nome, aperto.sessione().sistema()))
-        return non_scritto(coppia.sistema());
-    // An old development must not stand beside another crossword.
-    platform::Kill(coppia.sviluppo());
     return {};
 }
 

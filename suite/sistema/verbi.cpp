@@ -60,6 +60,32 @@ std::string non_scritto(const std::string& file) {
     return "il file " + file + " non si può scrivere";
 }
 
+std::string arrivo(const std::string& file, const Aperto& aperto, bool sovrascrivi,
+                   systems::Coppia& coppia) {
+    const crossword::Gioco gioco = aperto.coppia().gioco;
+    std::string errore = Destinazione::vietata(aperto, file);
+    if (!errore.empty()) return errore;
+    const std::string estensione = gioco.estensione_sistema();
+    if (!platform::LCase(file).ends_with(estensione))
+        return "il file dopo -o deve finire con " + estensione;
+    const std::size_t barra = file.rfind('/');
+    const std::size_t inizio = barra == std::string::npos ? 0 : barra + 1;
+    coppia = {inizio == 0 ? "." : file.substr(0, inizio),
+              file.substr(inizio, file.size() - inizio - estensione.size()), gioco};
+    if (coppia.nome.empty()) return "il file dopo -o non ha nome";
+    if (!sovrascrivi && platform::esiste_file(file))
+        return file + " c'è già: con --sovrascrivi prende il suo posto";
+    return {};
+}
+
+std::string scrivi(const Aperto& aperto, const systems::Coppia& coppia) {
+    if (!systems::scrivi_sistema(coppia.cartella, coppia.nome, aperto.sessione().sistema()))
+        return non_scritto(coppia.sistema());
+    // An old development must not stand beside another crossword.
+    platform::Kill(coppia.sviluppo());
+    return {};
+}
+
 std::string intero(std::uint64_t n) {
     return n == 0 ? "0" : platform::Format(static_cast<double>(n), platform::Modello::interi);
 }

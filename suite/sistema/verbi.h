@@ -26,6 +26,7 @@ std::string spoglio(const suite::Parole& parole, Contesto& contesto, Fare& fare)
 std::string esporta(const suite::Parole& parole, Contesto& contesto, Fare& fare);
 std::string analisi(const suite::Parole& parole, Contesto& contesto, Fare& fare);
 std::string prospetto(const suite::Parole& parole, Contesto& contesto, Fare& fare);
+std::string migliora(const suite::Parole& parole, Contesto& contesto, Fare& fare);
 std::string sostituisci(const suite::Parole& parole, Contesto& contesto, Fare& fare);
 
 // What several of them share.
@@ -46,6 +47,11 @@ private:
     bool cartella_ = false;
 };
 
+/// The pair that a file name means; why not, empty when it may be written.
+std::string arrivo(const std::string& file, const Aperto& aperto, bool sovrascrivi,
+                   systems::Coppia& coppia);
+/// Writes the system of the session as that pair; why not, empty when it did.
+std::string scrivi(const Aperto& aperto, const systems::Coppia& coppia);
 /// Why a file was not written.
 std::string non_scritto(const std::string& file);
 

@@ -1,4 +1,5 @@
 // What the command tells of systems, and where it writes.
+#include "analysis/cruciverba_prova.h"
 #include "analysis/relazione.h"
 #include "check/dettaglio.h"
 #include "platform/disk.h"
@@ -440,6 +441,70 @@ TEST_F(Sistema, sostituisci_mette_altri_numeri_negli_stessi_posti) {
     // The development has as many combinations, number for number.
     const Valore vecchio = comando.json({"sviluppa", a})[0];
     EXPECT_EQ(comando.json({"sviluppa", file})[0]["giocate"].intero(), vecchio["giocate"].intero());
+}
+
+/// A system whose numbers stand more than once, as laid at random.
+systems::Sistema a_caso() {
+    prova::Caso caso(3);  // NOLINT: the same crossword every run
+    systems::Sistema s;
+    s.tipo_righe = s.tipo_colonne = s.tipo_diagonali = 0;
+    s.diagonali = "6";
+    s.matrice = prova::cruciverba(caso, 7, 7, prova::numeri_a_caso(caso, 16)).value();
+    return s;
+}
+
+TEST_F(Sistema, migliora_scrive_gli_stessi_numeri_disposti_meglio) {
+    const std::string a = cartella.file("a.sen");
+    cartella.scrivi("a.sen", systems::testo_sistema(a_caso()));
+    const std::string file = cartella.file("b.sen");
+    const auto detto = comando({"migliora", "--passi", "20000", "--seme", "3", "-o", file, a});
+    EXPECT_EQ(detto.codice, 0) << detto.errori;
+    EXPECT_NE(detto.uscita.find("3 punti o meglio nel "), std::string::npos) << detto.uscita;
+    EXPECT_NE(detto.uscita.find("spesa per una vincita"), std::string::npos);
+    const auto numeri = [&](const std::string& nome) {
+        const systems::Sistema s = systems::leggi_sistema(cartella.programma(), nome, Gioco());
+        std::vector<int> tutti;
+        for (int i = 0; i < 49; ++i) tutti.push_back(s.matrice(i % 7, i / 7));
+        std::sort(tutti.begin(), tutti.end());
+        return tutti;
+    };
+    EXPECT_EQ(numeri("b"), numeri("a"));
+    const std::string scritto = support::leggi(file);
+    EXPECT_NE(scritto, support::leggi(a));
+    const Valore v = comando.json(
+        {"migliora", "--passi", "20000", "--seme", "3", "--sovrascrivi", "-o", file, a})[0];
+    EXPECT_EQ(support::leggi(file), scritto) << "the same steps, the same crossword";
+    EXPECT_EQ(v["scritto"].testo, file);
+    EXPECT_GT(v["dopo"]["estrazioni_vincenti"].intero(),
+              v["prima"]["estrazioni_vincenti"].intero());
+    EXPECT_EQ(v["dopo"]["estrazioni_possibili"].intero(), 622614630);
+}
+
+TEST_F(Sistema, migliora_non_scrive_dove_non_deve) {
+    const std::string a = cartella.file("a.sen");
+    cartella.scrivi("a.sen", systems::testo_sistema(a_caso()));
+    const std::string b = cartella.file("b.sen");
+    const auto prima = fotografia(cartella.radice());
+    for (const std::vector<std::string>& parole :
+         std::vector<std::vector<std::string>>{{a},
+                                               {"-o", b, "--scopo", "6", a},
+                                               {"-o", b, "--scopo", "x", a},
+                                               {"-o", b, "--tempo", "0", a},
+                                               {"-o", b, "--tempo", "1", "--passi", "5", a},
+                                               {"-o", b, "--seme", "-1", a}}) {
+        std::vector<std::string> tutte = parole;
+        tutte.insert(tutte.begin(), "migliora");
+        EXPECT_EQ(comando(tutte).codice, 2) << parole.back();
+    }
+    EXPECT_EQ(comando({"migliora", "--passi", "10", "-o", a, a}).codice, 1);
+    const std::string terzine = metti("t", Gioco::lotto(3), 6, 6);
+    const auto dopo = fotografia(cartella.radice());
+    EXPECT_EQ(comando({"migliora", "--scopo", "4", "--passi", "10", "-o", cartella.file("u.sel"),
+                       terzine})
+                  .codice,
+              1);
+    EXPECT_EQ(fotografia(cartella.radice()), dopo);
+    EXPECT_GT(dopo.size(), prima.size());
 }
 
 TEST_F(Sistema, sostituisci_non_copre_e_non_sbaglia) {
