@@ -1,5 +1,7 @@
 #include "app/lavori.h"
 
+#include "platform/pittura.h"
+
 namespace app {
 
 bool Lavori::chiudi_se_chiesto() {
@@ -20,9 +22,8 @@ void Lavori::avanza(int valore) {
 }
 
 void Lavori::un_passo() {
-    barra_->setUpdatesEnabled(false);
+    const platform::SenzaPittura ferma(barra_);
     barra_->setValue(barra_->value() + 1);
-    barra_->setUpdatesEnabled(true);
 }
 
 }  // namespace app

@@ -7,6 +7,7 @@
 #include "crossword/griglia.h"
 #include "crossword/linee.h"
 #include "platform/desktop.h"
+#include "platform/pittura.h"
 
 namespace crossword {
 
@@ -50,11 +51,10 @@ Vista::Vista(app::Finestra& finestra, const Controlli& controlli)
 
 void Vista::mostra_dimensioni() {
     colore_griglia();
-    c_.griglia->setUpdatesEnabled(false);
+    const platform::SenzaPittura ferma(c_.griglia);
     forma_griglia(c_.griglia, sessione_.colonne(), sessione_.righe());
     const QSize spazio = c_.griglia->parentWidget()->size() - c_.griglia->size();
     c_.griglia->move(spazio.width() / 2, spazio.height() / 2);
-    c_.griglia->setUpdatesEnabled(true);
     c_.griglia->cella(0, 0);
 }
 

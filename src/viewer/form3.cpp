@@ -7,6 +7,7 @@
 #include "app/finestra.h"
 #include "platform/application.h"
 #include "platform/desktop.h"
+#include "platform/pittura.h"
 #include "platform/runtime.h"
 #include "systems/elenco.h"
 #include "systems/file_sistema.h"
@@ -90,7 +91,7 @@ void Form3::popola_griglia2() {
 
 void Form3::popola_griglia(std::int32_t page, bool avanti) {
     // Frozen, so that the empty lists never flash between two pages.
-    Frame2->setUpdatesEnabled(false);
+    const platform::SenzaPittura ferma(Frame2);
     for (platform::ListView* l : {ListView1, ListView2, ListView3, ListView4}) l->svuota();
     platform::DoEvents();
     const int numeri = gioco_.numeri();
@@ -105,7 +106,6 @@ void Form3::popola_griglia(std::int32_t page, bool avanti) {
     if (pagina.seguente && avanti && HScroll1->value() < HScroll1->maximum()) {
         posizioni_.ricorda(HScroll1->value() + 1, *pagina.seguente);
     }
-    Frame2->setUpdatesEnabled(true);
 }
 
 void Form3::mostra_riga(const Riga& riga, int numeri, int linea, std::int32_t page) {

@@ -119,8 +119,7 @@ void Finestra::mostra_stato() {
 }
 
 void Finestra::importa_file(const QStringList& file) {
-    if (al_lavoro_ || file.isEmpty()) return;
-    al_lavoro_ = true;
+    if (platform::LavoroLungo::in_corso() || file.isEmpty()) return;
     const platform::LavoroLungo lavoro;
     const platform::Clessidra attesa;
     ProgressBar1->setRange(0, static_cast<int>(file.size()));
@@ -141,7 +140,6 @@ void Finestra::importa_file(const QStringList& file) {
     txtrapporto->setPlainText(righe.join('\n'));
     mostra_stato();
     ProgressBar1->hide();
-    al_lavoro_ = false;
 }
 
 void Finestra::evidenzia(bool sopra) {
@@ -151,7 +149,7 @@ void Finestra::evidenzia(bool sopra) {
 }
 
 void Finestra::dragEnterEvent(QDragEnterEvent* evento) {
-    if (al_lavoro_ || locali(evento->mimeData()).isEmpty()) return;
+    if (platform::LavoroLungo::in_corso() || locali(evento->mimeData()).isEmpty()) return;
     evidenzia(true);
     evento->acceptProposedAction();
 }
@@ -168,7 +166,7 @@ void Finestra::dropEvent(QDropEvent* evento) {
 
 void Finestra::closeEvent(QCloseEvent* evento) {
     // An import lasts moments and ends whole.
-    if (al_lavoro_) {
+    if (platform::LavoroLungo::in_corso()) {
         evento->ignore();
         return;
     }
@@ -176,7 +174,7 @@ void Finestra::closeEvent(QCloseEvent* evento) {
 }
 
 void Finestra::reject() {
-    if (!al_lavoro_) QDialog::reject();
+    if (!platform::LavoroLungo::in_corso()) QDialog::reject();
 }
 
 }  // namespace importazione

@@ -40,7 +40,6 @@ private:
     void evidenzia(bool sopra);
 
     std::string archivio_;
-    bool al_lavoro_ = false;
 };
 
 }  // namespace importazione

@@ -12,6 +12,7 @@
 #include "platform/desktop.h"
 #include "platform/flexgrid.h"
 #include "platform/listview.h"
+#include "platform/pittura.h"
 #include "support/cartella.h"
 
 using platform::ComboBox;
@@ -547,6 +548,23 @@ TEST(Blocco, LaFinestraPuoAndarsenePrima) {
         eventi();
     }
     EXPECT_FALSE(a.updatesEnabled());
+}
+
+TEST(Blocco, SenzaPitturaQuelloDiDentroLasciaFermoQuelloDiFuori) {
+    QWidget finestra;
+    auto* figlio = new QWidget(&finestra);
+    {
+        const platform::SenzaPittura fuori(figlio);
+        { const platform::SenzaPittura dentro(figlio); }
+        EXPECT_FALSE(figlio->updatesEnabled());
+        {
+            const platform::SenzaPittura di_tutta(&finestra);
+            EXPECT_FALSE(finestra.updatesEnabled());
+        }
+        EXPECT_TRUE(finestra.updatesEnabled());
+        EXPECT_FALSE(figlio->updatesEnabled());
+    }
+    EXPECT_TRUE(figlio->updatesEnabled());
 }
 
 TEST(Clessidra, QuellaDiDentroNonFinisceQuellaDiFuori) {
