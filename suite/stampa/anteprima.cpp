@@ -90,6 +90,8 @@ Anteprima::Anteprima(QWidget* padre) : QScrollArea(padre) {
     viewport()->setAutoFillBackground(false);
     // The style would paint the corner between the bars in a colour of no skin.
     setCornerWidget(new QWidget(this));
+    // The style would paint the corner between the bars in a colour of no skin.
+    setCornerWidget(new QWidget(this));
     foglio_->setAutoFillBackground(false);
     setFocusPolicy(Qt::StrongFocus);
 }

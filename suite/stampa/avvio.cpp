@@ -1,11 +1,10 @@
 #include "stampa/avvio.h"
 
-#include <filesystem>
-
 #include <QElapsedTimer>
 #include <QThread>
 
 #include "platform/application.h"
+#include "platform/comando.h"
 #include "platform/desktop.h"
 #include "platform/disk.h"
 #include "platform/shell.h"
@@ -21,13 +20,8 @@ bool e_una_suite(const std::string& cartella) {
 }  // namespace
 
 std::string radice_suite(const std::string& comando, const std::string& cartella_eseguibile) {
-    const std::size_t barra = comando.rfind('/');
-    if (barra != std::string::npos) {
-        // A folder may be named by a handle of the caller's, which will not last.
-        std::error_code errore;
-        const auto cartella = std::filesystem::canonical(comando.substr(0, barra + 1), errore);
-        if (!errore && e_una_suite(cartella)) return cartella.string() + "/";
-    }
+    const std::string cartella = platform::cartella_del_comando(comando);
+    if (!cartella.empty() && e_una_suite(cartella)) return cartella + "/";
     if (e_una_suite(cartella_eseguibile)) return cartella_eseguibile + "/";
     return platform::radice(
         platform::trova_cartella(cartella_eseguibile, cartella_eseguibile + "/../share/tabellino"));

@@ -223,6 +223,7 @@ QWidget* Editor::crea_tavolo() {
     scorre->setWidget(tavolo);
     scorre->viewport()->setAutoFillBackground(false);
     scorre->setCornerWidget(new QWidget(scorre));
+    scorre->setCornerWidget(new QWidget(scorre));
     tavolo->setAutoFillBackground(false);
     colonna->addWidget(scorre, 1);
     tavolo->al_clic = [this](Punto p) { clic(p); };

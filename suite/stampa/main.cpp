@@ -7,7 +7,6 @@
 #include "platform/application.h"
 #include "platform/desktop.h"
 #include "platform/segno.h"
-#include "platform/shell.h"
 #include "stampa/avvio.h"
 #include "stampa/finestra.h"
 

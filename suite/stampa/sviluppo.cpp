@@ -68,7 +68,6 @@ std::optional<Difetto> leggi_riga(std::string_view riga, int numeri, Colonna& co
 }  // namespace
 
 std::optional<Difetto> Sviluppo::apri(const std::string& file, int numeri) {
-    file_ = file;
     numeri_ = numeri;
     colonne_ = 0;
     inizi_.clear();

@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -25,7 +24,6 @@ public:
 
     [[nodiscard]] int numeri() const { return numeri_; }
     [[nodiscard]] std::int64_t colonne() const { return colonne_; }
-    [[nodiscard]] const std::string& file() const { return file_; }
     /// Columns from `prima`, counted from 1, at most `quante`, into `colonne`; false when the file
     /// is no longer what it was.
     [[nodiscard]] bool leggi(std::int64_t prima, int quante, std::vector<Colonna>& colonne);
@@ -33,7 +31,6 @@ public:
 private:
     std::optional<Difetto> controlla();
 
-    std::string file_;
     platform::TextReader lettore_;
     int numeri_ = 0;
     std::int64_t colonne_ = 0;
