@@ -350,7 +350,8 @@ std::string grande() {
 void quando_si_puo_annullare(QObject* padre, std::function<void(frmanalisi&)> fare) {
     QTimer::singleShot(0, padre, [padre, fare] {
         auto* f = aperta<frmanalisi>();
-        if (f == nullptr || !f->cmdannulla->isVisible()) {
+        // A key that comes before the window has the keyboard reaches no button.
+        if (f == nullptr || !f->cmdannulla->isVisible() || !f->isActiveWindow()) {
             quando_si_puo_annullare(padre, fare);
             return;
         }
