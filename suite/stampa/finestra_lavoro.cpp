@@ -83,10 +83,12 @@ int Finestra::messaggio(const QString& testo, const QStringList& altri) {
 
 /// The development is read anew: it may have been elaborated again since it was chosen.
 bool Finestra::sviluppo_fresco() {
-    const std::int64_t prima = sviluppo_.colonne();
+    const std::int64_t colonne = sviluppo_.colonne();
+    const std::uint64_t impronta = sviluppo_.impronta();
     Scelta scelta = *scelta_;
     const auto difetto = apri(scelta, sviluppo_);
-    if (!difetto && sviluppo_.colonne() == prima && scelta == *scelta_) return true;
+    const bool uguale = sviluppo_.colonne() == colonne && sviluppo_.impronta() == impronta;
+    if (!difetto && uguale && scelta == *scelta_) return true;
     scegli_sistema(cmbsistema->ListIndex());
     messaggio(difetto ? difetto_
                       : "Il sistema è stato elaborato di nuovo: controllate le schedine e "

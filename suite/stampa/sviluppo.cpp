@@ -70,6 +70,7 @@ std::optional<Difetto> leggi_riga(std::string_view riga, int numeri, Colonna& co
 std::optional<Difetto> Sviluppo::apri(const std::string& file, int numeri) {
     numeri_ = numeri;
     colonne_ = 0;
+    impronta_ = 0;
     inizi_.clear();
     const auto byte = platform::dimensione_file(file);
     if (!byte || !lettore_.apri(file)) return Difetto{0, "", "il file non si può leggere"};
@@ -98,6 +99,8 @@ std::optional<Difetto> Sviluppo::controlla() {
             difetto->riga = colonne_;
             return difetto;
         }
+        constexpr std::uint64_t primo = 1099511628211U;
+        for (const std::uint8_t numero : colonna) impronta_ = (impronta_ ^ numero) * primo;
     }
     if (colonne_ == 0) return Difetto{0, "", "lo sviluppo è vuoto"};
     // Without its end the last number may be half of what it was.

@@ -24,6 +24,8 @@ public:
 
     [[nodiscard]] int numeri() const { return numeri_; }
     [[nodiscard]] std::int64_t colonne() const { return colonne_; }
+    /// Tells this content from another, of as many columns too.
+    [[nodiscard]] std::uint64_t impronta() const { return impronta_; }
     /// Columns from `prima`, counted from 1, at most `quante`, into `colonne`; false when the file
     /// is no longer what it was.
     [[nodiscard]] bool leggi(std::int64_t prima, int quante, std::vector<Colonna>& colonne);
@@ -35,6 +37,7 @@ private:
     int numeri_ = 0;
     std::int64_t colonne_ = 0;
     std::int64_t byte_ = 0;
+    std::uint64_t impronta_ = 0;
     /// Where every so many lines begin.
     std::vector<std::int64_t> inizi_;
 };

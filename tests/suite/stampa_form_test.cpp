@@ -489,6 +489,20 @@ TEST_F(FinestraSchedine, ElaboratoDiNuovoSiRilegge) {
     EXPECT_TRUE(std::filesystem::exists(uscita));
 }
 
+TEST_F(FinestraSchedine, ElaboratoDiNuovoConTanteCombinazioniSiRilegge) {
+    cartella.scrivi("prova.col", "1,2,3,4,5,6\r\n1,2,3,4,5,7\r\n");
+    cartella.scrivi("prova.sen", "x");
+    consegna("prova");
+    apri();
+    cartella.scrivi("prova.col", "1,2,3,4,5,6\r\n1,2,3,4,5,8\r\n");
+    clic(f->cmdpdf);
+    EXPECT_EQ(messaggi.last(),
+              "Il sistema è stato elaborato di nuovo: controllate le schedine e riprovate.");
+    EXPECT_FALSE(std::filesystem::exists(uscita));
+    clic(f->cmdpdf);
+    EXPECT_TRUE(std::filesystem::exists(uscita));
+}
+
 TEST_F(FinestraSchedine, ColDatGuastoSiDice) {
     sviluppa("prova", 6);
     cartella.scrivi("col.dat", "\"0\"\r\n");
