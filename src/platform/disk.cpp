@@ -111,6 +111,12 @@ std::string attributo(const std::string& nome, const char* quale) {
     return {testo.data(), n > 0 ? static_cast<std::size_t>(n) : 0};
 }
 
+std::string attributo(const File& file, const char* quale) {
+    std::array<char, 256> testo{};
+    const ssize_t n = ::fgetxattr(file.fd(), quale, testo.data(), testo.size());
+    return {testo.data(), n > 0 ? static_cast<std::size_t>(n) : 0};
+}
+
 bool scrivi_attributo(const File& file, const char* quale, std::string_view testo) {
     return syscalls().fsetxattr(file.fd(), quale, testo.data(), testo.size()) == 0;
 }
@@ -319,7 +325,8 @@ Esito copia_in(const std::string& origine, Lavoro& lavoro, std::int64_t& dimensi
     if (!sorgente.aperto() || ::fstat(sorgente.fd(), &s) != 0) return da_errno(errno);
     dimensione = s.st_size;
     Esito esito = travasa(sorgente, lavoro.file());
-    const std::string sua = attributo(da, attributo_parola);
+    // Of what was copied: by its name it would be that of a file put there meanwhile.
+    const std::string sua = attributo(sorgente, attributo_parola);
     if (!sua.empty() || !parola.empty())
         scrivi_attributo(lavoro.file(), attributo_parola, sua.empty() ? parola : sua);
     if (esito == Esito::ok) esito = sincronizza(lavoro.file());

@@ -347,6 +347,40 @@ TEST_F(DiskTest, replacing_a_link_renews_what_it_leads_to) {
     EXPECT_EQ(Dir(cartella_.radice() + "/altrove", "*"), Nomi{"meta"});
 }
 
+/// Puts another file in the place of one that is being read.
+class Scambio : public Syscalls {
+public:
+    Scambio(std::string da, std::string a)
+        : da_(std::move(da)), a_(std::move(a)), prima_(cambia_syscalls(this)) {}
+    Scambio(const Scambio&) = delete;
+    Scambio& operator=(const Scambio&) = delete;
+    ~Scambio() override { cambia_syscalls(prima_); }
+    ssize_t read(int fd, void* dati, std::size_t quanti) override {
+        fs::rename(da_, a_, fatto_);
+        return Syscalls::read(fd, dati, quanti);
+    }
+
+private:
+    std::string da_;
+    std::string a_;
+    Syscalls* prima_;
+    std::error_code fatto_;
+};
+
+TEST_F(DiskTest, a_copy_bears_the_word_of_what_was_copied) {
+    cartella_.scrivi("a.col", "vecchio");
+    if (!annota(f("a.col"), "prima")) GTEST_SKIP() << "this disk keeps no words";
+    cartella_.scrivi("temp.col", "nuovo");
+    annota(f("temp.col"), "dopo");
+    {
+        const Scambio scambio(f("temp.col"), f("a.col"));
+        EXPECT_EQ(FileCopy(f("a.col"), f("b.col")), Esito::ok);
+    }
+    EXPECT_EQ(annotazione(f("a.col")), "dopo");
+    EXPECT_EQ(leggi_tutto(f("b.col")), "vecchio");
+    EXPECT_EQ(annotazione(f("b.col")), "prima");
+}
+
 TEST_F(DiskTest, a_finished_file_reaches_a_link_to_another_disk) {
     if (fs::status("/dev/shm").type() != fs::file_type::directory) GTEST_SKIP() << "no other disk";
     const std::string meta = "/dev/shm/tabellino-prova-" + std::to_string(::getpid());
