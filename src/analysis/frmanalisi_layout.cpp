@@ -18,29 +18,16 @@ using platform::q;
 namespace {
 
 constexpr int margine = 8;
+constexpr int larghezza_pulsante = 100;
 constexpr int altezza_riga = 22;
 constexpr int altezza_testata = 26;
 constexpr QSize misura(800, 632);
 constexpr QSize misura_minima(640, 420);
 
-QLabel* etichetta(const QString& testo, const char* proprieta, QWidget* padre) {
-    auto* e = new QLabel(testo, padre);
-    e->setTextFormat(Qt::PlainText);
-    if (proprieta != nullptr) e->setProperty(proprieta, true);
-    return e;
-}
-
 QLabel* valore(const QString& nome, Qt::Alignment verso, QWidget* padre) {
     QLabel* e = platform::valore(nome, {}, padre, verso);
     e->setFixedHeight(24);
     return e;
-}
-
-QPushButton* comando(const QString& nome, const QString& testo, QWidget* padre) {
-    QPushButton* b = platform::pulsante(nome, testo, {}, padre);
-    b->setMinimumSize(100, 28);
-    b->setAutoDefault(false);
-    return b;
 }
 
 }  // namespace
@@ -51,7 +38,7 @@ VistaTavola::VistaTavola(const QString& nome, int righe_visibili, QWidget* padre
     auto* sotto = new QVBoxLayout(this);
     sotto->setContentsMargins(0, 0, 0, 0);
     sotto->setSpacing(6);
-    titolo = etichetta({}, "titolo", this);
+    titolo = platform::scritta({}, "titolo", this);
     griglia = new QTableWidget(this);
     griglia->setObjectName(nome + "_griglia");
     griglia->setProperty("elenco", true);
@@ -68,7 +55,7 @@ VistaTavola::VistaTavola(const QString& nome, int righe_visibili, QWidget* padre
     griglia->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     griglia->horizontalHeader()->setFixedHeight(altezza_testata);
     griglia->horizontalHeader()->setHighlightSections(false);
-    note = etichetta({}, nullptr, this);
+    note = platform::scritta({}, nullptr, this);
     note->setWordWrap(true);
     sotto->addWidget(titolo);
     sotto->addWidget(griglia);
@@ -131,18 +118,18 @@ void frmanalisi::crea_sistema(QVBoxLayout* sotto) {
     righe->setContentsMargins(12, 10, 12, 10);
     auto* prima = new QHBoxLayout;
     prima->setSpacing(8);
-    prima->addWidget(etichetta(tr("Nome del Sistema"), "titolo", f));
+    prima->addWidget(platform::scritta(tr("Nome del Sistema"), "titolo", f));
     lblnomesistema = valore("lblnomesistema", Qt::AlignLeft, f);
     prima->addWidget(lblnomesistema, 1);
     prima->addSpacing(12);
-    prima->addWidget(etichetta(tr("Combinazioni"), "titolo", f));
+    prima->addWidget(platform::scritta(tr("Combinazioni"), "titolo", f));
     lblnumconb = valore("lblnumconb", Qt::AlignRight, f);
     lblnumconb->setFixedWidth(110);
     prima->addWidget(lblnumconb);
     righe->addLayout(prima);
     auto* seconda = new QHBoxLayout;
     seconda->setSpacing(8);
-    lblstato = etichetta({}, nullptr, f);
+    lblstato = platform::scritta({}, nullptr, f);
     lblstato->setObjectName("lblstato");
     lblstato->setWordWrap(true);
     lblstato->setMinimumHeight(28);
@@ -152,10 +139,10 @@ void frmanalisi::crea_sistema(QVBoxLayout* sotto) {
     ProgressBar1->setTextVisible(false);
     ProgressBar1->setFixedHeight(10);
     ProgressBar1->hide();
-    cmdannulla = comando("cmdannulla", tr("Annulla"), f);
+    cmdannulla = platform::pulsante_in_fila("cmdannulla", tr("Annulla"), f, larghezza_pulsante);
     cmdannulla->setShortcut(Qt::Key_Escape);
     cmdannulla->hide();
-    cmdanalizza = comando("cmdanalizza", tr("Analizza"), f);
+    cmdanalizza = platform::pulsante_in_fila("cmdanalizza", tr("Analizza"), f, larghezza_pulsante);
     cmdanalizza->hide();
     seconda->addWidget(lblstato, 1);
     seconda->addWidget(ProgressBar1, 1);
@@ -233,11 +220,12 @@ QWidget* frmanalisi::crea_medie() {
     griglia->setContentsMargins(0, 0, 0, 0);
     griglia->setHorizontalSpacing(10);
     griglia->setVerticalSpacing(6);
-    griglia->addWidget(etichetta(tr("In media, a ogni estrazione"), "titolo", w), 0, 0, 1, 4);
+    griglia->addWidget(platform::scritta(tr("In media, a ogni estrazione"), "titolo", w), 0, 0, 1,
+                       4);
     const QStringList teste{tr("Categoria"), tr("Combinazioni vincenti"),
                             tr("Premio di una, in euro"), tr("Ritorno, in euro")};
     for (int c = 0; c < 4; ++c) {
-        QLabel* testa = etichetta(teste[c], nullptr, w);
+        QLabel* testa = platform::scritta(teste[c], nullptr, w);
         testa->setAlignment(Qt::AlignVCenter | (c == 0 ? Qt::AlignLeft : Qt::AlignRight));
         griglia->addWidget(testa, 1, c);
     }
@@ -253,23 +241,24 @@ QWidget* frmanalisi::crea_medie() {
         premio->setValidator(new QRegularExpressionValidator(forma, premio));
         txtpremio << premio;
         lblincasso << valore(platform::membro("lblincasso", i), Qt::AlignRight, w);
-        griglia->addWidget(etichetta(nome, nullptr, w), i + 2, 0);
+        griglia->addWidget(platform::scritta(nome, nullptr, w), i + 2, 0);
         griglia->addWidget(lblmedia[i], i + 2, 1);
         griglia->addWidget(premio, i + 2, 2);
         griglia->addWidget(lblincasso[i], i + 2, 3);
         connect(premio, &QLineEdit::textEdited, this, [this, i] { cambia_premio(i); });
     }
     const int ultima = static_cast<int>(categorie_.size()) + 2;
-    lblspesa = etichetta({}, nullptr, w);
+    lblspesa = platform::scritta({}, nullptr, w);
     lblspesa->setObjectName("lblspesa");
-    lblritorno = etichetta({}, "titolo", w);
+    lblritorno = platform::scritta({}, "titolo", w);
     lblritorno->setObjectName("lblritorno");
     lblritorno->setWordWrap(true);
     griglia->addWidget(lblspesa, ultima, 0, 1, 4);
     griglia->addWidget(lblritorno, ultima + 1, 0, 1, 4);
-    QLabel* invito = etichetta(tr("I premi li scrivete voi e restano per la prossima volta; il "
-                                  "programma non ne conosce. Fa fede il concessionario."),
-                               "invito", w);
+    QLabel* invito =
+        platform::scritta(tr("I premi li scrivete voi e restano per la prossima volta; il "
+                             "programma non ne conosce. Fa fede il concessionario."),
+                          "invito", w);
     invito->setWordWrap(true);
     griglia->addWidget(invito, ultima + 2, 0, 1, 4);
     for (int c = 1; c < 4; ++c) griglia->setColumnStretch(c, 1);
@@ -280,7 +269,7 @@ QWidget* frmanalisi::crea_ruote() {
     auto* w = new QWidget(this);
     auto* riga = new QHBoxLayout(w);
     riga->setContentsMargins(0, 0, 0, 0);
-    riga->addWidget(etichetta(tr("Ruota"), "titolo", w));
+    riga->addWidget(platform::scritta(tr("Ruota"), "titolo", w));
     Combo1 = platform::elenco("Combo1", tr("Ruota"), {}, w);
     Combo1->setFixedSize(150, 24);
     Combo1->AddItem(tr("Tutte"));
@@ -297,12 +286,13 @@ QWidget* frmanalisi::crea_ruote() {
 void frmanalisi::crea_comandi(QVBoxLayout* sotto) {
     auto* riga = new QHBoxLayout;
     riga->setSpacing(margine);
-    cmdpdf = comando("cmdpdf", tr("Salva PDF"), this);
-    cmdcopia = comando("cmdcopia", tr("Copia"), this);
+    cmdpdf = platform::pulsante_in_fila("cmdpdf", tr("Salva PDF"), this, larghezza_pulsante);
+    cmdcopia = platform::pulsante_in_fila("cmdcopia", tr("Copia"), this, larghezza_pulsante);
     cmdcopia->setToolTip(tr("Copia tutta l'analisi come testo"));
-    CmdEsci = comando("CmdEsci", tr("Esci"), this);
+    CmdEsci = platform::pulsante_in_fila("CmdEsci", tr("Esci"), this, larghezza_pulsante);
     riga->addWidget(cmdpdf);
-    cmdmigliora = comando("cmdmigliora", tr("Migliora la disposizione…"), this);
+    cmdmigliora = platform::pulsante_in_fila("cmdmigliora", tr("Migliora la disposizione…"), this,
+                                             larghezza_pulsante);
     cmdmigliora->setToolTip(tr("Gli stessi numeri in altre caselle, perché vincano più spesso"));
     riga->addWidget(cmdcopia);
     riga->addWidget(cmdmigliora);

@@ -20,21 +20,7 @@ constexpr QSize cella(34, 22);
 constexpr int larghezza_scelte = 320;
 /// Of the crossword and the choices together, so that the table has room below.
 constexpr int larghezza_insieme = 680;
-
-QLabel* etichetta(const QString& testo, const char* proprieta, QWidget* padre) {
-    auto* e = new QLabel(testo, padre);
-    e->setTextFormat(Qt::PlainText);
-    e->setWordWrap(true);
-    if (proprieta != nullptr) e->setProperty(proprieta, true);
-    return e;
-}
-
-QPushButton* comando(const QString& nome, const QString& testo, QWidget* padre) {
-    QPushButton* b = platform::pulsante(nome, testo, {}, padre);
-    b->setMinimumSize(100, 28);
-    b->setAutoDefault(false);
-    return b;
-}
+constexpr int larghezza_pulsante = 100;
 
 }  // namespace
 
@@ -69,7 +55,7 @@ QWidget* frmmigliora::crea_griglia() {
     f->setObjectName("Frame1");
     auto* righe = new QVBoxLayout(f);
     righe->setContentsMargins(12, 10, 12, 10);
-    righe->addWidget(etichetta(tr("Il cruciverba"), "titolo", f));
+    righe->addWidget(platform::scritta(tr("Il cruciverba"), "titolo", f));
     griglia = new QTableWidget(m.righe(), m.colonne(), f);
     griglia->setObjectName("griglia");
     griglia->setAccessibleName(tr("Cruciverba: la barra spaziatrice ferma un numero"));
@@ -93,8 +79,9 @@ QWidget* frmmigliora::crea_griglia() {
                           qMin(m.righe(), lato) * cella.height() + 3);
     if (m.colonne() > 0 && m.righe() > 0) griglia->setCurrentCell(0, 0);
     righe->addWidget(griglia, 0, Qt::AlignHCenter);
-    QLabel* invito =
-        etichetta(tr("Un clic su una casella ne ferma il numero: [12] resta dov'è."), "invito", f);
+    QLabel* invito = platform::scritta(
+        tr("Un clic su una casella ne ferma il numero: [12] resta dov'è."), "invito", f);
+    invito->setWordWrap(true);
     righe->addWidget(invito);
     righe->addStretch(1);
     connect(griglia, &QTableWidget::cellClicked, this, &frmmigliora::cambia_ferma);
@@ -112,7 +99,7 @@ QWidget* frmmigliora::crea_scelte() {
     auto* righe = new QVBoxLayout(f);
     righe->setContentsMargins(12, 10, 12, 10);
     righe->setSpacing(6);
-    righe->addWidget(etichetta(tr("Che cosa deve venire più spesso"), "titolo", f));
+    righe->addWidget(platform::scritta(tr("Che cosa deve venire più spesso"), "titolo", f));
     scopo = platform::elenco("scopo", tr("Che cosa deve venire più spesso"), {}, f);
     scopo->setFixedHeight(24);
     for (int t = 2; t <= qMin(sistema_.gioco.numeri(), 5); ++t) {
@@ -120,7 +107,7 @@ QWidget* frmmigliora::crea_scelte() {
     }
     scopo->setCurrentIndex(qMin(1, scopo->count() - 1));
     righe->addWidget(scopo);
-    righe->addWidget(etichetta(tr("Quanto cercare"), "titolo", f));
+    righe->addWidget(platform::scritta(tr("Quanto cercare"), "titolo", f));
     tempo = platform::elenco("tempo", tr("Quanto cercare"), {}, f);
     tempo->setFixedHeight(24);
     for (const QString& voce : {tr("5 secondi"), tr("30 secondi"), tr("finché non fermate")}) {
@@ -137,10 +124,12 @@ QWidget* frmmigliora::crea_scelte() {
     grafico->setObjectName("grafico");
     grafico->hide();
     righe->addWidget(grafico);
-    lblstato = etichetta(tr("I numeri restano gli stessi: cambia solo dove stanno, perché linee "
-                            "con gli stessi numeri vincano meno volte insieme."),
-                         nullptr, f);
+    lblstato =
+        platform::scritta(tr("I numeri restano gli stessi: cambia solo dove stanno, perché linee "
+                             "con gli stessi numeri vincano meno volte insieme."),
+                          nullptr, f);
     lblstato->setObjectName("lblstato");
+    lblstato->setWordWrap(true);
     righe->addWidget(lblstato);
     ProgressBar1 = new QProgressBar(f);
     ProgressBar1->setObjectName("ProgressBar1");
@@ -158,13 +147,13 @@ QWidget* frmmigliora::crea_scelte() {
 void frmmigliora::crea_comandi(QBoxLayout* sotto) {
     auto* riga = new QHBoxLayout;
     riga->setSpacing(margine);
-    cmdcerca = comando("cmdcerca", tr("Cerca"), this);
-    cmdferma = comando("cmdferma", tr("Ferma"), this);
+    cmdcerca = platform::pulsante_in_fila("cmdcerca", tr("Cerca"), this, larghezza_pulsante);
+    cmdferma = platform::pulsante_in_fila("cmdferma", tr("Ferma"), this, larghezza_pulsante);
     cmdferma->setEnabled(false);
-    cmdusa = comando("cmdusa", tr("Usa"), this);
+    cmdusa = platform::pulsante_in_fila("cmdusa", tr("Usa"), this, larghezza_pulsante);
     cmdusa->setToolTip(tr("Mette la nuova disposizione nel cruciverba; si può annullare"));
     cmdusa->setEnabled(false);
-    CmdEsci = comando("CmdEsci", tr("Annulla"), this);
+    CmdEsci = platform::pulsante_in_fila("CmdEsci", tr("Annulla"), this, larghezza_pulsante);
     riga->addWidget(cmdcerca);
     riga->addWidget(cmdferma);
     riga->addStretch(1);

@@ -98,6 +98,9 @@ void Form1::collega() {
         connect(new QShortcut(tasto, this), &QShortcut::activated,
                 Image3[static_cast<std::size_t>(a_tasto[i])], &QAbstractButton::click);
     }
+    // The menu's "Nuovo" empties without a question, which a slip of a key must not.
+    connect(new QShortcut(QKeySequence::New, this), &QShortcut::activated, Image3[0],
+            &QAbstractButton::click);
     connect(new QShortcut(QKeySequence::Print, this), &QShortcut::activated, Image3[7],
             &QAbstractButton::click);
     connect(new QShortcut(QKeySequence(Qt::Key_Delete), this), &QShortcut::activated, this,

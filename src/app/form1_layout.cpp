@@ -73,7 +73,7 @@ void Form1::crea_menu() {
     QMenu* file = menuBar()->addMenu(tr("&File"));
     file->menuAction()->setObjectName("mnufile");
     file->setObjectName("mnufile");
-    mnunuovo = comando(file, tr("&Nuovo"), "mnunuovo", QKeySequence::New);
+    mnunuovo = comando(file, tr("&Nuovo"), "mnunuovo");
     mnuapri = comando(file, tr("&Apri"), "mnuapri", QKeySequence::Open);
     mnusalva = comando(file, tr("&Salva"), "mnusalva", QKeySequence::Save);
     mnusalvanome = comando(file, tr("Salva con n&ome"), "mnusalvanome");
@@ -115,7 +115,7 @@ void Form1::crea_comandi() {
         int x;
         QString testo;
     };
-    const std::array<Comando, 9> comandi = {{{6, tr("Nuovo cruciverba")},
+    const std::array<Comando, 9> comandi = {{{6, tr("Nuovo cruciverba (Ctrl+N)")},
                                              {66, tr("Elabora il sistema (F5)")},
                                              {110, tr("Visualizza lo sviluppo (F6)")},
                                              {170, tr("Svuota il cruciverba (Ctrl+Z lo rimette)")},

@@ -43,6 +43,23 @@ inline QPushButton* pulsante(const QString& nome, const QString& testo, QRect do
     return posto(new QPushButton(testo, padre), nome, dove);
 }
 
+/// Button that a layout places, and that no Enter elsewhere presses; `larghezza` is the least.
+inline QPushButton* pulsante_in_fila(const QString& nome, const QString& testo, QWidget* padre,
+                                     int larghezza = 0) {
+    QPushButton* b = pulsante(nome, testo, {}, padre);
+    b->setMinimumSize(larghezza, 28);
+    b->setAutoDefault(false);
+    return b;
+}
+
+/// Text that a layout places, whatever its characters; `proprieta`, if any, picks its look.
+inline QLabel* scritta(const QString& testo, const char* proprieta, QWidget* padre) {
+    auto* e = new QLabel(testo, padre);
+    e->setTextFormat(Qt::PlainText);
+    if (proprieta != nullptr) e->setProperty(proprieta, true);
+    return e;
+}
+
 /// List whose accessible name says what it chooses.
 inline ComboBox* elenco(const QString& nome, const QString& scopo, QRect dove, QWidget* padre) {
     ComboBox* c = posto(new ComboBox(padre), nome, dove);

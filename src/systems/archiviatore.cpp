@@ -15,11 +15,12 @@ void Archiviatore::offri_ripresa() {
             interrotto->nome.empty()
                 ? QStringLiteral("Il cruciverba non aveva ancora un nome")
                 : "Il cruciverba era del sistema " + platform::q(interrotto->nome);
-        const QString testo = QString(
-                                  "L'ultima volta il programma si è interrotto prima di un "
-                                  "salvataggio.\n%1 e conteneva %2 numeri.\n\nRiprenderlo?")
-                                  .arg(quale)
-                                  .arg(interrotto->numeri);
+        const QString testo =
+            QString(
+                "L'ultima volta il programma si è interrotto prima di un "
+                "salvataggio.\n%1 e conteneva %2.\n\nRiprenderlo?")
+                .arg(quale, interrotto->numeri == 1 ? QStringLiteral("un numero")
+                                                    : QString("%1 numeri").arg(interrotto->numeri));
         if (MsgBox(&finestra_, {testo, Pulsanti::si_no, "Tabellino"}) == platform::vbYes) {
             ripresa_.riprendi();
         } else {

@@ -55,13 +55,6 @@ platform::ComboBox* scelta(const QString& nome, const QString& scopo,
     return c;
 }
 
-QPushButton* comando(const QString& nome, const QString& testo, QWidget* padre) {
-    QPushButton* b = platform::pulsante(nome, testo, {}, padre);
-    b->setMinimumHeight(28);
-    b->setAutoDefault(false);
-    return b;
-}
-
 }  // namespace
 
 Editor::Editor(std::string radice, const QString& nome, QWidget* padre)
@@ -168,13 +161,13 @@ QWidget* Editor::crea_campi() {
 }
 
 QLayout* Editor::crea_comandi() {
-    cmdprova = comando("cmdprova", "Pagina &di prova", this);
+    cmdprova = platform::pulsante_in_fila("cmdprova", "Pagina &di prova", this);
     cmdprova->setToolTip(
         "Stampa una croce su ogni casella e un righello, da guardare in "
         "controluce sulla schedina");
-    cmdsalva = comando("cmdsalva", "&Salva", this);
+    cmdsalva = platform::pulsante_in_fila("cmdsalva", "&Salva", this);
     cmdsalva->setDefault(true);
-    cmdchiudi = comando("cmdchiudi", "&Chiudi", this);
+    cmdchiudi = platform::pulsante_in_fila("cmdchiudi", "&Chiudi", this);
     auto* riga = new QHBoxLayout;
     riga->setSpacing(6);
     riga->addWidget(cmdprova, 1);
@@ -191,12 +184,12 @@ QWidget* Editor::crea_tavolo() {
     auto* colonna = new QVBoxLayout(lato);
     colonna->setContentsMargins(0, 0, 0, 0);
     colonna->setSpacing(8);
-    cmdimmagine = comando("cmdimmagine", "&Immagine…", lato);
+    cmdimmagine = platform::pulsante_in_fila("cmdimmagine", "&Immagine…", lato);
     cmdimmagine->setToolTip("Una scansione o una foto della schedina, rifilata ai suoi bordi");
-    cmdangoli = comando("cmdangoli", "&Quattro angoli", lato);
-    cmdpannello = comando("cmdpannello", "&Aggiungi un pannello", lato);
-    auto* meno = comando("cmdmeno", "−", lato);
-    auto* piu = comando("cmdpiu", "+", lato);
+    cmdangoli = platform::pulsante_in_fila("cmdangoli", "&Quattro angoli", lato);
+    cmdpannello = platform::pulsante_in_fila("cmdpannello", "&Aggiungi un pannello", lato);
+    auto* meno = platform::pulsante_in_fila("cmdmeno", "−", lato);
+    auto* piu = platform::pulsante_in_fila("cmdpiu", "+", lato);
     meno->setAccessibleName("Rimpicciolisci");
     piu->setAccessibleName("Ingrandisci");
     auto* sopra = new QHBoxLayout;

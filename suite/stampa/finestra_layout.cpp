@@ -21,16 +21,8 @@ using platform::q;
 namespace {
 
 constexpr int larghezza_sinistra = 316;
-constexpr int altezza_comando = 28;
 constexpr int alto_titolo = 24;
 constexpr int cifre = 9;
-
-QPushButton* comando(const QString& nome, const QString& testo, QWidget* padre) {
-    QPushButton* b = platform::pulsante(nome, testo, {}, padre);
-    b->setMinimumHeight(altezza_comando);
-    b->setAutoDefault(false);
-    return b;
-}
 
 QLabel* scritta(const QString& nome, QWidget* padre) {
     auto* e = new QLabel(padre);
@@ -102,8 +94,8 @@ void Finestra::crea_generi(QVBoxLayout* colonna) {
     }
     cmbmodulo = platform::elenco("cmbmodulo", "Modulo delle vostre schedine", {}, f);
     cmbmodulo->setFixedHeight(24);
-    cmdmodifica = comando("cmdmodifica", "M&odifica…", f);
-    cmdnuovo = comando("cmdnuovo", "&Nuovo…", f);
+    cmdmodifica = platform::pulsante_in_fila("cmdmodifica", "M&odifica…", f);
+    cmdnuovo = platform::pulsante_in_fila("cmdnuovo", "&Nuovo…", f);
     auto* scelta = new QHBoxLayout;
     scelta->setContentsMargins(20, 0, 0, 0);
     scelta->setSpacing(6);
@@ -172,11 +164,11 @@ void Finestra::crea_intervallo(QVBoxLayout* colonna) {
 }
 
 void Finestra::crea_uscite(QVBoxLayout* colonna) {
-    cmdstampa = comando("cmdstampa", "&Stampa", this);
+    cmdstampa = platform::pulsante_in_fila("cmdstampa", "&Stampa", this);
     cmdstampa->setDefault(true);
-    cmdpdf = comando("cmdpdf", "&PDF…", this);
-    cmdtesto = comando("cmdtesto", "&Testo…", this);
-    cmdchiudi = comando("cmdchiudi", "Chi&udi", this);
+    cmdpdf = platform::pulsante_in_fila("cmdpdf", "&PDF…", this);
+    cmdtesto = platform::pulsante_in_fila("cmdtesto", "&Testo…", this);
+    cmdchiudi = platform::pulsante_in_fila("cmdchiudi", "Chi&udi", this);
     cmdstampa->setToolTip("Manda le schedine alla stampante (Ctrl+P)");
     cmdpdf->setToolTip("Scrive le pagine in un file PDF");
     cmdtesto->setToolTip("Scrive un file di testo con una schedina per riga");
@@ -225,12 +217,12 @@ QWidget* Finestra::crea_destra() {
     auto* colonna = new QVBoxLayout(lato);
     colonna->setContentsMargins(0, 0, 0, 0);
     colonna->setSpacing(8);
-    cmdindietro = comando("cmdindietro", "◄", lato);
-    cmdavanti = comando("cmdavanti", "►", lato);
-    cmdmeno = comando("cmdmeno", "−", lato);
-    cmdpiu = comando("cmdpiu", "+", lato);
-    cmdvero = comando("cmdvero", "100 %", lato);
-    cmdintero = comando("cmdintero", "Foglio intero", lato);
+    cmdindietro = platform::pulsante_in_fila("cmdindietro", "◄", lato);
+    cmdavanti = platform::pulsante_in_fila("cmdavanti", "►", lato);
+    cmdmeno = platform::pulsante_in_fila("cmdmeno", "−", lato);
+    cmdpiu = platform::pulsante_in_fila("cmdpiu", "+", lato);
+    cmdvero = platform::pulsante_in_fila("cmdvero", "100 %", lato);
+    cmdintero = platform::pulsante_in_fila("cmdintero", "Foglio intero", lato);
     cmdintero->setCheckable(true);
     const auto dice = [](QPushButton* b, const QString& nome, const QString& tasti) {
         b->setAccessibleName(nome);
@@ -278,7 +270,7 @@ void Finestra::crea_lavoro() {
     barra->setTextVisible(false);
     barra->setRange(0, 1000);
     barra->setFixedHeight(14);
-    cmdferma = comando("cmdferma", "Ferma", lavoro);
+    cmdferma = platform::pulsante_in_fila("cmdferma", "Ferma", lavoro);
     cmdferma->setShortcut(Qt::Key_Escape);
     riga->addWidget(lbllavoro);
     riga->addWidget(barra, 1);

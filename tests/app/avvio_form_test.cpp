@@ -311,8 +311,13 @@ TEST(Menu, TastiDiOgniProgramma) {
     Programma p{true};
     p.cella(0, 0);
     p.numero(5);
+    // A slip of the key loses nothing.
+    p.risposte = {support::vbCancel, support::vbNo};
+    QTest::keyClick(&p.form1, Qt::Key_N, Qt::ControlModifier);
+    EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 5);
     QTest::keyClick(&p.form1, Qt::Key_N, Qt::ControlModifier);
     EXPECT_EQ(p.form1.sessione.matrice()(0, 0), 0);
+    EXPECT_EQ(p.mostrati().size(), 2U);
     const int stampe = p.dialoghi.stampe;
     p.riempi();
     p.scrivi_nel_gestore("prova");

@@ -54,6 +54,19 @@ TEST_F(RipresaForm, TheNameComesBackToo) {
     EXPECT_EQ(p.form1.Tag(), "prova");
 }
 
+TEST_F(RipresaForm, ANameOfAnyLettersAndASingleNumberAreTold) {
+    systems::Sessione s(p.cartella.programma());
+    s.avvia();
+    s.posa({0, 0}, 7);
+    s.in_linea("a%2b");
+    systems::Ripresa(s).tieni();
+    p.risposte = {support::vbNo};
+    p.form1.offri_ripresa();
+    const auto mostrati = p.mostrati();
+    ASSERT_EQ(mostrati.size(), 1U);
+    EXPECT_TRUE(mostrati[0].testo.contains("del sistema a%2b e conteneva un numero."));
+}
+
 TEST_F(RipresaForm, RefusedItIsForgotten) {
     interrompi();
     p.risposte = {support::vbNo};

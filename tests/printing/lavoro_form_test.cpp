@@ -17,6 +17,22 @@ namespace {
 
 using Mostrati = std::vector<Mostrato>;
 
+/// A default printer, whose paper is a file, while one lives.
+class Carta {
+public:
+    explicit Carta(const std::string& file) {
+        platform::stampa_su([file] {
+            auto p = std::make_unique<QPrinter>(QPrinter::HighResolution);
+            p->setOutputFormat(QPrinter::PdfFormat);
+            p->setOutputFileName(q(file));
+            return p;
+        });
+    }
+    ~Carta() { platform::stampa_su({}); }
+    Carta(const Carta&) = delete;
+    Carta& operator=(const Carta&) = delete;
+};
+
 constexpr int apri = platform::vbAltri;
 constexpr int cartella = platform::vbAltri + 1;
 
@@ -97,15 +113,8 @@ TEST(DopoLaStampa, SullaCartaSiDiceLaStampante) {
     Stampa s;
     s.in_linea();
     s.apri();
-    const std::string carta = s.pdf("carta.out");
-    platform::stampa_su([carta] {
-        auto p = std::make_unique<QPrinter>(QPrinter::HighResolution);
-        p->setOutputFormat(QPrinter::PdfFormat);
-        p->setOutputFileName(q(carta));
-        return p;
-    });
+    const Carta carta(s.pdf("carta.out"));
     s.conferma(0);
-    platform::stampa_su({});
     const Mostrati mostrati = s.p.mostrati();
     ASSERT_EQ(mostrati.size(), 1U);
     EXPECT_TRUE(mostrati[0].testo.startsWith("Il prospetto è stato mandato alla stampante «"));
@@ -166,15 +175,8 @@ TEST(StampaPersa, LaStampanteCheRifiuta) {
     Stampa s;
     s.in_linea();
     s.apri();
-    const std::string carta = s.pdf("manca/carta.out");
-    platform::stampa_su([carta] {
-        auto p = std::make_unique<QPrinter>(QPrinter::HighResolution);
-        p->setOutputFormat(QPrinter::PdfFormat);
-        p->setOutputFileName(q(carta));
-        return p;
-    });
+    const Carta carta(s.pdf("manca/carta.out"));
     s.conferma(0);
-    platform::stampa_su({});
     const Mostrati mostrati = s.p.mostrati();
     ASSERT_EQ(mostrati.size(), 1U);
     EXPECT_TRUE(mostrati[0].testo.startsWith("Il prospetto non è stato stampato.\n\n"));

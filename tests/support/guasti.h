@@ -20,7 +20,8 @@ public:
 
     std::int64_t spazio = std::numeric_limits<std::int64_t>::max();  ///< bytes that still fit
     std::size_t pezzo = std::numeric_limits<std::size_t>::max();     ///< of one write
-    bool perde = false;  ///< what finds no room is lost without a word
+    int errore = ENOSPC;  ///< of a write that finds no room
+    bool perde = false;   ///< what finds no room is lost without a word
     bool rename_fallisce = false;
     bool fsync_fallisce = false;
     bool senza_attributi = false;  ///< files keep no words
@@ -41,7 +42,7 @@ public:
     ssize_t write(int fd, const void* dati, std::size_t quanti) override {
         passo();
         if (spazio <= 0) {
-            errno = ENOSPC;
+            errno = errore;
             return perde ? static_cast<ssize_t>(quanti) : -1;
         }
         const std::size_t n = std::min({quanti, pezzo, static_cast<std::size_t>(spazio)});

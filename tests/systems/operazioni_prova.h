@@ -8,6 +8,7 @@
 #include <map>
 
 #include "support/cartella.h"
+#include "support/guasti.h"
 #include "systems/operazioni.h"
 
 namespace operazioni {
@@ -73,29 +74,6 @@ protected:
 
     support::Cartella cartella;
     std::string altra = cartella.radice() + "/altra";
-};
-
-/// Fails every write of more bytes than are left, as a full device does.
-class DiscoPieno : public platform::Syscalls {
-public:
-    DiscoPieno(std::size_t spazio, int errore) : spazio_(spazio), errore_(errore) {
-        prima_ = platform::cambia_syscalls(this);
-    }
-    ~DiscoPieno() override { platform::cambia_syscalls(prima_); }
-    ssize_t write(int fd, const void* dati, std::size_t quanti) override {
-        if (spazio_ == 0) {
-            errno = errore_;
-            return -1;
-        }
-        const ssize_t n = Syscalls::write(fd, dati, std::min(quanti, spazio_));
-        if (n > 0) spazio_ -= static_cast<std::size_t>(n);
-        return n;
-    }
-
-private:
-    std::size_t spazio_;
-    int errore_;
-    platform::Syscalls* prima_;
 };
 
 }  // namespace operazioni

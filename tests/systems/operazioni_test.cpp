@@ -306,7 +306,9 @@ TEST_P(OperazioniTest, FullDiskAndFullQuotaLeaveTheSystemAndAPartOfTheDevelopmen
         fs::create_directories(altra);
         scrivi(sis("a"), "SISTEMA");
         scrivi(svi("a"), std::string(1000, 'v'));
-        const DiscoPieno pieno(100, errore);
+        support::Disco pieno;
+        pieno.spazio = 100;
+        pieno.errore = errore;
         const Passi passi = invia(qui("a"), la("a"));
         EXPECT_TRUE(passi.disco_pieno());
         EXPECT_EQ(passi.sistema, Esito::ok);
@@ -317,7 +319,8 @@ TEST_P(OperazioniTest, FullDiskAndFullQuotaLeaveTheSystemAndAPartOfTheDevelopmen
 TEST_P(OperazioniTest, DiskThatIsFullForTheSystemStopsTheSend) {
     scrivi(sis("a"), "SISTEMA");
     scrivi(svi("a"), "V");
-    const DiscoPieno pieno(3, ENOSPC);
+    support::Disco pieno;
+    pieno.spazio = 3;
     const Passi passi = invia(qui("a"), la("a"));
     EXPECT_EQ(passi.sistema, Esito::disco_pieno);
     EXPECT_EQ(passi.sviluppo, Esito::assente);

@@ -102,7 +102,8 @@ TEST_P(SostituzioneTest, AFullDiskLeavesThePairThatWasToGiveWay) {
     scrivi(svi("a"), std::string(1000, 'v'));
     scrivi_altra(sis("a"), "X");
     scrivi_altra(svi("a"), "Y");
-    const DiscoPieno pieno(100, ENOSPC);
+    support::Disco pieno;
+    pieno.spazio = 100;
     EXPECT_TRUE(invia(qui("a"), la("a"), Vecchia::tolta).disco_pieno());
     EXPECT_EQ(stato(altra), (Stato{{sis("a"), "X"}, {svi("a"), "Y"}}));
 }

@@ -2,6 +2,7 @@
 
 #include <QFileDialog>
 
+#include "support/guasti.h"
 #include "systems/gestore.h"
 
 using namespace gestore;
@@ -239,28 +240,6 @@ TEST_P(TrasferimentoTest, FolderDialogGivenUpReturnsNothing) {
     EXPECT_EQ(nel_dialogo(dove(), [](QFileDialog& d) { d.reject(); }), "");
 }
 
-/// Refuses every write once so many bytes are written, as a full device does.
-class DiscoPieno : public platform::Syscalls {
-public:
-    explicit DiscoPieno(std::size_t spazio) : spazio_(spazio) {
-        prima_ = platform::cambia_syscalls(this);
-    }
-    ~DiscoPieno() override { platform::cambia_syscalls(prima_); }
-    ssize_t write(int fd, const void* dati, std::size_t quanti) override {
-        if (spazio_ == 0) {
-            errno = ENOSPC;
-            return -1;
-        }
-        const ssize_t n = Syscalls::write(fd, dati, std::min(quanti, spazio_));
-        if (n > 0) spazio_ -= static_cast<std::size_t>(n);
-        return n;
-    }
-
-private:
-    std::size_t spazio_;
-    platform::Syscalls* prima_;
-};
-
 TEST_P(TrasferimentoTest, FullDiskIsToldOnceAndTheManagerComesBack) {
     sistema("uno", 1);
     p.cartella.scrivi(svi("uno"), std::string(200000, 'v'));
@@ -272,7 +251,8 @@ TEST_P(TrasferimentoTest, FullDiskIsToldOnceAndTheManagerComesBack) {
     const bool montato = ::mount("tmpfs", altra.c_str(), "tmpfs", 0, "size=64k") == 0;
     RecordProperty("full_disk", montato ? "tmpfs" : "injected");
     {
-        const DiscoPieno pieno(montato ? 1000000 : 60000);
+        support::Disco pieno;
+        pieno.spazio = montato ? 1000000 : 60000;
         menu(f.mnuinvia);
     }
     const Stato arrivo = stato(altra);
