@@ -147,6 +147,7 @@ void frmmigliora::accogli(Disposizione&& d) {
     // Sentences take the more lines the narrower they are, which no window asks for by itself.
     layout()->activate();
     resize(width(), qMax(height(), layout()->totalHeightForWidth(width())));
+    platform::tieni_sullo_schermo(this);
 }
 
 void frmmigliora::usa() {

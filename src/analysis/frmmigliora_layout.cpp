@@ -46,7 +46,9 @@ frmmigliora::frmmigliora(app::Finestra& finestra, QWidget* padre)
     sotto->addStretch(1);
     crea_comandi(sotto);
     mostra_griglia();
+    resize(sizeHint());
     platform::centra(this, padre);
+    platform::tieni_sullo_schermo(this);
 }
 
 QWidget* frmmigliora::crea_griglia() {

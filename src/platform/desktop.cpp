@@ -315,6 +315,16 @@ bool cestina(const QString& nome) {
     return QFile::moveToTrash(nome);
 }
 
+void tieni_sullo_schermo(QWidget* finestra) {
+    const QRect schermo = finestra->screen()->availableGeometry();
+    const QRect cornice = finestra->frameGeometry();
+    // What is larger than the screen keeps its title there.
+    const QPoint posto(
+        qMax(schermo.left(), qMin(cornice.left(), schermo.right() + 1 - cornice.width())),
+        qMax(schermo.top(), qMin(cornice.top(), schermo.bottom() + 1 - cornice.height())));
+    if (posto != cornice.topLeft()) finestra->move(posto);
+}
+
 void centra(QWidget* finestra, const QWidget* sotto) {
     const QPoint posto = sotto->pos() + QPoint((sotto->width() - finestra->width()) / 2,
                                                (sotto->height() - finestra->height()) / 2);

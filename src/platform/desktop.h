@@ -99,6 +99,8 @@ bool cestina(const QString& nome);
 
 /// Centres `finestra` over `sotto`, by their outer corners and their inner sizes.
 void centra(QWidget* finestra, const QWidget* sotto);
+/// Moves a window that reaches beyond its screen back into it, as far as it fits.
+void tieni_sullo_schermo(QWidget* finestra);
 
 /// Shows a window that was hidden, where it stood.
 void mostra_di_nuovo(QWidget* finestra);

@@ -70,6 +70,19 @@ protected:
 
 }  // namespace
 
+TEST_F(MiglioraForm, ItStandsOverTheAnalysisAndGrowsWithinTheScreen) {
+    frmmigliora& f = apri();
+    const QWidget* analisi = aperta<frmanalisi>();
+    const QPoint scarto = f.geometry().center() - analisi->geometry().center();
+    EXPECT_LE(scarto.manhattanLength(), 4);
+    const QRect schermo = f.screen()->availableGeometry();
+    f.move(schermo.bottomRight() - QPoint(f.width(), f.height()));
+    QApplication::processEvents();
+    cerca_e_ferma(f);
+    EXPECT_TRUE(f.confronto->isVisible());
+    EXPECT_TRUE(schermo.contains(f.frameGeometry()));
+}
+
 TEST_F(MiglioraForm, UsaLaysWhatWasFoundAsOneStepThatCanBeUndone) {
     frmmigliora& f = apri();
     EXPECT_EQ(f.windowTitle(), "Migliora la disposizione");
