@@ -85,8 +85,11 @@ bool sviluppo_proprio(const Coppia& coppia) {
 
 bool salva_per_elaborare(const Coppia& coppia, const Sistema& sistema) {
     const std::string nuovo = testo_sistema(sistema);
-    if (platform::leggi_tutto(coppia.sistema(), std::ssize(nuovo)) != nuovo)
-        platform::Kill(coppia.sviluppo());
+    if (platform::leggi_tutto(coppia.sistema(), std::ssize(nuovo)) != nuovo) {
+        const platform::Esito via = platform::Kill(coppia.sviluppo());
+        // What cannot be taken away stays beside the system that it belongs to.
+        if (via != platform::Esito::ok && via != platform::Esito::assente) return false;
+    }
     return platform::sostituisci(coppia.sistema(), nuovo) == platform::Esito::ok;
 }
 

@@ -23,6 +23,7 @@ public:
     int errore = ENOSPC;  ///< of a write that finds no room
     bool perde = false;   ///< what finds no room is lost without a word
     bool rename_fallisce = false;
+    bool unlink_fallisce = false;
     bool fsync_fallisce = false;
     bool senza_attributi = false;  ///< files keep no words
     bool senza_noreplace = false;  ///< no rename that leaves a file alone
@@ -76,7 +77,8 @@ public:
     }
     int unlink(const char* nome) override {
         passo();
-        return Syscalls::unlink(nome);
+        errno = EIO;
+        return unlink_fallisce ? -1 : Syscalls::unlink(nome);
     }
     int fsetxattr(int fd, const char* nome, const void* dati, std::size_t quanti) override {
         passo();

@@ -146,6 +146,19 @@ TEST_P(Appartenenza, anche_quello_di_una_versione_che_non_segnava) {
     EXPECT_FALSE(proprio("solo"));
 }
 
+TEST_P(Appartenenza, WhatCannotBeTakenAwayKeepsItsSystem) {
+    ASSERT_TRUE(salva("a", sistema(1)));
+    cartella_.scrivi("a" + std::string(gioco().estensione_sviluppo()), "di prima");
+    {
+        support::Disco disco;
+        disco.unlink_fallisce = true;
+        EXPECT_FALSE(salva_per_elaborare(coppia("a"), sistema(2)));
+    }
+    EXPECT_EQ(leggi_sistema(cartella_.programma(), "a", gioco()).matrice, sistema(1).matrice);
+    EXPECT_TRUE(salva_per_elaborare(coppia("a"), sistema(2)));
+    EXPECT_FALSE(platform::esiste_file(coppia("a").sviluppo()));
+}
+
 TEST_P(Appartenenza, elaborando_un_sistema_cambiato_lo_sviluppo_vecchio_va_via_per_primo) {
     const Sistema s = elabora("a", 1);
     EXPECT_TRUE(salva_per_elaborare(coppia("a"), s));
