@@ -69,7 +69,7 @@ void frmanalisi::occupato(bool si) {
     if (si) attesa_.emplace();
 }
 
-bool frmanalisi::avanza(double parte) {
+void frmanalisi::avanza(double parte) {
     if (!ProgressBar1->isVisible() && da_quando_.elapsed() >= attesa_ms) {
         // From here on there is something to stop, and a pointer to do it with.
         attesa_.reset();
@@ -81,11 +81,18 @@ bool frmanalisi::avanza(double parte) {
     }
     ProgressBar1->setValue(static_cast<int>(parte * passi_barra));
     platform::DoEvents();
+}
+
+bool frmanalisi::superata() {
+    const systems::Sessione& sessione = finestra_.sessione;
+    const bool stesso = sessione.nome() == s(platform::Tag(this)) && sessione.gioco() == gioco_;
+    if (stesso && sessione.salvato() && sessione.sviluppo_proprio()) return false;
+    lblstato->setText("Il sistema è cambiato: F9 nella finestra principale lo analizza.");
     return true;
 }
 
 void frmanalisi::iniz() {
-    if (al_lavoro_) return;
+    if (al_lavoro_ || superata()) return;
     const QString nome = platform::Tag(this);
     lblnomesistema->setText(nome);
     lblstato->setText("Analisi in corso…");
@@ -100,7 +107,8 @@ void frmanalisi::iniz() {
         const platform::LavoroLungo lavoro(cmdannulla);
         // Events run inside may close the main form, and this one with it.
         const auto avanzamento = [&ancora](double parte) {
-            return ancora && ancora->avanza(parte) && ancora && !ancora->fermata_;
+            if (ancora) ancora->avanza(parte);
+            return ancora && !ancora->fermata_;
         };
         if (systems::nome_ammesso(s(nome))) {
             conto->lettura =
@@ -197,7 +205,7 @@ void frmanalisi::mostra_medie() {
     lblritorno->setText(q(t.note[1]));
 }
 
-void frmanalisi::cambia_premio(int /*quale*/) {
+void frmanalisi::cambia_premio() {
     // What the disk refuses to keep still counts here and now.
     static_cast<void>(scrivi_premi(App().Path, gioco_, premi()));
     mostra_medie();
@@ -278,6 +286,7 @@ void frmanalisi::copia() {
 }
 
 void frmanalisi::migliora() {
+    if (superata()) return;
     auto* form = new frmmigliora(finestra_, this);
     form->show();
 }

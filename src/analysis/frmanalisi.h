@@ -101,15 +101,17 @@ private:
     QWidget* crea_ruote();
     void crea_comandi(QVBoxLayout* sotto);
 
-    /// Says how the job goes; false when it is to stop.
-    bool avanza(double parte);
+    /// Says how the job goes; events run, which may take this form away.
+    void avanza(double parte);
+    /// True, and said, when what is open is no longer the system that this window was opened for.
+    bool superata();
     void occupato(bool si);
     void conta_passato(Conto& conto);
     void mostra();
     void mostra_medie();
     void mostra_passato();
     void cambia_ruota();
-    void cambia_premio(int quale);
+    void cambia_premio();
     void salva_pdf();
     void copia();
     void migliora();

@@ -245,7 +245,7 @@ QWidget* frmanalisi::crea_medie() {
         griglia->addWidget(lblmedia[i], i + 2, 1);
         griglia->addWidget(premio, i + 2, 2);
         griglia->addWidget(lblincasso[i], i + 2, 3);
-        connect(premio, &QLineEdit::textEdited, this, [this, i] { cambia_premio(i); });
+        connect(premio, &QLineEdit::textEdited, this, [this] { cambia_premio(); });
     }
     const int ultima = static_cast<int>(categorie_.size()) + 2;
     lblspesa = platform::scritta({}, nullptr, w);

@@ -11,6 +11,7 @@
 #include <QHeaderView>
 
 #include "analysis/frmanalisi.h"
+#include "analysis/frmmigliora.h"
 #include "check/modulo_spoglio.h"
 #include "support/finestre_aperte.h"
 #include "support/guasti.h"
@@ -384,6 +385,24 @@ TEST_F(AnalisiForm, EscapeStopsTheCountToo) {
     frmanalisi& f = apri(grande());
     EXPECT_EQ(f.lblstato->text(), "Analisi interrotta.");
     EXPECT_TRUE(f.isVisible());
+}
+
+TEST_F(AnalisiForm, ASystemThatChangedMeanwhileIsNotAnalysed) {
+    quando_si_puo_annullare(&p.form1, [](frmanalisi& f) { Programma::clic(f.cmdannulla); });
+    frmanalisi& f = apri(grande());
+    p.form1.sessione.rimuovi({1, 1});
+    Programma::clic(f.cmdanalizza);
+    EXPECT_EQ(f.lblstato->text(),
+              "Il sistema è cambiato: F9 nella finestra principale lo analizza.");
+    EXPECT_EQ(p.form1.lblanalisi->text(), "");
+}
+
+TEST_F(AnalisiForm, ASystemThatChangedMeanwhileIsNotLaidBetter) {
+    frmanalisi& f = apri("1,2,3,4,5,6\r\n");
+    p.form1.sessione.in_linea("altro");
+    Programma::clic(f.cmdmigliora);
+    EXPECT_EQ(aperta<analysis::frmmigliora>(), nullptr);
+    EXPECT_TRUE(f.lblstato->text().startsWith("Il sistema è cambiato"));
 }
 
 TEST_F(AnalisiForm, ClosedWhileItCountsItGoes) {
