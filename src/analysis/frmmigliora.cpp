@@ -3,6 +3,7 @@
 #include <thread>
 
 #include <QCloseEvent>
+#include <QElapsedTimer>
 #include <QLayout>
 #include <QPointer>
 

@@ -6,7 +6,6 @@
 
 #include <QCheckBox>
 #include <QDialog>
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -74,7 +73,6 @@ private:
     std::optional<Misura> prima_;  ///< of the crossword of the session
     std::optional<Disposizione> trovata_;
     Ordine ordine_ = Ordine::continua;
-    QElapsedTimer da_quando_;
     double mostrata_ = 0;
     bool al_lavoro_ = false;
     bool chiusura_chiesta_ = false;

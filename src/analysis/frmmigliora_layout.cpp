@@ -152,6 +152,7 @@ void frmmigliora::crea_comandi(QBoxLayout* sotto) {
     cmdcerca = platform::pulsante_in_fila("cmdcerca", tr("Cerca"), this, larghezza_pulsante);
     cmdferma = platform::pulsante_in_fila("cmdferma", tr("Ferma"), this, larghezza_pulsante);
     cmdferma->setEnabled(false);
+    cmdferma->setShortcut(Qt::Key_Escape);
     cmdusa = platform::pulsante_in_fila("cmdusa", tr("Usa"), this, larghezza_pulsante);
     cmdusa->setToolTip(tr("Mette la nuova disposizione nel cruciverba; si può annullare"));
     cmdusa->setEnabled(false);

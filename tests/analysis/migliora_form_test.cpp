@@ -83,6 +83,22 @@ TEST_F(MiglioraForm, ItStandsOverTheAnalysisAndGrowsWithinTheScreen) {
     EXPECT_TRUE(schermo.contains(f.frameGeometry()));
 }
 
+TEST_F(MiglioraForm, EscapeStopsTheSearchAndThenCloses) {
+    frmmigliora& f = apri();
+    Programma::scegli(f.tempo, 2);
+    f.activateWindow();
+    QApplication::processEvents();
+    quando_e_migliorata([](frmmigliora& in_corso) {
+        QTest::keyClick(&in_corso, Qt::Key_Escape);
+    });
+    Programma::clic(f.cmdcerca);
+    EXPECT_TRUE(f.isVisible());
+    EXPECT_TRUE(f.cmdusa->isEnabled());
+    QTest::keyClick(&f, Qt::Key_Escape);
+    QApplication::processEvents();
+    EXPECT_EQ(aperta<frmmigliora>(), nullptr);
+}
+
 TEST_F(MiglioraForm, UsaLaysWhatWasFoundAsOneStepThatCanBeUndone) {
     frmmigliora& f = apri();
     EXPECT_EQ(f.windowTitle(), "Migliora la disposizione");
