@@ -88,9 +88,7 @@ TEST_F(MiglioraForm, EscapeStopsTheSearchAndThenCloses) {
     Programma::scegli(f.tempo, 2);
     f.activateWindow();
     QApplication::processEvents();
-    quando_e_migliorata([](frmmigliora& in_corso) {
-        QTest::keyClick(&in_corso, Qt::Key_Escape);
-    });
+    quando_e_migliorata([](frmmigliora& in_corso) { QTest::keyClick(&in_corso, Qt::Key_Escape); });
     Programma::clic(f.cmdcerca);
     EXPECT_TRUE(f.isVisible());
     EXPECT_TRUE(f.cmdusa->isEnabled());
