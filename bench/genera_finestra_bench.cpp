@@ -8,7 +8,7 @@
 #include "app/form1.h"
 #include "app/stile.h"
 #include "platform/application.h"
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 
 namespace {
 

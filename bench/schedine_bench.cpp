@@ -14,8 +14,8 @@
 #include <QImage>
 #include <QPainter>
 
-#include "platform/desktop.h"
-#include "platform/printer_qt.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/printer_qt.h"
 #include "stampa/lavoro.h"
 
 namespace {

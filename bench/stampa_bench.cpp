@@ -13,8 +13,8 @@
 
 #include <QGuiApplication>
 
-#include "platform/desktop.h"
-#include "platform/printer_qt.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/printer_qt.h"
 #include "printing/listati.h"
 
 namespace {

@@ -13,8 +13,8 @@
 #include "analysis/stampa_analisi.h"
 #include "app/finestra.h"
 #include "platform/application.h"
-#include "platform/desktop.h"
-#include "platform/printer_qt.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/printer_qt.h"
 #include "platform/runtime.h"
 #include "systems/elenco.h"
 

@@ -16,8 +16,8 @@
 
 #include "analysis/grafico.h"
 #include "analysis/relazione.h"
-#include "platform/controls.h"
-#include "platform/desktop.h"
+#include "platform/qt/controls.h"
+#include "platform/qt/desktop.h"
 
 class QVBoxLayout;
 

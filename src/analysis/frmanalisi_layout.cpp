@@ -7,8 +7,8 @@
 
 #include "analysis/frmanalisi.h"
 #include "app/finestra.h"
-#include "platform/desktop.h"
-#include "platform/disposizione.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/disposizione.h"
 #include "statistics/archivio.h"
 
 namespace analysis {

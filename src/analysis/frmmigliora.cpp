@@ -10,7 +10,7 @@
 #include "analysis/confronto.h"
 #include "app/finestra.h"
 #include "platform/application.h"
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 
 namespace analysis {
 

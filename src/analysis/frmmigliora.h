@@ -13,7 +13,7 @@
 
 #include "analysis/disposizione.h"
 #include "analysis/frmanalisi.h"
-#include "platform/controls.h"
+#include "platform/qt/controls.h"
 
 class QBoxLayout;
 

@@ -6,8 +6,8 @@
 
 #include "analysis/frmmigliora.h"
 #include "app/finestra.h"
-#include "platform/desktop.h"
-#include "platform/disposizione.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/disposizione.h"
 
 namespace analysis {
 

@@ -3,7 +3,7 @@
 #include <QEvent>
 
 #include "platform/application.h"
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 
 namespace analysis {
 

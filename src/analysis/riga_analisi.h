@@ -7,7 +7,7 @@
 
 #include "app/finestra.h"
 #include "development/spiegazioni.h"
-#include "platform/controls.h"
+#include "platform/qt/controls.h"
 
 namespace analysis {
 

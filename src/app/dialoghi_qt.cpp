@@ -5,7 +5,7 @@
 #include "check/frmspoglio.h"
 #include "help/frmAbout.h"
 #include "help/guida.h"
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 #include "printing/frmstsvl.h"
 #include "systems/form2.h"
 #include "viewer/form3.h"

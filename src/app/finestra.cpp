@@ -1,6 +1,6 @@
 #include "app/finestra.h"
 
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 
 namespace app {
 

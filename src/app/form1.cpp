@@ -8,8 +8,8 @@
 #include "app/form1_parti.h"
 #include "app/stile.h"
 #include "platform/application.h"
-#include "platform/desktop.h"
 #include "platform/disk.h"
+#include "platform/qt/desktop.h"
 #include "platform/runtime.h"
 #include "statistics/avviso_archivio.h"
 

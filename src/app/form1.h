@@ -10,8 +10,8 @@
 #include <QPushButton>
 
 #include "app/finestra.h"
-#include "platform/controls.h"
-#include "platform/flexgrid.h"
+#include "platform/qt/controls.h"
+#include "platform/qt/flexgrid.h"
 
 namespace app {
 

@@ -6,8 +6,8 @@
 #include "app/form1.h"
 #include "app/menu_aspetto.h"
 #include "platform/application.h"
-#include "platform/desktop.h"
-#include "platform/disposizione.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/disposizione.h"
 
 namespace app {
 

@@ -2,7 +2,7 @@
 #include <QSignalBlocker>
 
 #include "app/form1_parti.h"
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 
 namespace app {
 

@@ -4,8 +4,8 @@
 #include <QScreen>
 
 #include "platform/application.h"
-#include "platform/desktop.h"
 #include "platform/disk.h"
+#include "platform/qt/desktop.h"
 
 namespace app {
 

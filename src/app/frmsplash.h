@@ -8,7 +8,7 @@
 #include <QTimer>
 #include <QWidget>
 
-#include "platform/controls.h"
+#include "platform/qt/controls.h"
 
 namespace app {
 

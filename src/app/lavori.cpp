@@ -1,6 +1,6 @@
 #include "app/lavori.h"
 
-#include "platform/pittura.h"
+#include "platform/qt/pittura.h"
 
 namespace app {
 

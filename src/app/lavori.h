@@ -4,7 +4,7 @@
 #include <QMainWindow>
 #include <QProgressBar>
 
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 
 namespace app {
 

@@ -1,8 +1,8 @@
 #include "app/mancanze.h"
 
 #include "platform/application.h"
-#include "platform/desktop.h"
 #include "platform/disk.h"
+#include "platform/qt/desktop.h"
 
 namespace app {
 

@@ -5,7 +5,7 @@
 
 #include "app/aspetto.h"
 #include "app/stile.h"
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 
 namespace app {
 

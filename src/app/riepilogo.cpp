@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "platform/controls.h"
-#include "platform/desktop.h"
+#include "platform/qt/controls.h"
+#include "platform/qt/desktop.h"
 #include "platform/runtime.h"
 
 namespace app {

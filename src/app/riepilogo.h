@@ -1,7 +1,7 @@
 // The summary grid, its told cells written in one place and read in none.
 #pragma once
 
-#include "platform/flexgrid.h"
+#include "platform/qt/flexgrid.h"
 #include "systems/sessione.h"
 
 namespace app {

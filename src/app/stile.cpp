@@ -10,9 +10,9 @@
 #include <QStyleOption>
 #include <QTabBar>
 
-#include "platform/copia.h"
-#include "platform/lingua.h"
-#include "platform/rotella.h"
+#include "platform/qt/copia.h"
+#include "platform/qt/lingua.h"
+#include "platform/qt/rotella.h"
 
 /// A static library's resources are linked in only when somebody asks for them; the macro works
 /// in the global namespace alone.

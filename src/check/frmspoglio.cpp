@@ -7,7 +7,7 @@
 #include "app/finestra.h"
 #include "check/estrazioni.h"
 #include "platform/application.h"
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 #include "platform/runtime.h"
 #include "systems/elenco.h"
 #include "systems/file_sistema.h"

@@ -12,9 +12,9 @@
 
 #include "check/dettaglio.h"
 #include "check/spoglio.h"
-#include "platform/controls.h"
-#include "platform/flexgrid.h"
-#include "platform/listavirtuale.h"
+#include "platform/qt/controls.h"
+#include "platform/qt/flexgrid.h"
+#include "platform/qt/listavirtuale.h"
 #include "platform/recordset.h"
 
 namespace app {

@@ -5,7 +5,7 @@
 #include "check/estrazioni.h"
 #include "check/frmspoglio.h"
 #include "platform/application.h"
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 #include "statistics/avviso_archivio.h"
 
 namespace check {

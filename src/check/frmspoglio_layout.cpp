@@ -7,8 +7,8 @@
 #include "check/estrazioni.h"
 #include "check/frmspoglio.h"
 #include "crossword/griglia.h"
-#include "platform/desktop.h"
-#include "platform/disposizione.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/disposizione.h"
 
 namespace check {
 

@@ -1,6 +1,6 @@
 #include "crossword/griglia.h"
 
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 
 namespace crossword {
 

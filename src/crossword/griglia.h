@@ -2,7 +2,7 @@
 #pragma once
 
 #include "crossword/matrice.h"
-#include "platform/flexgrid.h"
+#include "platform/qt/flexgrid.h"
 
 namespace crossword {
 

@@ -6,8 +6,8 @@
 #include "crossword/digitazione.h"
 #include "crossword/griglia.h"
 #include "crossword/linee.h"
-#include "platform/desktop.h"
-#include "platform/pittura.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/pittura.h"
 
 namespace crossword {
 

@@ -2,7 +2,7 @@
 
 #include <QMenuBar>
 
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 
 namespace development {
 

@@ -2,8 +2,8 @@
 
 #include "app/finestra.h"
 #include "platform/application.h"
-#include "platform/desktop.h"
-#include "platform/disposizione.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/disposizione.h"
 
 namespace help {
 

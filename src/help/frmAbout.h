@@ -5,7 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "platform/controls.h"
+#include "platform/qt/controls.h"
 
 namespace app {
 class Finestra;

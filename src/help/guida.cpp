@@ -2,9 +2,9 @@
 
 #include "help/finestra.h"
 #include "platform/application.h"
-#include "platform/desktop.h"
 #include "platform/disk.h"
-#include "platform/shell.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/shell.h"
 #include "platform/text_file.h"
 
 namespace help {

@@ -7,11 +7,11 @@
 
 #include "app/finestra.h"
 #include "platform/application.h"
-#include "platform/desktop.h"
 #include "platform/disk.h"
 #include "platform/file_nuovo.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/shell.h"
 #include "platform/runtime.h"
-#include "platform/shell.h"
 #include "platform/text_file.h"
 #include "printing/intervallo.h"
 

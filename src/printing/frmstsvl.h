@@ -11,8 +11,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "platform/controls.h"
-#include "platform/printer_qt.h"
+#include "platform/qt/controls.h"
+#include "platform/qt/printer_qt.h"
 #include "printing/mod_stampa.h"
 #include "printing/prospetto.h"
 

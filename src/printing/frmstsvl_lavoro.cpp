@@ -5,8 +5,8 @@
 
 #include "app/finestra.h"
 #include "platform/application.h"
-#include "platform/desktop.h"
 #include "platform/disk.h"
+#include "platform/qt/desktop.h"
 #include "printing/frmstsvl.h"
 #include "printing/listati.h"
 

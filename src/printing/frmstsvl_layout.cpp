@@ -1,7 +1,7 @@
 // Where everything stands in the print options.
 #include <QValidator>
 
-#include "platform/disposizione.h"
+#include "platform/qt/disposizione.h"
 #include "printing/frmstsvl.h"
 
 namespace printing {

@@ -1,6 +1,6 @@
 #include "statistics/avviso_archivio.h"
 
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 
 namespace statistics {
 

@@ -1,6 +1,6 @@
 #include "statistics/riempimento.h"
 
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 #include "statistics/avviso_archivio.h"
 
 namespace statistics {

@@ -2,7 +2,7 @@
 
 #include <QTimer>
 
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 
 namespace systems {
 

@@ -4,8 +4,8 @@
 
 #include "app/finestra.h"
 #include "platform/application.h"
-#include "platform/desktop.h"
 #include "platform/disk.h"
+#include "platform/qt/desktop.h"
 #include "platform/runtime.h"
 #include "systems/elenco.h"
 #include "systems/file_sistema.h"

@@ -9,9 +9,9 @@
 #include <QPushButton>
 
 #include "crossword/matrice.h"
-#include "platform/controls.h"
-#include "platform/desktop.h"
-#include "platform/listview.h"
+#include "platform/qt/controls.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/listview.h"
 #include "systems/operazioni.h"
 
 namespace app {

@@ -4,8 +4,8 @@
 
 #include "app/finestra.h"
 #include "development/elaborazione.h"
-#include "platform/desktop.h"
-#include "platform/disposizione.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/disposizione.h"
 #include "systems/elenco.h"
 #include "systems/form2.h"
 

@@ -4,8 +4,8 @@
 
 #include "app/finestra.h"
 #include "platform/application.h"
-#include "platform/desktop.h"
-#include "platform/folder.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/folder.h"
 #include "systems/form2.h"
 
 namespace systems {

@@ -6,8 +6,8 @@
 
 #include "app/finestra.h"
 #include "platform/application.h"
-#include "platform/desktop.h"
-#include "platform/pittura.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/pittura.h"
 #include "platform/runtime.h"
 #include "systems/elenco.h"
 #include "systems/file_sistema.h"

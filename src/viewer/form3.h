@@ -10,9 +10,9 @@
 #include <QScrollBar>
 
 #include "crossword/gioco.h"
-#include "platform/controls.h"
 #include "platform/links.h"
-#include "platform/listview.h"
+#include "platform/qt/controls.h"
+#include "platform/qt/listview.h"
 #include "viewer/indice.h"
 
 namespace app {

@@ -2,8 +2,8 @@
 #include <QHeaderView>
 
 #include "app/finestra.h"
-#include "platform/desktop.h"
-#include "platform/disposizione.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/disposizione.h"
 #include "viewer/form3.h"
 
 namespace viewer {

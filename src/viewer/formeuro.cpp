@@ -9,8 +9,8 @@
 
 #include "app/finestra.h"
 #include "platform/application.h"
-#include "platform/controls.h"
-#include "platform/desktop.h"
+#include "platform/qt/controls.h"
+#include "platform/qt/desktop.h"
 #include "viewer/importo.h"
 
 namespace viewer {

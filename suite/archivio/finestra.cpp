@@ -9,8 +9,8 @@
 #include <QUrl>
 
 #include "importa.h"
-#include "platform/desktop.h"
-#include "platform/folder.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/folder.h"
 
 namespace importazione {
 

@@ -7,7 +7,7 @@
 #include "comando.h"
 #include "finestra.h"
 #include "platform/application.h"
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 
 int main(int argc, char** argv) {
     const std::vector<std::string> parole(argv + 1, argv + argc);

@@ -1,7 +1,7 @@
 #include "sistema/stampa.h"
 
-#include "platform/desktop.h"
-#include "platform/printer_qt.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/printer_qt.h"
 
 namespace sistema {
 

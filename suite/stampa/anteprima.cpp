@@ -11,7 +11,7 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
-#include "platform/printer_pittore.h"
+#include "platform/qt/printer_pittore.h"
 
 namespace schedine {
 

@@ -5,9 +5,9 @@
 
 #include "platform/application.h"
 #include "platform/comando.h"
-#include "platform/desktop.h"
 #include "platform/disk.h"
-#include "platform/shell.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/shell.h"
 
 namespace schedine {
 

@@ -6,12 +6,12 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
-#include "platform/desktop.h"
 #include "platform/disk.h"
-#include "platform/disposizione.h"
 #include "platform/file_nuovo.h"
-#include "platform/folder.h"
-#include "platform/printer_qt.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/disposizione.h"
+#include "platform/qt/folder.h"
+#include "platform/qt/printer_qt.h"
 #include "stampa/anteprima.h"
 #include "stampa/lavoro.h"
 #include "stampa/tavolo.h"

@@ -12,7 +12,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
-#include "platform/controls.h"
+#include "platform/qt/controls.h"
 #include "stampa/campi_modulo.h"
 #include "stampa/geometria.h"
 

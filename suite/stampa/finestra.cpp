@@ -6,7 +6,7 @@
 #include <QHBoxLayout>
 #include <QScreen>
 
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 #include "platform/runtime.h"
 #include "stampa/editor.h"
 #include "viewer/importo.h"

@@ -15,8 +15,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "platform/controls.h"
-#include "platform/printer_qt.h"
+#include "platform/qt/controls.h"
+#include "platform/qt/printer_qt.h"
 #include "stampa/anteprima.h"
 #include "stampa/consegna.h"
 #include "statistics/archivio.h"

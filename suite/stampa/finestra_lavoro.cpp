@@ -3,9 +3,9 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
-#include "platform/desktop.h"
 #include "platform/disk.h"
-#include "platform/folder.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/folder.h"
 #include "platform/runtime.h"
 #include "stampa/finestra.h"
 

@@ -5,7 +5,7 @@
 #include "app/aspetto.h"
 #include "app/stile.h"
 #include "platform/application.h"
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 #include "platform/segno.h"
 #include "stampa/avvio.h"
 #include "stampa/finestra.h"

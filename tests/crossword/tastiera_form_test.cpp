@@ -1,7 +1,7 @@
 // Typing into the crossword, and undo and redo.
 #include <algorithm>
 
-#include "platform/controls.h"
+#include "platform/qt/controls.h"
 #include "support/programma.h"
 
 namespace {

@@ -8,11 +8,11 @@
 #include <QTimer>
 #include <QWheelEvent>
 
-#include "platform/controls.h"
-#include "platform/desktop.h"
-#include "platform/flexgrid.h"
-#include "platform/listview.h"
-#include "platform/pittura.h"
+#include "platform/qt/controls.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/flexgrid.h"
+#include "platform/qt/listview.h"
+#include "platform/qt/pittura.h"
 #include "support/cartella.h"
 
 using platform::ComboBox;

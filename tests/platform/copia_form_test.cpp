@@ -2,7 +2,7 @@
 #include <QClipboard>
 #include <QHeaderView>
 
-#include "platform/copia.h"
+#include "platform/qt/copia.h"
 #include "support/finestre_aperte.h"
 
 using support::Programma;

@@ -4,8 +4,8 @@
 #include <QScrollBar>
 #include <QTest>
 
-#include "platform/desktop.h"
-#include "platform/listavirtuale.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/listavirtuale.h"
 
 using platform::ListaVirtuale;
 using platform::px;

@@ -3,7 +3,7 @@
 #include <QLabel>
 #include <QTimer>
 
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 
 namespace {
 

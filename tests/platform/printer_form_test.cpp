@@ -9,9 +9,9 @@
 #include <QPrinter>
 #include <QStringList>
 
-#include "platform/desktop.h"
 #include "platform/disk.h"
-#include "platform/printer_qt.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/printer_qt.h"
 #include "support/cartella.h"
 #include "support/guasti.h"
 #include "support/pdf.h"

@@ -2,7 +2,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 
-#include "platform/shell.h"
+#include "platform/qt/shell.h"
 #include "support/cartella.h"
 
 namespace platform {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 
 namespace platform {
 namespace {

@@ -11,8 +11,8 @@
 #include <QTimer>
 
 #include "help/frmAbout.h"
-#include "platform/desktop.h"
-#include "platform/folder.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/folder.h"
 #include "support/archivio_prova.h"
 
 namespace soak {

@@ -2,7 +2,7 @@
 #include <set>
 
 #include "crossword/linee.h"
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 #include "platform/runtime.h"
 #include "soak/giocatore.h"
 #include "viewer/importo.h"

@@ -3,7 +3,7 @@
 #include <QScrollBar>
 #include <QTest>
 
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 #include "soak/giocatore.h"
 
 namespace soak {

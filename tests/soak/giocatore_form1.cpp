@@ -5,7 +5,7 @@
 #include <QAbstractItemView>
 #include <QTest>
 
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 #include "platform/runtime.h"
 #include "soak/giocatore.h"
 

@@ -12,8 +12,8 @@
 
 #include "archivio/contenuto.h"
 #include "archivio/finestra.h"
-#include "platform/desktop.h"
-#include "platform/folder.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/folder.h"
 #include "support/archivio.h"
 #include "support/cartella.h"
 

@@ -1,7 +1,7 @@
 // How the slip program finds its suite, and the one of its kind that runs already.
 #include <filesystem>
 
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 #include "stampa/avvio.h"
 #include "support/altre_finestre.h"
 #include "support/cartella.h"

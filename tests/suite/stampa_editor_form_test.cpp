@@ -5,9 +5,9 @@
 #include <QImage>
 #include <QTimer>
 
-#include "platform/desktop.h"
-#include "platform/folder.h"
-#include "platform/printer_qt.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/folder.h"
+#include "platform/qt/printer_qt.h"
 #include "stampa/editor.h"
 #include "stampa/tavolo.h"
 #include "support/cartella.h"

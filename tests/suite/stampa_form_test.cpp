@@ -8,10 +8,10 @@
 #include <QPrinter>
 #include <QTimer>
 
-#include "platform/desktop.h"
 #include "platform/disk.h"
-#include "platform/folder.h"
-#include "platform/printer_qt.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/folder.h"
+#include "platform/qt/printer_qt.h"
 #include "stampa/finestra.h"
 #include "support/cartella.h"
 #include "support/pdf.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/shell.h"
+#include "platform/qt/shell.h"
 
 namespace support {
 

@@ -13,7 +13,7 @@
 #include "archivio/finestra.h"
 #include "check/frmspoglio.h"
 #include "help/frmAbout.h"
-#include "platform/folder.h"
+#include "platform/qt/folder.h"
 #include "printing/frmstsvl.h"
 #include "stampa/editor.h"
 #include "stampa/finestra.h"

@@ -5,7 +5,7 @@
 #include <QApplication>
 
 #include "app/stile.h"
-#include "platform/printer_qt.h"
+#include "platform/qt/printer_qt.h"
 
 namespace {
 

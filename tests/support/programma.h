@@ -16,8 +16,8 @@
 
 #include "app/dialoghi_qt.h"
 #include "app/form1.h"
-#include "platform/desktop.h"
 #include "platform/disk.h"
+#include "platform/qt/desktop.h"
 #include "support/archivio_prova.h"
 #include "support/cartella.h"
 #include "systems/form2.h"

@@ -7,7 +7,7 @@
 
 #include <QPointer>
 
-#include "platform/controls.h"
+#include "platform/qt/controls.h"
 #include "printing/frmstsvl.h"
 #include "support/pdf.h"
 #include "support/programma.h"

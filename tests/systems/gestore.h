@@ -6,7 +6,7 @@
 
 #include <QLineEdit>
 
-#include "platform/folder.h"
+#include "platform/qt/folder.h"
 #include "support/programma.h"
 
 namespace gestore {

@@ -1,4 +1,4 @@
-#include "platform/printer_pittore.h"
+#include "platform/qt/printer_pittore.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
-#include "platform/folder.h"
+#include "platform/qt/folder.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
 
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 
 namespace platform {
 

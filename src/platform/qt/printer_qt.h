@@ -7,7 +7,7 @@
 #include <QPainter>
 #include <QString>
 
-#include "platform/printer_pittore.h"
+#include "platform/qt/printer_pittore.h"
 
 class QPageLayout;
 class QPagedPaintDevice;

@@ -1,9 +1,9 @@
-#include "platform/listavirtuale.h"
+#include "platform/qt/listavirtuale.h"
 
 #include <QAbstractTableModel>
 #include <QHeaderView>
 
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 
 namespace platform {
 

@@ -1,4 +1,4 @@
-#include "platform/listview.h"
+#include "platform/qt/listview.h"
 
 #include <algorithm>
 
@@ -8,7 +8,7 @@
 #include <QSet>
 #include <QSignalBlocker>
 
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 #include "platform/runtime.h"
 
 namespace platform {

@@ -1,4 +1,4 @@
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 
 #include <algorithm>
 

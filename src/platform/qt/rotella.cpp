@@ -1,4 +1,4 @@
-#include "platform/rotella.h"
+#include "platform/qt/rotella.h"
 
 #include <QAbstractSpinBox>
 #include <QApplication>

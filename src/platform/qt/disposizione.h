@@ -4,7 +4,7 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "platform/controls.h"
+#include "platform/qt/controls.h"
 
 namespace platform {
 

@@ -1,4 +1,4 @@
-#include "platform/printer_qt.h"
+#include "platform/qt/printer_qt.h"
 
 #include <algorithm>
 #include <utility>
@@ -11,8 +11,8 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 
-#include "platform/desktop.h"
 #include "platform/file_nuovo.h"
+#include "platform/qt/desktop.h"
 
 namespace platform {
 

@@ -1,4 +1,4 @@
-#include "platform/copia.h"
+#include "platform/qt/copia.h"
 
 #include <map>
 

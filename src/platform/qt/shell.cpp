@@ -1,4 +1,4 @@
-#include "platform/shell.h"
+#include "platform/qt/shell.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -8,8 +8,8 @@
 #include <QGuiApplication>
 #include <QProcess>
 
-#include "platform/desktop.h"
 #include "platform/disk.h"
+#include "platform/qt/desktop.h"
 #include "platform/runtime.h"
 
 namespace platform {

@@ -1,11 +1,11 @@
-#include "platform/carattere_stampa.h"
+#include "platform/qt/carattere_stampa.h"
 
 #include <algorithm>
 
 #include <QGlyphRun>
 #include <QPainter>
 
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 
 namespace platform {
 

@@ -1,4 +1,4 @@
-#include "platform/lingua.h"
+#include "platform/qt/lingua.h"
 
 #include <QApplication>
 #include <QHash>

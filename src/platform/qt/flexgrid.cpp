@@ -1,4 +1,4 @@
-#include "platform/flexgrid.h"
+#include "platform/qt/flexgrid.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -8,7 +8,7 @@
 #include <QStyledItemDelegate>
 #include <QtMath>
 
-#include "platform/desktop.h"
+#include "platform/qt/desktop.h"
 
 namespace platform {
 

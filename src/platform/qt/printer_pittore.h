@@ -4,8 +4,8 @@
 #include <array>
 #include <optional>
 
-#include "platform/carattere_stampa.h"
 #include "platform/printer.h"
+#include "platform/qt/carattere_stampa.h"
 
 namespace platform {
 
