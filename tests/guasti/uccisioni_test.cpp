@@ -9,6 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "analysis/disposizione.h"
 #include "guasti/lavori.h"
 #include "platform/disk.h"
 #include "platform/runtime.h"
@@ -114,6 +115,37 @@ TEST(Uccisioni, duecento_momenti_a_caso) {
         systems::rinomina(libreria.qui("n"), "b");
     }
     EXPECT_GT(colti.size(), 1U);
+}
+
+TEST(Uccisioni, a_search_for_a_layout_killed_on_its_way_leaves_the_system_as_it_was) {
+    const Libreria libreria;
+    libreria.prepara();
+    ASSERT_TRUE(salva(libreria, "a", 1) && elabora(libreria, "a", 1));
+    const Stato prima = libreria.stato();
+    Comune comune;
+    for (const int segnali : {1, 40, 400}) {
+        comune[0] = 0;
+        const pid_t figlio = ::fork();
+        if (figlio == 0) {
+            analysis::RichiestaDisposizione r;
+            r.sistema = systems::leggi_sistema(libreria.programma(), "a", {});
+            r.ridotti = SUITE_DIR "/ridotti";
+            const auto d = analysis::disponi(r, [&](const analysis::Andamento&) {
+                comune[0] = comune[0] + 1;
+                return analysis::Ordine::continua;
+            });
+            ::_exit(10 + static_cast<int>(d.esito));
+        }
+        int stato = 0;
+        while (comune[0] < segnali) {
+            ASSERT_EQ(::waitpid(figlio, &stato, WNOHANG), 0) << WEXITSTATUS(stato);
+            ::sched_yield();
+        }
+        ::kill(figlio, SIGKILL);
+        ASSERT_EQ(::waitpid(figlio, &stato, 0), figlio);
+        EXPECT_TRUE(WIFSIGNALED(stato));
+        EXPECT_EQ(libreria.stato(), prima);
+    }
 }
 
 /// True when the systems and developments that both write are whole at this moment.
