@@ -65,7 +65,8 @@ public:
           inizio_(platform::secondi()),
           schema_(schema),
           vecchie_(celle_di(richiesta.sistema.matrice)),
-          ricerca_(schema, vecchie_, richiesta.ferme, richiesta.pareggia, richiesta.seme) {}
+          ricerca_(schema, vecchie_, richiesta.ferme, richiesta.pareggia, richiesta.seme,
+                   richiesta.classi) {}
 
     Disposizione fai();
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "analysis/distribuzione.h"
+#include "crossword/classi.h"
 #include "crossword/matrice.h"
 #include "systems/file_sistema.h"
 
@@ -24,6 +25,8 @@ struct RichiestaDisposizione {
     std::vector<bool> ferme;
     /// Lets numbers that stand more often give way to those that stand less.
     bool pareggia = false;
+    /// Numbers take only the places of others of their group.
+    crossword::Classi classi{};
     std::uint64_t seme = 1;
     /// The search ends after so many steps, about, or so many seconds; with neither, when told to.
     /// Steps alone make the same layout each time.

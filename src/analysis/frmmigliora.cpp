@@ -67,6 +67,7 @@ RichiestaDisposizione frmmigliora::richiesta() const {
     r.scopo = punti();
     r.ferme = ferme_;
     r.pareggia = chkpareggia->isChecked();
+    if (classi_ && chkclassi->isChecked()) r.classi = *classi_;
     r.seme = seme_;
     r.secondi = secondi[static_cast<std::size_t>(tempo->ListIndex())];
     r.esecutori = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
@@ -75,8 +76,8 @@ RichiestaDisposizione frmmigliora::richiesta() const {
 
 void frmmigliora::occupato(bool si) {
     al_lavoro_ = si;
-    for (QWidget* w :
-         std::initializer_list<QWidget*>{scopo, tempo, chkpareggia, griglia, cmdcerca, CmdEsci}) {
+    for (QWidget* w : std::initializer_list<QWidget*>{scopo, tempo, chkpareggia, chkclassi, griglia,
+                                                      cmdcerca, CmdEsci}) {
         w->setEnabled(!si);
     }
     cmdferma->setEnabled(si);
@@ -94,6 +95,9 @@ void frmmigliora::mostra_chance(double prima, double migliore) {
 }
 
 void frmmigliora::mostra_andamento(const Andamento& a) {
+    if (a.conteggio && ordine_ == Ordine::basta) {
+        lblstato->setText(tr("Fermata: si contano le estrazioni della migliore."));
+    }
     // Without an end there is no part of it.
     ProgressBar1->setRange(0, a.parte > 0 ? passi_barra : 0);
     ProgressBar1->setValue(static_cast<int>(a.parte * passi_barra));
@@ -155,9 +159,9 @@ void frmmigliora::usa() {
     if (al_lavoro_ || !trovata_ || !finestra_.sessione.disponi(trovata_->matrice)) return;
     finestra_.mostra_analisi(q(frase_disposta(*trovata_, sistema_.gioco, punti())) +
                              tr(". Ctrl+Z: come prima"));
-    // What is analysed behind this is the old layout.
-    QWidget* analisi = parentWidget();
+    auto* analisi = qobject_cast<frmanalisi*>(parentWidget());
     close();
+    // What is analysed behind this is the old layout.
     if (analisi != nullptr) analisi->close();
 }
 

@@ -34,6 +34,7 @@ public:
     platform::ComboBox* scopo = nullptr;
     platform::ComboBox* tempo = nullptr;
     QCheckBox* chkpareggia = nullptr;
+    QCheckBox* chkclassi = nullptr;  ///< shown for a crossword that was generated
     /// The crossword; a click or the space bar holds a number where it is, or lets it go.
     QTableWidget* griglia = nullptr;
     Grafico* grafico = nullptr;
@@ -69,6 +70,7 @@ private:
     app::Finestra& finestra_;
     systems::Sistema sistema_;
     std::vector<bool> ferme_;
+    std::optional<crossword::Classi> classi_;
     std::uint64_t seme_ = 0;
     std::optional<Misura> prima_;  ///< of the crossword of the session
     std::optional<Disposizione> trovata_;

@@ -25,7 +25,10 @@ constexpr int larghezza_pulsante = 100;
 }  // namespace
 
 frmmigliora::frmmigliora(app::Finestra& finestra, QWidget* padre)
-    : QDialog(padre), finestra_(finestra), sistema_(finestra.sessione.sistema()) {
+    : QDialog(padre),
+      finestra_(finestra),
+      sistema_(finestra.sessione.sistema()),
+      classi_(finestra.sessione.classi_generate()) {
     setObjectName("frmmigliora");
     setWindowTitle("Migliora la disposizione");
     setAttribute(Qt::WA_DeleteOnClose);
@@ -122,6 +125,14 @@ QWidget* frmmigliora::crea_scelte() {
     chkpareggia->setToolTip(
         tr("Un numero che sta più volte può cedere una casella a uno che sta meno volte"));
     righe->addWidget(chkpareggia);
+    chkclassi = new QCheckBox(tr("Linee con gli stessi ritardi che nella generazione"), f);
+    chkclassi->setObjectName("chkclassi");
+    chkclassi->setToolTip(
+        tr("Ogni riga e ogni colonna tiene tanti numeri di ciascuna classe di "
+           "ritardo quanti ne ha dati Genera"));
+    chkclassi->setChecked(classi_.has_value());
+    chkclassi->setVisible(classi_.has_value());
+    righe->addWidget(chkclassi);
     grafico = new Grafico(Qt::Horizontal, f);
     grafico->setObjectName("grafico");
     grafico->hide();
@@ -142,7 +153,9 @@ QWidget* frmmigliora::crea_scelte() {
     righe->addWidget(ProgressBar1);
     righe->addStretch(1);
     connect(scopo, &platform::ComboBox::Click, this, &frmmigliora::dimentica);
-    connect(chkpareggia, &QCheckBox::clicked, this, &frmmigliora::dimentica);
+    for (QCheckBox* scelta : {chkpareggia, chkclassi}) {
+        connect(scelta, &QCheckBox::clicked, this, &frmmigliora::dimentica);
+    }
     return f;
 }
 

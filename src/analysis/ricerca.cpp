@@ -15,8 +15,8 @@ constexpr double freddo = 0.01;
 }  // namespace
 
 Ricerca::Ricerca(const Schema& schema, Celle celle, const std::vector<bool>& ferme, bool pareggia,
-                 std::uint64_t seme)
-    : schema_(schema), ferme_(ferme), pareggia_(pareggia), sorte_(seme) {
+                 std::uint64_t seme, const crossword::Classi& classi)
+    : schema_(schema), ferme_(ferme), pareggia_(pareggia), classi_(classi), sorte_(seme) {
     ferme_.resize(celle.size());
     for (std::size_t c = 0; c < celle.size(); ++c) {
         if (!ferme_[c]) libere_.push_back(static_cast<std::uint8_t>(c));
@@ -91,7 +91,9 @@ bool Ricerca::catena(std::uint8_t p, std::uint8_t q) {
 bool Ricerca::sostituzione(std::uint8_t p) {
     const std::uint8_t a = celle_[p];
     const std::uint8_t b = in_gioco_[a_caso(in_gioco_.size())];
-    if (volte_[b] >= volte_[a] || (regola_di_[b] & schema_.regola[p]) != 0) return false;
+    if (classi_[a] != classi_[b] || volte_[b] >= volte_[a] ||
+        (regola_di_[b] & schema_.regola[p]) != 0)
+        return false;
     mosse_.push_back({p, a, b});
     return true;
 }
@@ -101,6 +103,7 @@ bool Ricerca::proponi() {
     const std::uint8_t p = libere_[a_caso(libere_.size())];
     const std::uint8_t q = libere_[a_caso(libere_.size())];
     if (pareggia_ && a_caso(8) == 0) return sostituzione(p);
+    if (classi_[celle_[p]] != classi_[celle_[q]]) return false;
     if (scambio(p, q)) return true;
     // Where numbers stand close the rule forbids most swaps, and only longer exchanges are left.
     return a_caso(16) == 0 && catena(p, q);

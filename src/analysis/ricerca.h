@@ -9,18 +9,20 @@
 
 #include "analysis/schema.h"
 #include "analysis/stima.h"
+#include "crossword/classi.h"
 
 namespace analysis {
 
 /// Simulated annealing over the layouts of one set of numbers. Whatever it does, no number stands
-/// twice on a line of the rule, fixed cells keep theirs, and each number stands as often as before
-/// (`pareggia`: or more evenly often). The same seed makes the same steps.
+/// twice on a line of the rule, fixed cells keep theirs, each number stands as often as before
+/// (`pareggia`: or more evenly often), and changes places within its group only. The same seed
+/// makes the same steps.
 class Ricerca {
 public:
     /// `celle` is full and keeps the rule; `ferme` tells the fixed cells and may be empty. The
     /// schema outlives the search.
     Ricerca(const Schema& schema, Celle celle, const std::vector<bool>& ferme, bool pareggia,
-            std::uint64_t seme);
+            std::uint64_t seme, const crossword::Classi& classi = {});
 
     /// Told now and then; the share of the round done, from 1 on its end.
     using Parte = std::function<double()>;
@@ -61,6 +63,7 @@ private:
     std::vector<std::uint8_t> libere_;
     std::vector<bool> ferme_;
     bool pareggia_;
+    crossword::Classi classi_;
     std::vector<std::uint8_t> in_gioco_;
     std::array<std::uint64_t, numeri_del_gioco + 1> regola_di_{};  ///< lines of the rule, by number
     std::array<int, numeri_del_gioco + 1> volte_{};

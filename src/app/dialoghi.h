@@ -26,6 +26,8 @@ public:
     virtual void spoglio(Finestra& finestra) = 0;
     /// Analysis of the development of the system in line, not modal; returns when it is counted.
     virtual void analisi(Finestra& finestra) = 0;
+    /// Search for a layout of the system in line that wins more often, modal to the others.
+    virtual void migliora(Finestra& finestra) = 0;
     /// Print options.
     virtual void stampa(Finestra& finestra) = 0;
     /// About box, modal.

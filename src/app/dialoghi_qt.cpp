@@ -1,6 +1,7 @@
 #include "app/dialoghi_qt.h"
 
 #include "analysis/frmanalisi.h"
+#include "analysis/frmmigliora.h"
 #include "app/finestra.h"
 #include "check/frmspoglio.h"
 #include "help/frmAbout.h"
@@ -103,6 +104,15 @@ void DialoghiQt::analisi(Finestra& finestra) {
     form->iniz();
 }
 
+void DialoghiQt::migliora(Finestra& finestra) {
+    chiudi(migliora_);
+    // An analysis that stood there would be one of the old layout.
+    chiudi(analisi_);
+    auto* form = new analysis::frmmigliora(finestra, &finestra);
+    migliora_ = form;
+    form->show();
+}
+
 void DialoghiQt::informazioni(Finestra& finestra) {
     help::frmAbout(finestra).exec();
 }
@@ -117,7 +127,8 @@ void DialoghiQt::sito(Finestra& /*finestra*/) {
 
 /// The windows that stand over the main form.
 void DialoghiQt::chiudi_sopra() {
-    for (QPointer<QWidget>* finestra : {&gestore_, &importo_, &sviluppo_, &stampa_, &analisi_}) {
+    for (QPointer<QWidget>* finestra :
+         {&gestore_, &importo_, &sviluppo_, &stampa_, &migliora_, &analisi_}) {
         chiudi(*finestra);
     }
 }

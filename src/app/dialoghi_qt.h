@@ -18,6 +18,7 @@ public:
     void rivedi_sviluppo() override;
     void spoglio(Finestra& finestra) override;
     void analisi(Finestra& finestra) override;
+    void migliora(Finestra& finestra) override;
     void stampa(Finestra& finestra) override;
     void informazioni(Finestra& finestra) override;
     void guida(Finestra& finestra) override;
@@ -32,6 +33,7 @@ private:
     QPointer<QWidget> stampa_;
     QPointer<QWidget> spoglio_;
     QPointer<QWidget> analisi_;
+    QPointer<QWidget> migliora_;
 };
 
 }  // namespace app

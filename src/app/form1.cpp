@@ -87,6 +87,9 @@ void Form1::collega() {
     connect(mnuImportocolonna, &QAction::triggered, this,
             [this] { dialoghi_.importo_colonna(*this); });
     connect(mnuanalisi, &QAction::triggered, this, &Form1::mnuanalisi_Click);
+    connect(mnumigliora, &QAction::triggered, this, [this] {
+        if (!in_elaborazione()) dialoghi_.migliora(*this);
+    });
     connect(mnuaiuto, &QAction::triggered, this, [this] { dialoghi_.guida(*this); });
     connect(mnuweb, &QAction::triggered, this, [this] { dialoghi_.sito(*this); });
     connect(mnuinfo, &QAction::triggered, this, [this] { dialoghi_.informazioni(*this); });

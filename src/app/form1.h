@@ -105,6 +105,7 @@ public:
     QAction* mnugest_sist = nullptr;
     QAction* mnuImportocolonna = nullptr;
     QAction* mnuanalisi = nullptr;
+    QAction* mnumigliora = nullptr;
     QAction* annulla = nullptr;
     QAction* ripeti = nullptr;
     QAction* mnuaiuto = nullptr;

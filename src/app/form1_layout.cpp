@@ -96,6 +96,8 @@ void Form1::crea_menu() {
 
     utility->addSeparator();
     mnuanalisi = comando(utility, tr("&Analisi Sistema"), "mnuanalisi", QKeySequence(Qt::Key_F9));
+    mnumigliora = comando(utility, tr("&Migliora la Disposizione"), "mnumigliora",
+                          QKeySequence(Qt::CTRL | Qt::Key_M));
     utility->addSeparator();
     aggiungi_menu_aspetto(utility, this, platform::radice(platform::App().Path));
 

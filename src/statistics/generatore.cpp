@@ -52,6 +52,8 @@ public:
     virtual bool accetta(const Cella& cella, int p) = 0;
 
     [[nodiscard]] const Voce& voce(int p) const { return statistica_[static_cast<std::size_t>(p)]; }
+    /// The group that the number of entry `p` spends from.
+    [[nodiscard]] virtual std::uint8_t classe(int p) const = 0;
 
 protected:
     /// True when entry `p`, which no line bars, can be accepted once the quotas that grow have
@@ -105,6 +107,9 @@ public:
         ricomincia();
         return true;
     }
+    [[nodiscard]] std::uint8_t classe(int p) const override {
+        return static_cast<std::uint8_t>(gruppo(p) + 1);
+    }
 
 protected:
     bool raggiungibile(const Cella& cella, int p) override {
@@ -143,6 +148,9 @@ public:
         }
         ricomincia();
         return true;
+    }
+    [[nodiscard]] std::uint8_t classe(int p) const override {
+        return static_cast<std::uint8_t>(voce(p).classe);
     }
 
 protected:
@@ -208,6 +216,10 @@ Generazione riempi(Regole& regole, Matrice& matrice, platform::Rnd& rnd, const S
                 return esito;
             }
         }
+    }
+    for (int p = 1; p <= 90; ++p) {
+        const auto numero = static_cast<std::size_t>(regole.voce(p).numero);
+        if (numero < esito.classi.size()) esito.classi[numero] = regole.classe(p);
     }
     esito.conclusione = Conclusione::completa;
     return esito;

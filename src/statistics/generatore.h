@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+#include "crossword/classi.h"
 #include "crossword/gioco.h"
 #include "crossword/matrice.h"
 #include "platform/runtime.h"
@@ -29,7 +30,8 @@ enum class Conclusione {
 
 struct Generazione {
     Conclusione conclusione = Conclusione::abbandonata;
-    std::int64_t sorteggi = 0;  ///< random numbers taken
+    std::int64_t sorteggi = 0;   ///< random numbers taken
+    crossword::Classi classi{};  ///< by delay, each with its quotas
 };
 
 /// Draws a number for every cell, by its place in the ranking. What was laid stays when the

@@ -95,9 +95,14 @@ void Riempimento::genera_in_vista() {
              "almeno 100 estrazioni per la ruota esaminata",
              platform::Pulsanti::ok, QString(), platform::Icona::informazione});
     }
-    const platform::FinestraFerma ferma(&finestra_);
-    c_.tabellone->show();
-    DoEvents();
+    {
+        const platform::FinestraFerma ferma(&finestra_);
+        c_.tabellone->show();
+        DoEvents();
+    }
+    if (esito == systems::Generato::completo) {
+        finestra_.mostra_analisi("Generato. Con Ctrl+M gli stessi numeri vincono più spesso.");
+    }
 }
 
 }  // namespace statistics

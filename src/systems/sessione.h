@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "crossword/classi.h"
 #include "crossword/cronologia.h"
 #include "crossword/gioco.h"
 #include "crossword/matrice.h"
@@ -207,6 +208,9 @@ public:
     /// list and counts in Lotto. `archivio`, where given, takes what the opening came to.
     Generato genera(int ruota, const statistics::Seguito& seguito,
                     platform::Err* archivio = nullptr);
+    /// The classes of delay of the last generation, as long as the crossword holds as many numbers
+    /// of each on each row and column as were laid then.
+    [[nodiscard]] std::optional<crossword::Classi> classi_generate() const;
     /// Fills the crossword from the frequencies.
     void completa(const statistics::Seguito& seguito);
     /// Takes back, or does again, an action; the cell it began at, nothing when there is none.
@@ -293,6 +297,8 @@ private:
     bool con_ripetizioni_ = false;
     bool sviluppo_superato_ = false;
     crossword::Cronologia cronologia_;
+    crossword::Matrice generata_;
+    crossword::Classi classi_generate_{};
     platform::Rnd rnd_;
     /// After a change to SuperEnalotto, and until the next to Lotto, the archive opens on the
     /// wheels' table.

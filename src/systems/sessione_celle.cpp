@@ -166,6 +166,8 @@ Generato Sessione::genera_in_griglia(int ruota, const statistics::Seguito& segui
         gioco_, statistico, lettore, file("mstat.dat"), matrice_, rnd_, seguito);
     switch (fatta.conclusione) {
         case statistics::Conclusione::completa:
+            generata_ = matrice_;
+            classi_generate_ = fatta.classi;
             return Generato::completo;
         case statistics::Conclusione::interrotta:
             return Generato::interrotto;
@@ -195,6 +197,11 @@ Generato Sessione::genera(int ruota, const statistics::Seguito& seguito, platfor
     cambiamento_.celle = true;
     segna_salvato(false);
     return esito;
+}
+
+std::optional<crossword::Classi> Sessione::classi_generate() const {
+    if (!crossword::stesse_classi(generata_, matrice_, classi_generate_)) return std::nullopt;
+    return classi_generate_;
 }
 
 void Sessione::completa(const statistics::Seguito& seguito) {

@@ -183,6 +183,48 @@ TEST_F(MiglioraForm, ASecondSearchGoesOnAndAnotherAimBeginsAnew) {
     EXPECT_EQ(f.grafico->voci().size(), 1);
 }
 
+TEST_F(MiglioraForm, AGeneratedCrosswordKeepsItsClassesOfDelay) {
+    for (const bool lotto : {false, true}) {
+        Programma q{true};
+        if (lotto) Programma::clic(q.form1.Image10);
+        if (lotto) Programma::scegli(q.form1.Combo6, 3);
+        q.dimensioni(7, 7);
+        Programma::clic(lotto ? q.form1.cmdstat2 : q.form1.cmdstat);
+        const Matrice prima = q.form1.sessione.matrice();
+        const auto classi = q.form1.sessione.classi_generate();
+        ASSERT_TRUE(classi);
+        EXPECT_EQ(q.form1.lblanalisi->text(),
+                  "Generato. Con Ctrl+M gli stessi numeri vincono più spesso.");
+        q.form1.mnumigliora->trigger();
+        auto* f = aperta<frmmigliora>();
+        ASSERT_NE(f, nullptr);
+        EXPECT_TRUE(f->chkclassi->isVisible());
+        EXPECT_TRUE(f->chkclassi->isChecked());
+        cerca_e_ferma(*f);
+        ASSERT_TRUE(f->trovata());
+        Programma::clic(f->cmdusa);
+        EXPECT_TRUE(q.form1.isVisible());
+        EXPECT_NE(q.form1.sessione.matrice(), prima);
+        EXPECT_TRUE(stesse_classi(prima, q.form1.sessione.matrice(), *classi));
+        EXPECT_EQ(q.form1.sessione.classi_generate(), classi);
+    }
+}
+
+TEST_F(MiglioraForm, OneLaidByHandHasNoClassesToKeep) {
+    Programma q{true};
+    Programma::clic(q.form1.cmdstat);
+    q.form1.sessione.rimuovi({0, 0});
+    EXPECT_FALSE(q.form1.sessione.classi_generate());
+    q.form1.mnumigliora->trigger();
+    auto* f = aperta<frmmigliora>();
+    ASSERT_NE(f, nullptr);
+    EXPECT_FALSE(f->chkclassi->isVisible());
+    Programma::clic(f->cmdcerca);
+    EXPECT_FALSE(f->trovata());
+    EXPECT_NE(f->lblstato->text(), "");
+    EXPECT_FALSE(f->cmdusa->isEnabled());
+}
+
 TEST_F(MiglioraForm, ClosedWhileItSearchesItGoesAndTheCrosswordStays) {
     frmmigliora& f = apri();
     const Matrice prima = matrice();

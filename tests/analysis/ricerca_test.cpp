@@ -165,6 +165,30 @@ TEST(Ricerca, un_milione_di_passi_sotto_la_regola) {
     EXPECT_GT(fatti, 100000U);
 }
 
+TEST(Ricerca, numbers_of_a_group_take_the_places_of_that_group_only) {
+    Caso caso(12);  // NOLINT: the same crosswords every run
+    crossword::Classi classi{};
+    for (std::size_t n = 1; n < classi.size(); ++n) {
+        classi[n] = static_cast<std::uint8_t>(a_caso(caso, 3));
+    }
+    for (const bool pareggia : {false, true}) {
+        const auto m = prova::cruciverba(caso, 8, 8, prova::numeri_a_caso(caso, 24));
+        ASSERT_TRUE(m);
+        const Schema schema(integrale(Gioco::superenalotto(), *m), tabelle);
+        Ricerca ricerca(schema, prova::celle(*m), {}, pareggia, 5, classi);
+        Indifferente stima;
+        int fatti = 0;
+        for (int i = 0; i < 20000; ++i) {
+            fatti += ricerca.passo(stima) ? 1 : 0;
+            if (i % 100 == 0) {
+                ASSERT_TRUE(stesse_classi(*m, matrice(ricerca.celle(), 8, 8), classi));
+            }
+        }
+        EXPECT_GT(fatti, 200);
+        EXPECT_NE(ricerca.celle(), prova::celle(*m));
+    }
+}
+
 TEST(Ricerca, dove_nessuno_scambio_e_lecito_restano_le_catene) {
     // A Latin square without diagonals, but for its seventh row: every swap breaks a line.
     Matrice m(6, 7);

@@ -237,6 +237,28 @@ TEST_F(Generatore, each_row_of_15_in_lotto_needs_more_of_class_b_than_its_quota)
     }
 }
 
+TEST_F(Generatore, tells_the_class_of_every_number_it_drew_from) {
+    for (const bool lotto : {false, true}) {
+        prepara(lotto, 5);
+        const int lato = lotto ? 5 : 6;
+        Matrice m(lato, lato);
+        const Tabella& t = s_.statistica();
+        const Generazione g =
+            lotto ? riempi_casuale_lotto(t, m, rnd_, {}) : riempi_casuale(t, m, rnd_, {});
+        ASSERT_EQ(g.conclusione, Conclusione::completa);
+        for (int p = 1; p <= 90; ++p) {
+            const auto& voce = t.at(static_cast<std::size_t>(p));
+            const int attesa = lotto    ? static_cast<int>(voce.classe)
+                               : p < 12 ? 4
+                               : p < 26 ? 2
+                               : p < 57 ? 1
+                               : p < 80 ? 3
+                                        : 5;
+            EXPECT_EQ(g.classi.at(static_cast<std::size_t>(voce.numero)), attesa) << p;
+        }
+    }
+}
+
 TEST_F(Generatore, superenalotto_rows_keep_the_quotas_of_all_classes_but_a) {
     for (const int righe : {10, 11}) {
         prepara(false, 5);
