@@ -300,7 +300,8 @@ TEST(Menu, VociALettera) {
         testi(barra[0]->menu()->actions()),
         QStringList({"Nuovo", "Apri", "Salva", "Salva con nome", "Opzioni Elaborazione", "Esci"}));
     EXPECT_EQ(testi(barra[1]->menu()->actions()),
-              QStringList({"Gestione Sistemi", "Importo Colonna", "Analisi Sistema", "Aspetto"}));
+              QStringList({"Gestione Sistemi", "Importo Colonna", "Analisi Sistema",
+                           "Migliora la Disposizione", "Aspetto"}));
     EXPECT_EQ(testi(barra[2]->menu()->actions()),
               QStringList({"Aiuto", "Web Site", "Informazioni"}));
     EXPECT_EQ(testi(p.form1.findChild<QMenu*>("mnuopzElaborazione")->actions()),
