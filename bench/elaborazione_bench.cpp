@@ -18,6 +18,7 @@
 #include "development/elaborazione.h"
 #include "platform/disk.h"
 #include "platform/runtime.h"
+#include "platform/syscalls.h"
 
 extern char** environ;
 

@@ -1,16 +1,12 @@
 #include "platform/comando.h"
 
-#include <cstdlib>
-#include <memory>
+#include "platform/macchina.h"
 
 namespace platform {
 
 std::string cartella_del_comando(const std::string& comando) {
     const std::size_t barra = comando.rfind('/');
-    if (barra == std::string::npos) return {};
-    const std::unique_ptr<char, decltype(&std::free)> vera(
-        ::realpath(comando.substr(0, barra + 1).c_str(), nullptr), &std::free);
-    return vera != nullptr ? vera.get() : "";
+    return barra == std::string::npos ? "" : macchina::percorso_reale(comando.substr(0, barra + 1));
 }
 
 }  // namespace platform

@@ -1,14 +1,12 @@
 #include "platform/database.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <fcntl.h>
 #include <map>
 #include <numeric>
-#include <sys/file.h>
-#include <sys/stat.h>
 
+#include "platform/blocco.h"
 #include "platform/disk.h"
+#include "platform/file.h"
 #include "platform/jet.h"
 #include "platform/query.h"
 #include "platform/runtime.h"
@@ -16,77 +14,49 @@
 
 namespace platform {
 
+using macchina::Guasto;
+
 namespace interno {
 
 /// What the handles of one opening share.
 struct Aperto {
     std::string file;
     bool jet = false;
-    int blocco = -1;       ///< held by an exclusive opening
+    File blocco;           ///< held by an exclusive opening
     bool perduto = false;  ///< once found damaged, the file is not tried again
     std::shared_ptr<bool> aperto = std::make_shared<bool>(true);
     std::map<std::string, std::shared_ptr<const Tabella>> tabelle;
-
-    Aperto() = default;
-    Aperto(const Aperto&) = delete;
-    Aperto& operator=(const Aperto&) = delete;
-    ~Aperto() { sblocca(); }
-    void sblocca() {
-        if (blocco >= 0) syscalls().close(blocco);
-        blocco = -1;
-    }
 };
 
 }  // namespace interno
 
 namespace {
 
-int da_errno(int errore) {
-    switch (errore) {
-        case ENOENT:
-        case ENOTDIR:
-        case ELOOP:
-        case ENAMETOOLONG:
+int da_guasto(Guasto guasto) {
+    switch (guasto) {
+        case Guasto::assente:
+        case Guasto::percorso:
             return errore_file_assente;
-        case EACCES:
-        case EPERM:
+        case Guasto::permesso:
             return errore_permesso;
-        // What shares of other machines report for a file that is open there for one alone.
-        case EBUSY:
-        case ETXTBSY:
-        case EAGAIN:
+        case Guasto::occupato:
             return errore_esclusivo;
         default:
             return errore_disco;
     }
 }
 
-bool altrui(int fd, off_t dimensione, bool esclusivo) {
-    if (::flock(fd, (esclusivo ? LOCK_EX : LOCK_SH) | LOCK_NB) != 0 && errno == EWOULDBLOCK)
-        return true;
-    // Only locks on the content count; engines mark their users by locks far beyond the end.
-    struct flock blocco {};
-    blocco.l_type = F_RDLCK;
-    blocco.l_whence = SEEK_SET;
-    blocco.l_len = std::max<off_t>(dimensione, 1);
-    return ::fcntl(fd, F_GETLK, &blocco) == 0 && blocco.l_type != F_UNLCK;
-}
-
-/// Checks that the file can be read and that nobody holds it for himself; 0 or the error's number.
-int prova(const std::string& file, bool esclusivo, int& fd) {
-    fd = syscalls().open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC, 0);
-    if (fd < 0) return da_errno(errno);
-    struct stat s {};
+/// Opens the file and checks that nobody holds it for himself; 0 or the error's number.
+int prova(const std::string& nome, bool esclusivo, File& file) {
+    if (!file.apri(nome, File::Modo::leggi)) return da_guasto(file.guasto());
+    macchina::Voce voce;
     int errore = 0;
-    if (::fstat(fd, &s) != 0 || !S_ISREG(s.st_mode)) {
+    if (!file.guarda(voce) || !voce.file()) {
         errore = errore_file_assente;
-    } else if (altrui(fd, s.st_size, esclusivo)) {
+    } else if (in_mano_altrui(file, voce.byte, esclusivo)) {
         errore = errore_esclusivo;
     }
-    if (errore != 0) {
-        syscalls().close(fd);
-        fd = -1;
-    }
+    if (errore != 0) file.chiudi();
     return errore;
 }
 
@@ -138,7 +108,7 @@ Err OpenDatabase(const std::string& nome, bool esclusivo, bool /*sola_lettura*/,
         errore = prova(aperto->file, esclusivo, aperto->blocco);
     }
     if (errore != 0) return {errore};
-    if (!esclusivo) aperto->sblocca();
+    if (!esclusivo) aperto->blocco.chiudi();
     errore = aperto->jet ? verifica_jet(aperto->file) : verifica_sqlite(aperto->file);
     if (errore == 0) destinazione.aperto_ = std::move(aperto);
     return {errore};
@@ -194,7 +164,7 @@ Err Database::Close() {
     if (!*aperto_->aperto) return {errore_chiuso};
     *aperto_->aperto = false;
     aperto_->tabelle.clear();
-    aperto_->sblocca();
+    aperto_->blocco.chiudi();
     return {};
 }
 

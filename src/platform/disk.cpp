@@ -1,33 +1,19 @@
 #include "platform/disk.h"
 
 #include <algorithm>
-#include <array>
-#include <cerrno>
 #include <charconv>
-#include <climits>
-#include <cstdlib>
 #include <ctime>
-#include <dirent.h>
-#include <fcntl.h>
-#include <linux/stat.h>
-#include <memory>
-#include <sys/stat.h>
-#include <sys/syscall.h>
-#include <sys/xattr.h>
-#include <unistd.h>
 
 #include "platform/lavoro.h"
+#include "platform/macchina.h"
 #include "platform/runtime.h"
 
 namespace platform {
 
-namespace {
+using macchina::Guasto;
+using macchina::Voce;
 
-std::string cartella_di(const std::string& nome) {
-    const std::size_t barra = nome.rfind('/');
-    if (barra == std::string::npos) return ".";
-    return barra == 0 ? "/" : nome.substr(0, barra);
-}
+namespace {
 
 /// Position after the UTF-8 character at `i`.
 std::size_t dopo_carattere(std::string_view s, std::size_t i) {
@@ -36,67 +22,50 @@ std::size_t dopo_carattere(std::string_view s, std::size_t i) {
     return i;
 }
 
-bool stato(const std::string& nome, struct stat& s) {
-    return ::stat(nome_su_disco(nome).c_str(), &s) == 0;
+bool stato(const std::string& nome, Voce& voce) {
+    return macchina::guarda(nome_su_disco(nome), voce) == Guasto::nessuno;
 }
 
 /// Entry of `cartella` whose name equals `nome` but for case; empty when there is none.
 std::string voce_senza_caso(const std::string& cartella, std::string_view nome) {
-    DIR* d = ::opendir(cartella.c_str());
-    if (d == nullptr) return "";
     const std::string cercato = LCase(nome);
     std::string trovato;
-    while (const dirent* voce = ::readdir(d)) {
-        if (LCase(voce->d_name) == cercato && (trovato.empty() || trovato > voce->d_name)) {
-            trovato = voce->d_name;
-        }
+    for (const std::string& voce : macchina::voci(cartella)) {
+        if (LCase(voce) == cercato && (trovato.empty() || trovato > voce)) trovato = voce;
     }
-    ::closedir(d);
     return trovato;
-}
-
-bool collegamento_o_file(const struct stat& s) {
-    return S_ISREG(s.st_mode) || S_ISLNK(s.st_mode);
 }
 
 /// True when nothing but a plain file, or nothing at all, stands at `nome`, links not followed.
 /// A device, pipe or link there must neither be written nor be waited for.
 bool libero_o_file(const std::string& nome) {
-    struct stat s {};
-    return ::lstat(nome.c_str(), &s) != 0 || S_ISREG(s.st_mode);
-}
-
-Esito scrivi_tutto(int fd, std::string_view dati) {
-    while (!dati.empty()) {
-        const ssize_t n = syscalls().write(fd, dati.data(), dati.size());
-        if (n < 0 && errno == EINTR) continue;
-        if (n < 0) return da_errno(errno);
-        if (n == 0) return Esito::disco_pieno;
-        dati.remove_prefix(static_cast<std::size_t>(n));
-    }
-    return Esito::ok;
+    Voce voce;
+    return macchina::guarda_il_nome(nome, voce) != Guasto::nessuno || voce.file();
 }
 
 /// Appends what is left of `sorgente` to `copia`.
-Esito travasa(const File& sorgente, const File& copia) {
+Esito travasa(File& sorgente, File& copia) {
     std::string blocco(std::size_t{1} << 18, '\0');
     for (;;) {
-        const ssize_t n = syscalls().read(sorgente.fd(), blocco.data(), blocco.size());
-        if (n < 0 && errno == EINTR) continue;
-        if (n < 0) return da_errno(errno);
+        const std::ptrdiff_t n = sorgente.leggi(blocco.data(), blocco.size());
+        if (n < 0) return esito_di(sorgente.guasto());
         if (n == 0) return Esito::ok;
-        const Esito esito = scrivi_tutto(
-            copia.fd(), std::string_view(blocco).substr(0, static_cast<std::size_t>(n)));
-        if (esito != Esito::ok) return esito;
+        if (!copia.scrivi(std::string_view(blocco).substr(0, static_cast<std::size_t>(n))))
+            return esito_di(copia.guasto());
     }
 }
 
-Esito sincronizza(const File& file) {
-    int esito = 0;
-    do {
-        esito = syscalls().fsync(file.fd());
-    } while (esito != 0 && errno == EINTR);
-    return esito == 0 ? Esito::ok : da_errno(errno);
+/// Outcome of a step of an open file.
+Esito dopo(const File& file, bool riuscito) {
+    return riuscito ? Esito::ok : esito_di(file.guasto());
+}
+
+/// Syncs a file that must be of that size.
+Esito fissa(File& file, std::int64_t dimensione) {
+    if (!file.sincronizza()) return esito_di(file.guasto());
+    Voce voce;
+    // A full disk can pass unnoticed through write and sync; the size cannot lie.
+    return file.guarda(voce) && voce.byte == dimensione ? Esito::ok : Esito::disco_pieno;
 }
 
 // A file system gives every new file a creation time of its own and lets nobody change it, so that
@@ -104,76 +73,41 @@ Esito sincronizza(const File& file) {
 constexpr const char* attributo_creazione = "user.tabellino.creazione";
 constexpr const char* attributo_parola = "user.tabellino.parola";
 
-/// Value of an attribute, empty without it.
-std::string attributo(const std::string& nome, const char* quale) {
-    std::array<char, 256> testo{};
-    const ssize_t n = ::getxattr(nome.c_str(), quale, testo.data(), testo.size());
-    return {testo.data(), n > 0 ? static_cast<std::size_t>(n) : 0};
-}
-
-std::string attributo(const File& file, const char* quale) {
-    std::array<char, 256> testo{};
-    const ssize_t n = ::fgetxattr(file.fd(), quale, testo.data(), testo.size());
-    return {testo.data(), n > 0 ? static_cast<std::size_t>(n) : 0};
-}
-
-bool scrivi_attributo(const File& file, const char* quale, std::string_view testo) {
-    return syscalls().fsetxattr(file.fd(), quale, testo.data(), testo.size()) == 0;
-}
-
 std::optional<std::int64_t> creazione_annotata(const std::string& nome) {
-    const std::string testo = attributo(nome, attributo_creazione);
+    const std::string testo = macchina::attributo(nome, attributo_creazione);
     std::int64_t secondi = 0;
     const auto esito = std::from_chars(testo.data(), testo.data() + testo.size(), secondi);
     if (esito.ec != std::errc() || esito.ptr != testo.data() + testo.size()) return std::nullopt;
     return secondi;
 }
 
-/// A rename that leaves a file at `a` alone; on disks without such a call as nearly so as they do.
-int rinomina_senza_coprire(const std::string& da, const std::string& a) {
-    if (syscalls().rename_noreplace(da.c_str(), a.c_str()) == 0) return 0;
-    if (errno != EINVAL && errno != ENOSYS && errno != EOPNOTSUPP) return -1;
-    if (syscalls().link(da.c_str(), a.c_str()) == 0) return syscalls().unlink(da.c_str());
-    if (errno == EEXIST) return -1;
-    struct stat s {};
-    if (::lstat(a.c_str(), &s) == 0) {
-        errno = EEXIST;
-        return -1;
-    }
-    return syscalls().rename(da.c_str(), a.c_str());
-}
-
 /// Gives a file another case of its own name, by way of a third name where the disk takes both
 /// for one: a name that is listed, should the second step never come.
-int rinomina_nel_caso(const std::string& da, const std::string& a) {
-    if (rinomina_senza_coprire(da, a) == 0) return 0;
-    if (errno != EEXIST) return -1;
+Guasto rinomina_nel_caso(const std::string& da, const std::string& a) {
+    const Guasto guasto = macchina::rinomina_senza_coprire(da, a);
+    if (guasto != Guasto::esiste) return guasto;
     const std::size_t punto = a.rfind('.');
     const std::size_t dove = punto == std::string::npos || punto < a.rfind('/') ? a.size() : punto;
     const std::string terzo = a.substr(0, dove) + "-" + a.substr(dove);
-    if (rinomina_senza_coprire(da, terzo) != 0) return -1;
-    if (rinomina_senza_coprire(terzo, a) == 0) return 0;
-    const int errore = errno;
-    rinomina_senza_coprire(terzo, da);
-    errno = errore;
-    return -1;
-}
-
-/// Makes a rename outlive a power cut; a file system without folder sync loses nothing by it.
-void sincronizza_cartella(const std::string& cartella) {
-    const int fd = syscalls().open(cartella.c_str(), O_RDONLY | O_DIRECTORY, 0);
-    if (fd < 0) return;
-    syscalls().fsync(fd);
-    syscalls().close(fd);
+    const Guasto primo = macchina::rinomina_senza_coprire(da, terzo);
+    if (primo != Guasto::nessuno) return primo;
+    const Guasto secondo = macchina::rinomina_senza_coprire(terzo, a);
+    if (secondo != Guasto::nessuno) macchina::rinomina_senza_coprire(terzo, da);
+    return secondo;
 }
 
 }  // namespace
 
+std::string cartella_di(const std::string& nome) {
+    const std::size_t barra = nome.rfind('/');
+    if (barra == std::string::npos) return ".";
+    return barra == 0 ? "/" : nome.substr(0, barra);
+}
+
 std::string nome_su_disco(const std::string& nome) {
-    struct stat s {};
     // The system would cut the name at a null and hit another file.
     if (nome.find('\0') != std::string::npos) return "";
-    if (nome.empty() || nome.size() >= PATH_MAX || ::lstat(nome.c_str(), &s) == 0) return nome;
+    if (nome.empty() || !macchina::nome_possibile(nome) || macchina::c_e(nome)) return nome;
     if (nome.back() == '/') {
         const std::size_t fine = nome.find_last_not_of('/');
         return fine == std::string::npos ? nome : nome_su_disco(nome.substr(0, fine + 1)) + "/";
@@ -189,50 +123,45 @@ std::string nome_su_disco(const std::string& nome) {
 }
 
 bool esiste_file(const std::string& nome) {
-    struct stat s {};
-    return stato(nome, s) && S_ISREG(s.st_mode);
+    Voce voce;
+    return stato(nome, voce) && voce.file();
 }
 
 bool esiste_cartella(const std::string& nome) {
-    struct stat s {};
-    return stato(nome, s) && S_ISDIR(s.st_mode);
+    Voce voce;
+    return stato(nome, voce) && voce.cartella();
 }
 
 bool cartella_scrivibile(const std::string& nome) {
-    return esiste_cartella(nome) && ::access(nome_su_disco(nome).c_str(), W_OK | X_OK) == 0;
+    return esiste_cartella(nome) && macchina::scrivibile(nome_su_disco(nome));
 }
 
 bool crea_cartella(const std::string& nome) {
     if (esiste_cartella(nome)) return true;
-    if (nome.empty() || nome.size() >= PATH_MAX) return false;
+    if (nome.empty() || !macchina::nome_possibile(nome)) return false;
     const std::string sopra = cartella_di(nome);
     if (sopra != nome && sopra != "." && !crea_cartella(sopra)) return false;
-    ::mkdir(nome_su_disco(nome).c_str(), 0777);
+    macchina::crea_cartella(nome_su_disco(nome));
     return esiste_cartella(nome);
 }
 
 std::optional<std::int64_t> dimensione_file(const std::string& nome) {
-    struct stat s {};
-    if (!stato(nome, s) || !S_ISREG(s.st_mode)) return std::nullopt;
-    return s.st_size;
+    Voce voce;
+    if (!stato(nome, voce) || !voce.file()) return std::nullopt;
+    return voce.byte;
 }
 
 std::optional<std::int64_t> data_creazione(const std::string& nome) {
-    struct statx s {};
     const std::string reale = nome_su_disco(nome);
-    if (const auto annotata = creazione_annotata(reale)) return annotata;
-    if (::syscall(SYS_statx, AT_FDCWD, reale.c_str(), 0, STATX_BTIME | STATX_MTIME, &s) != 0) {
-        return std::nullopt;
-    }
-    return (s.stx_mask & STATX_BTIME) != 0 ? s.stx_btime.tv_sec : s.stx_mtime.tv_sec;
+    const auto annotata = creazione_annotata(reale);
+    return annotata ? annotata : macchina::nascita(reale);
 }
 
 std::string testo_data_ora(std::int64_t secondi) {
-    const auto istante = static_cast<time_t>(secondi);
-    std::tm parti{};
+    const auto parti = macchina::ora_locale(secondi);
     char testo[32] = "";
-    if (::localtime_r(&istante, &parti) == nullptr) return "";
-    return std::string(testo, std::strftime(testo, sizeof testo, "%d/%m/%y %H.%M.%S", &parti));
+    if (!parti) return "";
+    return std::string(testo, std::strftime(testo, sizeof testo, "%d/%m/%y %H.%M.%S", &*parti));
 }
 
 bool corrisponde(std::string_view nome, std::string_view modello) {
@@ -268,16 +197,13 @@ bool Like(std::string_view n, std::string_view m) {
 std::vector<std::string> Dir(const std::string& cartella, std::string_view modello) {
     std::vector<std::string> nomi;
     const std::string reale = nome_su_disco(cartella.empty() ? "." : cartella);
-    DIR* d = ::opendir(reale.c_str());
-    if (d == nullptr) return nomi;
-    while (const dirent* voce = ::readdir(d)) {
-        if (!corrisponde(voce->d_name, modello)) continue;
-        struct stat s {};
-        if (::stat((reale + "/" + voce->d_name).c_str(), &s) == 0 && S_ISREG(s.st_mode)) {
-            nomi.emplace_back(voce->d_name);
+    for (std::string& nome : macchina::voci(reale)) {
+        Voce voce;
+        if (corrisponde(nome, modello) &&
+            macchina::guarda(reale + "/" + nome, voce) == Guasto::nessuno && voce.file()) {
+            nomi.push_back(std::move(nome));
         }
     }
-    ::closedir(d);
     std::sort(nomi.begin(), nomi.end(), [](const std::string& a, const std::string& b) {
         const std::string x = LCase(a);
         const std::string y = LCase(b);
@@ -287,53 +213,50 @@ std::vector<std::string> Dir(const std::string& cartella, std::string_view model
 }
 
 Esito Kill(const std::string& nome) {
-    struct stat s {};
+    Voce voce;
     const std::string reale = nome_su_disco(nome);
-    if (::lstat(reale.c_str(), &s) != 0) return da_errno(errno);
-    if (!collegamento_o_file(s)) return Esito::errore;
-    return syscalls().unlink(reale.c_str()) == 0 ? Esito::ok : da_errno(errno);
+    if (const Guasto guasto = macchina::guarda_il_nome(reale, voce); guasto != Guasto::nessuno)
+        return esito_di(guasto);
+    return voce.collegamento_o_file() ? esito_di(macchina::togli(reale)) : Esito::errore;
 }
 
 Esito Name(const std::string& vecchio, const std::string& nuovo) {
     const std::string da = nome_su_disco(vecchio);
     const std::string a = nome_su_disco(nuovo);
-    struct stat s1 {};
-    struct stat s2 {};
-    if (::lstat(da.c_str(), &s1) != 0) return da_errno(errno);
-    if (!collegamento_o_file(s1)) return Esito::errore;
+    Voce sua;
+    Voce altra;
+    if (const Guasto guasto = macchina::guarda_il_nome(da, sua); guasto != Guasto::nessuno)
+        return esito_di(guasto);
+    if (!sua.collegamento_o_file()) return Esito::errore;
     // The same file under another case takes the new case; any other file in the way stays.
-    const bool c_e = ::lstat(a.c_str(), &s2) == 0;
-    const bool stesso =
-        c_e && s1.st_dev == s2.st_dev && s1.st_ino == s2.st_ino && LCase(da) == LCase(a);
+    const bool c_e = macchina::guarda_il_nome(a, altra) == Guasto::nessuno;
+    const bool stesso = c_e && sua.stesso(altra) && LCase(da) == LCase(a);
     if (c_e && !stesso) return Esito::errore;
     const std::string arrivo =
         stesso ? cartella_di(a) + "/" + nuovo.substr(nuovo.rfind('/') + 1) : a;
     if (arrivo == da) return Esito::ok;
-    const int esito = stesso ? rinomina_nel_caso(da, arrivo) : rinomina_senza_coprire(da, arrivo);
-    return esito == 0 ? Esito::ok : da_errno(errno);
+    return esito_di(stesso ? rinomina_nel_caso(da, arrivo)
+                           : macchina::rinomina_senza_coprire(da, arrivo));
 }
 
 Esito copia_in(const std::string& origine, Lavoro& lavoro, std::int64_t& dimensione,
                std::string_view parola) {
     if (lavoro.esito() != Esito::ok) return lavoro.esito();
     const std::string da = nome_su_disco(origine);
-    struct stat s {};
-    if (::stat(da.c_str(), &s) != 0) return da_errno(errno);
-    if (!S_ISREG(s.st_mode)) return Esito::errore;
-    const File sorgente(da, O_RDONLY);
+    Voce voce;
+    if (const Guasto guasto = macchina::guarda(da, voce); guasto != Guasto::nessuno)
+        return esito_di(guasto);
+    if (!voce.file()) return Esito::errore;
+    File sorgente(da, File::Modo::leggi);
     // The size of what is open: another program may have put a new file in its place.
-    if (!sorgente.aperto() || ::fstat(sorgente.fd(), &s) != 0) return da_errno(errno);
-    dimensione = s.st_size;
+    if (!sorgente.aperto() || !sorgente.guarda(voce)) return esito_di(sorgente.guasto());
+    dimensione = voce.byte;
     Esito esito = travasa(sorgente, lavoro.file());
     // Of what was copied: by its name it would be that of a file put there meanwhile.
-    const std::string sua = attributo(sorgente, attributo_parola);
+    const std::string sua = sorgente.attributo(attributo_parola);
     if (!sua.empty() || !parola.empty())
-        scrivi_attributo(lavoro.file(), attributo_parola, sua.empty() ? parola : sua);
-    if (esito == Esito::ok) esito = sincronizza(lavoro.file());
-    // A full disk can pass unnoticed through write and sync; the size cannot lie.
-    if (esito == Esito::ok && (::fstat(lavoro.file().fd(), &s) != 0 || s.st_size != dimensione)) {
-        esito = Esito::disco_pieno;
-    }
+        lavoro.file().annota(attributo_parola, sua.empty() ? parola : sua);
+    if (esito == Esito::ok) esito = fissa(lavoro.file(), dimensione);
     return concludi(lavoro.file(), esito);
 }
 
@@ -341,62 +264,61 @@ Esito FileCopy(const std::string& vecchio, const std::string& nuovo, Meta meta,
                std::string_view parola) {
     const std::string da = nome_su_disco(vecchio);
     const std::string a = nome_su_disco(nuovo);
-    struct stat s1 {};
-    struct stat s2 {};
-    if (::stat(da.c_str(), &s1) != 0) return da_errno(errno);
-    if (!S_ISREG(s1.st_mode)) return Esito::errore;
-    const bool nuova = ::lstat(a.c_str(), &s2) != 0;
-    if (!nuova && s1.st_dev == s2.st_dev && s1.st_ino == s2.st_ino) return Esito::ok;
-    if (!nuova && !S_ISREG(s2.st_mode)) return Esito::errore;
+    Voce sua;
+    Voce altra;
+    if (const Guasto guasto = macchina::guarda(da, sua); guasto != Guasto::nessuno)
+        return esito_di(guasto);
+    if (!sua.file()) return Esito::errore;
+    const bool nuova = macchina::guarda_il_nome(a, altra) != Guasto::nessuno;
+    if (!nuova && sua.stesso(altra)) return Esito::ok;
+    if (!nuova && !altra.file()) return Esito::errore;
     Lavoro lavoro(cartella_di(a));
     std::int64_t dimensione = 0;
     Esito esito = copia_in(da, lavoro, dimensione, parola);
     if (esito == Esito::ok) esito = lavoro.pubblica(a, dimensione);
     const bool resta = esito == Esito::disco_pieno && nuova && meta == Meta::resta;
-    if (resta && !lavoro.nome().empty() && rinomina_senza_coprire(lavoro.nome(), a) == 0)
+    if (resta && !lavoro.nome().empty() &&
+        macchina::rinomina_senza_coprire(lavoro.nome(), a) == Guasto::nessuno) {
         lavoro.lascia();
+    }
     return esito;
 }
 
 Esito aggiungi(const std::string& nome, std::string_view dati) {
     const std::string reale = nome_su_disco(nome);
     if (!libero_o_file(reale)) return Esito::errore;
-    File file(reale, O_WRONLY | O_CREAT | O_APPEND | O_NOFOLLOW);
-    struct stat s {};
-    if (!file.aperto() || ::fstat(file.fd(), &s) != 0) return da_errno(errno);
-    const Esito esito = scrivi_tutto(file.fd(), dati);
+    File file(reale, File::Modo::aggiungi);
+    Voce voce;
+    if (!file.aperto() || !file.guarda(voce)) return esito_di(file.guasto());
+    const Esito esito = dopo(file, file.scrivi(dati));
     // Half an append would leave a torn line for the next one to join.
-    if (esito != Esito::ok && ::ftruncate(file.fd(), s.st_size) != 0) return esito;
+    if (esito != Esito::ok && !file.tronca(voce.byte)) return esito;
     return concludi(file, esito);
 }
 
 Esito scrivi(const std::string& nome, std::string_view dati) {
     const std::string reale = nome_su_disco(nome);
-    struct stat s {};
-    if (::lstat(reale.c_str(), &s) == 0) {
-        return S_ISREG(s.st_mode) ? sostituisci(nome, dati) : Esito::errore;
-    }
-    File file(reale, O_WRONLY | O_CREAT | O_EXCL);
-    if (!file.aperto()) return da_errno(errno);
-    Esito esito = scrivi_tutto(file.fd(), dati);
-    if (esito == Esito::ok) esito = sincronizza(file);
-    esito = concludi(file, esito);
-    if (esito != Esito::ok) syscalls().unlink(reale.c_str());
+    Voce voce;
+    if (macchina::guarda_il_nome(reale, voce) == Guasto::nessuno)
+        return voce.file() ? sostituisci(nome, dati) : Esito::errore;
+    File file(reale, File::Modo::nuovo);
+    if (!file.aperto()) return esito_di(file.guasto());
+    const Esito esito = concludi(file, dopo(file, file.scrivi(dati) && file.sincronizza()));
+    if (esito != Esito::ok) macchina::togli(reale);
     return esito;
 }
 
 std::optional<std::string> leggi_tutto(const std::string& nome, std::int64_t limite) {
-    struct stat s {};
+    Voce voce;
     const std::string reale = nome_su_disco(nome);
-    if (::stat(reale.c_str(), &s) != 0 || !S_ISREG(s.st_mode)) return std::nullopt;
-    const File file(reale, O_RDONLY);
-    if (!file.aperto() || ::fstat(file.fd(), &s) != 0 || !S_ISREG(s.st_mode)) return std::nullopt;
-    if (s.st_size > limite) return std::nullopt;
-    std::string dati(static_cast<std::size_t>(s.st_size), '\0');
+    if (macchina::guarda(reale, voce) != Guasto::nessuno || !voce.file()) return std::nullopt;
+    File file(reale, File::Modo::leggi);
+    if (!file.aperto() || !file.guarda(voce) || !voce.file() || voce.byte > limite)
+        return std::nullopt;
+    std::string dati(static_cast<std::size_t>(voce.byte), '\0');
     std::size_t letti = 0;
     while (letti < dati.size()) {
-        const ssize_t n = syscalls().read(file.fd(), dati.data() + letti, dati.size() - letti);
-        if (n < 0 && errno == EINTR) continue;
+        const std::ptrdiff_t n = file.leggi(dati.data() + letti, dati.size() - letti);
         if (n < 0) return std::nullopt;
         if (n == 0) break;
         letti += static_cast<std::size_t>(n);
@@ -415,7 +337,7 @@ Esito trasloca(const std::string& da, const std::string& a, std::int64_t dimensi
     Esito esito = copia_in(da, lavoro, copiati);
     if (esito == Esito::ok && copiati != dimensione) esito = Esito::errore;
     if (esito == Esito::ok) esito = lavoro.pubblica(a, dimensione, creazione);
-    if (esito == Esito::ok) syscalls().unlink(da.c_str());
+    if (esito == Esito::ok) macchina::togli(da);
     return esito;
 }
 
@@ -425,62 +347,60 @@ Esito pubblica(const std::string& lavoro, const std::string& nome, std::int64_t 
                Creazione creazione) {
     const std::string partenza = nome_su_disco(lavoro);
     const std::string arrivo = nome_su_disco(nome);
-    struct stat vecchio {};
-    struct stat s {};
-    const bool c_era = ::lstat(arrivo.c_str(), &vecchio) == 0;
-    if (c_era && !collegamento_o_file(vecchio)) return Esito::errore;
-    if (::lstat(partenza.c_str(), &s) != 0) return da_errno(errno);
-    if (!S_ISREG(s.st_mode)) return Esito::errore;
-    File file(partenza, O_RDONLY | O_NOFOLLOW);
-    if (!file.aperto()) return da_errno(errno);
-    if (c_era && S_ISREG(vecchio.st_mode)) {
+    Voce vecchio;
+    Voce voce;
+    const bool c_era = macchina::guarda_il_nome(arrivo, vecchio) == Guasto::nessuno;
+    if (c_era && !vecchio.collegamento_o_file()) return Esito::errore;
+    if (const Guasto guasto = macchina::guarda_il_nome(partenza, voce); guasto != Guasto::nessuno)
+        return esito_di(guasto);
+    if (!voce.file()) return Esito::errore;
+    File file(partenza, File::Modo::leggi_se_file);
+    if (!file.aperto()) return esito_di(file.guasto());
+    if (c_era && vecchio.file()) {
         // Where the disk keeps no attributes, the date is that of the last replacement; where it
         // keeps no modes, there is none to lose.
         const auto vecchia = creazione == Creazione::resta ? data_creazione(arrivo) : std::nullopt;
-        if (vecchia) scrivi_attributo(file, attributo_creazione, std::to_string(*vecchia));
-        static_cast<void>(::fchmod(file.fd(), vecchio.st_mode & 07777));
+        if (vecchia) file.annota(attributo_creazione, std::to_string(*vecchia));
+        file.permessi(vecchio.permessi);
     }
-    Esito esito = sincronizza(file);
-    // A full disk can pass unnoticed through write and sync; the size cannot lie.
-    if (esito == Esito::ok && (::fstat(file.fd(), &s) != 0 || s.st_size != dimensione)) {
-        esito = Esito::disco_pieno;
-    }
-    esito = concludi(file, esito);
+    const Esito esito = concludi(file, fissa(file, dimensione));
     if (esito != Esito::ok) return esito;
-    if (syscalls().rename(partenza.c_str(), arrivo.c_str()) != 0) {
-        return errno == EXDEV ? trasloca(partenza, arrivo, dimensione, creazione) : da_errno(errno);
-    }
-    sincronizza_cartella(cartella_di(arrivo));
+    const Guasto guasto = macchina::rinomina(partenza, arrivo);
+    if (guasto == Guasto::altro_disco) return trasloca(partenza, arrivo, dimensione, creazione);
+    if (guasto != Guasto::nessuno) return esito_di(guasto);
+    macchina::sincronizza_cartella(cartella_di(arrivo));
     return Esito::ok;
 }
 
 std::string dietro_il_collegamento(const std::string& nome) {
     const std::string reale = nome_su_disco(nome);
-    struct stat s {};
-    if (::lstat(reale.c_str(), &s) != 0 || !S_ISLNK(s.st_mode)) return reale;
-    const std::unique_ptr<char, decltype(&std::free)> vero(::realpath(reale.c_str(), nullptr),
-                                                           &std::free);
-    return vero == nullptr ? reale : vero.get();
+    Voce voce;
+    if (macchina::guarda_il_nome(reale, voce) != Guasto::nessuno || !voce.collegamento())
+        return reale;
+    const std::string vero = macchina::percorso_reale(reale);
+    return vero.empty() ? reale : vero;
 }
 
 Esito sostituisci(const std::string& nome, std::string_view dati) {
     const std::string arrivo = dietro_il_collegamento(nome);
-    struct stat s {};
-    if (::lstat(arrivo.c_str(), &s) == 0 && !collegamento_o_file(s)) return Esito::errore;
+    Voce voce;
+    if (macchina::guarda_il_nome(arrivo, voce) == Guasto::nessuno && !voce.collegamento_o_file())
+        return Esito::errore;
     Lavoro lavoro(cartella_di(arrivo));
     if (lavoro.esito() != Esito::ok) return lavoro.esito();
-    const Esito esito = concludi(lavoro.file(), scrivi_tutto(lavoro.file().fd(), dati));
+    File& file = lavoro.file();
+    const Esito esito = concludi(file, dopo(file, file.scrivi(dati)));
     return esito == Esito::ok ? lavoro.pubblica(arrivo, static_cast<std::int64_t>(dati.size()))
                               : esito;
 }
 
 std::string annotazione(const std::string& nome) {
-    return attributo(nome_su_disco(nome), attributo_parola);
+    return macchina::attributo(nome_su_disco(nome), attributo_parola);
 }
 
 bool annota(const std::string& nome, std::string_view parola) {
-    const File file(nome_su_disco(nome), O_RDONLY | O_NOFOLLOW);
-    return file.aperto() && scrivi_attributo(file, attributo_parola, parola);
+    File file(nome_su_disco(nome), File::Modo::leggi_se_file);
+    return file.aperto() && file.annota(attributo_parola, parola);
 }
 
 }  // namespace platform

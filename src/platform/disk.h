@@ -7,8 +7,6 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/syscalls.h"
-
 namespace platform {
 
 /// Result of a file step.
@@ -19,6 +17,8 @@ enum class Esito {
     errore,       ///< anything else
 };
 
+/// The folder of a file, as far as its name tells: "." for a bare name.
+std::string cartella_di(const std::string& nome);
 /// `nome` as it stands on the disk: a component that is there only in another case is replaced
 /// by that; a name that is not there comes back unchanged, one with a null in it empty.
 std::string nome_su_disco(const std::string& nome);

@@ -4,15 +4,6 @@
 
 namespace platform {
 
-namespace {
-
-std::string cartella_di(const std::string& nome) {
-    const std::size_t barra = nome.rfind('/');
-    return barra == std::string::npos ? "." : nome.substr(0, barra + 1);
-}
-
-}  // namespace
-
 FileNuovo::FileNuovo(std::string nome) : nome_(std::move(nome)), lavoro_(cartella_di(nome_)) {
     lavoro_.file().chiudi();
     // Known before the work is done rather than after it.

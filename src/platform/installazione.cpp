@@ -3,23 +3,23 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <climits>
 #include <cstdint>
-#include <cstdlib>
-#include <memory>
 #include <optional>
 #include <set>
 #include <string_view>
-#include <sys/stat.h>
-#include <unistd.h>
 #include <utility>
 #include <vector>
 
 #include "platform/application.h"
 #include "platform/disk.h"
+#include "platform/links.h"
+#include "platform/macchina.h"
 #include "platform/runtime.h"
 
 namespace platform {
+
+using macchina::Guasto;
+using macchina::Voce;
 
 namespace {
 
@@ -31,7 +31,7 @@ constexpr std::array sistemi = {"*.sen", "*.col", "*.sel", "*.lot"};
 constexpr std::array collegati = {"guida", "guida.exe", "guida.html", "stampa", "stampa.exe"};
 
 /// 64-bit FNV-1a in hexadecimal: tells a changed file from an unchanged one, proof of nothing more.
-std::string impronta(std::string_view byte) {
+std::string impronta_di(std::string_view byte) {
     std::uint64_t valore = 0xcbf29ce484222325U;
     for (const char c : byte) {
         valore ^= static_cast<unsigned char>(c);
@@ -45,17 +45,11 @@ std::string impronta(std::string_view byte) {
 
 std::optional<std::string> impronta_file(const std::string& nome) {
     const auto dati = leggi_tutto(nome);
-    return dati ? std::optional(impronta(*dati)) : std::nullopt;
+    return dati ? std::optional(impronta_di(*dati)) : std::nullopt;
 }
 
 bool esiste_voce(const std::string& nome) {
-    struct stat s {};
-    return ::lstat(nome_su_disco(nome).c_str(), &s) == 0;
-}
-
-bool e_collegamento(const std::string& nome) {
-    struct stat s {};
-    return ::lstat(nome_su_disco(nome).c_str(), &s) == 0 && S_ISLNK(s.st_mode);
+    return macchina::c_e(nome_su_disco(nome));
 }
 
 std::string senza_estensione(const std::string& nome) {
@@ -166,18 +160,19 @@ std::vector<std::string> Dotazione::sistemi_della_suite() const {
 std::string Dotazione::timbro_della_suite() const {
     std::string testo;
     const auto aggiungi_file = [&](const std::string& nome) {
-        struct stat s {};
-        if (::stat((suite_ + "/" + nome).c_str(), &s) != 0) return;
-        testo.append(nome + "|" + std::to_string(s.st_size) + "|" +
-                     std::to_string(s.st_mtim.tv_sec) + "." + std::to_string(s.st_mtim.tv_nsec) +
-                     "\n");
+        constexpr std::int64_t al_secondo = 1'000'000'000;
+        Voce voce;
+        if (macchina::guarda(suite_ + "/" + nome, voce) != Guasto::nessuno) return;
+        testo.append(nome + "|" + std::to_string(voce.byte) + "|" +
+                     std::to_string(voce.cambiato / al_secondo) + "." +
+                     std::to_string(voce.cambiato % al_secondo) + "\n");
     };
     for (const std::string parte : rinnovate) {
         for (const std::string& nome : Dir(suite_ + "/" + parte, "*"))
             aggiungi_file(parte + "/" + nome);
     }
     for (const std::string& nome : sistemi_della_suite()) aggiungi_file(cartella_ + nome);
-    return testo.empty() ? "" : impronta(testo);
+    return testo.empty() ? "" : impronta_di(testo);
 }
 
 void Dotazione::copia(const std::string& da, const std::string& a, const std::string& nome,
@@ -208,7 +203,7 @@ void Dotazione::rinnova_file(const std::string& nome) {
             segna(nome, *nostra);
             return;
         }
-        if (!sua || e_collegamento(a) || !dato(nome, *sua)) return;
+        if (!sua || collegamento(a) || !dato(nome, *sua)) return;
     }
     copia(da, a, nome, *nostra);
 }
@@ -266,32 +261,27 @@ void Dotazione::rinnova() {
     spazza(dove);
     dai_sistemi(dove);
     if (disco_pieno_ || !prima) return;
-    if (::rename(dove.c_str(), programma_.c_str()) != 0) crea_cartella(programma_);
+    if (macchina::rinomina(dove, programma_) != Guasto::nessuno) crea_cartella(programma_);
 }
 
 /// Leads the root to a file of the suite; one that is there stays, and so does a link to it.
 void Dotazione::collega(const std::string& nome) {
-    const std::string collegamento = utente_ + "/" + nome;
-    const std::unique_ptr<char, decltype(&std::free)> vero(
-        ::realpath((suite_ + "/" + nome).c_str(), nullptr), &std::free);
-    if (vero == nullptr) return;
-    struct stat s {};
-    if (::lstat(collegamento.c_str(), &s) == 0) {
-        if (!S_ISLNK(s.st_mode)) return;
-        std::array<char, PATH_MAX> meta{};
-        const ssize_t n = ::readlink(collegamento.c_str(), meta.data(), meta.size());
-        const std::string_view ora(meta.data(), n > 0 ? static_cast<std::size_t>(n) : 0);
-        if (ora == vero.get() && dato(nome, impronta(ora))) return;
+    const std::string qui = utente_ + "/" + nome;
+    const std::string vero = macchina::percorso_reale(suite_ + "/" + nome);
+    if (vero.empty()) return;
+    Voce voce;
+    if (macchina::guarda_il_nome(qui, voce) == Guasto::nessuno) {
+        if (!voce.collegamento()) return;
+        const std::string ora = macchina::meta(qui);
+        const bool nostro = dato(nome, impronta_di(ora));
+        if (ora == vero && nostro) return;
         // A link of this program's follows the suite, a dead one gives way, another is the
         // player's.
-        if (ora != vero.get() && ::stat(collegamento.c_str(), &s) == 0 &&
-            !dato(nome, impronta(ora))) {
-            return;
-        }
+        if (ora != vero && macchina::guarda(qui, voce) == Guasto::nessuno && !nostro) return;
     }
     // Without a link the menu finds no guide and does nothing, so a failure needs no word.
-    ::unlink(collegamento.c_str());
-    if (::symlink(vero.get(), collegamento.c_str()) == 0) segna(nome, impronta(vero.get()));
+    macchina::togli(qui);
+    if (macchina::collega(vero, qui) == Guasto::nessuno) segna(nome, impronta_di(vero));
 }
 
 void Dotazione::metti() {

@@ -1,56 +1,50 @@
 #include "platform/lavoro.h"
 
-#include <cerrno>
 #include <ctime>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
-#include "platform/blocco.h"
+#include "platform/macchina.h"
 #include "platform/runtime.h"
 
 namespace platform {
 
+using macchina::Guasto;
+using macchina::Voce;
+
 namespace {
 
 std::string nome_numerato(const std::string& cartella, int n) {
-    return cartella + "/temp-" + std::to_string(::getpid()) + "-" + std::to_string(n) + ".nuovo";
+    return cartella + "/temp-" + std::to_string(macchina::processo()) + "-" + std::to_string(n) +
+           ".nuovo";
 }
 
 }  // namespace
 
-Esito da_errno(int errore) {
-    if (errore == ENOENT) return Esito::assente;
-    if (errore == ENOSPC || errore == EDQUOT) return Esito::disco_pieno;
-    return Esito::errore;
-}
-
-bool File::apri(const std::string& nome, int modo) {
-    fd_ = syscalls().open(nome.c_str(), modo | O_NONBLOCK, 0666);
-    return aperto();
-}
-
-bool File::chiudi() {
-    if (fd_ < 0) return true;
-    const int esito = syscalls().close(fd_);
-    fd_ = -1;
-    // A signal during the closing leaves the file closed all the same.
-    return esito == 0 || errno == EINTR;
+Esito esito_di(Guasto guasto) {
+    switch (guasto) {
+        case Guasto::nessuno:
+            return Esito::ok;
+        case Guasto::assente:
+            return Esito::assente;
+        case Guasto::pieno:
+            return Esito::disco_pieno;
+        default:
+            return Esito::errore;
+    }
 }
 
 Esito concludi(File& file, Esito esito) {
-    if (!file.chiudi() && esito == Esito::ok) return da_errno(errno);
+    if (!file.chiudi() && esito == Esito::ok) return esito_di(file.guasto());
     return esito;
 }
 
 bool Lavoro::prendi(const std::string& nome) {
-    struct stat s {};
+    Voce voce;
     // A sweeper may have found the file before it was locked: then it is, or will be, deleted.
-    if (blocca(file_.fd()) == Presa::occupata || ::fstat(file_.fd(), &s) != 0 || s.st_nlink == 0) {
+    if (blocca(file_) == Presa::occupata || !file_.guarda(voce) || voce.nomi == 0) {
         file_.chiudi();
         return false;
     }
-    custode_ = ::fcntl(file_.fd(), F_DUPFD_CLOEXEC, 0);
+    custode_.tieni(file_);
     nome_ = nome;
     esito_ = Esito::ok;
     return true;
@@ -60,10 +54,10 @@ Lavoro::Lavoro(const std::string& cartella) {
     constexpr int tentativi = 100;
     for (int n = 0; n < tentativi; ++n) {
         const std::string prova = nome_numerato(cartella, n);
-        if (file_.apri(prova, O_RDWR | O_CREAT | O_EXCL)) {
+        if (file_.apri(prova, File::Modo::nuovo)) {
             if (prendi(prova)) return;
-        } else if (errno != EEXIST) {
-            esito_ = da_errno(errno);
+        } else if (file_.guasto() != Guasto::esiste) {
+            esito_ = esito_di(file_.guasto());
             return;
         }
     }
@@ -71,14 +65,13 @@ Lavoro::Lavoro(const std::string& cartella) {
 
 Lavoro::~Lavoro() {
     file_.chiudi();
-    if (!nome_.empty()) syscalls().unlink(nome_.c_str());
+    if (!nome_.empty()) macchina::togli(nome_);
     lascia();
 }
 
 void Lavoro::lascia() {
     nome_.clear();
-    if (custode_ >= 0) ::close(custode_);
-    custode_ = -1;
+    custode_.lascia();
 }
 
 Esito Lavoro::pubblica(const std::string& nome, std::int64_t dimensione, Creazione creazione) {
@@ -88,20 +81,18 @@ Esito Lavoro::pubblica(const std::string& nome, std::int64_t dimensione, Creazio
 }
 
 Accantonato::~Accantonato() {
-    if (!nome_.empty()) syscalls().unlink(nome_.c_str());
+    if (!nome_.empty()) macchina::togli(nome_);
 }
 
 Esito Accantonato::metti(const std::string& nome) {
     constexpr int tentativi = 200;
     if (!esiste_file(nome)) return Esito::assente;
     prima_ = nome_su_disco(nome);
-    if (custode_.apri(prima_, O_RDONLY | O_NOFOLLOW)) blocca(custode_.fd());
-    const std::size_t barra = prima_.rfind('/');
-    const std::string cartella = barra == std::string::npos ? "." : prima_.substr(0, barra);
+    if (custode_.apri(prima_, File::Modo::leggi_se_file)) blocca(custode_);
+    const std::string cartella = cartella_di(prima_);
     for (int n = tentativi / 2; n < tentativi; ++n) {
-        struct stat s {};
         const std::string prova = nome_numerato(cartella, n);
-        if (::lstat(prova.c_str(), &s) == 0) continue;
+        if (macchina::c_e(prova)) continue;
         const Esito esito = Name(prima_, prova);
         if (esito == Esito::ok) nome_ = prova;
         return esito;
@@ -124,18 +115,19 @@ bool e_nome_di_lavoro(std::string_view nome) {
 }
 
 void spazza(const std::string& cartella) {
+    constexpr std::int64_t al_secondo = 1'000'000'000;
     constexpr std::time_t un_giorno = 24 * 60 * 60;
     for (const std::string& nome : Dir(cartella, "temp-*")) {
         if (!e_nome_di_lavoro(LCase(nome))) continue;
         const std::string completo = cartella + "/" + nome;
-        File file(completo, O_RDWR | O_NOFOLLOW);
-        if (!file.aperto()) file.apri(completo, O_RDONLY | O_NOFOLLOW);
+        File file(completo, File::Modo::cambia);
+        if (!file.aperto()) file.apri(completo, File::Modo::leggi_se_file);
         if (!file.aperto()) continue;
-        const Presa presa = blocca(file.fd());
-        struct stat s {};
+        const Presa presa = blocca(file);
+        Voce voce;
         // Where no lock tells whose it is, only time does.
         const bool vecchio =
-            ::fstat(file.fd(), &s) == 0 && s.st_mtime < ::time(nullptr) - un_giorno;
+            file.guarda(voce) && voce.cambiato / al_secondo < std::time(nullptr) - un_giorno;
         if (presa == Presa::presa || (presa == Presa::impossibile && vecchio)) Kill(completo);
     }
 }

@@ -3,29 +3,14 @@
 
 #include <string>
 
+#include "platform/blocco.h"
 #include "platform/disk.h"
+#include "platform/file.h"
 
 namespace platform {
 
-/// What an errno means for a file step.
-Esito da_errno(int errore);
-
-/// Open file that closes itself; `chiudi` tells what the closing said.
-class File {
-public:
-    File() = default;
-    File(const std::string& nome, int modo) { apri(nome, modo); }
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
-    ~File() { chiudi(); }
-    bool apri(const std::string& nome, int modo);
-    [[nodiscard]] bool aperto() const { return fd_ >= 0; }
-    [[nodiscard]] int fd() const { return fd_; }
-    bool chiudi();
-
-private:
-    int fd_ = -1;
-};
+/// What the failure of a system's step means for a file step.
+Esito esito_di(macchina::Guasto guasto);
 
 /// Closes `file`, whose earlier steps ended with `esito`, and returns the outcome of all.
 Esito concludi(File& file, Esito esito);
@@ -56,7 +41,7 @@ private:
     Esito esito_ = Esito::errore;
     std::string nome_;
     File file_;
-    int custode_ = -1;  ///< keeps the lock when `file_` is closed
+    Custode custode_;  ///< keeps the lock when `file_` is closed
 };
 
 /// Fills `lavoro` with the content of `origine`, synced and of its size, and its word, or `parola`

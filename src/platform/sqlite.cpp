@@ -3,16 +3,15 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdlib>
 #include <ctime>
-#include <fcntl.h>
 #include <limits>
 #include <memory>
 #include <optional>
 #include <sqlite3.h>
-#include <sys/stat.h>
 
 #include "platform/disk.h"
+#include "platform/file.h"
+#include "platform/macchina.h"
 #include "platform/recordset.h"
 #include "platform/runtime.h"
 
@@ -233,17 +232,15 @@ int leggi_righe(sqlite3_stmt* righe, Tabella& tabella) {
 /// short is one of zeros.
 bool intestazione(const std::string& file) {
     constexpr std::string_view firma("SQLite format 3\0", 16);
-    const int fd = syscalls().open(file.c_str(), O_RDONLY | O_CLOEXEC, 0);
-    if (fd < 0) return false;
+    File aperto(file, File::Modo::leggi);
+    if (!aperto.aperto()) return false;
     std::array<unsigned char, 18> testa{};
-    const ssize_t n = syscalls().read(fd, testa.data(), testa.size());
-    syscalls().close(fd);
+    const std::ptrdiff_t n = aperto.leggi(testa.data(), testa.size());
     // The largest page is told by a 1.
     const int scritta = testa[16] * 256 + testa[17];
     const std::int64_t pagina = scritta == 1 ? 65536 : scritta;
-    return n == static_cast<ssize_t>(testa.size()) &&
-           std::equal(firma.begin(), firma.end(), testa.begin()) && pagina > 0 &&
-           dimensione_file(file).value_or(1) % pagina == 0;
+    return n == std::ssize(testa) && std::equal(firma.begin(), firma.end(), testa.begin()) &&
+           pagina > 0 && dimensione_file(file).value_or(1) % pagina == 0;
 }
 
 }  // namespace
@@ -260,12 +257,9 @@ int verifica_sqlite(const std::string& file) {
 
 bool in_uso_altrui(const std::string& file) {
     const std::string nome = nome_su_disco(file);
-    const std::unique_ptr<char, decltype(&std::free)> vero(::realpath(nome.c_str(), nullptr),
-                                                           &std::free);
-    struct stat s {};
-    for (const std::string& base : {nome, std::string(vero ? vero.get() : "")}) {
+    for (const std::string& base : {nome, macchina::percorso_reale(nome)}) {
         for (const char* coda : {"-wal", "-journal"}) {
-            if (!base.empty() && ::lstat((base + coda).c_str(), &s) == 0) return true;
+            if (!base.empty() && macchina::c_e(base + coda)) return true;
         }
     }
     return false;

@@ -106,8 +106,7 @@ bool scrivi_tutti(const std::string& file, const std::vector<Foglio>& fogli) {
 }  // namespace
 
 bool scrivi_sqlite(const std::string& file, const std::vector<Foglio>& fogli) {
-    const std::size_t barra = file.rfind('/');
-    Lavoro lavoro(barra == std::string::npos ? "." : file.substr(0, barra));
+    Lavoro lavoro(cartella_di(file));
     return lavoro.esito() == Esito::ok && scrivi_tutti(lavoro.nome(), fogli) &&
            !in_uso_altrui(file) &&
            lavoro.pubblica(file, dimensione_file(lavoro.nome()).value_or(-1)) == Esito::ok;

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <sys/types.h>
 
 namespace platform {
 
@@ -10,9 +9,9 @@ namespace platform {
 class Syscalls {
 public:
     virtual ~Syscalls() = default;
-    virtual int open(const char* nome, int modo, mode_t permessi);
-    virtual ssize_t read(int fd, void* dati, std::size_t quanti);
-    virtual ssize_t write(int fd, const void* dati, std::size_t quanti);
+    virtual int open(const char* nome, int modo, unsigned permessi);
+    virtual std::ptrdiff_t read(int fd, void* dati, std::size_t quanti);
+    virtual std::ptrdiff_t write(int fd, const void* dati, std::size_t quanti);
     virtual int fsync(int fd);
     virtual int close(int fd);
     virtual int rename(const char* vecchio, const char* nuovo);

@@ -2,11 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstdio>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 #include <utility>
 
 #include "platform/codepage.h"
@@ -14,6 +10,9 @@
 #include "platform/runtime.h"
 
 namespace platform {
+
+using macchina::Guasto;
+using macchina::Voce;
 
 namespace {
 
@@ -56,22 +55,19 @@ bool TextReader::apri(const std::string& nome, std::int64_t limite) {
     limite_ = limite;
     // A pipe or device of that name must neither block the program nor be opened at all.
     const std::string reale = nome_su_disco(nome);
-    struct stat s {};
-    if (::stat(reale.c_str(), &s) != 0 || !S_ISREG(s.st_mode)) return false;
-    const int fd = syscalls().open(reale.c_str(), O_RDONLY | O_NONBLOCK, 0);
-    if (fd < 0) return false;
-    if (::fstat(fd, &s) != 0 || !S_ISREG(s.st_mode)) {
-        syscalls().close(fd);
+    Voce voce;
+    if (macchina::guarda(reale, voce) != Guasto::nessuno || !voce.file()) return false;
+    if (!file_.apri(reale, File::Modo::leggi)) return false;
+    if (!file_.guarda(voce) || !voce.file()) {
+        file_.chiudi();
         return false;
     }
-    fd_ = fd;
     dati_.resize(grandezza);
     return true;
 }
 
 void TextReader::chiudi() {
-    if (fd_ >= 0) syscalls().close(fd_);
-    fd_ = -1;
+    file_.chiudi();
     posizione_ = 0;
     pieno_ = 0;
     base_ = 0;
@@ -79,16 +75,13 @@ void TextReader::chiudi() {
 }
 
 bool TextReader::riempi() {
-    if (fd_ < 0) return false;
+    if (!aperto()) return false;
     base_ += static_cast<std::int64_t>(pieno_);
     posizione_ = 0;
     pieno_ = 0;
     if (base_ >= limite_ || senza_segni_ > pezzi_senza_segni) return false;
     const std::int64_t quanti = std::min(limite_ - base_, std::int64_t{grandezza});
-    ssize_t n = 0;
-    do {
-        n = syscalls().read(fd_, dati_.data(), static_cast<std::size_t>(quanti));
-    } while (n < 0 && errno == EINTR);
+    const std::ptrdiff_t n = file_.leggi(dati_.data(), static_cast<std::size_t>(quanti));
     if (n <= 0) return false;
     pieno_ = static_cast<std::size_t>(n);
     const std::string_view letti(dati_.data(), pieno_);
@@ -97,7 +90,7 @@ bool TextReader::riempi() {
 }
 
 bool TextReader::seek(std::int64_t posizione) {
-    if (fd_ < 0 || posizione < 1 || ::lseek(fd_, posizione - 1, SEEK_SET) < 0) return false;
+    if (!aperto() || posizione < 1 || !file_.vai(posizione - 1)) return false;
     base_ = posizione - 1;
     posizione_ = 0;
     pieno_ = 0;

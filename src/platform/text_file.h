@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/file.h"
+
 namespace platform {
 
 /// A text file open for reading, in one fixed buffer whatever the file's size.
@@ -25,13 +27,13 @@ public:
     }
     TextReader(const TextReader&) = delete;
     TextReader& operator=(const TextReader&) = delete;
-    ~TextReader() { chiudi(); }
+    ~TextReader() = default;
 
     /// Opens a regular file, closing the one before; false when it cannot be read. Of a longer
     /// one only the first `limite` bytes are there.
     bool apri(const std::string& nome, std::int64_t limite = senza_limite);
     void chiudi();
-    [[nodiscard]] bool aperto() const { return fd_ >= 0; }
+    [[nodiscard]] bool aperto() const { return file_.aperto(); }
 
     /// True when nothing is left to read, and for a file that is not open.
     bool eof() { return posizione_ >= pieno_ && !riempi(); }
@@ -67,7 +69,7 @@ private:
     template <typename T>
     bool intero_in(T& destinazione);
 
-    int fd_ = -1;
+    File file_;
     std::vector<char> dati_;
     std::size_t posizione_ = 0;
     std::size_t pieno_ = 0;

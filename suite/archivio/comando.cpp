@@ -3,13 +3,13 @@
 #include <cstdio>
 #include <optional>
 #include <string_view>
-#include <unistd.h>
 
 #include "contenuto.h"
 #include "importa.h"
 #include "platform/application.h"
 #include "platform/codepage.h"
 #include "platform/disk.h"
+#include "platform/terminale.h"
 
 namespace importazione {
 
@@ -93,7 +93,7 @@ void mostra(std::size_t fatti, std::size_t tutti) {
 }
 
 int importa_file(const Opzioni& o) {
-    const bool terminale = ::isatty(STDERR_FILENO) == 1;
+    const bool terminale = platform::errori_su_un_terminale();
     const Rapporto r =
         importa(o.archivio, o.file, o.sostituisci, terminale ? mostra : Avanzamento());
     if (terminale) std::fputs("\r\033[K", stderr);

@@ -1,9 +1,7 @@
 #include "importa.h"
 
 #include <algorithm>
-#include <fcntl.h>
 #include <numeric>
-#include <unistd.h>
 
 #include "lettura.h"
 #include "platform/blocco.h"
@@ -19,28 +17,18 @@ namespace {
 
 constexpr std::int64_t file_massimo = std::int64_t{64} << 20;
 
-std::string cartella_di(const std::string& file) {
-    const std::size_t barra = file.rfind('/');
-    return barra == std::string::npos ? "." : file.substr(0, barra);
-}
-
 /// Held while an archive is written, so that two imports cannot undo each other.
 class Blocco {
 public:
     explicit Blocco(const std::string& cartella)
-        : fd_(::open(cartella.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+        : cartella_(cartella, platform::File::Modo::cartella) {
         // Disks of other machines may know no such lock: nobody can be seen there.
-        preso_ = fd_ < 0 || platform::blocca(fd_) != platform::Presa::occupata;
-    }
-    Blocco(const Blocco&) = delete;
-    Blocco& operator=(const Blocco&) = delete;
-    ~Blocco() {
-        if (fd_ >= 0) ::close(fd_);
+        preso_ = !cartella_.aperto() || platform::blocca(cartella_) != platform::Presa::occupata;
     }
     [[nodiscard]] bool preso() const { return preso_; }
 
 private:
-    int fd_;
+    platform::File cartella_;
     bool preso_ = false;
 };
 
@@ -226,7 +214,7 @@ std::int64_t Rapporto::diverse() const {
 }
 
 bool metti_dimostrativo(const std::string& destinazione) {
-    const std::string cartella = cartella_di(destinazione);
+    const std::string cartella = platform::cartella_di(destinazione);
     if (!platform::crea_cartella(cartella)) return false;
     const Blocco blocco(cartella);
     if (platform::esiste_file(destinazione)) return true;
@@ -240,7 +228,7 @@ Rapporto importa(const std::string& destinazione, const std::vector<std::string>
         rapporto.errori.push_back({destinazione, 0, testo});
         return rapporto;
     };
-    const std::string cartella = cartella_di(destinazione);
+    const std::string cartella = platform::cartella_di(destinazione);
     if (!platform::crea_cartella(cartella)) return errore("la cartella non si può creare");
     const Blocco blocco(cartella);
     if (!blocco.preso()) return errore("un'altra importazione è in corso");

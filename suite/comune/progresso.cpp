@@ -1,14 +1,14 @@
 #include "comune/progresso.h"
 
 #include <cstdio>
-#include <unistd.h>
 
 #include "platform/codepage.h"
+#include "platform/terminale.h"
 
 namespace suite {
 
 Progresso::Progresso(const std::string& titolo)
-    : titolo_(platform::mostrabile(titolo)), terminale_(::isatty(STDERR_FILENO) == 1) {}
+    : titolo_(platform::mostrabile(titolo)), terminale_(platform::errori_su_un_terminale()) {}
 
 Progresso::~Progresso() {
     if (ultimo_ >= 0) std::fputs("\r\033[K", stderr);

@@ -1,5 +1,4 @@
 // Counts, develops, checks and exports systems without a window.
-#include <csignal>
 #include <cstdio>
 #include <optional>
 
@@ -7,26 +6,12 @@
 
 #include "comune/testo.h"
 #include "platform/application.h"
+#include "platform/terminale.h"
 #include "sistema/comando.h"
 #include "sistema/stampa.h"
 
-namespace {
-
-volatile std::sig_atomic_t interrotto = 0;
-
-/// Stopped once, the command puts things in order and ends; a second time it ends at once.
-void ascolta_interruzione() {
-    struct sigaction azione {};
-    azione.sa_handler = [](int) { interrotto = 1; };
-    azione.sa_flags = static_cast<int>(SA_RESETHAND);
-    sigaction(SIGINT, &azione, nullptr);
-    sigaction(SIGTERM, &azione, nullptr);
-}
-
-}  // namespace
-
 int main(int argc, char** argv) {
-    ascolta_interruzione();
+    platform::ascolta_interruzione();
     platform::App().Major = TABELLINO_MAJOR;
     platform::App().Minor = TABELLINO_MINOR;
     platform::App().Revision = TABELLINO_REVISION;
@@ -42,7 +27,7 @@ int main(int argc, char** argv) {
         std::fflush(stdout);
         std::fwrite(testo.data(), 1, testo.size(), stderr);
     };
-    ambiente.fermato = [] { return interrotto != 0; };
+    ambiente.fermato = [] { return platform::interrotto(); };
     // Only the page needs Qt, and no screen.
     std::optional<QGuiApplication> qt;
     ambiente.stampa = [&](const printing::Prospetto& prospetto, const std::string& pdf) {

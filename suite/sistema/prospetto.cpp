@@ -5,6 +5,7 @@
 
 #include "platform/application.h"
 #include "platform/codepage.h"
+#include "platform/macchina.h"
 #include "sistema/verbi.h"
 
 namespace sistema {
@@ -15,10 +16,9 @@ namespace {
 std::string oggi() {
     const std::time_t adesso =
         std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
-    std::tm ora{};
-    ::localtime_r(&adesso, &ora);
+    const auto ora = platform::macchina::ora_locale(adesso);
     std::array<char, 16> testo{};
-    std::strftime(testo.data(), testo.size(), "%d/%m/%Y", &ora);
+    if (ora) std::strftime(testo.data(), testo.size(), "%d/%m/%Y", &*ora);
     return testo.data();
 }
 

@@ -12,6 +12,7 @@
 #include "platform/disk.h"
 #include "platform/query.h"
 #include "platform/runtime.h"
+#include "platform/syscalls.h"
 #include "support/archivio.h"
 #include "support/cartella.h"
 

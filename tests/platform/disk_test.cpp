@@ -13,6 +13,7 @@
 #include <sys/xattr.h>
 #include <unistd.h>
 
+#include "platform/syscalls.h"
 #include "support/cartella.h"
 
 using namespace platform;

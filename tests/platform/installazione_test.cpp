@@ -12,6 +12,7 @@
 
 #include "platform/application.h"
 #include "platform/disk.h"
+#include "platform/syscalls.h"
 #include "support/cartella.h"
 
 using namespace platform;

@@ -15,6 +15,7 @@
 #include "platform/blocco.h"
 #include "platform/disk.h"
 #include "platform/runtime.h"
+#include "platform/syscalls.h"
 #include "support/cartella.h"
 
 using namespace platform;

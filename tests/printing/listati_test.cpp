@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "platform/disk.h"
+#include "platform/syscalls.h"
 #include "support/cartella.h"
 #include "support/stampante.h"
 

@@ -10,6 +10,7 @@
 #include "archivio/lettura.h"
 #include "platform/disk.h"
 #include "platform/sqlite.h"
+#include "platform/syscalls.h"
 #include "support/archivio.h"
 #include "support/cartella.h"
 

@@ -11,6 +11,7 @@
 #include "archivio/comando.h"
 #include "archivio/importa.h"
 #include "platform/disk.h"
+#include "platform/syscalls.h"
 #include "support/archivio.h"
 #include "support/cartella.h"
 

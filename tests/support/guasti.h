@@ -8,6 +8,7 @@
 #include <signal.h>
 
 #include "platform/disk.h"
+#include "platform/syscalls.h"
 
 namespace support {
 

@@ -1,5 +1,6 @@
 #include <QHeaderView>
 
+#include "platform/syscalls.h"
 #include "systems/gestore.h"
 
 using namespace gestore;

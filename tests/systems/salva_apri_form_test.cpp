@@ -3,6 +3,7 @@
 #include <QToolTip>
 
 #include "platform/disk.h"
+#include "platform/syscalls.h"
 #include "support/programma.h"
 #include "support/riferimento.h"
 

@@ -3,6 +3,7 @@
 #include <sys/xattr.h>
 
 #include "platform/disk.h"
+#include "platform/syscalls.h"
 #include "systems/operazioni_prova.h"
 
 using namespace operazioni;

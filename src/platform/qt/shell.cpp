@@ -1,14 +1,12 @@
 #include "platform/qt/shell.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QProcess>
 
 #include "platform/disk.h"
+#include "platform/macchina.h"
 #include "platform/qt/desktop.h"
 #include "platform/runtime.h"
 
@@ -37,13 +35,10 @@ std::int64_t avvia(const std::string& programma) {
         return avvia(testo, QFileInfo(testo).absolutePath());
     }
     // Named by a handle: the process class would spoil a folder's bytes that are no text.
-    const std::size_t barra = nome.rfind('/');
-    const int fd = ::open(nome.substr(0, barra + 1).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
-    if (fd < 0) return 0;
-    const QString cartella = QString("/proc/%1/fd/%2").arg(::getpid()).arg(fd);
-    const std::int64_t numero = avvia(cartella + "/" + q(nome.substr(barra + 1)), cartella);
-    ::close(fd);
-    return numero;
+    const macchina::Soprannome cartella(cartella_di(nome));
+    const QString dove = QString::fromStdString(cartella.nome());
+    if (dove.isEmpty()) return 0;
+    return avvia(dove + "/" + q(nome.substr(nome.rfind('/') + 1)), dove);
 }
 
 }  // namespace

@@ -5,15 +5,11 @@
 #include <unistd.h>
 
 #include "platform/blocco.h"
+#include "platform/disk.h"
 
 namespace platform {
 
 namespace {
-
-std::string cartella_di(const std::string& nome) {
-    const std::size_t barra = nome.rfind('/');
-    return barra == std::string::npos ? "." : nome.substr(0, barra + 1);
-}
 
 bool file_regolare(const std::string& nome) {
     struct stat s {};

@@ -8,13 +8,13 @@
 
 namespace platform {
 
-int Syscalls::open(const char* nome, int modo, mode_t permessi) {
+int Syscalls::open(const char* nome, int modo, unsigned permessi) {
     return ::open(nome, modo | O_CLOEXEC, permessi);
 }
-ssize_t Syscalls::read(int fd, void* dati, std::size_t quanti) {
+std::ptrdiff_t Syscalls::read(int fd, void* dati, std::size_t quanti) {
     return ::read(fd, dati, quanti);
 }
-ssize_t Syscalls::write(int fd, const void* dati, std::size_t quanti) {
+std::ptrdiff_t Syscalls::write(int fd, const void* dati, std::size_t quanti) {
     return ::write(fd, dati, quanti);
 }
 int Syscalls::fsync(int fd) {
