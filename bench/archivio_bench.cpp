@@ -92,8 +92,7 @@ void ruota(benchmark::State& stato, const std::string& file) {
         platform::Database db;
         platform::Recordset draws;
         platform::OpenDatabase(file, false, true, db);
-        db.OpenRecordset("SELECT ALL* FROM ARCHIVIO WHERE RUOTA = \"TO\" ORDER BY [CONCORSO]",
-                         draws);
+        db.OpenRecordset(platform::Query{"archivio", "concorso", {{"ruota", "TO"}}}, draws);
         if (!draws.MoveLast().ok()) stato.SkipWithError("L'archivio non si apre.");
         righe = draws.RecordCount();
     }

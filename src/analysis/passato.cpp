@@ -74,7 +74,9 @@ void accoda(Recordset& rs, const Campi& campi, std::string_view ruota,
     }
 }
 
-Err accoda_tabella(platform::Database& database, std::string_view sorgente, std::string_view ruota,
+/// `sorgente` is a table's name or a query.
+template <typename Sorgente>
+Err accoda_tabella(platform::Database& database, const Sorgente& sorgente, std::string_view ruota,
                    std::vector<Estrazione>& estrazioni) {
     Recordset rs;
     Err esito = database.OpenRecordset(sorgente, rs);

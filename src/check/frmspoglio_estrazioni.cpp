@@ -23,7 +23,7 @@ platform::Err frmspoglio::apri_tabelle() {
     }
     if (esito.ok()) esito = archivio.draws.Index("concorso");
     if (esito.ok()) {
-        esito = archivio.database.OpenRecordset("select * from archivion order by concorso",
+        esito = archivio.database.OpenRecordset(statistics::query_ruota(statistics::nazionale),
                                                 archivio.national);
     }
     const platform::Field campo_1 = archivio.campo_1;
@@ -74,9 +74,7 @@ void frmspoglio::Combo3_Click() {
         for (QLineEdit* casella : txtnumlotto) casella->clear();
         estrazione = {};
         const platform::Err esito = archivio.database.OpenRecordset(
-            "select * from archivion where concorso = " + std::to_string(concorso_di(voce)) +
-                " order by concorso",
-            archivio.national);
+            statistics::query_nazionale(concorso_di(voce)), archivio.national);
         if (esito.ok()) estrazione = archivio.national;
     } else {
         trova_ruota(archivio.draws, concorso_di(voce), ruota_di(voce));

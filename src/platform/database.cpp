@@ -8,7 +8,6 @@
 #include "platform/disk.h"
 #include "platform/file.h"
 #include "platform/jet.h"
-#include "platform/query.h"
 #include "platform/runtime.h"
 #include "platform/sqlite.h"
 
@@ -18,10 +17,18 @@ using macchina::Guasto;
 
 namespace interno {
 
+/// One of the two engines: it checks a file, and reads a whole table of it.
+struct Motore {
+    int (*verifica)(const std::string& file);
+    int (*leggi)(const std::string& file, std::string_view nome, Tabella& tabella);
+};
+inline constexpr Motore motore_jet{verifica_jet, leggi_jet};
+inline constexpr Motore motore_sqlite{verifica_sqlite, leggi_sqlite};
+
 /// What the handles of one opening share.
 struct Aperto {
     std::string file;
-    bool jet = false;
+    const Motore* motore = &motore_jet;
     File blocco;           ///< held by an exclusive opening
     bool perduto = false;  ///< once found damaged, the file is not tried again
     std::shared_ptr<bool> aperto = std::make_shared<bool>(true);
@@ -68,48 +75,21 @@ std::string gemello(const std::string& nome) {
     return (finale ? nome.substr(0, punto) : nome) + ".sqlite";
 }
 
-/// Rows of the query's records in their order; 0 or the error's number.
-int esegui(const Query& query, const Tabella& tabella, std::vector<std::uint32_t>& righe) {
-    const auto ordine = tabella.colonna(query.ordine);
-    const auto campo = query.campo.empty() ? ordine : tabella.colonna(query.campo);
-    if (!ordine || !campo) return errore_campo_sconosciuto;
-    righe = tabella.in_ordine(*ordine);
-    if (query.campo.empty()) return 0;
-    const bool di_testo = tabella.tipo(*campo) == Tabella::Tipo::testo;
-    const auto* testo = std::get_if<std::string>(&query.valore);
-    if (di_testo != (testo != nullptr) || tabella.tipo(*campo) == Tabella::Tipo::data)
-        return errore_tipi;
-    // Texts are compared without case, so that several stored ones can be meant.
-    std::vector<bool> cercati;
-    if (testo != nullptr) {
-        for (const std::string& t : tabella.testi(*campo))
-            cercati.push_back(LCase(t) == LCase(*testo));
-    }
-    const auto* numero = std::get_if<std::int32_t>(&query.valore);
-    std::erase_if(righe, [&](std::uint32_t riga) {
-        if (tabella.nullo(*campo, riga)) return true;
-        const std::int32_t grezzo = tabella.grezzo(*campo, riga);
-        return di_testo ? !cercati[static_cast<std::size_t>(grezzo)] : grezzo != *numero;
-    });
-    return 0;
-}
-
 }  // namespace
 
 Err OpenDatabase(const std::string& nome, bool esclusivo, bool /*sola_lettura*/,
                  Database& destinazione) {
     auto aperto = std::make_shared<interno::Aperto>();
     aperto->file = nome_su_disco(nome);
-    aperto->jet = true;
     int errore = prova(aperto->file, esclusivo, aperto->blocco);
     if (errore == errore_file_assente) {
         aperto->file = nome_su_disco(gemello(nome));
-        aperto->jet = false;
+        aperto->motore = &interno::motore_sqlite;
         errore = prova(aperto->file, esclusivo, aperto->blocco);
     }
     if (errore != 0) return {errore};
     if (!esclusivo) aperto->blocco.chiudi();
-    errore = aperto->jet ? verifica_jet(aperto->file) : verifica_sqlite(aperto->file);
+    errore = aperto->motore->verifica(aperto->file);
     if (errore == 0) destinazione.aperto_ = std::move(aperto);
     return {errore};
 }
@@ -123,8 +103,7 @@ int Database::tabella(std::string_view nome, std::shared_ptr<const Tabella>& des
     }
     if (aperto_->perduto) return errore_danneggiato;
     auto nuova = std::make_shared<Tabella>();
-    const int errore = aperto_->jet ? leggi_jet(aperto_->file, nome, *nuova)
-                                    : leggi_sqlite(aperto_->file, nome, *nuova);
+    const int errore = aperto_->motore->leggi(aperto_->file, nome, *nuova);
     aperto_->perduto = errore == errore_danneggiato;
     if (errore == 0) {
         destinazione = nuova;
@@ -133,23 +112,23 @@ int Database::tabella(std::string_view nome, std::shared_ptr<const Tabella>& des
     return errore;
 }
 
-Err Database::OpenRecordset(std::string_view sorgente, Recordset& destinazione) {
+Err Database::OpenRecordset(std::string_view nome, Recordset& destinazione) {
+    return apri(Trim(nome), nullptr, destinazione);
+}
+
+Err Database::OpenRecordset(const Query& query, Recordset& destinazione) {
+    return apri(query.tabella, &query, destinazione);
+}
+
+Err Database::apri(std::string_view nome, const Query* query, Recordset& destinazione) {
     if (!aperto_) return {errore_oggetto_assente};
     if (!*aperto_->aperto) return {errore_chiuso};
     auto stato = std::make_shared<interno::Stato>();
-    Query query;
-    query.tabella = Trim(sorgente);
-    stato->query = e_una_query(sorgente);
-    if (stato->query) {
-        const auto letta = analizza_query(sorgente);
-        if (!letta) return {errore_sintassi};
-        query = *letta;
-    }
-    if (const int errore = tabella(query.tabella, stato->tabella); errore != 0) return {errore};
-    if (stato->query) {
-        if (const int errore = esegui(query, *stato->tabella, stato->ordine); errore != 0)
-            return {errore};
-    } else {
+    stato->query = query != nullptr;
+    int errore = tabella(nome, stato->tabella);
+    if (errore == 0 && query != nullptr) errore = esegui(*query, *stato->tabella, stato->ordine);
+    if (errore != 0) return {errore};
+    if (query == nullptr) {
         stato->ordine.resize(stato->tabella->righe());
         std::iota(stato->ordine.begin(), stato->ordine.end(), 0U);
     }

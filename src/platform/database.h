@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/query.h"
 #include "platform/recordset.h"
 
 namespace platform {
@@ -16,15 +17,18 @@ struct Aperto;
 /// A handle; copies share one opening. A table is read when it is first asked for and kept.
 class Database {
 public:
-    /// Opens a table by its name, or one of the queries of `query.h`, at its first record. On
-    /// failure the target stays as it was.
-    Err OpenRecordset(std::string_view sorgente, Recordset& destinazione);
+    /// Opens a table by its name, case ignored, in stored order, at its first record. On failure
+    /// the target stays as it was.
+    Err OpenRecordset(std::string_view tabella, Recordset& destinazione);
+    /// Opens what a query asks for, likewise.
+    Err OpenRecordset(const Query& query, Recordset& destinazione);
     /// Ends the opening: its recordsets fail from now on, those of another opening do not.
     Err Close();
 
 private:
     friend Err OpenDatabase(const std::string& nome, bool esclusivo, bool sola_lettura,
                             Database& destinazione);
+    Err apri(std::string_view nome, const Query* query, Recordset& destinazione);
     int tabella(std::string_view nome, std::shared_ptr<const Tabella>& destinazione);
     std::shared_ptr<interno::Aperto> aperto_;
 };

@@ -1,25 +1,30 @@
-// The few query shapes that are understood.
+// What is asked of a table of the archive; no text is taken apart for it.
 #pragma once
 
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <variant>
+#include <vector>
+
+#include "platform/tabella.h"
 
 namespace platform {
 
-/// "select [all] * from T [where F = value] order by O"; names may stand in square brackets.
+/// The records of a table, all fields of each, in the ascending order of one of them.
 struct Query {
+    /// Holds for a record whose field has that value, texts compared without case.
+    struct Condizione {
+        std::string campo;
+        std::variant<std::int32_t, std::string> valore;
+    };
+
     std::string tabella;
-    std::string campo;  ///< empty without a condition
-    std::variant<std::int32_t, std::string> valore;
     std::string ordine;
+    std::optional<Condizione> dove = {};
 };
 
-/// True when the source is meant as a query rather than as the name of a table.
-bool e_una_query(std::string_view sorgente);
-/// Nothing when the text has another shape.
-std::optional<Query> analizza_query(std::string_view testo);
+/// Rows of the query's records in their order; 0 or DAO's number of the error.
+int esegui(const Query& query, const Tabella& tabella, std::vector<std::uint32_t>& righe);
 
 }  // namespace platform

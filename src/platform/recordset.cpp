@@ -8,7 +8,7 @@ namespace platform {
 
 namespace {
 
-constexpr std::array<std::pair<int, std::string_view>, 20> descrizioni{{
+constexpr std::array<std::pair<int, std::string_view>, 19> descrizioni{{
     {errore_oggetto_assente, "Variabile oggetto non impostata."},
     {errore_argomento, "Argomento non valido."},
     {errore_indice_sconosciuto, "Indice non trovato nella tabella."},
@@ -19,7 +19,6 @@ constexpr std::array<std::pair<int, std::string_view>, 20> descrizioni{{
     {errore_danneggiato, "Il database è danneggiato o non leggibile."},
     {errore_permesso, "Impossibile aprire il file: permesso negato."},
     {errore_campo_sconosciuto, "Parametri insufficienti: campo sconosciuto."},
-    {errore_sintassi, "Errore di sintassi nella query."},
     {errore_tabella_assente, "Impossibile trovare la tabella o la query."},
     {errore_lettore_assente, "Impossibile avviare il lettore dei database."},
     {errore_scaduto, "Tempo scaduto: il disco non risponde."},

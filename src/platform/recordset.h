@@ -30,7 +30,6 @@ inline constexpr int errore_disco = 3043;
 inline constexpr int errore_danneggiato = 3049;
 inline constexpr int errore_permesso = 3051;
 inline constexpr int errore_campo_sconosciuto = 3061;
-inline constexpr int errore_sintassi = 3075;
 inline constexpr int errore_tabella_assente = 3078;
 inline constexpr int errore_lettore_assente = 3170;
 inline constexpr int errore_scaduto = 3234;

@@ -9,10 +9,13 @@ std::string_view codice_ruota(int indice) {
     return dentro ? ruote[static_cast<std::size_t>(indice)].codice : std::string_view();
 }
 
-std::string query_ruota(std::string_view codice) {
-    if (codice == nazionale) return "SELECT ALL* FROM ARCHIVION ORDER BY [CONCORSO]";
-    return "SELECT ALL* FROM ARCHIVIO WHERE RUOTA = \"" + std::string(codice) +
-           "\" ORDER BY [CONCORSO]";
+platform::Query query_ruota(std::string_view codice) {
+    if (codice == nazionale) return {"archivion", "concorso"};
+    return {"archivio", "concorso", {{"ruota", std::string(codice)}}};
+}
+
+platform::Query query_nazionale(std::int32_t concorso) {
+    return {"archivion", "concorso", {{"concorso", concorso}}};
 }
 
 std::string file_archivio(std::string_view radice) {

@@ -32,8 +32,10 @@ inline constexpr std::string_view nazionale = ruote[10].codice;
 /// Code of the wheel at an index of the list, empty outside it.
 std::string_view codice_ruota(int indice);
 
-/// Draws of a wheel in the order of their numbers.
-std::string query_ruota(std::string_view codice);
+/// Draws of a wheel in the order of their numbers; none of a code that the archive does not know.
+platform::Query query_ruota(std::string_view codice);
+/// The national wheel's draw of that number.
+platform::Query query_nazionale(std::int32_t concorso);
 
 /// The archive below the suite's root `radice`, which ends in a separator.
 std::string file_archivio(std::string_view radice);

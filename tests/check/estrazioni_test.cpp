@@ -43,7 +43,7 @@ protected:
         lotto_.Index("concorso");
         superenalotto_ = support::apri(db, "archivios");
         superenalotto_.Index("concorso");
-        nazionale_ = support::apri(db, "select * from archivion order by concorso");
+        nazionale_ = support::apri(db, platform::Query{"archivion", "concorso"});
     }
     Testi elenco() { return check::elenco_lotto(lotto_, nazionale_); }
 

@@ -25,11 +25,11 @@ inline void scorri(platform::Recordset rs) {
 inline void apri_archivio(const std::string& file) {
     platform::Database db;
     if (!platform::OpenDatabase(file, false, true, db).ok()) return;
-    for (const std::string& sorgente : {std::string("archivio"), std::string("archivion"),
-                                        std::string("archivios"), statistics::query_ruota("BA")}) {
-        platform::Recordset rs;
-        if (db.OpenRecordset(sorgente, rs).ok()) scorri(rs);
+    platform::Recordset rs;
+    for (const char* tabella : {"archivio", "archivion", "archivios"}) {
+        if (db.OpenRecordset(tabella, rs).ok()) scorri(rs);
     }
+    if (db.OpenRecordset(statistics::query_ruota("BA"), rs).ok()) scorri(rs);
     db.Close();
 }
 

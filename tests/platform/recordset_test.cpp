@@ -23,7 +23,7 @@ protected:
         db_ = apri(cartella_.file("a.mdb"));
         t_ = apri(db_, "t");
         vuota_ = apri(db_, "vuota");
-        query_ = apri(db_, "select * from t order by n");
+        query_ = apri(db_, platform::Query{"t", "n"});
     }
     static std::string nome(const Recordset& rs) { return support::testo(rs.Fields(0).Value()); }
     /// Error number of reading the current record.
@@ -124,7 +124,7 @@ TEST_F(RecordsetTest, without_records_both_ends_are_true_and_every_step_fails) {
     EXPECT_EQ(vuota_.Move(0).Number, 3021);
     EXPECT_EQ(lettura(vuota_), 3021);
     EXPECT_TRUE(vuota_.eof());
-    EXPECT_EQ(apri(db_, "select * from vuota order by n").RecordCount(), 0);
+    EXPECT_EQ(apri(db_, platform::Query{"vuota", "n"}).RecordCount(), 0);
 }
 
 TEST_F(RecordsetTest, a_table_knows_its_count_and_a_query_what_was_reached) {

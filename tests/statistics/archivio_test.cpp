@@ -2,6 +2,7 @@
 #include "statistics/archivio.h"
 
 #include <gtest/gtest.h>
+#include <set>
 
 #include "statistics/archivio_finto.h"
 #include "statistics/lettore_archivio.h"
@@ -27,13 +28,19 @@ protected:
     Archivio archivio_;
 };
 
-TEST_F(ArchivioTest, queries_are_word_for_word) {
-    EXPECT_EQ(statistics::query_ruota("NAZIONALE"),
-              "SELECT ALL* FROM ARCHIVION ORDER BY [CONCORSO]");
-    EXPECT_EQ(statistics::query_ruota("TO"),
-              "SELECT ALL* FROM ARCHIVIO WHERE RUOTA = \"TO\" ORDER BY [CONCORSO]");
-    EXPECT_EQ(statistics::query_ruota(""),
-              "SELECT ALL* FROM ARCHIVIO WHERE RUOTA = \"\" ORDER BY [CONCORSO]");
+TEST_F(ArchivioTest, a_wheel_is_asked_for_by_its_code) {
+    metti({5, 5, 5});
+    ASSERT_TRUE(archivio_.apri(file(), true).ok());
+    const auto ruote_di = [this](const platform::Query& query) {
+        std::set<std::string> ruote;
+        for (auto rs = support::apri(archivio_.database, query); !rs.eof(); rs.MoveNext())
+            ruote.insert(rs.Fields("ruota").Value().testo().value_or(""));
+        return ruote;
+    };
+    EXPECT_EQ(ruote_di(statistics::query_ruota("TO")), std::set<std::string>{"TO"});
+    EXPECT_EQ(ruote_di(statistics::query_ruota("NAZIONALE")).size(), 1U);
+    EXPECT_TRUE(ruote_di(statistics::query_ruota("")).empty());
+    EXPECT_FALSE(ruote_di(statistics::query_ruota("NAZIONALE")).contains("TO"));
 }
 
 TEST_F(ArchivioTest, reads_the_six_numbers_by_name) {

@@ -147,6 +147,12 @@ inline platform::Recordset apri(platform::Database db, const std::string& sorgen
     return rs;
 }
 
+inline platform::Recordset apri(platform::Database db, const platform::Query& query) {
+    platform::Recordset rs;
+    EXPECT_EQ(db.OpenRecordset(query, rs).Number, 0) << query.tabella;
+    return rs;
+}
+
 /// Error number of an opening.
 inline int errore_apertura(const std::string& nome, bool esclusivo = false) {
     platform::Database db;
