@@ -36,6 +36,8 @@ public:
     virtual bool sviluppo_valido() = 0;
     /// One line on the analysis of the system as it stands; the next change takes it away.
     virtual void mostra_analisi(const QString& testo) = 0;
+    /// One line on what an action came to, where no box tells of it; an empty one tells nothing.
+    virtual void mostra_esito(const QString& testo) = 0;
     /// Leaves the current cell of the summary where its reader or writer leaves it.
     virtual void cella_riepilogo(int riga, int colonna) = 0;
 };

@@ -32,8 +32,8 @@ Form1::Form1(Dialoghi& dialoghi) : Finestra(App().Path), dialoghi_(dialoghi) {
     crea_importo();
     ordine_tastiera();
     parti_ = std::make_unique<Parti>(*this, dialoghi);
-    lblanalisi = parti_->riga;
-    lblanalisi->setObjectName("lblanalisi");
+    lblpasso = parti_->piede->lblpasso;
+    lblanalisi = parti_->piede->lblanalisi;
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     setFixedSize(centralWidget()->width(),
                  centralWidget()->height() + menuBar()->sizeHint().height());
@@ -268,6 +268,7 @@ bool Form1::sviluppo_valido() {
 
 void Form1::rivedi_sviluppo() {
     dialoghi_.rivedi_sviluppo();
+    parti_->piede->aggiorna();
 }
 
 void Form1::mnuanalisi_Click() {

@@ -52,6 +52,7 @@ public:
     void rivedi_sviluppo() override;
     bool sviluppo_valido() override;
     void mostra_analisi(const QString& testo) override;
+    void mostra_esito(const QString& testo) override;
     void cella_riepilogo(int riga, int colonna) override;
 
     // Controls.
@@ -86,6 +87,7 @@ public:
     QPushButton* cmdstat = nullptr;
     QPushButton* cmdstat2 = nullptr;
     QLabel* lblsistema = nullptr;
+    QLabel* lblpasso = nullptr;
     QLabel* lblanalisi = nullptr;
     QLabel* lblngioco = nullptr;
     QLabel* lblimportotot = nullptr;

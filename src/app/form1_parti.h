@@ -1,9 +1,9 @@
 // What the main form hands over to.
 #pragma once
 
-#include "analysis/riga_analisi.h"
 #include "app/form1.h"
 #include "app/lavori.h"
+#include "app/piede.h"
 #include "app/riepilogo.h"
 #include "crossword/vista.h"
 #include "development/elaboratore.h"
@@ -16,7 +16,7 @@ struct Form1::Parti {
     Parti(Form1& f, Dialoghi& dialoghi)
         : lavori(f, f.ProgressBar1),
           riepilogo(f.MSFlexGrid2),
-          riga(new analysis::RigaAnalisi(f, f.ProgressBar1, {f.Combo3, f.Combo4, f.Combo5})),
+          piede(new Piede(f, f.ProgressBar1, {f.Combo3, f.Combo4, f.Combo5})),
           vista(f, {f.MSFlexGrid1, f.CMDnum, f.List1, f.lblngioco}),
           riempimento(f, lavori, vista, {f.MSFlexGrid1, f.Frame3, f.Combo6}),
           elaboratore(f, dialoghi, lavori),
@@ -24,7 +24,7 @@ struct Form1::Parti {
 
     Lavori lavori;
     Riepilogo riepilogo;
-    analysis::RigaAnalisi* riga;  ///< owned by the form, as its other controls
+    Piede* piede;  ///< owned by the form, as its other controls
     crossword::Vista vista;
     statistics::Riempimento riempimento;
     development::Elaboratore elaboratore;

@@ -41,6 +41,7 @@ void Form1::mostra(const systems::Cambiamento& cambiato) {
     if (cambiato.importo) mostra_prezzo();
     if (cambiato.celle) parti_->vista.mostra_celle();
     if (cambiato.dimensioni) parti_->vista.abilita_corrente();
+    parti_->piede->aggiorna();
 }
 
 void Form1::mostra_gioco() {
@@ -90,7 +91,11 @@ void Form1::mostra_tipi() {
 }
 
 void Form1::mostra_analisi(const QString& testo) {
-    parti_->riga->mostra(testo);
+    parti_->piede->mostra_analisi(testo);
+}
+
+void Form1::mostra_esito(const QString& testo) {
+    parti_->piede->mostra_esito(testo);
 }
 
 void Form1::cella_riepilogo(int riga, int colonna) {

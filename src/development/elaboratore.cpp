@@ -3,6 +3,7 @@
 #include <QMenuBar>
 
 #include "platform/qt/desktop.h"
+#include "systems/passo.h"
 
 namespace development {
 
@@ -50,12 +51,13 @@ void Elaboratore::cmd_elabora() {
     const QString domanda = "Per elaborare il sistema occore prima salvarlo.Vuoi salvare ora?";
     if (finestra_.Tag().isEmpty() && !nome_per_elaborare(domanda, "Cruciverba")) return;
     if (!finestra_.sessione.salvato() && chiedi(domanda, "Cruciverba") != platform::vbYes) return;
-    esegui();
+    const systems::Elaborato esito = esegui();
     if (lavori_.chiudi_se_chiesto()) return;
+    finestra_.mostra_esito(platform::q(systems::esito_detto(esito)));
     avverti("Elaborazione completata.", "Tabellino", Icona::informazione);
 }
 
-void Elaboratore::esegui() {
+systems::Elaborato Elaboratore::esegui() {
     const app::Lavoro lavoro(lavori_);
     const QList<QAction*> menu = finestra_.menuBar()->actions();
     for (QAction* m : menu) m->setEnabled(false);
@@ -74,10 +76,11 @@ void Elaboratore::esegui() {
         DoEvents();
     };
     seguito.cestina = [](const std::string& nome) { return platform::cestina(platform::q(nome)); };
-    finestra_.sessione.sviluppa(seguito);
+    const systems::Elaborato esito = finestra_.sessione.sviluppa(seguito);
     finestra_.rivedi_sviluppo();
     finestra_.cella_riepilogo(3, 1);
     for (QAction* m : menu) m->setEnabled(true);
+    return esito;
 }
 
 void Elaboratore::sviluppo() {

@@ -24,7 +24,7 @@ private:
     [[nodiscard]] bool nome_per_elaborare(const QString& domanda, const QString& titolo);
     /// Elaborates if the player wants to; false when he does not, or closed the form meanwhile.
     [[nodiscard]] bool elabora_prima(const QString& domanda, const QString& titolo);
-    void esegui();
+    systems::Elaborato esegui();
 
     app::Finestra& finestra_;
     app::Dialoghi& dialoghi_;

@@ -76,6 +76,9 @@ bool frmstsvl::esegui(const Lavoro& cosa,
 }
 
 void frmstsvl::di_fatto(const Lavoro& cosa, const platform::EsitoStampa& esito) {
+    finestra_.mostra_esito(cosa.nome + (esito.file.isEmpty() ? " è stato mandato alla stampante «" +
+                                                                   esito.stampante + "»"
+                                                             : " è nel file " + esito.file));
     if (esito.file.isEmpty()) {
         messaggio(cosa.nome + " è stato mandato alla stampante «" + esito.stampante + "».",
                   "Tabellino", true);

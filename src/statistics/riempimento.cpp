@@ -2,6 +2,7 @@
 
 #include "platform/qt/desktop.h"
 #include "statistics/avviso_archivio.h"
+#include "systems/passo.h"
 
 namespace statistics {
 
@@ -87,6 +88,7 @@ void Riempimento::genera_in_vista() {
         const app::Lavoro lavoro(lavori_);
         esito = finestra_.sessione.genera(c_.ruota->ListIndex(), seguito(true), &apertura);
     }
+    if (apertura.ok()) finestra_.mostra_esito(platform::q(systems::esito_detto(esito)));
     if (!apertura.ok()) errore_archivio(&finestra_, apertura, "Sortivario");
     if (esito == systems::Generato::poche_estrazioni) {
         platform::MsgBox(

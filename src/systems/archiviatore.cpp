@@ -3,6 +3,7 @@
 #include <QTimer>
 
 #include "platform/qt/desktop.h"
+#include "systems/passo.h"
 
 namespace systems {
 
@@ -45,7 +46,9 @@ void Archiviatore::salva_sistema(bool& esito) {
     }
     // A dialog that was dismissed can't be told from a save.
     if (sessione_.nome().empty()) mnusalvanome_Click();
-    if (!sessione_.nome().empty()) sessione_.salva();
+    if (!sessione_.nome().empty()) {
+        finestra_.mostra_esito(platform::q(esito_detto(sessione_.salva())));
+    }
     finestra_.cella_riepilogo(3, 1);
 }
 

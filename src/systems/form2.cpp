@@ -109,8 +109,9 @@ void Form2::cmdsalva_Click() {
         return;
     }
     if (!nome_ammesso(platform::s(nome)) || sovrascrittura_negata(nome)) return;
-    finestra_.sessione.salva_come(platform::s(nome));
+    const Salvataggio esito = finestra_.sessione.salva_come(platform::s(nome));
     finestra_.cella_riepilogo(3, 1);
+    finestra_.mostra_esito(q(esito_detto(esito)));
     close();
 }
 

@@ -13,6 +13,7 @@
 #include "platform/qt/desktop.h"
 #include "platform/qt/listview.h"
 #include "systems/operazioni.h"
+#include "systems/passo.h"
 
 namespace app {
 class Finestra;
@@ -107,6 +108,9 @@ private:
     void mostra_avviso();
     void mostra_avanti(platform::Frame* gruppo, QPushButton* predefinito);
     void nascondi_duplica();
+    /// Tells at the foot of the main form what an operation came to.
+    void racconta(Operazione operazione, const QString& nome, const Passi& passi,
+                  const QString& dove = {});
     int chiedi(const QString& domanda);
     void avverti(const QString& testo, platform::Icona icona = platform::Icona::nessuna);
 

@@ -98,6 +98,11 @@ void Form2::avverti(const QString& testo, Icona icona) {
     MsgBox(this, {testo, Pulsanti::ok, "Tabellino", icona});
 }
 
+void Form2::racconta(Operazione operazione, const QString& nome, const Passi& passi,
+                     const QString& dove) {
+    finestra_.mostra_esito(q(esito_detto(operazione, s(nome), passi, s(dove))));
+}
+
 Coppia Form2::coppia(const QString& cartella, const QString& nome) const {
     return {s(cartella), s(nome), finestra_.sessione.gioco()};
 }
@@ -162,8 +167,9 @@ void Form2::ListView1_AfterLabelEdit(QTreeWidgetItem* voce, const QString& nuovo
     voce->setText(0, nuovo);
     voce->setToolTip(0, nuovo);
     ListView::set_tag_voce(voce, nuovo);
-    rinomina(coppia(cartella, vecchio), s(nuovo));
+    const Passi passi = rinomina(coppia(cartella, vecchio), s(nuovo));
     finestra_.rivedi_sviluppo();
+    racconta(Operazione::rinominato, vecchio, passi, nuovo);
 }
 
 // Duplicate.
@@ -205,9 +211,10 @@ void Form2::cmddup_conferma_Click() {
         vecchia = Vecchia::tolta;
     }
     mostra_avviso();
-    duplica(
+    const Passi passi = duplica(
         origine, arrivo, [] { DoEvents(); }, vecchia);
     finestra_.rivedi_sviluppo();
+    racconta(Operazione::copiato, q(origine.nome), passi, nuovo);
     const platform::FinestraFerma ferma(this);
     trova_sistemi(cartella_programma());
     nascondi_duplica();
@@ -218,8 +225,9 @@ void Form2::cmddup_conferma_Click() {
 
 void Form2::mnuelimina_Click() {
     if (chiedi("Il sistema scelto sarà eliminato. Confermi?") != platform::vbYes) return;
-    elimina(coppia(cartella_programma(), nome_scelto()));
+    const Passi passi = elimina(coppia(cartella_programma(), nome_scelto()));
     finestra_.rivedi_sviluppo();
+    racconta(Operazione::eliminato, nome_scelto(), passi);
     trova_sistemi(cartella_programma());
 }
 
@@ -229,8 +237,14 @@ void Form2::mnueliminatutti_Click() {
         return;
     }
     const platform::Clessidra attesa;
-    elimina_tutti(App().Path, finestra_.sessione.gioco());
+    QStringList rimasti;
+    for (const std::string& nome : elimina_tutti(App().Path, finestra_.sessione.gioco())) {
+        rimasti << q(nome);
+    }
     finestra_.rivedi_sviluppo();
+    finestra_.mostra_esito(rimasti.isEmpty()
+                               ? "I sistemi della lista sono stati eliminati"
+                               : "Non si sono potuti eliminare: " + rimasti.join(", "));
     trova_sistemi(cartella_programma());
 }
 
@@ -268,8 +282,9 @@ void Form2::cmdimporta_Click() {
     }
     mostra_avviso();
     const platform::FinestraFerma ferma(this);
-    importa(origine, arrivo, vecchia);
+    const Passi passi = importa(origine, arrivo, vecchia);
     finestra_.rivedi_sviluppo();
+    racconta(Operazione::importato, nome, passi);
     // From here on this form may be gone: the new manager takes its place.
     app::Finestra& finestra = finestra_;
     close();
@@ -301,6 +316,7 @@ void Form2::mnuinvia_Click() {
     mostra_avviso();
     const Passi passi = invia(origine, arrivo, vecchia);
     finestra_.rivedi_sviluppo();
+    racconta(Operazione::inviato, nome, passi, destinazione);
     if (passi.disco_pieno()) {
         avverti("Spazio insufficente. Impossibile portare a termine l'operazione.",
                 Icona::informazione);

@@ -1,0 +1,136 @@
+// The line at the foot of the main form follows the player.
+#include <QAccessible>
+#include <QProgressBar>
+
+#include "platform/qt/folder.h"
+#include "support/programma.h"
+
+using support::Programma;
+
+namespace {
+
+std::vector<QString> annunciati;
+
+void ascolta(QAccessibleEvent* evento) {
+    if (evento->type() != QAccessible::Alert) return;
+    const auto* e = qobject_cast<QLabel*>(evento->object());
+    annunciati.push_back(e != nullptr ? e->text() : "no label");
+}
+
+class PiedeForm : public testing::Test {
+protected:
+    void SetUp() override {
+        annunciati.clear();
+        prima_ = QAccessible::installUpdateHandler(ascolta);
+    }
+    void TearDown() override { QAccessible::installUpdateHandler(prima_); }
+    [[nodiscard]] QString passo() const { return p.form1.lblpasso->text(); }
+
+    Programma p{true};
+
+private:
+    QAccessible::UpdateHandler prima_ = nullptr;
+};
+
+TEST_F(PiedeForm, TheWholeRoadByMouse) {
+    EXPECT_TRUE(passo().startsWith("Cruciverba vuoto")) << passo().toStdString();
+    EXPECT_TRUE(p.form1.lblpasso->isVisible());
+    p.riempi(24);
+    EXPECT_EQ(passo(), "Mancano 12 numeri");
+    p.riempi();
+    EXPECT_EQ(passo(), "Cruciverba completo: salvatelo (Ctrl+S)");
+    p.scrivi_nel_gestore("prova");
+    Programma::voce(p.form1.mnusalva);
+    EXPECT_EQ(passo(), "Salvato: elaboratelo (F5)");
+    p.comando(1);
+    EXPECT_EQ(passo(),
+              "Elaborato: 14 combinazioni, 7,00 Euro · F6 le mostra, F7 le controlla, F9 le "
+              "analizza");
+    EXPECT_FALSE(p.form1.ProgressBar1->isVisible());
+    EXPECT_TRUE(p.form1.lblpasso->isVisible());
+    p.mostrati();
+}
+
+TEST_F(PiedeForm, EachNewStepIsToldToThoseWhoDoNotSee) {
+    p.cella(0, 0);
+    p.numero(7);
+    p.numero(8);
+    EXPECT_EQ(annunciati, (std::vector<QString>{"Mancano 35 numeri", "Mancano 34 numeri"}));
+    const auto* a = QAccessible::queryAccessibleInterface(p.form1.lblpasso);
+    EXPECT_EQ(a->text(QAccessible::Name), "Mancano 34 numeri");
+}
+
+TEST_F(PiedeForm, TheStepAndTheAnalysisStandSideBySide) {
+    p.riempi_e_salva("prova");
+    p.comando(1);
+    p.mostrati();
+    p.form1.mostra_analisi(
+        "Analisi: 3 punti o meglio nel 0,3146 % delle estrazioni; con 6 numeri usciti almeno "
+        "6 punti");
+    QApplication::processEvents();
+    const QLabel* passo_visto = p.form1.lblpasso;
+    const QLabel* analisi = p.form1.lblanalisi;
+    EXPECT_EQ(passo(), "Elaborato: 14 combinazioni, 7,00 Euro");
+    EXPECT_TRUE(passo_visto->isVisible() && analisi->isVisible());
+    EXPECT_FALSE(passo_visto->geometry().intersects(analisi->geometry()));
+    EXPECT_GE(passo_visto->width(), passo_visto->sizeHint().width());
+    EXPECT_GE(analisi->width(), analisi->sizeHint().width());
+    p.cella(0, 0);
+    QTest::keyClick(p.form1.MSFlexGrid1, Qt::Key_Delete);
+    EXPECT_EQ(passo(), "Manca un numero");
+    EXPECT_FALSE(analisi->isVisible());
+}
+
+TEST_F(PiedeForm, TheExplanationOfATypeHasItAllForItself) {
+    p.form1.Combo4->setFocus();
+    EXPECT_FALSE(p.form1.lblpasso->isVisible());
+    EXPECT_TRUE(p.form1.lblanalisi->isVisible());
+    p.form1.MSFlexGrid1->setFocus();
+    EXPECT_TRUE(p.form1.lblpasso->isVisible());
+}
+
+TEST_F(PiedeForm, WhatTheManagerDidIsToldAndTheNextChangeTakesItsPlace) {
+    p.riempi_e_salva("prova");
+    p.comando(1);
+    p.mostrati();
+    Programma::voce(p.form1.mnugest_sist);
+    systems::Form2* f = Programma::gestore();
+    ASSERT_NE(f, nullptr);
+    f->ListView1->setCurrentItem(f->ListView1->topLevelItem(0));
+    p.risposte = {platform::vbYes};
+    Programma::voce(f->mnuelimina);
+    EXPECT_EQ(passo(), "Il sistema «prova» è stato eliminato");
+    f->close();
+    p.cella(0, 0);
+    QTest::keyClick(p.form1.MSFlexGrid1, Qt::Key_Delete);
+    EXPECT_EQ(passo(), "Manca un numero");
+    p.mostrati();
+}
+
+TEST_F(PiedeForm, WhereASystemWasSentIsTold) {
+    p.riempi_e_salva("prova");
+    const std::string usb = p.cartella.radice() + "/usb";
+    std::filesystem::create_directories(usb);
+    Programma::voce(p.form1.mnugest_sist);
+    systems::Form2* f = Programma::gestore();
+    f->ListView1->setCurrentItem(f->ListView1->topLevelItem(0));
+    platform::scegli_con([&](const QString&, const QString&) { return platform::q(usb); });
+    Programma::voce(f->mnuinvia);
+    QTest::qWait(0);
+    platform::scegli_con({});
+    EXPECT_EQ(passo(), "Il sistema «prova» è stato inviato in " + platform::q(usb) + "/");
+    if (systems::Form2* nuovo = Programma::gestore()) nuovo->close();
+}
+
+TEST_F(PiedeForm, ASaveThatTheDiskRefusesIsTold) {
+    p.riempi_e_salva("prova");
+    // A folder in the place of the system file lets nothing be written.
+    std::filesystem::remove(p.cartella.file("prova.sen"));
+    std::filesystem::create_directories(p.cartella.file("prova.sen"));
+    p.form1.Combo3->set_ListIndex(0);
+    p.cella(0, 0);
+    Programma::voce(p.form1.mnusalva);
+    EXPECT_EQ(passo(), "Il sistema non è stato scritto: il disco non lo ha accettato");
+}
+
+}  // namespace
