@@ -50,7 +50,14 @@ Opzioni leggi_opzioni(const std::vector<std::string>& parole,
 }
 
 TabellaLetta leggi_tabella(const std::string& file) {
-    TabellaLetta letta{file, development::leggi_nome(file), {}};
+    const auto nome = development::leggi_nome(file);
+    TabellaLetta letta = leggi_tabella(file, nome ? nome->n : 0, nome ? nome->k() : 0);
+    letta.nome = nome;
+    return letta;
+}
+
+TabellaLetta leggi_tabella(const std::string& file, int n, int k) {
+    TabellaLetta letta{file, {}, {}};
     if (!platform::esiste_file(file)) {
         letta.lettura.errori.push_back({0, "il file non esiste"});
         return letta;
@@ -60,8 +67,7 @@ TabellaLetta leggi_tabella(const std::string& file) {
         letta.lettura.errori.push_back({0, "il file non si può leggere, o supera i 64 MB"});
         return letta;
     }
-    letta.lettura = development::leggi_rigorosa(*contenuto, letta.nome ? letta.nome->n : 0,
-                                                letta.nome ? letta.nome->k() : 0);
+    letta.lettura = development::leggi_rigorosa(*contenuto, n, k);
     return letta;
 }
 

@@ -26,6 +26,7 @@ int integrali(const std::vector<std::string>& parole);
 int verifica(const std::vector<std::string>& parole);
 int vincite(const std::vector<std::string>& parole);
 int documento(const std::vector<std::string>& parole);
+int cerca(const std::vector<std::string>& parole);
 
 /// Words of a command line, sorted out.
 struct Opzioni {
@@ -47,6 +48,8 @@ struct TabellaLetta {
 };
 /// Reads a table; a file that cannot be read is an error of line 0.
 TabellaLetta leggi_tabella(const std::string& file);
+/// The same for rows of `k` of `n` positions, whatever the file's name.
+TabellaLetta leggi_tabella(const std::string& file, int n, int k);
 
 /// Prints errors and notices, a line each, as "file:line: text".
 void stampa_errori(const TabellaLetta& letta);

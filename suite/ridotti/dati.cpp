@@ -5,6 +5,7 @@
 #include <set>
 
 #include "comune.h"
+#include "development/coperture.h"
 #include "documento.h"
 #include "platform/disk.h"
 
@@ -102,7 +103,9 @@ bool leggi_minimi(const std::string& cartella, std::vector<Voce>& voci) {
             const auto per_riga = static_cast<int>(development::binomiale(voce.nome.k(), g.t));
             voce.minimo =
                 g.righe == 1
-                    ? Minimo{quante, schonheim(voce.nome.n, voce.nome.k(), g.t), "Schönheim", ""}
+                    ? Minimo{quante,
+                             development::limite_inferiore({voce.nome.n, voce.nome.k(), g.t, g.t}),
+                             "Schönheim", ""}
                     : Minimo{quante, (gruppi + per_riga - 1) / per_riga, "conteggio", ""};
         }
         voce.minimo.disegno = disegno(cartella, voce);
@@ -260,12 +263,6 @@ int leggi_ulteriori(const std::string& cartella, std::vector<Voce>& voci) {
 }
 
 }  // namespace
-
-int schonheim(int v, int k, int t) {
-    int limite = 1;
-    for (int i = t - 1; i >= 0; --i) limite = ((v - i) * limite + (k - i) - 1) / (k - i);
-    return limite;
-}
 
 int minimo_noto(int v, int k, const Garanzia& garanzia) {
     struct Serie {

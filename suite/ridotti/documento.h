@@ -58,7 +58,4 @@ int raccogli(const std::string& tabelle, const std::string& minimi, Dati& dati);
 /// Best known size of a published covering of v positions by rows of k; 0 where there is none.
 int minimo_noto(int v, int k, const development::Garanzia& garanzia);
 
-/// The bound of Schönheim for coverings of all t-subsets of v positions by rows of k.
-int schonheim(int v, int k, int t);
-
 }  // namespace ridotti

@@ -15,6 +15,11 @@ constexpr std::string_view uso =
     "     ridotti documento [--guida] TABELLE MINIMI\n"
     "       stampa il documento delle garanzie, o la sola tabella per la guida, dalla cartella\n"
     "       delle tabelle con garanzie.csv e da quella dei minimi\n"
+    "     ridotti cerca --numeri N --combinazione k --garanzia p:t [--righe R]\n"
+    "                   [--tempo SECONDI] [--seme S] [--da FILE] -o FILE\n"
+    "       cerca la tabella più piccola con quella garanzia, o con --righe quella di R righe\n"
+    "       che la manca nel minor numero di sorteggi; per 60 secondi, o quanti ne dice --tempo,\n"
+    "       o finché non si ferma con Ctrl+C: la migliore è sempre nel file\n"
     "     ridotti --aiuto\n"
     "       stampa queste righe; anche --help e -h\n"
     "Dopo -- ogni parola è un file o una cartella, anche se comincia con -.\n"
@@ -33,6 +38,7 @@ int main(int argc, char** argv) {
     if (parole[0] == "integrali") return ridotti::integrali(resto);
     if (parole[0] == "verifica") return ridotti::verifica(resto);
     if (parole[0] == "vincite") return ridotti::vincite(resto);
+    if (parole[0] == "cerca") return ridotti::cerca(resto);
     if (parole[0] == "documento") return ridotti::documento(resto);
     if (parole[0] == "--aiuto" || parole[0] == "--help" || parole[0] == "-h") {
         ridotti::stampa(uso);

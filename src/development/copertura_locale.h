@@ -1,0 +1,111 @@
+// Weighted local search for a cheap set of columns that covers all rows.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+namespace development {
+
+/// Rows to be covered and columns that cover them. Rows and columns may each stand for several
+/// things at once: `peso_riga` and `costo` say how many.
+struct Incidenza {
+    std::vector<std::uint32_t> inizio_colonna{0};  ///< one more than columns
+    std::vector<std::uint32_t> righe;              ///< rows of each column
+    std::vector<std::uint32_t> inizio_riga;        ///< one more than rows
+    std::vector<std::uint32_t> colonne;            ///< columns of each row
+    std::vector<std::int32_t> costo;               ///< by column
+    std::vector<std::int32_t> peso_riga;           ///< by row
+    [[nodiscard]] std::size_t quante_righe() const { return peso_riga.size(); }
+    [[nodiscard]] std::size_t quante_colonne() const { return costo.size(); }
+    /// Fills the columns of each row from the rows of each column.
+    void trasponi();
+};
+
+/// Random numbers that are the same everywhere.
+class Sorte {
+public:
+    explicit Sorte(std::uint64_t seme) : stato_(seme * 0x9E3779B97F4A7C15ULL + 0x1234567ULL) {}
+    std::uint64_t prossimo() {
+        stato_ += 0x9E3779B97F4A7C15ULL;
+        std::uint64_t z = stato_;
+        z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9ULL;
+        z = (z ^ (z >> 27)) * 0x94D049BB133111EBULL;
+        return z ^ (z >> 31);
+    }
+    /// From 0 to `n` - 1.
+    std::uint32_t fino_a(std::uint32_t n) {
+        return static_cast<std::uint32_t>((prossimo() >> 32) * n >> 32);
+    }
+
+private:
+    std::uint64_t stato_;
+};
+
+/// Drops the column whose loss weighs least, adds the best one for a row left uncovered, and
+/// makes all rows that stay uncovered weigh more. Owned by one thread.
+class CoperturaLocale {
+public:
+    /// `costo_fisso` 0 looks for the cheapest cover; otherwise for sets of that cost at most that
+    /// leave the least uncovered. `incidenza` outlives this.
+    CoperturaLocale(const Incidenza& incidenza, std::uint64_t seme, std::int64_t costo_fisso);
+
+    /// Where it says so, a walk ends after the swap in work; null for never.
+    void ascolta(const std::atomic<bool>* fermo) { fermo_ = fermo; }
+
+    /// Puts the columns in, and drops nothing.
+    void parti_da(const std::vector<std::uint32_t>& colonne);
+    /// So many swaps; true when something better than `migliore` was found, and the walk stops
+    /// there. With `limite`, nothing at or under that cost is looked for.
+    bool passi(std::uint64_t quanti, std::int64_t limite);
+    [[nodiscard]] const std::vector<std::uint32_t>& migliore() const { return migliore_; }
+    [[nodiscard]] std::int64_t costo_migliore() const { return costo_migliore_; }
+    [[nodiscard]] std::int64_t scoperto_migliore() const { return scoperto_migliore_; }
+    [[nodiscard]] std::uint64_t fatti() const { return ora_; }
+
+private:
+    void metti(std::uint32_t colonna);
+    void togli(std::uint32_t colonna);
+    void aggiungi_a_tutte(std::uint32_t riga, std::int32_t quanto);
+    void cambia_perdita(std::uint32_t colonna, std::int32_t quanto);
+    void completa();
+    [[nodiscard]] std::uint32_t da_togliere() const;
+    [[nodiscard]] std::uint32_t da_mettere(std::uint32_t riga) const;
+    [[nodiscard]] bool meglio(std::uint32_t a, std::uint32_t b) const;
+    void appesantisci();
+    void alleggerisci();
+    bool annota();
+    bool passo();
+
+    const Incidenza& i_;
+    Sorte sorte_;
+    bool a_costi_ = false;
+    std::int64_t costo_fisso_ = 0;
+    std::int64_t costo_ = 0;
+    std::int64_t scoperto_ = 0;
+    std::uint64_t ora_ = 0;
+    /// The columns in that cover a row.
+    struct Coperta {
+        std::uint32_t quante = 0;
+        std::uint32_t chi = 0;  ///< all of them, folded by exclusive or
+    };
+    std::vector<std::int32_t> guadagno_;  ///< of a column that is out
+    std::vector<std::uint64_t> mossa_;    ///< when it last went in or out
+    std::vector<std::uint64_t> libera_;   ///< from when it may go in again
+    std::vector<std::uint32_t> posto_;    ///< place among those in; `fuori` for the others
+    std::vector<std::uint32_t> dentro_;
+    std::vector<std::int32_t> perdita_;  ///< of a column that is in, by place
+    std::vector<std::int32_t> peso_;
+    std::int64_t peso_totale_ = 0;
+    std::vector<Coperta> coperte_;
+    std::vector<std::uint32_t> posto_scoperta_;
+    std::vector<std::uint32_t> scoperte_;
+    std::vector<std::uint32_t> migliore_;
+    std::int64_t costo_migliore_ = 0;
+    std::int64_t scoperto_migliore_ = 0;
+    std::uint32_t ultima_ = 0;
+    const std::atomic<bool>* fermo_ = nullptr;
+};
+
+}  // namespace development

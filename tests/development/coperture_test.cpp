@@ -1,0 +1,168 @@
+#include "development/coperture.h"
+
+#include <gtest/gtest.h>
+#include <set>
+
+#include "development/copertura_locale.h"
+#include "development/garanzie.h"
+#include "development/gruppi.h"
+
+using namespace development;
+
+namespace {
+
+std::uint64_t scoperti_di(const std::vector<Maschera>& righe, const Desiderio& d) {
+    return buchi({d.n, d.k, righe}, {d.p, d.t}, 0).quanti;
+}
+
+TEST(Coperture, limiti_dei_conteggi_e_di_schonheim) {
+    EXPECT_EQ(limite_inferiore({15, 6, 6, 5}), 91);
+    EXPECT_EQ(limite_inferiore({13, 6, 6, 4}), 5);
+    EXPECT_EQ(limite_inferiore({15, 5, 4, 4}), 273);
+    EXPECT_EQ(limite_inferiore({12, 6, 5, 5}), 132);
+    EXPECT_EQ(limite_inferiore({6, 6, 6, 6}), 1);
+    EXPECT_EQ(limite_inferiore({7, 6, 6, 3}), 1);
+}
+
+TEST(Coperture, cio_che_non_si_puo_chiedere_ha_il_suo_perche) {
+    const auto dice = [](const Desiderio& d, const char* parte) {
+        EXPECT_NE(impossibile(d).find(parte), std::string::npos) << impossibile(d);
+    };
+    EXPECT_EQ(impossibile({15, 6, 6, 5}), "");
+    EXPECT_EQ(impossibile({15, 6, 6, 5, 91}), "");
+    dice({15, 6, 4, 5}, "con 4 estratti non se ne indovinano 5");
+    dice({15, 6, 4, 0}, "con 4 estratti non se ne indovinano 0");
+    dice({5, 6, 5, 4}, "una combinazione di 6 non sta in 5 numeri");
+    dice({31, 6, 6, 5}, "i numeri vanno da 1 a 30");
+    dice({0, 6, 6, 5}, "i numeri vanno da 1 a 30");
+    dice({30, 21, 6, 5}, "una combinazione ha da 1 a 20 numeri");
+    dice({7, 6, 8, 5}, "non si estraggono 8 numeri su 7");
+    dice({8, 4, 6, 5}, "nessuna combinazione di 4 numeri ne contiene 5");
+    dice({15, 6, 6, 5, 90}, "90 righe sono poche: per questa garanzia ne servono almeno 91");
+    dice({12, 6, 3, 3, 1}, "1 riga è poca");
+    dice({6, 5, 5, 4, 7}, "le combinazioni possibili sono 6");
+    dice({30, 15, 15, 5}, "la ricerca è troppo grande");
+}
+
+TEST(Coperture, le_righe_si_ordinano_come_nei_file) {
+    const auto riga = [](std::initializer_list<int> posizioni) {
+        Maschera m = 0;
+        for (const int p : posizioni) m |= bit_di(p);
+        return m;
+    };
+    EXPECT_TRUE(riga_precede(riga({1, 2, 9}), riga({1, 3, 4})));
+    EXPECT_FALSE(riga_precede(riga({1, 3, 4}), riga({1, 2, 9})));
+    EXPECT_FALSE(riga_precede(riga({2, 3}), riga({2, 3})));
+}
+
+TEST(Coperture, gli_stessi_passi_danno_la_stessa_tabella) {
+    const Desiderio d{10, 6, 6, 5};
+    Cercatore uno(d, 7);
+    Cercatore due(d, 7);
+    uno.passi(3000);
+    due.passi(1000);
+    due.passi(2000);
+    Cercatore tre(d, 7);
+    tre.passi(3000);
+    EXPECT_EQ(uno.migliore(), tre.migliore());
+    EXPECT_EQ(scoperti_di(uno.migliore(), d), 0U);
+    EXPECT_EQ(scoperti_di(due.migliore(), d), 0U);
+    EXPECT_TRUE(std::is_sorted(uno.migliore().begin(), uno.migliore().end(), riga_precede));
+}
+
+struct Nota {
+    Desiderio desiderio;
+    std::size_t righe;
+};
+
+TEST(Coperture, trova_le_misure_note_delle_tabelle_piccole) {
+    for (const Nota& nota : {Nota{{9, 6, 6, 5}, 7}, Nota{{8, 6, 6, 5}, 4}, Nota{{10, 6, 6, 4}, 3},
+                             Nota{{9, 6, 4, 4}, 12}, Nota{{8, 5, 4, 4}, 20}, Nota{{7, 3, 2, 2}, 7},
+                             Nota{{10, 4, 2, 2}, 9}, Nota{{7, 6, 6, 3}, 1}}) {
+        Cercatore cercatore(nota.desiderio, 1);
+        for (int giro = 0; giro < 400 && cercatore.migliore().size() != nota.righe; ++giro) {
+            cercatore.passi(2000);
+        }
+        EXPECT_EQ(cercatore.migliore().size(), nota.righe);
+        EXPECT_EQ(scoperti_di(cercatore.migliore(), nota.desiderio), 0U);
+        const int limite = limite_inferiore(nota.desiderio);
+        EXPECT_EQ(cercatore.finito(), nota.righe == static_cast<std::size_t>(limite));
+    }
+}
+
+TEST(Coperture, con_le_righe_contate_conta_giusti_i_sorteggi_scoperti) {
+    const Desiderio d{9, 6, 4, 4, 11};
+    Cercatore cercatore(d, 3);
+    cercatore.passi(20000);
+    EXPECT_EQ(cercatore.migliore().size(), 11U);
+    EXPECT_GT(cercatore.scoperti(), 0U);
+    EXPECT_LT(cercatore.scoperti(), 12U);
+    EXPECT_EQ(scoperti_di(cercatore.migliore(), d), cercatore.scoperti());
+    EXPECT_FALSE(cercatore.finito());
+    Cercatore larga({9, 6, 4, 4, 20}, 3);
+    larga.passi(20000);
+    EXPECT_TRUE(larga.finito());
+    EXPECT_EQ(larga.scoperti(), 0U);
+    // With none missed, rows that are not needed stay out.
+    EXPECT_LE(larga.migliore().size(), 20U);
+}
+
+TEST(Coperture, riparte_da_una_tabella) {
+    const Desiderio d{9, 5, 4, 4};
+    Cercatore prima(d, 1);
+    prima.passi(200);
+    ASSERT_FALSE(prima.migliore().empty());
+    Cercatore dopo(d, 2);
+    dopo.parti_da(prima.migliore());
+    dopo.passi(1);
+    EXPECT_LE(dopo.migliore().size(), prima.migliore().size());
+    EXPECT_EQ(scoperti_di(dopo.migliore(), d), 0U);
+    // What is missing is added.
+    Cercatore monca(d, 2);
+    monca.parti_da({prima.migliore().front()});
+    monca.passi(1);
+    EXPECT_EQ(scoperti_di(monca.migliore(), d), 0U);
+}
+
+TEST(Coperture, ogni_gruppo_divide_le_righe_e_ne_da_di_buone) {
+    Sorte sorte(5);
+    const Desiderio d{9, 5, 4, 3};
+    for (int giro = 0; giro < 60; ++giro) {
+        const auto gruppo = gruppo_a_caso(d.n, sorte);
+        for (const Permutazione& p : gruppo) {
+            ASSERT_EQ(std::set<std::uint8_t>(p.begin(), p.end()).size(), 9U);
+            ASSERT_LT(*std::max_element(p.begin(), p.end()), 9);
+        }
+        const Orbite o = orbite(d, gruppo);
+        std::set<std::uint32_t> tutte(o.righe.begin(), o.righe.end());
+        ASSERT_EQ(tutte.size(), 126U);
+        ASSERT_EQ(o.righe.size(), 126U);
+        std::int64_t sorteggi = 0;
+        for (const std::int32_t peso : o.incidenza.peso_riga) sorteggi += peso;
+        ASSERT_EQ(sorteggi, 126);
+        CoperturaLocale prova(o.incidenza, 1, 0);
+        while (prova.fatti() < 50 && prova.passi(50 - prova.fatti(), 1)) {
+        }
+        const auto righe = o.espandi(prova.migliore());
+        ASSERT_EQ(std::ssize(righe), prova.costo_migliore());
+    }
+}
+
+TEST(Coperture, su_piu_fili_dice_ogni_tabella_migliore_e_finisce_al_limite) {
+    const Desiderio d{7, 3, 2, 2};
+    std::vector<std::size_t> dette;
+    Condotta condotta;
+    condotta.trovata = [&](const std::vector<Maschera>& righe, std::uint64_t scoperti) {
+        EXPECT_EQ(scoperti, 0U);
+        EXPECT_EQ(scoperti_di(righe, d), 0U);
+        dette.push_back(righe.size());
+    };
+    cerca({12, 6, 5, 5},
+          {.seme = 1, .fili = 2, .inizio = {}, .fermo = [] { return true; }, .trovata = {}});
+    cerca(d, condotta);
+    ASSERT_FALSE(dette.empty());
+    EXPECT_EQ(static_cast<int>(dette.back()), limite_inferiore(d));
+    EXPECT_TRUE(std::is_sorted(dette.rbegin(), dette.rend()));
+}
+
+}  // namespace
