@@ -52,6 +52,12 @@ manuale() {
     sed 's/\\-/-/g' "$sorgenti/packaging/man/tabellino.1" | grep -q "^\.I.*$file" ||
       fallisci "tabellino.1 lacks $file"
   done
+  # Told in one place, the version stands on every page.
+  versione=$(sed -n 's/^CMAKE_PROJECT_VERSION:.*=//p' "$build/CMakeCache.txt")
+  for pagina in "$build"/packaging/*.1; do
+    head -n 1 "$pagina" | grep -qF "\"Tabellino $versione\"" || fallisci "$pagina is not of $versione"
+  done
+  head -n 9 "$sorgenti/CHANGELOG.md" | grep -q "^## $versione" || fallisci "CHANGELOG.md does not begin with $versione"
 }
 
 case $cosa in
@@ -115,7 +121,7 @@ LC_ALL=C grep -aqF /../libexec/tabellino/leggi_mdb "$usr/bin/tabellino" ||
 for nome in applications/tabellino.desktop metainfo/local.tabellino.tabellino.metainfo.xml \
   icons/hicolor/scalable/apps/tabellino.svg man/man1/tabellino.1.gz man/man1/ridotti.1.gz man/man1/archivio.1.gz \
   man/man1/sistema.1.gz man/man1/stampa.1.gz \
-  doc/tabellino/copyright tabellino/ridotti/cr0600.rid tabellino/ridotti/cr1507.rid \
+  doc/tabellino/copyright doc/tabellino/changelog.gz tabellino/ridotti/cr0600.rid tabellino/ridotti/cr1507.rid \
   tabellino/skin/skn.dat tabellino/skin/skin1_1.skn tabellino/skin/skin1_2.skn tabellino/skin/skin1_3.skn \
   tabellino/archivio/drawit.sqlite tabellino/guida.html; do
   [ -f "$usr/share/$nome" ] || fallisci "share/$nome is not there"
