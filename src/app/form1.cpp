@@ -82,6 +82,10 @@ void Form1::collega() {
     connect(mnusalvanome, &QAction::triggered, this, &Form1::mnusalvanome_Click);
     connect(mnuRipetizioniCon, &QAction::triggered, this, &Form1::mnuRipetizioniCon_Click);
     connect(mnuRipetizioniSenza, &QAction::triggered, this, &Form1::mnuRipetizioniSenza_Click);
+    connect(mnuEconomiche, &QAction::triggered, this, [this](bool con) {
+        sessione.economiche(con);
+        mostra_opzioni();
+    });
     connect(mnuEsci, &QAction::triggered, this, &Form1::controllo_salvataggio);
     connect(mnugest_sist, &QAction::triggered, this, &Form1::mnugest_sist_Click);
     connect(mnuImportocolonna, &QAction::triggered, this,
@@ -119,7 +123,7 @@ void Form1::Form_Load() {
     const platform::FinestraFerma ferma(this);
     sessione.osserva([this](const systems::Cambiamento& cambiato) { mostra(cambiato); });
     sessione.avvia();
-    mostra_ripetizioni();
+    mostra_opzioni();
     for (const statistics::Ruota& ruota : statistics::ruote) {
         Combo6->AddItem(platform::q(std::string(ruota.nome)));
     }
@@ -236,12 +240,12 @@ void Form1::mnugest_sist_Click() {
 
 void Form1::mnuRipetizioniCon_Click() {
     sessione.ripetizioni(true);
-    mostra_ripetizioni();
+    mostra_opzioni();
 }
 
 void Form1::mnuRipetizioniSenza_Click() {
     sessione.ripetizioni(false);
-    mostra_ripetizioni();
+    mostra_opzioni();
 }
 
 // Development.

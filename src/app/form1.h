@@ -103,6 +103,7 @@ public:
     QAction* mnusalvanome = nullptr;
     QAction* mnuRipetizioniSenza = nullptr;
     QAction* mnuRipetizioniCon = nullptr;
+    QAction* mnuEconomiche = nullptr;
     QAction* mnuEsci = nullptr;
     QAction* mnugest_sist = nullptr;
     QAction* mnuImportocolonna = nullptr;
@@ -137,7 +138,7 @@ private:
     void mostra_dimensioni();
     void mostra_tipi();
     void mostra_prezzo();
-    void mostra_ripetizioni();
+    void mostra_opzioni();
 
     void inizializza();
     void Image3_Click(int Index);

@@ -85,6 +85,9 @@ void Form1::crea_menu() {
     mnuRipetizioniCon = comando(opzioni, tr("Elabora &con Ripetizioni"), "mnuRipetizioniCon");
     mnuRipetizioniSenza->setCheckable(true);
     mnuRipetizioniCon->setCheckable(true);
+    opzioni->addSeparator();
+    mnuEconomiche = comando(opzioni, tr("&Tabelle Economiche"), "mnuEconomiche");
+    mnuEconomiche->setCheckable(true);
     file->addSeparator();
     mnuEsci = comando(file, tr("Es&ci"), "mnuEsci", QKeySequence(Qt::CTRL | Qt::Key_Q));
 

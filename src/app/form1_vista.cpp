@@ -112,7 +112,8 @@ void Form1::mostra_prezzo() {
     UpDown2->setValue(lblnumquote->text().toInt());
 }
 
-void Form1::mostra_ripetizioni() {
+void Form1::mostra_opzioni() {
+    mnuEconomiche->setChecked(sessione.con_economiche());
     mnuRipetizioniCon->setChecked(sessione.con_ripetizioni());
     mnuRipetizioniSenza->setChecked(!sessione.con_ripetizioni());
 }

@@ -46,7 +46,7 @@ Piede::Piede(Finestra& finestra, QProgressBar* barra,
     barra->installEventFilter(this);
     for (std::size_t i = 0; i < tipi.size(); ++i) {
         const auto quale = static_cast<crossword::Elenco>(i + 1);
-        tipi[i]->spiega([this, quale](int tipo) { return spiegazione(quale, tipo); });
+        tipi[i]->spiega([this, quale](int posto) { return spiegazione(quale, posto); });
         connect(tipi[i], &platform::ComboBox::Spiegato, this, [this](const QString& testo) {
             spiegazione_ = testo;
             disponi();
@@ -111,7 +111,8 @@ bool Piede::eventFilter(QObject* oggetto, QEvent* evento) {
     return QWidget::eventFilter(oggetto, evento);
 }
 
-QString Piede::spiegazione(crossword::Elenco quale, int tipo) {
+QString Piede::spiegazione(crossword::Elenco quale, int posto) {
+    const int tipo = sessione_.indice_in(quale, posto);
     const crossword::Gioco g = sessione_.gioco();
     const int n = quale == crossword::Elenco::orizzontali ? sessione_.colonne() : sessione_.righe();
     const std::string ridotti = platform::radice(sessione_.cartella()) + "ridotti";

@@ -36,7 +36,7 @@ protected:
     void resizeEvent(QResizeEvent* evento) override;
 
 private:
-    [[nodiscard]] QString spiegazione(crossword::Elenco quale, int tipo);
+    [[nodiscard]] QString spiegazione(crossword::Elenco quale, int posto);
     /// Puts the texts into the labels, and tells those who do not see of a new step.
     void disponi();
     /// The next step, without its invitation where both do not fit.

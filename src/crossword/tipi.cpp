@@ -170,7 +170,11 @@ std::optional<std::string> testo_diagonali(const Matsis& matsis, int n, int t) {
     if (n == primo_superenalotto) return "2 Sist. da " + platform::Str(*intere);
     const auto corte = matsis(n - primo_superenalotto - 1, t);
     if (!corte) return std::nullopt;
-    return "2 Sist. da" + platform::Str(*intere) + "  -  4 Sist. da" + platform::Str(*corte);
+    return testo_diagonali(*intere, *corte);
+}
+
+std::string testo_diagonali(std::int32_t intere, std::int32_t corte) {
+    return "2 Sist. da" + platform::Str(intere) + "  -  4 Sist. da" + platform::Str(corte);
 }
 
 std::optional<std::int32_t> combinazioni_diagonali(const Matsis& matsis, int n, int t) {

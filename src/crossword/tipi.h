@@ -34,6 +34,10 @@ private:
 /// `n` and type `t`; nothing when the table has no place for it.
 std::optional<std::string> testo_diagonali(const Matsis& matsis, int n, int t);
 
+/// The same of a grid that has adjacent diagonals, from the combinations of a diagonal and of an
+/// adjacent one.
+std::string testo_diagonali(std::int32_t intere, std::int32_t corte);
+
 /// Combinations of all diagonals of a SuperEnalotto grid of side `n` with type `t`.
 std::optional<std::int32_t> combinazioni_diagonali(const Matsis& matsis, int n, int t);
 

@@ -42,12 +42,25 @@ bool Elaboratore::elabora_prima(const QString& domanda, const QString& titolo) {
     return finestra_.isVisible();
 }
 
+bool Elaboratore::tabelle_presenti() {
+    const std::vector<std::string> mancanti = finestra_.sessione.tabelle_mancanti();
+    if (mancanti.empty()) return true;
+    QStringList nomi;
+    for (const std::string& nome : mancanti) nomi << platform::q(nome);
+    avverti("Il sistema usa una tabella economica che manca o è guasta: " + nomi.join(", ") +
+                ".\nRimettetela nella cartella \"ridotti\", oppure scegliete un altro tipo di "
+                "sistema.",
+            "Tabellino", Icona::informazione);
+    return false;
+}
+
 void Elaboratore::cmd_elabora() {
     if (finestra_.in_elaborazione()) return;
     if (!finestra_.sessione.completo()) {
         avverti(schema_incompleto(), "Cruciverba", Icona::informazione);
         return;
     }
+    if (!tabelle_presenti()) return;
     const QString domanda = "Per elaborare il sistema occore prima salvarlo.Vuoi salvare ora?";
     if (finestra_.Tag().isEmpty() && !nome_per_elaborare(domanda, "Cruciverba")) return;
     if (!finestra_.sessione.salvato() && chiedi(domanda, "Cruciverba") != platform::vbYes) return;

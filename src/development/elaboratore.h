@@ -22,6 +22,8 @@ private:
     [[nodiscard]] int chiedi(const QString& domanda, const QString& titolo);
     void avverti(const QString& testo, const QString& titolo, platform::Icona icona);
     [[nodiscard]] bool nome_per_elaborare(const QString& domanda, const QString& titolo);
+    /// Says which economical tables are missing; false when some are.
+    [[nodiscard]] bool tabelle_presenti();
     /// Elaborates if the player wants to; false when he does not, or closed the form meanwhile.
     [[nodiscard]] bool elabora_prima(const QString& domanda, const QString& titolo);
     systems::Elaborato esegui();

@@ -6,8 +6,9 @@ namespace development {
 
 std::string nome_tabella(crossword::Gioco gioco, int n, int tipo) {
     if (!gioco.valido()) return "";
-    return gioco.prefisso_tabelle() + std::string(n < 10 ? "0" : "") + std::to_string(n) + "0" +
-           std::to_string(tipo) + ".rid";
+    // The told numbers have one figure, and those of the economical tables two.
+    return gioco.prefisso_tabelle() + std::string(n < 10 ? "0" : "") + std::to_string(n) +
+           (tipo < 10 ? "0" : "") + std::to_string(tipo) + ".rid";
 }
 
 TabellaPosizioni leggi_tabella(const std::string& nome, int k, int n) {

@@ -10,7 +10,7 @@
 namespace development {
 
 /// File name of the table for lines of `n` numbers and type number `tipo`, such as
-/// "cr0904.rid"; empty for a game that plays nothing.
+/// "cr0904.rid" or "cr1556.rid"; empty for a game that plays nothing.
 std::string nome_tabella(crossword::Gioco gioco, int n, int tipo);
 
 /// Rows of positions, `k` to a row, as far as they could be read.

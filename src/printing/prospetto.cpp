@@ -345,10 +345,10 @@ Prospetto prospetto_di(const systems::Sessione& sessione, const Testata& testata
     for (std::size_t i = 0; i < p.righe.size(); ++i) {
         const auto quale = static_cast<crossword::Elenco>(i + 1);
         const auto linee = sessione.linee(quale);
-        const int indice = sessione.tipo(quale);
+        const int posto = sessione.tipo(quale);
         p.righe[i] = {linee ? std::to_string(*linee) : "",
-                      indice < 0 ? "" : sessione.tipi(quale)[static_cast<std::size_t>(indice)],
-                      indice, sessione.combinazioni(quale)};
+                      posto < 0 ? "" : sessione.tipi(quale)[static_cast<std::size_t>(posto)],
+                      sessione.indice(quale), sessione.combinazioni(quale)};
     }
     p.totale = conteggio(sessione.totale());
     p.senza_ripetizioni = conteggio(sessione.senza_ripetizioni());

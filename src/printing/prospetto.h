@@ -15,7 +15,7 @@ namespace printing {
 struct RigaProspetto {
     std::string quantita;
     std::string tipo;
-    int indice = -1;  ///< of the type in its list
+    int indice = -1;  ///< number of the type
     std::string combinazioni;
 };
 

@@ -14,7 +14,7 @@ namespace systems {
 struct Sistema {
     std::int32_t totale = 0;       ///< combinations of the system; no reader relies on it
     std::string diagonali;         ///< number of diagonals as shown
-    std::int32_t tipo_righe = -1;  ///< list indexes; -1 is no selection
+    std::int32_t tipo_righe = -1;  ///< type numbers; -1 is no selection
     std::int32_t tipo_colonne = -1;
     std::int32_t tipo_diagonali = -1;
     crossword::Gioco gioco;              ///< the file names it, but for the form in Lotto

@@ -59,7 +59,7 @@ std::string testo(const Sessione& s) {
     testata.scrivi(versione).scrivi(s.gioco().e_lotto() ? s.gioco().forma() : 0);
     testata.scrivi(s.colonne()).scrivi(s.righe());
     for (const Elenco quale : {Elenco::orizzontali, Elenco::verticali, Elenco::diagonali}) {
-        testata.scrivi(s.tipo(quale));
+        testata.scrivi(s.indice(quale));
     }
     testata.scrivi(in_cifre(s.nome()));
     std::string righe = testata.testo();
@@ -147,7 +147,7 @@ bool Ripresa::riprendi() {
     }
     sessione_.dimensioni(t->matrice.colonne(), t->matrice.righe());
     const std::array quali = {Elenco::orizzontali, Elenco::verticali, Elenco::diagonali};
-    for (std::size_t i = 0; i < quali.size(); ++i) sessione_.scegli_tipo(quali[i], t->tipi[i]);
+    for (std::size_t i = 0; i < quali.size(); ++i) sessione_.scegli_indice(quali[i], t->tipi[i]);
     posa(sessione_, t->matrice);
     sessione_.in_linea(nome_ammesso(t->nome) ? t->nome : std::string());
     sessione_.segna_salvato(false);

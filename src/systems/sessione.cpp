@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "crossword/linee.h"
+#include "platform/application.h"
 #include "platform/disk.h"
 #include "systems/operazioni.h"
 #include "systems/sessione_interna.h"
@@ -27,6 +28,7 @@ Sessione::Sessione(std::string cartella) : cartella_(std::move(cartella)) {}
 void Sessione::avvia() {
     const Azione azione(*this);
     con_ripetizioni_ = platform::esiste_file(file("rip.dat"));
+    con_economiche_ = platform::esiste_file(file("eco.dat"));
     for (const char* senza_nome : {".sen", ".col"}) platform::Kill(file(senza_nome));
     matsis_.INIZIZLAIZZA_MATSIS(gioco_);
     griglia(gioco_.lato_minimo(), gioco_.lato_minimo());
@@ -47,11 +49,29 @@ std::bitset<91> Sessione::sbarrati(Cella cella) const {
 }
 
 const std::vector<std::string>& Sessione::tipi(Elenco quale) const {
-    return elenchi_[posto(quale)];
+    return elenchi_[posto(quale)].testi();
 }
 
 int Sessione::tipo(Elenco quale) const {
+    return elenchi_[posto(quale)].posto(indice(quale));
+}
+
+int Sessione::indice(Elenco quale) const {
     return tipi_[posto(quale)];
+}
+
+int Sessione::indice_in(Elenco quale, int dove) const {
+    return elenchi_[posto(quale)].indice(dove);
+}
+
+std::vector<std::string> Sessione::tabelle_mancanti() const {
+    std::vector<std::string> nomi;
+    for (const Elenco quale : {Elenco::orizzontali, Elenco::verticali, Elenco::diagonali}) {
+        const std::string nome = elenchi_[posto(quale)].mancante(fonte(), indice(quale));
+        if (nome.empty() || std::find(nomi.begin(), nomi.end(), nome) != nomi.end()) continue;
+        nomi.push_back(nome);
+    }
+    return nomi;
 }
 
 std::optional<int> Sessione::linee(Elenco quale) const {
@@ -72,9 +92,9 @@ Sistema Sessione::sistema() const {
     // A count is saved as it reads off the screen, where only the first point is cut out of it.
     s.senza_ripetizioni = platform::leggi_numero(formattato(senza_ripetizioni_));
     if (const auto diagonali = linee(Elenco::diagonali)) s.diagonali = std::to_string(*diagonali);
-    s.tipo_righe = tipo(Elenco::orizzontali);
-    s.tipo_colonne = tipo(Elenco::verticali);
-    s.tipo_diagonali = tipo(Elenco::diagonali);
+    s.tipo_righe = indice(Elenco::orizzontali);
+    s.tipo_colonne = indice(Elenco::verticali);
+    s.tipo_diagonali = indice(Elenco::diagonali);
     s.gioco = gioco_;
     s.matrice = matrice_;
     return s;
@@ -111,7 +131,7 @@ void Sessione::griglia(int colonne, int righe) {
     if (colonne_ == righe_) {
         carica_tipi(Elenco::diagonali);
     } else {
-        elenchi_[posto(Elenco::diagonali)].clear();
+        elenchi_[posto(Elenco::diagonali)].vuota();
         tipi_[posto(Elenco::diagonali)] = -1;
         senza_ripetizioni_ = 0;
     }
@@ -188,33 +208,67 @@ void Sessione::cambia_forma(int forma) {
 
 // Types and counts.
 
+FonteTipi Sessione::fonte() const {
+    return {gioco_, platform::radice(cartella_) + "ridotti", con_economiche_, &tabelle_};
+}
+
+int Sessione::numeri_di(Elenco quale) const {
+    return quale == Elenco::verticali ? righe_ : colonne_;
+}
+
 void Sessione::carica_tipi(Elenco quale) {
-    const int n = quale == Elenco::verticali ? righe_ : colonne_;
-    elenchi_[posto(quale)] = crossword::tipi_sistema(gioco_, quale, n);
+    elenchi_[posto(quale)].carica(fonte(), quale, numeri_di(quale));
     tipi_[posto(quale)] = -1;
     cambiamento_.tipi = true;
     // A form that does not exist has no types, and the counts stay those of the one before.
     scegli_tipo(quale, 0);
 }
 
-bool Sessione::scegli_tipo(Elenco quale, int indice) {
-    if (occupata_ || indice < 0 || indice >= static_cast<int>(tipi(quale).size())) return false;
+bool Sessione::scegli_tipo(Elenco quale, int dove) {
+    const int numero = indice_in(quale, dove);
+    return numero >= 0 && scegli_indice(quale, numero);
+}
+
+bool Sessione::scegli_indice(Elenco quale, int numero) {
+    if (occupata_) return false;
+    ListaTipi& lista = elenchi_[posto(quale)];
+    if (lista.posto(numero) < 0 && !lista.aggiungi(fonte(), numero)) return false;
     const Azione azione(*this);
-    tipi_[posto(quale)] = indice;
+    tipi_[posto(quale)] = numero;
     cambiamento_.tipi = true;
     conta(quale);
     totale_combinazioni();
     return true;
 }
 
+void Sessione::conta_economica(Elenco quale) {
+    const auto conto = elenchi_[posto(quale)].conto(indice(quale));
+    per_linea_[posto(quale)] = conto ? conto->intere : 0;
+    if (quale != Elenco::diagonali) return;
+    testo_diagonali_ = !conto          ? ""
+                       : !conto->corte ? formattato(conto->intere)
+                                       : crossword::testo_diagonali(conto->intere, *conto->corte);
+}
+
 void Sessione::conta(Elenco quale) {
+    const int t = indice(quale);
+    if (development::e_economica(t)) return conta_economica(quale);
     const int n = quale == Elenco::orizzontali ? colonne_ : righe_;
-    const int t = tipo(quale);
     std::int32_t& per_linea = per_linea_[posto(quale)];
     per_linea = matsis_(n - gioco_.lato_minimo(), t).value_or(0);
     if (quale != Elenco::diagonali) return;
     testo_diagonali_ = gioco_.e_lotto() ? formattato(per_linea)
                                         : crossword::testo_diagonali(matsis_, n, t).value_or("");
+}
+
+std::int32_t Sessione::combinazioni_diagonali() const {
+    const int t = indice(Elenco::diagonali);
+    const std::int32_t intere = per_linea_[posto(Elenco::diagonali)];
+    if (gioco_.e_lotto()) return intere * 2;
+    if (!development::e_economica(t))
+        return crossword::combinazioni_diagonali(matsis_, righe_, t).value_or(0);
+    const auto conto = elenchi_[posto(Elenco::diagonali)].conto(t);
+    return conto ? conto->intere * 2 + conto->corte.value_or(0) * 4 : 0;
 }
 
 void Sessione::totale_combinazioni() {
@@ -223,11 +277,10 @@ void Sessione::totale_combinazioni() {
     segna_salvato(false);
     totale_ = righe_ * per_linea_[posto(Elenco::orizzontali)] +
               colonne_ * per_linea_[posto(Elenco::verticali)];
-    if (colonne_ == righe_) {
-        const int t = tipo(Elenco::diagonali);
-        totale_ += gioco_.e_lotto()
-                       ? per_linea_[posto(Elenco::diagonali)] * 2
-                       : crossword::combinazioni_diagonali(matsis_, righe_, t).value_or(0);
+    if (colonne_ == righe_) totale_ += combinazioni_diagonali();
+    // Without one of its tables the system plays nothing that could be counted.
+    for (std::size_t i = 0; i < tipi_.size(); ++i) {
+        if (development::e_economica(tipi_[i]) && !elenchi_[i].conto(tipi_[i])) totale_ = 0;
     }
     // Until the repetitions are counted anew; with repetitions wanted, an opened count stays.
     senza_ripetizioni_ = 0;

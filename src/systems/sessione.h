@@ -21,6 +21,7 @@
 #include "statistics/generatore.h"
 #include "statistics/statistica.h"
 #include "systems/file_sistema.h"
+#include "systems/lista_tipi.h"
 #include "systems/operazioni.h"
 
 namespace systems {
@@ -70,12 +71,13 @@ enum class Salvataggio {
 
 /// What became of an elaboration.
 enum class Elaborato {
-    completo,    ///< the development stands beside the system
-    senza_file,  ///< no table could be read: there is no development
-    guasto,      ///< the disk refused some lines: there is no development
-    interrotto,  ///< asked to stop: an older development stays
-    incompleto,  ///< some cell is empty; nothing was done
-    senza_nome,  ///< the system has none yet; nothing was done
+    completo,       ///< the development stands beside the system
+    senza_file,     ///< no table could be read: there is no development
+    guasto,         ///< the disk refused some lines: there is no development
+    interrotto,     ///< asked to stop: an older development stays
+    incompleto,     ///< some cell is empty; nothing was done
+    senza_nome,     ///< the system has none yet; nothing was done
+    senza_tabella,  ///< an economical table is not there; nothing was done
     occupata,
 };
 
@@ -148,6 +150,8 @@ public:
     /// True while a long job runs.
     [[nodiscard]] bool occupata() const { return occupata_; }
     [[nodiscard]] bool con_ripetizioni() const { return con_ripetizioni_; }
+    /// True when the lists of types go on with the economical tables.
+    [[nodiscard]] bool con_economiche() const { return con_economiche_; }
     [[nodiscard]] bool annullabile() const { return cronologia_.annullabile(); }
     [[nodiscard]] bool ripetibile() const { return cronologia_.ripetibile(); }
     /// True when the development of the system in line stands on the disk, current or not.
@@ -162,8 +166,14 @@ public:
 
     // Types and counts.
     [[nodiscard]] const std::vector<std::string>& tipi(crossword::Elenco quale) const;
-    /// Index of the type chosen, -1 for none.
+    /// Place of the type chosen in its list, -1 for none.
     [[nodiscard]] int tipo(crossword::Elenco quale) const;
+    /// Number of the type chosen, which names its table and which the file keeps; -1 for none.
+    [[nodiscard]] int indice(crossword::Elenco quale) const;
+    /// Number of the type at a place of a list; -1 for none.
+    [[nodiscard]] int indice_in(crossword::Elenco quale, int posto) const;
+    /// Files of the economical tables that the system plays and that are missing or damaged now.
+    [[nodiscard]] std::vector<std::string> tabelle_mancanti() const;
     /// Lines of a kind as they are shown; nothing for the diagonals of a rectangle.
     [[nodiscard]] std::optional<int> linee(crossword::Elenco quale) const;
     /// Combinations of a line as they are shown; empty for the diagonals of a rectangle.
@@ -217,7 +227,10 @@ public:
     std::optional<Cella> annulla();
     std::optional<Cella> ripeti();
     /// Chooses a type; false when the list has no such place.
-    bool scegli_tipo(crossword::Elenco quale, int indice);
+    bool scegli_tipo(crossword::Elenco quale, int posto);
+    /// Chooses a type by its number. An economical table that the list has not is put into it, and
+    /// one that is missing too: false for any other number that is not there.
+    bool scegli_indice(crossword::Elenco quale, int indice);
 
     // Price.
     /// Number of shares, 1 to 999.
@@ -233,6 +246,8 @@ public:
 
     // Files.
     void ripetizioni(bool con);
+    /// Shows or hides the economical tables; what is chosen stays.
+    void economiche(bool con);
     /// Writes the system under its name.
     Salvataggio salva();
     /// Writes it under another one. A development that the name has stays: `libera` comes first.
@@ -255,7 +270,12 @@ private:
 
     void griglia(int colonne, int righe);
     void carica_tipi(crossword::Elenco quale);
+    [[nodiscard]] FonteTipi fonte() const;
+    /// Numbers of the lines that a list is for.
+    [[nodiscard]] int numeri_di(crossword::Elenco quale) const;
     void conta(crossword::Elenco quale);
+    void conta_economica(crossword::Elenco quale);
+    [[nodiscard]] std::int32_t combinazioni_diagonali() const;
     void cambia(const crossword::Matrice& prima, const std::array<int, 3>& tipi_prima);
     void annota(Cella cella, std::int16_t prima);
     std::optional<Cella> rifai(const std::vector<crossword::Modifica>* voluta, bool indietro);
@@ -284,8 +304,9 @@ private:
     int colonne_ = 0;
     int righe_ = 0;
     crossword::Matsis matsis_;
-    std::array<std::vector<std::string>, 3> elenchi_;
-    std::array<int, 3> tipi_{-1, -1, -1};
+    std::array<ListaTipi, 3> elenchi_;
+    std::array<int, 3> tipi_{-1, -1, -1};  ///< numbers, not places
+    mutable development::Economiche tabelle_;
     // Kept from the last choice: a list that has no types leaves what was counted before it.
     std::array<std::int32_t, 3> per_linea_{};
     std::string testo_diagonali_;
@@ -295,6 +316,7 @@ private:
     std::string nome_;
     bool salvato_ = false;
     bool con_ripetizioni_ = false;
+    bool con_economiche_ = false;
     bool sviluppo_superato_ = false;
     crossword::Cronologia cronologia_;
     crossword::Matrice generata_;

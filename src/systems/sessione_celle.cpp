@@ -82,7 +82,7 @@ std::optional<Cella> Sessione::rifai(const std::vector<Modifica>* voluta, bool i
     std::optional<Cella> prima;
     for (const Modifica& m : modifiche) {
         if (m.tipo) {
-            scegli_tipo(static_cast<Elenco>(m.colonna + 1), indietro ? m.prima : m.dopo);
+            scegli_indice(static_cast<Elenco>(m.colonna + 1), indietro ? m.prima : m.dopo);
         } else if (!prima) {
             prima = Cella{m.colonna, m.riga};
         }

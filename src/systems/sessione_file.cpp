@@ -36,6 +36,24 @@ void Sessione::ripetizioni(bool con) {
     }
 }
 
+void Sessione::economiche(bool con) {
+    if (occupata_ || con == con_economiche_) return;
+    const Azione azione(*this);
+    con_economiche_ = con;
+    if (!con) {
+        platform::Kill(file("eco.dat"));
+    } else if (!platform::esiste_file(file("eco.dat"))) {
+        platform::scrivi(file("eco.dat"), "");
+    }
+    for (const Elenco quale : {Elenco::orizzontali, Elenco::verticali, Elenco::diagonali}) {
+        ListaTipi& lista = elenchi_[posto(quale)];
+        if (lista.testi().empty()) continue;
+        lista.carica(fonte(), quale, numeri_di(quale));
+        lista.aggiungi(fonte(), indice(quale));
+    }
+    cambiamento_.tipi = true;
+}
+
 Salvataggio Sessione::salva() {
     if (occupata_) return Salvataggio::occupata;
     if (!completo()) return Salvataggio::incompleto;
@@ -67,9 +85,9 @@ bool Sessione::apri(const std::string& nome) {
     // A side that the game does not have leaves that of the grid as it is.
     dimensioni(letto.matrice.colonne(), righe_);
     dimensioni(colonne_, letto.matrice.righe());
-    scegli_tipo(Elenco::orizzontali, letto.tipo_righe);
-    scegli_tipo(Elenco::verticali, letto.tipo_colonne);
-    scegli_tipo(Elenco::diagonali, letto.tipo_diagonali);
+    scegli_indice(Elenco::orizzontali, letto.tipo_righe);
+    scegli_indice(Elenco::verticali, letto.tipo_colonne);
+    scegli_indice(Elenco::diagonali, letto.tipo_diagonali);
     // The crossword stays whole behind the grid, or the next save would cut the file.
     matrice_ = letto.matrice;
     cambiamento_.dimensioni = cambiamento_.celle = cambiamento_.conteggi = true;
@@ -84,6 +102,7 @@ Elaborato Sessione::sviluppa(const SeguitoSviluppo& seguito) {
     if (occupata_) return Elaborato::occupata;
     if (!completo()) return Elaborato::incompleto;
     if (nome_.empty()) return Elaborato::senza_nome;
+    if (!tabelle_mancanti().empty()) return Elaborato::senza_tabella;
     const Azione azione(*this);
     const Lavoro lavoro(*this);
     // Programs on one folder share the working file.
@@ -106,11 +125,11 @@ Elaborato Sessione::elabora(const SeguitoSviluppo& seguito) {
     development::Richiesta r;
     r.matrice = matrice_;
     r.gioco = gioco_;
-    r.tipo_righe = tipo(Elenco::orizzontali);
-    r.tipo_colonne = tipo(Elenco::verticali);
-    r.tipo_diagonali = tipo(Elenco::diagonali);
+    r.tipo_righe = indice(Elenco::orizzontali);
+    r.tipo_colonne = indice(Elenco::verticali);
+    r.tipo_diagonali = indice(Elenco::diagonali);
     r.cartella = cartella_;
-    r.ridotti = platform::radice(cartella_) + "ridotti";
+    r.ridotti = fonte().ridotti;
     r.senza_ripetizioni = !con_ripetizioni_;
     development::Elaborazione lavoro(r, seguito.avanzamento);
     const Conclusione conclusione = lavoro.sviluppa();

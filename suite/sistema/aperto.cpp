@@ -119,7 +119,7 @@ std::string Aperto::difetto_dei_tipi(const systems::Sistema& letto) const {
     for (const Voce& v : {Voce{"righe", Elenco::orizzontali, letto.tipo_righe},
                           Voce{"colonne", Elenco::verticali, letto.tipo_colonne},
                           Voce{"diagonali", Elenco::diagonali, letto.tipo_diagonali}}) {
-        if (!sessione_->linee(v.elenco) || sessione_->tipo(v.elenco) == v.tipo) continue;
+        if (!sessione_->linee(v.elenco) || sessione_->indice(v.elenco) == v.tipo) continue;
         return std::string("il file è guasto: il tipo ") + std::to_string(v.tipo) + " delle " +
                v.nome + " non è nella lista";
     }
@@ -146,7 +146,7 @@ std::string Aperto::tabella_mancante() const {
     const systems::Sessione& s = *sessione_;
     const std::string ridotti = platform::radice(banco_->cartella()) + "ridotti/";
     const auto manca = [&](int n, Elenco quale) {
-        const std::string nome = development::nome_tabella(s.gioco(), n, s.tipo(quale));
+        const std::string nome = development::nome_tabella(s.gioco(), n, s.indice(quale));
         return platform::esiste_file(ridotti + nome) ? std::string() : nome;
     };
     std::vector<std::string> nomi{manca(s.colonne(), Elenco::orizzontali),
@@ -177,6 +177,9 @@ std::string Aperto::sviluppa() {
             return {};
         case Elaborato::interrotto:
             return "sviluppo interrotto";
+        case Elaborato::senza_tabella:
+            return "la tabella " + sessione_->tabelle_mancanti().front() + " in " +
+                   platform::radice(contesto_.programma) + "ridotti è guasta";
         case Elaborato::senza_file:
             return "le tabelle in " + platform::radice(contesto_.programma) +
                    "ridotti non si possono leggere";

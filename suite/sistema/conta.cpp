@@ -68,7 +68,7 @@ std::string in_json(const Aperto& aperto, const char* sviluppo) {
             continue;
         }
         json.apri('{').voce("linee").intero(*quante).voce("tipo").testo(tipo(s, k.elenco));
-        json.voce("indice").intero(s.tipo(k.elenco));
+        json.voce("indice").intero(s.indice(k.elenco));
         json.voce("combinazioni").testo(s.combinazioni(k.elenco)).chiudi('}');
     }
     json.chiudi('}');

@@ -305,7 +305,8 @@ TEST(Menu, VociALettera) {
     EXPECT_EQ(testi(barra[2]->menu()->actions()),
               QStringList({"Aiuto", "Web Site", "Informazioni"}));
     EXPECT_EQ(testi(p.form1.findChild<QMenu*>("mnuopzElaborazione")->actions()),
-              QStringList({"Elabora senza Ripetizioni", "Elabora con Ripetizioni"}));
+              QStringList(
+                  {"Elabora senza Ripetizioni", "Elabora con Ripetizioni", "Tabelle Economiche"}));
 }
 
 TEST(Menu, TastiDiOgniProgramma) {

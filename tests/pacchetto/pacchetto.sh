@@ -130,7 +130,7 @@ for lato in 16 22 24 32 48 64 128 256; do
   file "$usr/share/icons/hicolor/${lato}x$lato/apps/tabellino.png" |
     grep -q "PNG image data, $lato x $lato," || fallisci "the icon of $lato pixels"
 done
-[ "$(find "$usr/share/tabellino/ridotti" -name '*.rid' | wc -l)" -eq 136 ] || fallisci "136 tables"
+[ "$(find "$usr/share/tabellino/ridotti" -name '????0?.rid' | wc -l)" -eq 136 ] || fallisci "136 tables"
 for sistema in primipassi.sen primipassi.col ridotto.sen terzine.sel terzine.lot cinquine.sel; do
   [ -f "$usr/share/tabellino/cruciverba/$sistema" ] || fallisci "sample $sistema"
 done

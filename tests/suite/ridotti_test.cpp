@@ -120,7 +120,9 @@ TEST_F(Ridotti, i_byte_di_controllo_non_arrivano_al_terminale) {
 TEST_F(Ridotti, la_suite_ha_tutte_le_tabelle) {
     int quante = 0;
     for (const auto& voce : std::filesystem::directory_iterator(SUITE_DIR "/ridotti")) {
-        if (voce.path().extension() == ".rid") ++quante;
+        // Behind the length, the told types have a zero.
+        const std::string nome = voce.path().filename().string();
+        if (voce.path().extension() == ".rid" && nome[4] == '0') ++quante;
     }
     EXPECT_EQ(quante, 136);
     EXPECT_TRUE(std::filesystem::exists(SUITE_DIR "/ridotti/garanzie.csv"));
