@@ -51,17 +51,6 @@ bool intero(const std::string& testo, std::uint64_t& valore) {
     return errore == std::errc() && fine == testo.data() + testo.size();
 }
 
-/// Reads the value of an option as a small number; why not, empty when it is one.
-std::string leggi_numero(const suite::Parole& parole, const std::string& nome, int& valore) {
-    const std::string* testo = parole.valore(nome);
-    if (testo == nullptr) return {};
-    std::uint64_t letto = 0;
-    if (!intero(*testo, letto) || letto < 1 || letto > 1'000'000)
-        return nome + " vuole un numero: \"" + *testo + "\" non lo è";
-    valore = static_cast<int>(letto);
-    return {};
-}
-
 /// Reads "SECONDS" with decimals behind a point or a comma.
 std::string leggi_tempo(const suite::Parole& parole, double& secondi) {
     const std::string* detto = parole.valore("--tempo");

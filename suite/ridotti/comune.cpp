@@ -1,9 +1,10 @@
 #include "comune.h"
 
 #include <array>
+#include <charconv>
 #include <cstdio>
 
-#include "comune/parole.h"
+#include "platform/application.h"
 #include "platform/codepage.h"
 #include "platform/disk.h"
 
@@ -47,6 +48,28 @@ Opzioni leggi_opzioni(const std::vector<std::string>& parole,
                          "\" non lo è";
     }
     return opzioni;
+}
+
+std::string leggi_numero(const suite::Parole& parole, const std::string& nome, int& valore) {
+    const std::string* testo = parole.valore(nome);
+    if (testo == nullptr) return {};
+    constexpr int massimo = 1'000'000;
+    int letto = 0;
+    const auto [fine, errore] =
+        std::from_chars(testo->data(), testo->data() + testo->size(), letto);
+    if (errore != std::errc() || fine != testo->data() + testo->size() || letto < 1 ||
+        letto > massimo) {
+        return nome + " vuole un numero: \"" + *testo + "\" non lo è";
+    }
+    valore = letto;
+    return {};
+}
+
+std::string cartella_delle_tabelle() {
+    const std::string eseguibile = platform::cartella_eseguibile();
+    return platform::radice(
+               platform::trova_cartella(eseguibile, eseguibile + "/../share/tabellino")) +
+           "ridotti";
 }
 
 TabellaLetta leggi_tabella(const std::string& file) {

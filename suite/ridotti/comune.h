@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "comune/parole.h"
 #include "comune/progresso.h"
 #include "comune/testo.h"
 #include "development/garanzie.h"
@@ -27,6 +28,7 @@ int verifica(const std::vector<std::string>& parole);
 int vincite(const std::vector<std::string>& parole);
 int documento(const std::vector<std::string>& parole);
 int cerca(const std::vector<std::string>& parole);
+int adotta(const std::vector<std::string>& parole);
 
 /// Words of a command line, sorted out.
 struct Opzioni {
@@ -39,6 +41,12 @@ struct Opzioni {
 /// Sorts out the words of a subcommand that knows the options `ammesse`.
 Opzioni leggi_opzioni(const std::vector<std::string>& parole,
                       std::initializer_list<std::string_view> ammesse);
+
+/// Reads the value of an option, where it was given, as a number from 1; why not, empty when it is.
+std::string leggi_numero(const suite::Parole& parole, const std::string& nome, int& valore);
+
+/// The folder of the tables of the suite that the command belongs to.
+std::string cartella_delle_tabelle();
 
 /// A table read from its file, with the parts of its name when it has one of the scheme.
 struct TabellaLetta {

@@ -20,6 +20,9 @@ constexpr std::string_view uso =
     "       cerca la tabella più piccola con quella garanzia, o con --righe quella di R righe\n"
     "       che la manca nel minor numero di sorteggi; per 60 secondi, o quanti ne dice --tempo,\n"
     "       o finché non si ferma con Ctrl+C: la migliore è sempre nel file\n"
+    "     ridotti adotta [--numeri N] [--garanzia p:t] [--cartella TABELLE] FILE\n"
+    "       prova la tabella e la mette fra quelle economiche della suite, o della cartella\n"
+    "       detta, sotto un numero libero; una che non vale è rifiutata\n"
     "     ridotti --aiuto\n"
     "       stampa queste righe; anche --help e -h\n"
     "Dopo -- ogni parola è un file o una cartella, anche se comincia con -.\n"
@@ -38,6 +41,7 @@ int main(int argc, char** argv) {
     if (parole[0] == "integrali") return ridotti::integrali(resto);
     if (parole[0] == "verifica") return ridotti::verifica(resto);
     if (parole[0] == "vincite") return ridotti::vincite(resto);
+    if (parole[0] == "adotta") return ridotti::adotta(resto);
     if (parole[0] == "cerca") return ridotti::cerca(resto);
     if (parole[0] == "documento") return ridotti::documento(resto);
     if (parole[0] == "--aiuto" || parole[0] == "--help" || parole[0] == "-h") {
