@@ -130,13 +130,19 @@ constexpr std::string_view premessa =
     "Nelle tavole di confronto: *integrale* è il numero di righe del sistema integrale e *%* le\n"
     "righe della tabella su cento di quello; *minimo trovato* è la tabella più piccola che\n"
     "conosciamo con la stessa garanzia (fra parentesi il file del disegno in\n"
-    "`suite/ridotti/minimi`; un asterisco se il disegno non è allegato); *limite inferiore* il\n"
+    "`suite/ridotti/minimi` o in `suite/ridotti/economiche`; un asterisco se non è allegato); "
+    "*limite inferiore* il\n"
     "numero sotto il quale nessuna tabella può scendere, con il modo in cui è stato ottenuto;\n"
     "*minimo noto* il migliore valore pubblicato che conosciamo, dove la garanzia è di quelle\n"
     "studiate (p uguale a t, una riga).\n\n"
     "Nelle tavole delle vincite ogni riga dice, con quel numero di estratti, in quanti casi su\n"
     "cento la combinazione migliore ne contiene 0, 1, 2 e così via; una casella vuota è un caso\n"
     "che non può capitare.\n\n";
+
+constexpr std::string_view sulle_economiche =
+    "Le tabelle economiche hanno le loro tavole in fondo a ogni capitolo: la più piccola che\n"
+    "conosciamo per ogni garanzia, trovata con `ridotti cerca` e provata allo stesso modo. Le due\n"
+    "ultime cifre del nome dicono la garanzia: `cr1556` è 6 → 5.\n\n";
 
 constexpr std::string_view sugli_integrali =
     "## Integrali\n\n"
@@ -181,11 +187,13 @@ std::string parte_basi(const Dati& dati) {
 
 std::string tutto(const Dati& dati) {
     std::string uscita(premessa);
+    if (!dati.economiche.empty()) uscita += std::string(sulle_economiche) + sotto_il_noto(dati);
     for (const Sezione& sezione : sezioni) {
         uscita += std::string("## ") + sezione.titolo + "\n\n### Righe e garanzie\n\n";
         uscita += confronto(sezione, dati.voci);
         uscita += "### Tutto quello che è garantito\n\n" + ulteriori(sezione, dati.voci);
         uscita += "### Vincite, in casi su cento\n\n" + tavola_vincite(sezione, dati.voci);
+        uscita += tavola_economiche(sezione, dati);
     }
     uscita += std::string(sugli_integrali) + tavola_integrali();
     return uscita + parte_basi(dati);
@@ -236,7 +244,8 @@ int documento(const std::vector<std::string>& parole) {
         return impossibile;
     }
     Dati dati;
-    const int codice = raccogli(opzioni.file[0], opzioni.file[1], dati);
+    int codice = raccogli(opzioni.file[0], opzioni.file[1], dati);
+    if (codice == riuscito) codice = raccogli_economiche(opzioni.file[0], dati);
     if (codice != riuscito) return codice;
     stampa(opzioni.guida ? per_la_guida(dati) : tutto(dati));
     return riuscito;

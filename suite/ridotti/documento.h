@@ -47,13 +47,29 @@ struct Base {
     std::vector<int> nella_tabella;
 };
 
+/// One economical table of the suite.
+struct Economica {
+    development::NomeTabella nome;
+    std::string file;  ///< its name, without the extension
+    development::Tabella tabella;
+    development::Garanzia garanzia;
+};
+
 struct Dati {
     std::vector<Voce> voci;
+    std::vector<Economica> economiche;
     std::vector<Base> basi;
 };
 
 /// Reads and proves everything; complains and returns the command's exit code.
 int raccogli(const std::string& tabelle, const std::string& minimi, Dati& dati);
+
+/// Reads and proves the economical tables of the folder, as `raccogli` does with the told ones.
+int raccogli_economiche(const std::string& tabelle, Dati& dati);
+/// Their chapter of a section, empty when it has none.
+std::string tavola_economiche(const Sezione& sezione, const Dati& dati);
+/// Those that are smaller than the best published, in a sentence; empty when there are none.
+std::string sotto_il_noto(const Dati& dati);
 
 /// Best known size of a published covering of v positions by rows of k; 0 where there is none.
 int minimo_noto(int v, int k, const development::Garanzia& garanzia);
