@@ -57,7 +57,7 @@ QString brano(const QString& testo, const QPair<int, int>& luogo) {
 const QVector<Capitolo>& capitoli() {
     static const QVector<Capitolo> tutti = {
         {"Per cominciare", {"inizio", "cruciverba", "disporre"}},
-        {"Il sistema", {"tipi", "garanzie", "elaborazione", "ripetizioni", "prezzi"}},
+        {"Il sistema", {"tipi", "garanzie", "economiche", "elaborazione", "ripetizioni", "prezzi"}},
         {"Usare il sistema",
          {"visualizzatore", "spoglio", "analisi", "migliora", "stampa", "schedine", "libreria"}},
         {"Le estrazioni", {"archivio", "statistica"}},

@@ -262,4 +262,30 @@ TEST(Economiche, la_garanzia_migliore_e_la_piu_alta_con_meno_estratti) {
     EXPECT_EQ(garanzia_migliore({7, 6, {0b111111}}, Gioco()), (Garanzia{6, 5}));
 }
 
+std::string con_virgola(double valore, int decimali) {
+    std::array<char, 32> cifre{};
+    std::snprintf(cifre.data(), cifre.size(), "%.*f", decimali, valore);
+    std::string testo(cifre.data());
+    testo[testo.find('.')] = ',';
+    return testo;
+}
+
+TEST(Economiche, la_guida_confronta_le_tabelle_come_sono) {
+    const std::string pagina = contenuto(SOURCE_DIR "/suite/guida/pagine/economiche.html");
+    for (const char* nome : {"cr1201", "cr1256", "cr1246"}) {
+        const Lettura letta =
+            leggi_rigorosa(contenuto(spedite + "/" + std::string(nome) + ".rid"), 12, 6);
+        const Vincite v = vincite(letta.tabella, 6);
+        std::string riga = std::string("<tr><td><code>") + nome + "</code></td><td>" +
+                           std::to_string(letta.tabella.righe.size()) + "</td>";
+        const auto gruppi = static_cast<double>(v.gruppi);
+        for (const std::size_t t : {6U, 5U, 4U}) {
+            riga += "<td>" + con_virgola(100 * static_cast<double>(v.migliore[t]) / gruppi, 2) +
+                    "</td>";
+        }
+        riga += "<td>" + con_virgola(static_cast<double>(v.righe[5]) / gruppi, 4) + "</td></tr>";
+        EXPECT_NE(pagina.find(riga), std::string::npos) << riga;
+    }
+}
+
 }  // namespace
