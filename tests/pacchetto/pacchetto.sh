@@ -83,6 +83,10 @@ trap '[ -z "$programma" ] || kill -KILL "$programma" 2>/dev/null || true; rm -rf
   { cat "$lavoro/log"; fallisci "cpack"; }
 (umask 077 && DESTDIR=$lavoro/installato cmake --install "$build") >"$lavoro/log" 2>&1 ||
   { cat "$lavoro/log"; fallisci "cmake --install"; }
+# Packed again, it is the same bytes.
+cpack -G DEB --config "$build/CPackConfig.cmake" -B "$lavoro/ancora" >"$lavoro/log" 2>&1 ||
+  { cat "$lavoro/log"; fallisci "cpack once more"; }
+cmp "$lavoro"/cpack/*.deb "$lavoro"/ancora/*.deb || fallisci "packed twice, it differs"
 chiusi() { find "$@" \( -type f ! -perm -444 -o -type d ! -perm -555 -o -type f -perm /100 ! -perm /001 \) -print; }
 [ -z "$(chiusi "$lavoro/installato")" ] || fallisci "closed to others: $(chiusi "$lavoro/installato")"
 deb=$(echo "$lavoro"/cpack/*.deb)
@@ -121,7 +125,8 @@ LC_ALL=C grep -aqF /../libexec/tabellino/leggi_mdb "$usr/bin/tabellino" ||
 for nome in applications/tabellino.desktop metainfo/local.tabellino.tabellino.metainfo.xml \
   icons/hicolor/scalable/apps/tabellino.svg man/man1/tabellino.1.gz man/man1/ridotti.1.gz man/man1/archivio.1.gz \
   man/man1/sistema.1.gz man/man1/stampa.1.gz \
-  doc/tabellino/copyright doc/tabellino/changelog.gz tabellino/ridotti/cr0600.rid tabellino/ridotti/cr1507.rid \
+  doc/tabellino/copyright doc/tabellino/changelog.gz doc/tabellino/materials.txt \
+  tabellino/ridotti/cr0600.rid tabellino/ridotti/cr1507.rid \
   tabellino/skin/skn.dat tabellino/skin/skin1_1.skn tabellino/skin/skin1_2.skn tabellino/skin/skin1_3.skn \
   tabellino/archivio/drawit.sqlite tabellino/guida.html; do
   [ -f "$usr/share/$nome" ] || fallisci "share/$nome is not there"
@@ -152,6 +157,12 @@ dipendenze=$(dpkg-deb -f "$deb" Depends)
 for pacchetto in libqt6widgets6 libqt6svg6 libqt6printsupport6 libmdb libc6 fonts-liberation \
   qt6-translations-l10n; do
   [[ $dipendenze == *"$pacchetto"* ]] || fallisci "does not depend on $pacchetto: $dipendenze"
+done
+
+# So do the materials, which the build looked up by itself.
+for pacchetto in libqt6widgets6 libmdb libc6 fonts-liberation qt6-translations-l10n; do
+  grep -q "^$pacchetto[^ ]* .*[0-9]" "$usr/share/doc/tabellino/materials.txt" ||
+    fallisci "the materials lack $pacchetto"
 done
 
 # A first start makes the user's suite folder and nothing else in the home.
