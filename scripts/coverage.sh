@@ -1,0 +1,18 @@
+#!/usr/bin/env bash
+# Tells which lines and branches the tests reach, by room: scripts/coverage.sh [--list] [--write].
+# --list names what no test reaches, --write renews the table in docs/reliability.md.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/setup.sh
+
+setup_tests
+install_missing python3
+cmake --preset coverage >/dev/null
+cmake --build --preset coverage
+find build/coverage -name '*.gcda' -delete
+cd build/coverage/tests
+for tests in test_core test_forms test_guasti; do
+  QT_QPA_PLATFORM=offscreen ./$tests --gtest_brief=1 || echo "$tests fails: what it reached counts" >&2
+done
+cd ../../..
+exec scripts/coverage.py "$@"
