@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
-# Runs clang-tidy over the program's own sources, without the precompiled headers, which
+# Runs clang-tidy over the program's own sources, or those that are named, without the precompiled headers, which
 # are another compiler's and would hide an include that is missing.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 cmake --preset release -B build/tidy -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON \
   -DCMAKE_GLOBAL_AUTOGEN_TARGET=ON -DCMAKE_GLOBAL_AUTORCC_TARGET=ON >/dev/null
 cmake --build build/tidy --target autogen autorcc >/dev/null
-find src suite -name '*.cpp' -print0 | xargs -0 -P "$(nproc)" -n 4 clang-tidy --quiet -p build/tidy
+if [ $# -gt 0 ]; then printf '%s\0' "$@"; else find src suite -name '*.cpp' -print0; fi |
+  xargs -0 -P "$(nproc)" -n 4 clang-tidy --quiet -p build/tidy
