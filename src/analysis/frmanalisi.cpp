@@ -124,6 +124,7 @@ void frmanalisi::iniz() {
         if (!ancora) return;
         if (contato) {
             conto->mappe = std::make_unique<Mappe>(conto->giocate);
+            finestra_.sessione.rinfresca_archivio();
             conto->database = finestra_.sessione.archivio.database;
             conta_passato(*conto);
         }
@@ -221,7 +222,19 @@ void frmanalisi::cambia_ruota() {
     mostra_passato();
 }
 
+void frmanalisi::ripassa() {
+    finestra_.sessione.rinfresca_archivio();
+    if (conto_ == nullptr || al_lavoro_) return;
+    conto_->database = finestra_.sessione.archivio.database;
+    {
+        const platform::Clessidra attesa;
+        conta_passato(*conto_);
+    }
+    mostra_passato();
+}
+
 void frmanalisi::mostra_passato() {
+    riga_archivio->aggiorna();
     const Conto& c = *conto_;
     Tavola prima = tavola_categorie(c.storico, c.estrazioni, gioco_);
     if (!c.archivio.ok()) {

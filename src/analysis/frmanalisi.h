@@ -18,6 +18,7 @@
 #include "analysis/relazione.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/desktop.h"
+#include "statistics/riga_archivio.h"
 
 class QVBoxLayout;
 
@@ -69,6 +70,7 @@ public:
     VistaTavola* estrazioni = nullptr;
     VistaTavola* buchi = nullptr;
     VistaTavola* esempi = nullptr;
+    statistics::RigaArchivio* riga_archivio = nullptr;
     VistaTavola* categorie_passate = nullptr;
     VistaTavola* migliori = nullptr;
     VistaTavola* anni = nullptr;
@@ -110,6 +112,8 @@ private:
     void mostra();
     void mostra_medie();
     void mostra_passato();
+    /// Counts the past again over the draws of the session.
+    void ripassa();
     void cambia_ruota();
     void cambia_premio();
     void salva_pdf();

@@ -178,7 +178,9 @@ void frmanalisi::crea_pagine(QVBoxLayout* sotto) {
     crea_pagina(tr("Tutte le estrazioni"), {estrazioni, grafico_estrazioni});
     crea_pagina(tr("Medie e premi"), {crea_medie()});
     crea_pagina(tr("Buchi"), {buchi, esempi});
-    QList<QWidget*> passato{categorie_passate, migliori, grafico_anni, anni};
+    riga_archivio = new statistics::RigaArchivio(finestra_, this);
+    connect(riga_archivio, &statistics::RigaArchivio::cambiato, this, &frmanalisi::ripassa);
+    QList<QWidget*> passato{riga_archivio, categorie_passate, migliori, grafico_anni, anni};
     if (gioco_.e_lotto()) passato.prepend(crea_ruote());
     crea_pagina(tr("Passato"), passato);
     connect(schede, &QTabBar::currentChanged, pagine, &QStackedWidget::setCurrentIndex);

@@ -145,6 +145,7 @@ void Form1::inizializza() {
 void Form1::apri_archivio() {
     const platform::Err errore = sessione.apri_archivio();
     if (!errore.ok()) statistics::errore_archivio(this, errore, "Sortivario");
+    parti_->archivio.aggiorna();
 }
 
 void Form1::closeEvent(QCloseEvent* evento) {

@@ -109,6 +109,7 @@ public:
     QAction* mnuImportocolonna = nullptr;
     QAction* mnuanalisi = nullptr;
     QAction* mnumigliora = nullptr;
+    QAction* mnuarchivio = nullptr;
     QAction* annulla = nullptr;
     QAction* ripeti = nullptr;
     QAction* mnuaiuto = nullptr;

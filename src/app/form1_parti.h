@@ -1,6 +1,7 @@
 // What the main form hands over to.
 #pragma once
 
+#include "app/archivio_in_vista.h"
 #include "app/form1.h"
 #include "app/lavori.h"
 #include "app/piede.h"
@@ -20,7 +21,8 @@ struct Form1::Parti {
           vista(f, {f.MSFlexGrid1, f.CMDnum, f.List1, f.lblngioco}),
           riempimento(f, lavori, vista, {f.MSFlexGrid1, f.Frame3, f.Combo6}),
           elaboratore(f, dialoghi, lavori),
-          archiviatore(f, dialoghi) {}
+          archiviatore(f, dialoghi),
+          archivio(f, {f.Frame7, {f.cmdstat, f.cmdstat2}, f.mnuarchivio}) {}
 
     Lavori lavori;
     Riepilogo riepilogo;
@@ -29,6 +31,7 @@ struct Form1::Parti {
     statistics::Riempimento riempimento;
     development::Elaboratore elaboratore;
     systems::Archiviatore archiviatore;
+    ArchivioInVista archivio;
 };
 
 }  // namespace app

@@ -25,7 +25,10 @@ void elenca(platform::ComboBox* combo, const QStringList& voci, int scelta) {
 }  // namespace
 
 void Form1::mostra(const systems::Cambiamento& cambiato) {
-    if (cambiato.gioco) mostra_gioco();
+    if (cambiato.gioco) {
+        mostra_gioco();
+        parti_->archivio.aggiorna();
+    }
     if (cambiato.nome) {
         platform::set_Tag(this, q(sessione.nome()));
         lblsistema->setText(q(sessione.nome()));

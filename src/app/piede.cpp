@@ -95,6 +95,7 @@ void Piede::disponi() {
     if (!lblpasso->isVisible() || passo.isEmpty()) return;
     QAccessibleEvent avviso(lblpasso, QAccessible::Alert);
     QAccessible::updateAccessibility(&avviso);
+    Q_EMIT detto(passo);
 }
 
 void Piede::resizeEvent(QResizeEvent* evento) {

@@ -28,6 +28,11 @@ public:
     /// What the last analysis found; empty after a change.
     void mostra_analisi(const QString& riassunto);
 
+Q_SIGNALS:
+    /// A new step was told to those who do not see the window.
+    void detto(const QString& passo);
+
+public:
     QLabel* lblpasso = nullptr;
     QLabel* lblanalisi = nullptr;
 

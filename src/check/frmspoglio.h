@@ -16,6 +16,7 @@
 #include "platform/qt/flexgrid.h"
 #include "platform/qt/listavirtuale.h"
 #include "platform/recordset.h"
+#include "statistics/riga_archivio.h"
 
 namespace app {
 class Finestra;
@@ -66,6 +67,7 @@ public:
     platform::MSFlexGrid* MSFlexGrid1 = nullptr;
     platform::ListaVirtuale* ListView1 = nullptr;
     platform::Image* piclist = nullptr;
+    statistics::RigaArchivio* riga_archivio = nullptr;
     QFrame* picprog1 = nullptr;
     QFrame* picprog2 = nullptr;
     std::array<QLabel*, 8> lblvinc{};
@@ -95,6 +97,11 @@ private:
 
     void Form_Load();
     void copia_cruciverba();
+    void elenca_estrazioni();
+    /// Another archive took the old one's place: its draws are listed, and the one that is chosen
+    /// stays chosen where it is still there.
+    void rivedi_estrazioni();
+    [[nodiscard]] bool appena_aperta() const;
     void Combo1_Click();
     void Combo3_Click();
     void casella_piena(QLineEdit* casella, QWidget* prossima);

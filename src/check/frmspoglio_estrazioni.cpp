@@ -1,4 +1,6 @@
 // The draws on the check form: opening the archive, lists, number boxes.
+#include <algorithm>
+
 #include <QMouseEvent>
 
 #include "app/finestra.h"
@@ -16,6 +18,7 @@ using platform::s;
 platform::Err frmspoglio::apri_tabelle() {
     statistics::Archivio& archivio = finestra_.sessione.archivio;
     const std::string file = archivio_di(platform::App().Path);
+    const auto trovata = statistics::impronta_archivio(file);
     platform::Err esito = platform::OpenDatabase(file, false, false, archivio.database);
     if (esito.ok()) {
         esito = archivio.database.OpenRecordset(gioco_.e_lotto() ? "archivio" : "archivios",
@@ -30,6 +33,7 @@ platform::Err frmspoglio::apri_tabelle() {
     if (esito.ok()) esito = archivio.lega(gioco_.e_lotto() ? 7 : 9);
     // The wheel stands in one of the two tables only.
     if (!gioco_.e_lotto()) archivio.campo_1 = campo_1;
+    if (esito.ok()) archivio.aperta = trovata;
     return esito;
 }
 
@@ -38,14 +42,42 @@ void frmspoglio::apridatabase() {
         statistics::errore_archivio(&finestra_, esito, "Tabellino");
         return;
     }
+    elenca_estrazioni();
+    (gioco_.e_lotto() ? Combo3 : Combo1)->set_ListIndex(0);
+}
+
+void frmspoglio::elenca_estrazioni() {
     statistics::Archivio& archivio = finestra_.sessione.archivio;
     platform::ComboBox* elenco = gioco_.e_lotto() ? Combo3 : Combo1;
     voci_ = gioco_.e_lotto() ? elenco_lotto(archivio.draws, archivio.national)
                              : elenco_superenalotto(archivio.draws);
     QStringList testi;
     for (const std::string& voce : voci_) testi.append(q(voce));
+    elenco->Clear();
     elenco->addItems(testi);
-    elenco->set_ListIndex(0);
+}
+
+bool frmspoglio::appena_aperta() const {
+    const auto digitata = [](const QLineEdit* casella) { return casella->isModified(); };
+    const platform::ComboBox* elenco = gioco_.e_lotto() ? Combo3 : Combo1;
+    return elenco->ListIndex() <= 0 && Cmdspoglio->isEnabled() &&
+           std::none_of(txtnum.begin(), txtnum.end(), digitata) &&
+           std::none_of(txtnumlotto.begin(), txtnumlotto.end(), digitata);
+}
+
+void frmspoglio::rivedi_estrazioni() {
+    if (occupato_) return;
+    platform::ComboBox* elenco = gioco_.e_lotto() ? Combo3 : Combo1;
+    const bool intatta = appena_aperta();
+    const QString scelta = elenco->Text();
+    if (!apri_tabelle().ok()) return;
+    elenca_estrazioni();
+    const int posto = elenco->findText(scelta);
+    if (intatta || posto < 0) {
+        elenco->set_ListIndex(0);
+    } else {
+        elenco->mostra(posto);
+    }
 }
 
 void frmspoglio::Combo1_Click() {

@@ -257,6 +257,8 @@ void frmspoglio::crea_comandi() {
     Cmdvincentilotto = pulsante("Cmdvincentilotto", dettaglio, {8, 4, 220, 28}, framedetlotto);
     Cmdvincenti->setEnabled(false);
     Cmdvincentilotto->setEnabled(false);
+    riga_archivio = new statistics::RigaArchivio(finestra_, f);
+    riga_archivio->setGeometry(246, 4, 186, 36);
 }
 
 void frmspoglio::collega() {
@@ -275,6 +277,8 @@ void frmspoglio::collega() {
     };
     for (std::size_t i = 1; i <= 6; ++i) poi(txtnum[i], txtnum[i < 6 ? i + 1 : 0]);
     poi(txtnum[0], Cmdspoglio);
+    connect(riga_archivio, &statistics::RigaArchivio::cambiato, this,
+            &frmspoglio::rivedi_estrazioni);
     // The Lotto boxes go round instead.
     for (std::size_t i = 0; i < 5; ++i) poi(txtnumlotto[i], txtnumlotto[(i + 1) % 5]);
 }
@@ -288,9 +292,9 @@ void frmspoglio::ordine_tastiera() {
     for (std::size_t i = 2; i <= 6; ++i) poi(txtnum[i]);
     poi(txtnum[0]);
     for (QLineEdit* casella : txtnumlotto) poi(casella);
-    for (QWidget* w : std::initializer_list<QWidget*>{Cmdspoglio, Cmdvincenti, Cmdvincentilotto,
-                                                      Command1, CmdEsci, cmdsched, cmdpunti,
-                                                      ListView1, Combo1, Combo3, Combo2}) {
+    for (QWidget* w : std::initializer_list<QWidget*>{
+             Cmdspoglio, Cmdvincenti, Cmdvincentilotto, Command1, CmdEsci, cmdsched, cmdpunti,
+             ListView1, Combo1, Combo3, Combo2, riga_archivio->cmdarchivio}) {
         poi(w);
     }
 }
@@ -312,6 +316,7 @@ void frmspoglio::Form_Load() {
     platform::centra(this, &finestra_);
     ordine_tastiera();
     apridatabase();
+    riga_archivio->aggiorna();
 }
 
 void frmspoglio::copia_cruciverba() {

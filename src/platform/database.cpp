@@ -77,6 +77,11 @@ std::string gemello(const std::string& nome) {
 
 }  // namespace
 
+std::string file_del_database(const std::string& nome) {
+    const std::string jet = nome_su_disco(nome);
+    return esiste_file(jet) ? jet : nome_su_disco(gemello(nome));
+}
+
 Err OpenDatabase(const std::string& nome, bool esclusivo, bool /*sola_lettura*/,
                  Database& destinazione) {
     auto aperto = std::make_shared<interno::Aperto>();

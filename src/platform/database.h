@@ -33,6 +33,9 @@ private:
     std::shared_ptr<interno::Aperto> aperto_;
 };
 
+/// The file that an opening of this name would read.
+std::string file_del_database(const std::string& nome);
+
 /// Opens the Jet file `nome`, or, where there is none, the SQLite file that bears the same name
 /// with the ending ".sqlite". Nothing is ever written, whether `sola_lettura` is asked for or not.
 /// On failure the target stays as it was.

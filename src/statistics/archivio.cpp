@@ -22,6 +22,10 @@ std::string file_archivio(std::string_view radice) {
     return std::string(radice) + "archivio/drawit.mdb";
 }
 
+std::optional<platform::Impronta> impronta_archivio(const std::string& file) {
+    return platform::impronta(platform::file_del_database(file));
+}
+
 Err Archivio::lega(int ordinale_concorso) {
     Err esito = draws.Fields(ordinale_concorso, campo_concorso);
     if (esito.ok()) esito = draws.Fields(0, campo_data);
@@ -33,12 +37,14 @@ Err Archivio::lega(int ordinale_concorso) {
 }
 
 Err Archivio::apri(const std::string& file, bool tabella_ruote) {
+    const std::optional<platform::Impronta> trovata = impronta_archivio(file);
     Err esito = platform::OpenDatabase(file, false, true, database);
     if (esito.ok()) esito = database.OpenRecordset(tabella_ruote ? "archivio" : "archivios", draws);
     if (esito.ok()) esito = lega(tabella_ruote ? 7 : 9);
     if (esito.ok()) esito = database.OpenRecordset("archivion", national);
     if (esito.ok()) esito = draws.MoveLast();
     if (esito.ok() && national.RecordCount() > 0) esito = national.MoveLast();
+    if (esito.ok()) aperta = trovata;
     return esito;
 }
 

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "platform/database.h"
+#include "platform/links.h"
 
 namespace statistics {
 
@@ -40,6 +42,9 @@ platform::Query query_nazionale(std::int32_t concorso);
 /// The archive below the suite's root `radice`, which ends in a separator.
 std::string file_archivio(std::string_view radice);
 
+/// That file as it is now, whichever engine reads it; nothing when there is none.
+std::optional<platform::Impronta> impronta_archivio(const std::string& file);
+
 /// One database and at most two recordsets at a time, with the fields of the current draw.
 struct Archivio {
     platform::Database database;
@@ -50,6 +55,9 @@ struct Archivio {
     platform::Field campo_1;  ///< at ordinal 1
     /// Places 1 to 5 hold ordinals 2 to 6.
     std::array<platform::Field, 6> campi_estratti;
+
+    /// The file as it was when the tables that are open were opened; nothing before.
+    std::optional<platform::Impronta> aperta;
 
     /// Binds the fields on `draws`.
     platform::Err lega(int ordinale_concorso);

@@ -129,6 +129,11 @@ public:
     void avvia();
     /// Opens the archive of draws as `draws`; reads fail from then on when it fails.
     platform::Err apri_archivio();
+    /// Opens it again where another file stands in its place since; what cannot be opened leaves
+    /// the draws as they were.
+    void rinfresca_archivio();
+    /// The archive as it stands on the disk; nothing when there is none.
+    [[nodiscard]] std::optional<platform::Impronta> impronta_archivio() const;
 
     // What it is.
     [[nodiscard]] const std::string& cartella() const { return cartella_; }

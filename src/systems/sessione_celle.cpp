@@ -143,6 +143,14 @@ platform::Err Sessione::apri_archivio() {
     return archivio.apri(statistics::file_archivio(platform::radice(cartella_)), tabella_ruote_);
 }
 
+std::optional<platform::Impronta> Sessione::impronta_archivio() const {
+    return statistics::impronta_archivio(statistics::file_archivio(platform::radice(cartella_)));
+}
+
+void Sessione::rinfresca_archivio() {
+    if (!occupata_ && impronta_archivio() != archivio.aperta) apri_archivio();
+}
+
 std::optional<Generato> Sessione::estrazioni_della_ruota(int ruota) {
     const std::string_view codice = statistics::codice_ruota(ruota);
     if (!archivio.database.OpenRecordset(statistics::query_ruota(codice), archivio.draws).ok())
@@ -206,6 +214,7 @@ std::optional<crossword::Classi> Sessione::classi_generate() const {
 
 void Sessione::completa(const statistics::Seguito& seguito) {
     if (occupata_) return;
+    rinfresca_archivio();
     const Azione azione(*this);
     const Lavoro lavoro(*this);
     statistics::LettoreArchivio lettore(archivio);

@@ -7,8 +7,13 @@
 #include "platform/runtime.h"
 #include "platform/sqlite.h"
 #include "platform/sqlite_scrivi.h"
+#include "statistics/stato_archivio.h"
 
 namespace importazione {
+
+using statistics::chiave_lotto;
+using statistics::chiave_superenalotto;
+using statistics::inventate;
 
 using platform::Foglio;
 using platform::Tabella;
@@ -19,7 +24,6 @@ const std::array<std::string_view, ruote_tutte> sigle = {"BA", "CA", "FI", "GE",
 namespace {
 
 constexpr std::string_view in_attesa = "in_attesa";
-constexpr std::string_view dimostrativa = "dimostrativo";
 constexpr std::string_view propri = "numeri dei file";
 constexpr std::string_view correnti = "numeri correnti";
 
@@ -164,7 +168,8 @@ Tabella tabella_sestine(const std::map<Data, Sestina>& sestine,
 std::map<std::string, std::string> informazioni(const std::string& file) {
     Tabella t;
     std::map<std::string, std::string> note;
-    if (platform::leggi_sqlite(file, "informazioni", t) != 0 || !colonne_di_tipo(t, "tt"))
+    if (platform::leggi_sqlite(file, statistics::tabella_informazioni, t) != 0 ||
+        !colonne_di_tipo(t, "tt"))
         return note;
     for (std::size_t r = 0; r < t.righe(); ++r) {
         note[t.valore(0, r).testo().value_or("")] = t.valore(1, r).testo().value_or("");
@@ -208,8 +213,8 @@ int carica(const std::string& file, Contenuto& contenuto) {
     if (!platform::esiste_file(file)) return platform::errore_file_assente;
     if (const int errore = platform::verifica_sqlite(file); errore != 0) return errore;
     auto note = informazioni(file);
-    const bool lotto_suoi = note["lotto"] == propri;
-    const bool super_suoi = note["superenalotto"] == propri;
+    const bool lotto_suoi = note[std::string(chiave_lotto)] == propri;
+    const bool super_suoi = note[std::string(chiave_superenalotto)] == propri;
     for (const std::string_view nome : {std::string_view("archivio"), std::string_view("archivion"),
                                         in_attesa, std::string_view("archivios")}) {
         Tabella t;
@@ -222,8 +227,8 @@ int carica(const std::string& file, Contenuto& contenuto) {
                                : carica_ruote(t, lotto_suoi || nome == in_attesa, contenuto.lotto);
         if (!buona) return platform::errore_danneggiato;
     }
-    contenuto.lotto_dimostrativo = note["lotto"] == dimostrativa;
-    contenuto.superenalotto_dimostrativo = note["superenalotto"] == dimostrativa;
+    contenuto.lotto_dimostrativo = note[std::string(chiave_lotto)] == inventate;
+    contenuto.superenalotto_dimostrativo = note[std::string(chiave_superenalotto)] == inventate;
     return 0;
 }
 
@@ -244,15 +249,16 @@ bool salva(const std::string& file, const Contenuto& contenuto) {
             accoda_ruota(t, data, r, *giorno.ruote[r], numero);
         }
     }
-    Foglio note{"informazioni", {}, ""};
+    Foglio note{std::string(statistics::tabella_informazioni), {}, ""};
     note.tabella.aggiungi_colonna("chiave", Tabella::Tipo::testo);
     note.tabella.aggiungi_colonna("valore", Tabella::Tipo::testo);
     const auto annota = [&note](std::string_view gioco, bool invenzione, bool suoi) {
         note.tabella.accoda(0, gioco);
-        note.tabella.accoda(1, invenzione ? dimostrativa : suoi ? propri : correnti);
+        note.tabella.accoda(1, invenzione ? inventate : suoi ? propri : correnti);
     };
-    annota("lotto", contenuto.lotto_dimostrativo, numeri_dei_file(contenuto.lotto, numeri_lotto));
-    annota("superenalotto", contenuto.superenalotto_dimostrativo,
+    annota(chiave_lotto, contenuto.lotto_dimostrativo,
+           numeri_dei_file(contenuto.lotto, numeri_lotto));
+    annota(chiave_superenalotto, contenuto.superenalotto_dimostrativo,
            numeri_dei_file(contenuto.superenalotto, numeri_super));
     return platform::scrivi_sqlite(
         file,

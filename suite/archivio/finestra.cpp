@@ -11,6 +11,7 @@
 #include "importa.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/folder.h"
+#include "statistics/stato_archivio.h"
 
 namespace importazione {
 
@@ -31,6 +32,12 @@ QStringList locali(const QMimeData* dati) {
     return file;
 }
 
+QString quali(const std::string& gioco) {
+    if (gioco == statistics::chiave_lotto) return "del Lotto";
+    if (gioco == statistics::chiave_superenalotto) return "del SuperEnalotto";
+    return "del Lotto o del SuperEnalotto";
+}
+
 void accoda(QStringList& righe, const char* titolo, const std::vector<Nota>& note,
             std::int64_t quante) {
     if (note.empty()) return;
@@ -42,7 +49,8 @@ void accoda(QStringList& righe, const char* titolo, const std::vector<Nota>& not
 
 }  // namespace
 
-Finestra::Finestra(std::string archivio) : archivio_(std::move(archivio)) {
+Finestra::Finestra(std::string archivio, const std::string& gioco)
+    : archivio_(std::move(archivio)) {
     setObjectName("Archivio");
     setWindowTitle("Tabellino - Archivio delle estrazioni");
     setAcceptDrops(true);
@@ -58,7 +66,8 @@ Finestra::Finestra(std::string archivio) : archivio_(std::move(archivio)) {
     lblstato->setWordWrap(true);
     lbltrascina = new QLabel(
         "Trascinate qui i file delle estrazioni\n"
-        "lo storico del Lotto o del SuperEnalotto, anche in ZIP",
+        "lo storico " +
+            quali(gioco) + ", anche in ZIP",
         this);
     lbltrascina->setObjectName("lbltrascina");
     lbltrascina->setProperty("trascina", true);

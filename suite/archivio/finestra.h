@@ -15,8 +15,8 @@ namespace importazione {
 class Finestra : public QDialog {
     Q_OBJECT
 public:
-    /// Works on `archivio`.
-    explicit Finestra(std::string archivio);
+    /// Works on `archivio`; asks for the draws of `gioco`, by its key in the archive, or of any.
+    explicit Finestra(std::string archivio, const std::string& gioco = {});
 
     void importa_file(const QStringList& file);
 

@@ -15,7 +15,10 @@ int main(int argc, char** argv) {
         const std::string eseguibile = platform::cartella_eseguibile();
         return platform::trova_cartella(eseguibile, eseguibile + "/../share/tabellino");
     };
-    if (!parole.empty()) {
+    // The program names the game whose draws it wants.
+    const std::string gioco =
+        parole.size() == 2 && parole[0] == "--gioco" ? parole[1] : std::string();
+    if (!parole.empty() && gioco.empty()) {
         return importazione::comando(
             parole, [&] { return importazione::archivio_della_suite(cartella()); });
     }
@@ -26,7 +29,7 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(QIcon(":/tabellino.svg"));
     app::applica_stile(qt);
     const std::string programma = cartella();
-    importazione::Finestra finestra(importazione::archivio_della_suite(programma));
+    importazione::Finestra finestra(importazione::archivio_della_suite(programma), gioco);
     finestra.setStyleSheet(
         platform::q(app::foglio_aspetto(platform::radice(programma), app::desktop_scuro())));
     finestra.show();

@@ -1,7 +1,9 @@
 // The line at the foot of the main form follows the player.
 #include <QAccessible>
 #include <QProgressBar>
+#include <QSignalSpy>
 
+#include "app/piede.h"
 #include "platform/qt/folder.h"
 #include "support/programma.h"
 
@@ -9,27 +11,18 @@ using support::Programma;
 
 namespace {
 
-std::vector<QString> annunciati;
-
-void ascolta(QAccessibleEvent* evento) {
-    if (evento->type() != QAccessible::Alert) return;
-    const auto* e = qobject_cast<QLabel*>(evento->object());
-    annunciati.push_back(e != nullptr ? e->text() : "no label");
-}
-
 class PiedeForm : public testing::Test {
 protected:
-    void SetUp() override {
-        annunciati.clear();
-        prima_ = QAccessible::installUpdateHandler(ascolta);
+    /// Empties the first cell, by keys.
+    void svuota_casella() {
+        p.form1.activateWindow();
+        QApplication::processEvents();
+        p.cella(0, 0);
+        QTest::keyClick(p.form1.MSFlexGrid1, Qt::Key_Delete);
     }
-    void TearDown() override { QAccessible::installUpdateHandler(prima_); }
     [[nodiscard]] QString passo() const { return p.form1.lblpasso->text(); }
 
     Programma p{true};
-
-private:
-    QAccessible::UpdateHandler prima_ = nullptr;
 };
 
 TEST_F(PiedeForm, TheWholeRoadByMouse) {
@@ -52,10 +45,13 @@ TEST_F(PiedeForm, TheWholeRoadByMouse) {
 }
 
 TEST_F(PiedeForm, EachNewStepIsToldToThoseWhoDoNotSee) {
+    QSignalSpy detti(p.form1.findChild<app::Piede*>("piede"), &app::Piede::detto);
     p.cella(0, 0);
     p.numero(7);
     p.numero(8);
-    EXPECT_EQ(annunciati, (std::vector<QString>{"Mancano 35 numeri", "Mancano 34 numeri"}));
+    ASSERT_EQ(detti.size(), 2);
+    EXPECT_EQ(detti[0][0].toString(), "Mancano 35 numeri");
+    EXPECT_EQ(detti[1][0].toString(), "Mancano 34 numeri");
     const auto* a = QAccessible::queryAccessibleInterface(p.form1.lblpasso);
     EXPECT_EQ(a->text(QAccessible::Name), "Mancano 34 numeri");
 }
@@ -75,8 +71,7 @@ TEST_F(PiedeForm, TheStepAndTheAnalysisStandSideBySide) {
     EXPECT_FALSE(passo_visto->geometry().intersects(analisi->geometry()));
     EXPECT_GE(passo_visto->width(), passo_visto->sizeHint().width());
     EXPECT_GE(analisi->width(), analisi->sizeHint().width());
-    p.cella(0, 0);
-    QTest::keyClick(p.form1.MSFlexGrid1, Qt::Key_Delete);
+    svuota_casella();
     EXPECT_EQ(passo(), "Manca un numero");
     EXPECT_FALSE(analisi->isVisible());
 }
@@ -101,8 +96,7 @@ TEST_F(PiedeForm, WhatTheManagerDidIsToldAndTheNextChangeTakesItsPlace) {
     Programma::voce(f->mnuelimina);
     EXPECT_EQ(passo(), "Il sistema «prova» è stato eliminato");
     f->close();
-    p.cella(0, 0);
-    QTest::keyClick(p.form1.MSFlexGrid1, Qt::Key_Delete);
+    svuota_casella();
     EXPECT_EQ(passo(), "Manca un numero");
     p.mostrati();
 }

@@ -19,35 +19,38 @@ Finestre& finte() {
     return f;
 }
 
-std::int64_t avvia(const QString& programma, const QString& cartella) {
+std::int64_t avvia(const QString& programma, const QString& cartella, const QStringList& parole) {
     QProcess processo;
     processo.setProgram(programma);
+    processo.setArguments(parole);
     processo.setWorkingDirectory(cartella);
     qint64 numero = 0;
     return processo.startDetached(&numero) ? numero : 0;
 }
 
-std::int64_t avvia(const std::string& programma) {
+std::int64_t avvia(const std::string& programma, const QStringList& parole) {
     const std::string nome = nome_su_disco(programma);
     if (!esiste_file(nome)) return 0;
     const QString testo = q(nome);
     if (QFile::encodeName(testo).toStdString() == nome) {
-        return avvia(testo, QFileInfo(testo).absolutePath());
+        return avvia(testo, QFileInfo(testo).absolutePath(), parole);
     }
     // Named by a handle: the process class would spoil a folder's bytes that are no text.
     const macchina::Soprannome cartella(cartella_di(nome));
     const QString dove = QString::fromStdString(cartella.nome());
     if (dove.isEmpty()) return 0;
-    return avvia(dove + "/" + q(nome.substr(nome.rfind('/') + 1)), dove);
+    return avvia(dove + "/" + q(nome.substr(nome.rfind('/') + 1)), dove, parole);
 }
 
 }  // namespace
 
-std::int64_t Shell(const std::string& programma) {
-    const std::int64_t numero = avvia(programma);
+std::int64_t Shell(const std::string& programma, const std::vector<std::string>& parole) {
+    QStringList argomenti;
+    for (const std::string& parola : parole) argomenti << q(parola);
+    const std::int64_t numero = avvia(programma, argomenti);
     constexpr std::string_view fine = ".exe";
     if (numero != 0 || !LCase(programma).ends_with(fine)) return numero;
-    return avvia(programma.substr(0, programma.size() - fine.size()));
+    return avvia(programma.substr(0, programma.size() - fine.size()), argomenti);
 }
 
 std::vector<Finestra> EnumWindows() {

@@ -14,7 +14,7 @@ namespace platform {
 /// Starts a program by its full name, in its own folder, and does not wait for it. Where it does
 /// not start, the name without ".exe" is tried, as programs have no such ending everywhere.
 /// The number of the process, 0 when neither started.
-std::int64_t Shell(const std::string& programma);
+std::int64_t Shell(const std::string& programma, const std::vector<std::string>& parole = {});
 
 /// The windows of the screen that this program shows itself on, the topmost first; none when it
 /// shows nothing.
