@@ -1,5 +1,6 @@
 #include "viewer/form3.h"
 
+#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QShowEvent>
 #include <QWheelEvent>
@@ -11,6 +12,7 @@
 #include "platform/runtime.h"
 #include "systems/elenco.h"
 #include "systems/file_sistema.h"
+#include "viewer/strumenti.h"
 
 namespace viewer {
 
@@ -123,6 +125,39 @@ bool Form3::superato() const {
     return platform::impronta(file_sviluppo()) != indicizzato_;
 }
 
+std::vector<std::int32_t> Form3::cerca(const Cercati& cercati) {
+    if (superato()) return {};
+    return viewer::cerca(file_sviluppo(), gioco_.numeri(), cercati);
+}
+
+QString Form3::combinazione(std::int32_t n) const {
+    const std::int32_t pagina = pagine_di(n);
+    if (letta_ != pagina) {
+        pagina_letta_ =
+            leggi_pagina(file_sviluppo(), posizioni_.posizione(pagina), gioco_.numeri());
+        letta_ = pagina;
+    }
+    const auto riga = static_cast<std::size_t>((n - 1) % righe_pagina);
+    if (riga >= pagina_letta_.righe.size()) return {};
+    QStringList testi;
+    for (int i = 0; i < gioco_.numeri(); ++i) {
+        testi << QString::number(pagina_letta_.righe[riga][static_cast<std::size_t>(i)]);
+    }
+    return testi.join("  ");
+}
+
+void Form3::mostra_combinazione(std::int32_t n) {
+    if (!pronto_ || n < 1) return;
+    HScroll1->setValue(pagine_di(n));
+    const int linea = (n - 1) % righe_pagina;
+    const bool sinistra = linea < righe_blocco;
+    for (platform::ListView* l : {ListView1, ListView2, ListView3, ListView4}) l->clearSelection();
+    for (platform::ListView* l :
+         {sinistra ? ListView1 : ListView2, sinistra ? ListView3 : ListView4}) {
+        l->setCurrentItem(l->topLevelItem(linea % righe_blocco));
+    }
+}
+
 void Form3::rivedi() {
     if (superato()) close();
 }
@@ -193,6 +228,13 @@ void Form3::wheelEvent(QWheelEvent* evento) {
 void Form3::showEvent(QShowEvent* evento) {
     QDialog::showEvent(evento);
     if (!evento->spontaneous()) platform::centra(this, &finestra_);
+}
+
+void Form3::closeEvent(QCloseEvent* evento) {
+    if (!strumenti->al_lavoro()) return QDialog::closeEvent(evento);
+    strumenti->ferma();
+    chiusura_chiesta_ = true;
+    evento->ignore();
 }
 
 void Form3::hideEvent(QHideEvent* evento) {

@@ -14,12 +14,15 @@
 #include "platform/qt/controls.h"
 #include "platform/qt/listview.h"
 #include "viewer/indice.h"
+#include "viewer/ricerca.h"
 
 namespace app {
 class Finestra;
 }
 
 namespace viewer {
+
+class Strumenti;
 
 /// Shows the development of the system named by its `Tag`, of the game and form in force when it is
 /// made; `finestra` outlives the viewer.
@@ -35,6 +38,18 @@ public:
 
     /// Closes when the development is not the one that was indexed: its pages begin elsewhere now.
     void rivedi();
+
+    /// Shows the page of combination `n`, counted from 1, with that line chosen.
+    void mostra_combinazione(std::int32_t n);
+    /// Its numbers as they are listed; empty for one that cannot be read.
+    [[nodiscard]] QString combinazione(std::int32_t n) const;
+    /// Places of the combinations that hold all of some numbers.
+    [[nodiscard]] std::vector<std::int32_t> cerca(const Cercati& cercati);
+    [[nodiscard]] std::string file_sviluppo() const;
+    [[nodiscard]] crossword::Gioco gioco() const { return gioco_; }
+    [[nodiscard]] app::Finestra& finestra() const { return finestra_; }
+    /// True once the form was to close while a job ran.
+    [[nodiscard]] bool chiusura_chiesta() const { return chiusura_chiesta_; }
 
     [[nodiscard]] std::int32_t pagine() const { return pagine_; }
     [[nodiscard]] bool pronto() const { return pronto_; }
@@ -57,6 +72,7 @@ public:
     platform::ListView* ListView4 = nullptr;
     QScrollBar* HScroll1 = nullptr;
     QPushButton* Command1 = nullptr;
+    Strumenti* strumenti = nullptr;
 
 protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
@@ -64,6 +80,7 @@ protected:
     void wheelEvent(QWheelEvent* evento) override;
     void showEvent(QShowEvent* evento) override;
     void hideEvent(QHideEvent* evento) override;
+    void closeEvent(QCloseEvent* evento) override;
 
 private:
     void crea_lettura();
@@ -76,7 +93,6 @@ private:
     void popola_griglia2();
     void HScroll1_Change();
     void mostra_riga(const Riga& riga, int numeri, int linea, std::int32_t page);
-    [[nodiscard]] std::string file_sviluppo() const;
     [[nodiscard]] bool tasto_di_pagina(const QKeyEvent* evento);
     void rotella(const QWheelEvent* evento);
 
@@ -89,6 +105,10 @@ private:
     std::int32_t pagine_ = 0;
     bool pronto_ = false;
     int resto_rotella_ = 0;
+    bool chiusura_chiesta_ = false;
+    /// The page that `combinazione` read last.
+    mutable std::int32_t letta_ = 0;
+    mutable Pagina pagina_letta_;
 };
 
 }  // namespace viewer

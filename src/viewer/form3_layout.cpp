@@ -5,6 +5,7 @@
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
 #include "viewer/form3.h"
+#include "viewer/strumenti.h"
 
 namespace viewer {
 
@@ -35,6 +36,7 @@ Form3::Form3(app::Finestra& finestra)
     crea_dati();
     crea_liste();
     crea_pagina();
+    strumenti = new Strumenti(*this);
     crea_lettura();
 }
 

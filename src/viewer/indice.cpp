@@ -1,7 +1,5 @@
 #include "viewer/indice.h"
 
-#include "platform/text_file.h"
-
 namespace viewer {
 
 void Indice::costruisci(const std::string& file, std::int32_t pagine, const Passo& passo) {
@@ -40,15 +38,21 @@ std::int32_t pagine_di(std::int32_t conteggio) {
     return conteggio / righe_pagina + (conteggio % righe_pagina != 0 ? 1 : 0);
 }
 
+bool leggi_riga(platform::TextReader& sviluppo, int numeri, Riga& riga) {
+    if (sviluppo.eof()) return false;
+    for (int i = 0; i < numeri; ++i) {
+        if (!sviluppo.intero(riga[static_cast<std::size_t>(i)])) return false;
+    }
+    return true;
+}
+
 Pagina leggi_pagina(const std::string& file, std::int64_t posizione, int numeri) {
     Pagina pagina;
     platform::TextReader sviluppo(file);
     if (numeri < 1 || numeri > 6 || !sviluppo.seek(posizione)) return pagina;
     while (pagina.righe.size() < righe_pagina && !sviluppo.eof()) {
         Riga riga{};
-        for (int i = 0; i < numeri; ++i) {
-            if (!sviluppo.intero(riga[static_cast<std::size_t>(i)])) return pagina;
-        }
+        if (!leggi_riga(sviluppo, numeri, riga)) return pagina;
         pagina.righe.push_back(riga);
     }
     pagina.seguente = sviluppo.seek();

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/text_file.h"
+
 namespace viewer {
 
 inline constexpr int righe_pagina = 40;
@@ -44,6 +46,10 @@ private:
 
 /// Pages of forty lines that hold `conteggio` lines.
 std::int32_t pagine_di(std::int32_t conteggio);
+
+/// Reads the next line of `numeri` numbers; false at the end, and at a line that is cut short or
+/// holds no byte values.
+bool leggi_riga(platform::TextReader& sviluppo, int numeri, Riga& riga);
 
 /// Reads up to forty lines of `numeri` numbers from a 1-based position. A line that is cut short
 /// or holds no byte values ends the page.

@@ -4,6 +4,7 @@
 #include "platform/disk.h"
 #include "printing/listati.h"
 #include "sistema/verbi.h"
+#include "viewer/esportazione.h"
 
 namespace sistema {
 
@@ -18,12 +19,6 @@ int colonne_di_schedina(const Aperto& aperto) {
                                    : printing::colonne_schedina(propria.cartella);
 }
 
-std::string testata(int numeri, bool schede) {
-    std::string riga = schede ? "schedina,colonna" : "combinazione";
-    for (int i = 1; i <= numeri; ++i) riga += ",n" + std::to_string(i);
-    return riga + "\n";
-}
-
 /// Both forms of the combinations, in the order of the development; `per_schedina` is 0 where
 /// slips do not matter.
 Risposta elenca(const Aperto& aperto, const Sviluppo& sviluppo, int per_schedina) {
@@ -31,12 +26,14 @@ Risposta elenca(const Aperto& aperto, const Sviluppo& sviluppo, int per_schedina
     const auto quante = static_cast<std::int32_t>(sviluppo.giocate.righe());
     check::Lettore lettore(sviluppo.file, numeri);
     Risposta r;
-    r.testo = testata(numeri, per_schedina > 0);
+    viewer::accoda_testata(r.testo, numeri, per_schedina);
     suite::Json json;
     descrivi(aperto.sessione(), json);
     if (per_schedina > 0) json.voce("colonne_per_schedina").intero(per_schedina);
     r.json = json.uscita() + ",\"combinazioni\":[";
     for (std::int32_t n = 1; n <= quante && lettore.prossimo(); ++n) {
+        viewer::accoda_riga(
+            r.testo, n, {lettore.colonna().data(), static_cast<std::size_t>(numeri)}, per_schedina);
         std::string riga;
         for (int i = 0; i < numeri; ++i) {
             riga +=
@@ -45,11 +42,9 @@ Risposta elenca(const Aperto& aperto, const Sviluppo& sviluppo, int per_schedina
         if (per_schedina > 0) {
             const std::string scheda = std::to_string(check::scheda_di(n, per_schedina));
             const std::string posto = std::to_string((n - 1) % per_schedina + 1);
-            r.testo += scheda + "," + posto + "," + riga + "\n";
             r.json += std::string(n > 1 ? "," : "") + "{\"schedina\":" + scheda +
                       ",\"colonna\":" + posto + ",\"numeri\":[" + riga + "]}";
         } else {
-            r.testo += std::to_string(n) + "," + riga + "\n";
             r.json += std::string(n > 1 ? "," : "") + "[" + riga + "]";
         }
     }

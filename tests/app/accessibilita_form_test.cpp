@@ -45,7 +45,8 @@ protected:
         }).tutte();
         const std::set<std::string> attese{"Archivio",   "Form1",      "Form2",       "Form3",
                                            "Modulo",     "Stampa",     "formeuro",    "frmAbout",
-                                           "frmspoglio", "frmanalisi", "frmmigliora", "frmstsvl"};
+                                           "frmspoglio", "frmanalisi", "frmmigliora", "frmstsvl",
+                                           "frmcerca"};
         EXPECT_EQ(viste, attese);
     }
 

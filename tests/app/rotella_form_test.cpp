@@ -150,7 +150,7 @@ TEST(Rotella, SuNessunComandoDiNessunaFinestraCambiaCioCheESceltoOScritto) {
     tocca(guida, toccati);
     EXPECT_EQ(viste, (std::set<std::string>{"Archivio", "Form1", "Form2", "Form3", "Modulo",
                                             "Stampa", "formeuro", "frmAbout", "frmanalisi",
-                                            "frmmigliora", "frmspoglio", "frmstsvl"}));
+                                            "frmcerca", "frmmigliora", "frmspoglio", "frmstsvl"}));
     for (const char* comando :
          {"platform::TabStrip TabStrip1", "platform::UpDown UpDown2", "platform::ComboBox Combo3",
           "platform::ListBox List1", "platform::MSFlexGrid MSFlexGrid2", "QTreeWidget indice"})

@@ -20,6 +20,8 @@
 #include "support/programma.h"
 #include "viewer/form3.h"
 #include "viewer/formeuro.h"
+#include "viewer/frmcerca.h"
+#include "viewer/strumenti.h"
 
 namespace support {
 
@@ -99,6 +101,13 @@ private:
         auto* f = aperta<viewer::Form3>();
         ASSERT_NE(f, nullptr);
         guarda(*f, "Form3");
+        Programma::clic(f->strumenti->cmdcerca);
+        auto* cerca = aperta<viewer::frmcerca>();
+        ASSERT_NE(cerca, nullptr);
+        guarda(*cerca, "frmcerca");
+        cerca->txtnumeri->setText(QString::number(p_.griglia()[0][0]));
+        guarda(*cerca, "frmcerca con le combinazioni trovate");
+        cerca->close();
         f->close();
     }
     void stampa() {

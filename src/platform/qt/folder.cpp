@@ -2,6 +2,7 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include "platform/qt/desktop.h"
 
@@ -59,10 +60,16 @@ QString scegli_nuovo_file(QWidget* proprietario, const QString& titolo, const QS
     if (scelta_nuovo_in_forza()) return scelta_nuovo_in_forza()(proposta);
     QFileDialog dialogo(proprietario, titolo);
     dialogo.setAcceptMode(QFileDialog::AcceptSave);
-    dialogo.setNameFilter(tipi);
+    dialogo.setNameFilters(tipi.split(";;"));
     dialogo.setDirectory(QFileInfo(proposta).path());
     dialogo.selectFile(QFileInfo(proposta).fileName());
     dialogo.setDefaultSuffix(QFileInfo(proposta).suffix());
+    // Each kind has an ending of its own.
+    QObject::connect(&dialogo, &QFileDialog::filterSelected, &dialogo, [&](const QString& tipo) {
+        static const QRegularExpression fine("\\*\\.(\\w+)\\)");
+        const QString estensione = fine.match(tipo).captured(1);
+        if (!estensione.isEmpty()) dialogo.setDefaultSuffix(estensione);
+    });
     return esegui(dialogo).value(0);
 }
 

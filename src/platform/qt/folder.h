@@ -19,7 +19,8 @@ QString scegli_cartella(QWidget* proprietario, const QString& titolo, const QStr
 QStringList scegli_file(QWidget* proprietario, const QString& titolo, const QString& inizio,
                         const QString& tipi);
 
-/// Lets the user name a file to be written, of the kind `tipi` ("Name (*.a)"), `proposta` first;
+/// Lets the user name a file to be written, of the kinds `tipi` ("Name (*.a);;Other (*.b)"),
+/// `proposta` first;
 /// asks before one that is there. Empty when cancelled.
 QString scegli_nuovo_file(QWidget* proprietario, const QString& titolo, const QString& proposta,
                           const QString& tipi);
