@@ -10,6 +10,7 @@
 #include "development/elaboratore.h"
 #include "statistics/riempimento.h"
 #include "systems/archiviatore.h"
+#include "systems/trascinati.h"
 
 namespace app {
 
@@ -22,7 +23,9 @@ struct Form1::Parti {
           riempimento(f, lavori, vista, {f.MSFlexGrid1, f.Frame3, f.Combo6}),
           elaboratore(f, dialoghi, lavori),
           archiviatore(f, dialoghi),
-          archivio(f, {f.Frame7, {f.cmdstat, f.cmdstat2}, f.mnuarchivio}) {}
+          archivio(f, {f.Frame7, {f.cmdstat, f.cmdstat2}, f.mnuarchivio}) {
+        new systems::Trascinati(f, &f);
+    }
 
     Lavori lavori;
     Riepilogo riepilogo;

@@ -13,6 +13,7 @@
 #include "platform/qt/copia.h"
 #include "platform/qt/lingua.h"
 #include "platform/qt/rotella.h"
+#include "platform/qt/tasto_menu.h"
 
 /// A static library's resources are linked in only when somebody asks for them; the macro works
 /// in the global namespace alone.
@@ -214,6 +215,7 @@ void applica_stile(QApplication& applicazione) {
     applicazione.setStyleSheet(foglio);
     platform::rotella_per_scorrere(applicazione);
     platform::copia_da_griglie(applicazione);
+    platform::menu_con_maiusc_f10(applicazione);
 }
 
 }  // namespace app

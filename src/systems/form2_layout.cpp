@@ -8,6 +8,7 @@
 #include "platform/qt/disposizione.h"
 #include "systems/elenco.h"
 #include "systems/form2.h"
+#include "systems/trascinati.h"
 
 namespace systems {
 
@@ -91,6 +92,9 @@ void Form2::crea_lista() {
     ListView1->setAccessibleName(tr("Sistemi"));
     ListView1->setGeometry(8, 40, larghezza - 16, 206);
     ListView1->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    ListView1->invita(
+        tr("Nessun sistema: salvatene uno dalla finestra principale,\n"
+           "o trascinate qui i suoi file."));
 }
 
 void Form2::crea_apri() {
@@ -192,6 +196,8 @@ void Form2::collega() {
     connect(Command1, &QPushButton::clicked, this, &Form2::esci_congelando);
     connect(cmdeffacer1, &QPushButton::clicked, this, &Form2::esci_congelando);
     collega_operazioni();
+    // A name that is being typed for a save must not lose its window to an import.
+    new Trascinati(finestra_, this, [this] { return pic_salva->isVisible(); });
 }
 
 }  // namespace systems

@@ -63,6 +63,9 @@ void Form3::iniz() {
     lblpag[0]->setText("1");
     lblpag[1]->setText(QString::number(pagine_));
     lbltot->setText(q(platform::Format(conteggio, platform::Modello::interi)));
+    if (ListView1->topLevelItemCount() == 0) {
+        ListView1->invita(tr("Nessuna combinazione da leggere: elaborate il sistema (F5)."));
+    }
     Frame1->hide();
     Frame2->show();
     setFixedSize(px(9135), px(7600));

@@ -83,6 +83,33 @@ QTreeWidgetItem* ListView::selezionata() const {
     return scelte.isEmpty() ? nullptr : scelte.first();
 }
 
+void ListView::invita(const QString& testo) {
+    invito_ = new QLabel(testo, viewport());
+    invito_->setObjectName("lblinvito");
+    invito_->setProperty("invito", true);
+    invito_->setAlignment(Qt::AlignCenter);
+    invito_->setWordWrap(true);
+    invito_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    // Nothing of the list itself, which goes before its model empties for the last time.
+    const auto secondo_le_righe = [e = invito_, m = model()] { e->setVisible(m->rowCount() == 0); };
+    connect(model(), &QAbstractItemModel::rowsInserted, invito_, secondo_le_righe);
+    connect(model(), &QAbstractItemModel::rowsRemoved, invito_, secondo_le_righe);
+    connect(model(), &QAbstractItemModel::modelReset, invito_, secondo_le_righe);
+    rivedi_invito();
+}
+
+void ListView::rivedi_invito() {
+    if (invito_ == nullptr) return;
+    constexpr int margine = 8;
+    invito_->setGeometry(viewport()->rect().adjusted(margine, margine, -margine, -margine));
+    invito_->setVisible(topLevelItemCount() == 0);
+}
+
+void ListView::resizeEvent(QResizeEvent* evento) {
+    QTreeWidget::resizeEvent(evento);
+    rivedi_invito();
+}
+
 void ListView::contextMenuEvent(QContextMenuEvent* evento) {
     Q_EMIT TastoDestro(evento->globalPos());
 }

@@ -1,6 +1,7 @@
 // Report list with columns, sortable by text, and a strip of tabs.
 #pragma once
 
+#include <QLabel>
 #include <QTabBar>
 #include <QTreeWidget>
 
@@ -31,6 +32,8 @@ public:
     void ordina(int colonna, Qt::SortOrder verso);
     /// Sorts again as last asked, after rows were added; nothing before the first sorting.
     void riordina();
+    /// What is read in the list while it has no rows.
+    void invita(const QString& testo);
 
 Q_SIGNALS:
     void ColumnClick(int colonna);
@@ -42,10 +45,13 @@ Q_SIGNALS:
 protected:
     void contextMenuEvent(QContextMenuEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
 
 private:
+    void rivedi_invito();
     /// Ends an edit as a click elsewhere does, before its row goes.
     void concludi_modifica();
+    QLabel* invito_ = nullptr;
     QList<int> larghezze_;
     QList<Qt::Alignment> versi_;
     int colonna_ordine_ = -1;
