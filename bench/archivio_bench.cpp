@@ -7,6 +7,7 @@
 #include <stdlib.h>
 #include <string>
 
+#include "platform/ambiente.h"
 #include "platform/database.h"
 #include "platform/jet.h"
 #include "platform/runtime.h"
@@ -100,7 +101,7 @@ void ruota(benchmark::State& stato, const std::string& file) {
 }
 
 std::string jet(benchmark::State& stato) {
-    platform::lettore_jet().programma = SUITE_DIR "/cruciverba/leggi_mdb";
+    platform::ambiente().lettore_jet.programma = SUITE_DIR "/cruciverba/leggi_mdb";
     const char* nome = std::getenv("TABELLINO_MDB");
     if (nome == nullptr) stato.SkipWithError("TABELLINO_MDB manca");
     return nome != nullptr ? nome : "";

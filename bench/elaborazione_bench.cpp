@@ -16,9 +16,9 @@
 
 #include "crossword/linee.h"
 #include "development/elaborazione.h"
+#include "platform/ambiente.h"
 #include "platform/disk.h"
 #include "platform/runtime.h"
-#include "platform/syscalls.h"
 
 extern char** environ;
 
@@ -88,14 +88,13 @@ bool elabora() {
 /// Device that answers at once when asked to make the data outlive a power cut.
 class SenzaSync : public platform::Syscalls {
 public:
-    SenzaSync() : prima_(platform::cambia_syscalls(this)) {}
+    SenzaSync() = default;
     SenzaSync(const SenzaSync&) = delete;
     SenzaSync& operator=(const SenzaSync&) = delete;
-    ~SenzaSync() override { platform::cambia_syscalls(prima_); }
     int fsync(int /*fd*/) override { return 0; }
 
 private:
-    platform::Syscalls* prima_;
+    platform::Ripristina<platform::Syscalls*> posto_{platform::ambiente().chiamate, this};
 };
 
 /// Runs a command to its end, its output into `uscita` when that is not null.

@@ -9,6 +9,7 @@
 #include "app/stile.h"
 #include "platform/application.h"
 #include "platform/qt/desktop.h"
+#include "platform/qt/scrivania.h"
 
 namespace {
 
@@ -20,10 +21,11 @@ void genera(benchmark::State& stato, bool lotto) {
     const QApplication applicazione(argc, argv);
     app::applica_stile(*qApp);
     platform::App().Path = SUITE_DIR "/cruciverba";
-    platform::rispondi_con([&stato](const platform::Messaggio& m) {
+    const platform::Ripristina desktop(platform::scrivania());
+    platform::scrivania().risponde = [&stato](const platform::Messaggio& m) {
         stato.SkipWithError(m.testo.toUtf8().constData());
         return platform::vbOK;
-    });
+    };
     app::DialoghiQt dialoghi;
     app::Form1 form1(dialoghi);
     form1.Form_Load();
@@ -41,7 +43,6 @@ void genera(benchmark::State& stato, bool lotto) {
         stato.ResumeTiming();
     }
     form1.close();
-    platform::rispondi_con({});
     std::filesystem::remove(SUITE_DIR "/cruciverba/mstat.dat");
 }
 

@@ -16,6 +16,7 @@
 
 #include "platform/qt/desktop.h"
 #include "platform/qt/printer_qt.h"
+#include "platform/qt/scrivania.h"
 #include "stampa/lavoro.h"
 
 namespace {
@@ -62,7 +63,7 @@ schedine::Opzioni opzioni(std::int64_t genere) {
 
 class Applicazione {
 public:
-    Applicazione() { platform::stampa_solo_su_file(true); }
+    Applicazione() { platform::scrivania().stampa_solo_su_file = true; }
 
 private:
     int argc_ = 1;

@@ -15,6 +15,7 @@
 
 #include "platform/qt/desktop.h"
 #include "platform/qt/printer_qt.h"
+#include "platform/qt/scrivania.h"
 #include "printing/listati.h"
 
 namespace {
@@ -56,8 +57,8 @@ public:
     std::array<char*, 2> argv = {nome.data(), nullptr};
     ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
     const QGuiApplication applicazione(argc, argv.data());
-    platform::stampa_solo_su_file(true);
-    platform::apri_con([](const QString&) { return true; });
+    platform::scrivania().stampa_solo_su_file = true;
+    platform::scrivania().apre = [](const QString&) { return true; };
     platform::PrinterQt stampante("prova", platform::q(cartella + "/prova-sviluppo.pdf"));
     SenzaSchermo schermo;
     const bool riuscito = printing::stampa_sviluppo_superenalotto(

@@ -26,11 +26,6 @@ std::string Application::versione() const {
     return std::to_string(Major) + "." + std::to_string(Minor) + "." + std::to_string(Revision);
 }
 
-Application& App() {
-    static Application applicazione;
-    return applicazione;
-}
-
 std::string radice(std::string_view percorso) {
     return std::string(percorso.substr(
         0, percorso.size() >= nome_cartella.size() ? percorso.size() - nome_cartella.size() : 0));

@@ -54,7 +54,7 @@ private:
     bool preso_ = false;
 };
 
-/// The one application object.
+/// That of `ambiente.h`.
 Application& App();
 
 /// Parent of the program folder, found by cutting as many characters as "cruciverba" has.

@@ -6,7 +6,7 @@
 #include <cstring>
 #include <vector>
 
-#include "platform/application.h"
+#include "platform/ambiente.h"
 #include "platform/disk.h"
 #include "platform/figlio.h"
 #include "platform/file.h"
@@ -127,7 +127,7 @@ int leggi_messaggio(std::string_view dati, Tabella& tabella) {
 }
 
 int chiedi(const std::vector<std::string>& argomenti, Tabella& tabella) {
-    const LettoreJet& lettore = lettore_jet();
+    const LettoreJet& lettore = ambiente().lettore_jet;
     Figlio figlio;
     const std::string programma =
         lettore.programma.empty() ? trova_lettore(cartella_eseguibile()) : lettore.programma;
@@ -161,11 +161,6 @@ bool intestazione(const std::string& file) {
 }
 
 }  // namespace
-
-LettoreJet& lettore_jet() {
-    static LettoreJet lettore;
-    return lettore;
-}
 
 std::string trova_lettore(const std::string& eseguibile) {
     const std::string accanto = eseguibile + "/leggi_mdb";

@@ -10,7 +10,7 @@
 
 namespace platform {
 
-/// The child and how long it is waited for; a test sets its own.
+/// The child and how long it is waited for; a part of `ambiente.h`.
 struct LettoreJet {
     std::string programma;  ///< empty: what `trova_lettore` finds for the running program
     /// What the child may spend is bounded there; these only end the waiting for a disk that gives
@@ -19,7 +19,6 @@ struct LettoreJet {
     std::chrono::milliseconds attesa_totale{120000};
     std::size_t uscita_massima = std::size_t{64} << 20;
 };
-LettoreJet& lettore_jet();
 
 /// The child of a program in the folder `eseguibile`: beside it in a suite folder, among the
 /// programs that are no commands where it is installed.

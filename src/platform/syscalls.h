@@ -1,4 +1,4 @@
-// The system calls that can meet a failing device; a test puts its own in their place.
+// The system calls that can meet a failing device; they are a part of `ambiente.h`.
 #pragma once
 
 #include <cstddef>
@@ -25,9 +25,9 @@ public:
     virtual int fsetxattr(int fd, const char* nome, const void* dati, std::size_t quanti);
 };
 
-/// The calls in force, never null.
+/// The system's own.
+Syscalls& di_sistema();
+/// The calls in force.
 Syscalls& syscalls();
-/// Puts `nuove` in force (null: the system's own); not owned. Returns those before.
-Syscalls* cambia_syscalls(Syscalls* nuove);
 
 }  // namespace platform

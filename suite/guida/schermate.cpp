@@ -19,6 +19,7 @@
 #include "platform/application.h"
 #include "platform/disk.h"
 #include "platform/qt/desktop.h"
+#include "platform/qt/scrivania.h"
 #include "stampa/editor.h"
 #include "stampa/finestra.h"
 #include "systems/form2.h"
@@ -175,7 +176,7 @@ int main(int argc, char** argv) {
     carattere.setStyleStrategy(QFont::NoSubpixelAntialias);
     QApplication::setFont(carattere);
     const Suite suite(argv[2], argv[3]);
-    platform::rispondi_con([](const platform::Messaggio&) { return platform::vbYes; });
+    platform::scrivania().risponde = [](const platform::Messaggio&) { return platform::vbYes; };
     Fotografo foto(QString::fromLocal8Bit(argv[1]));
     app::DialoghiQt dialoghi;
     app::Form1 form1(dialoghi);

@@ -13,6 +13,7 @@
 #include "analysis/frmanalisi.h"
 #include "analysis/frmmigliora.h"
 #include "check/modulo_spoglio.h"
+#include "platform/qt/scrivania.h"
 #include "support/finestre_aperte.h"
 #include "support/guasti.h"
 #include "support/pdf.h"
@@ -49,12 +50,11 @@ void stessa(const analysis::VistaTavola* vista, const analysis::Tavola& tavola) 
 class AnalisiForm : public testing::Test {
 protected:
     AnalisiForm() {
-        platform::apri_con([this](const QString& documento) {
+        platform::scrivania().apre = [this](const QString& documento) {
             aperti << documento;
             return true;
-        });
+        };
     }
-    ~AnalisiForm() override { platform::apri_con({}); }
 
     void f9() {
         p.form1.activateWindow();
@@ -98,6 +98,7 @@ protected:
 
     Programma p{true, support::archivio_piccolo};
     QStringList aperti;
+    platform::Ripristina<platform::Scrivania> desktop_{platform::scrivania()};
 };
 
 TEST_F(AnalisiForm, OpensByF9AfterSavingAndElaborating) {

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "analysis/cruciverba_prova.h"
+#include "platform/ambiente.h"
 
 using namespace analysis;
 using crossword::Gioco;
@@ -232,4 +233,23 @@ TEST(Disposizione, pareggia_porta_i_numeri_piu_alla_pari) {
     tiene(r, libere);
     EXPECT_LT(squilibrio(libere.matrice), squilibrio(s.matrice));
     EXPECT_GT(libere.dopo.almeno(3), fisse.prima.almeno(3));
+}
+
+TEST(Disposizione, con_i_secondi_finisce_quando_lo_dice_l_orologio) {
+    int chiesto = 0;
+    const platform::Ripristina orologio(platform::ambiente().orologio,
+                                        [&] { return static_cast<double>(++chiesto); });
+    RichiestaDisposizione r = richiesta(piccolo(), 0);
+    r.secondi = 5000;
+    double parte = 0;
+    const Disposizione d = disponi(r, [&](const Andamento& a) {
+        EXPECT_GE(a.parte, parte);
+        parte = a.parte;
+        return Ordine::continua;
+    });
+    tiene(r, d);
+    EXPECT_EQ(parte, 1);
+    // Each question of the search is a second here, and it asks no more once they are over.
+    EXPECT_GT(chiesto, 3000);
+    EXPECT_LT(chiesto, 6000);
 }

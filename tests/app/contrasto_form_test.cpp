@@ -11,6 +11,7 @@
 
 #include "app/frmsplash.h"
 #include "guida/finestra.h"
+#include "platform/qt/scrivania.h"
 #include "support/finestre_aperte.h"
 #include "support/lettore_finestre.h"
 
@@ -105,7 +106,7 @@ TEST_P(Contrasto, SuggerimentiEMessaggiSiLeggono) {
         lettore.misura(*box);
         box->close();
     });
-    platform::rispondi_con({});
+    const platform::Ripristina vere(platform::scrivania().risponde, nullptr);
     platform::MsgBox(&p.form1, {"Salvare ora?", support::Pulsanti::si_no_annulla, "Tabellino",
                                 support::Icona::informazione});
     EXPECT_GT(lettore.misurati, 10);

@@ -4,6 +4,7 @@
 #include <QMessageBox>
 #include <QPointer>
 
+#include "platform/qt/scrivania.h"
 #include "support/finestre_aperte.h"
 
 namespace {
@@ -95,7 +96,7 @@ Finestra* davanti() {
 class SenzaMouse : public testing::Test {
 protected:
     // The boxes of this test are real ones.
-    SenzaMouse() { platform::rispondi_con({}); }
+    SenzaMouse() { platform::scrivania().risponde = nullptr; }
 
     void posa() {
         vai(&p.form1, p.form1.Combo1);
@@ -186,10 +187,11 @@ protected:
     }
     void stampa() {
         QStringList mostrati;
-        platform::apri_con([&mostrati](const QString& documento) {
+        const platform::Ripristina desktop(platform::scrivania());
+        platform::scrivania().apre = [&mostrati](const QString& documento) {
             mostrati << documento;
             return true;
-        });
+        };
         for (int opzione = 0; opzione < 2; ++opzione) {
             tasto(&p.form1, Qt::Key_F8);
             auto* f = davanti<printing::frmstsvl>();
@@ -203,7 +205,6 @@ protected:
             EXPECT_EQ(aperta<printing::frmstsvl>(), nullptr);
             p.form1.activateWindow();
         }
-        platform::apri_con({});
         EXPECT_TRUE(p.cartella.esiste("strada-prospetto.pdf"));
         EXPECT_TRUE(p.cartella.esiste("strada-sviluppo.pdf"));
         EXPECT_EQ(mostrati.size(), 2);

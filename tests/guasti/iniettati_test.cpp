@@ -12,6 +12,7 @@
 #include "check/spoglio.h"
 #include "development/tabelle.h"
 #include "guasti/lavori.h"
+#include "platform/ambiente.h"
 #include "platform/disk.h"
 #include "printing/listati.h"
 #include "statistics/statistica.h"
@@ -146,10 +147,9 @@ TEST_F(Iniettati, un_disco_che_non_sincronizza_o_non_rinomina) {
 /// Refuses whatever would change the disk.
 class SolaLettura : public platform::Syscalls {
 public:
-    SolaLettura() : prima_(platform::cambia_syscalls(this)) {}
+    SolaLettura() = default;
     SolaLettura(const SolaLettura&) = delete;
     SolaLettura& operator=(const SolaLettura&) = delete;
-    ~SolaLettura() override { platform::cambia_syscalls(prima_); }
     int open(const char* nome, int modo, mode_t permessi) override {
         return (modo & O_ACCMODE) == O_RDONLY ? Syscalls::open(nome, modo, permessi) : rifiuta();
     }
@@ -164,7 +164,7 @@ private:
         errno = EROFS;
         return -1;
     }
-    platform::Syscalls* prima_;
+    platform::Ripristina<platform::Syscalls*> posto_{platform::ambiente().chiamate, this};
 };
 
 /// Makes the folders read-only for real: by permissions, or for root by mounts of its own.
@@ -216,10 +216,9 @@ TEST_F(Iniettati, una_cartella_in_sola_lettura) {
 /// Another program deletes a file when this one has looked and is about to open it.
 class Sparisce : public platform::Syscalls {
 public:
-    explicit Sparisce(int quale) : quale_(quale), prima_(platform::cambia_syscalls(this)) {}
+    explicit Sparisce(int quale) : quale_(quale) {}
     Sparisce(const Sparisce&) = delete;
     Sparisce& operator=(const Sparisce&) = delete;
-    ~Sparisce() override { platform::cambia_syscalls(prima_); }
     int open(const char* nome, int modo, mode_t permessi) override {
         const bool legge = (modo & (O_ACCMODE | O_DIRECTORY)) == O_RDONLY;
         if (legge && fs::is_regular_file(nome) && ++viste_ == quale_) {
@@ -233,7 +232,7 @@ public:
 private:
     int quale_;
     int viste_ = 0;
-    platform::Syscalls* prima_;
+    platform::Ripristina<platform::Syscalls*> posto_{platform::ambiente().chiamate, this};
 };
 
 /// What a table that vanished leaves: the other lines, whole, and their count.

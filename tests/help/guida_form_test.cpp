@@ -2,6 +2,7 @@
 #include "help/finestra.h"
 #include "help/frmAbout.h"
 #include "help/guida.h"
+#include "platform/qt/scrivania.h"
 #include "support/altre_finestre.h"
 #include "support/programma.h"
 
@@ -88,12 +89,12 @@ TEST(Guida, SenzaIlProgrammaNonDiceNulla) {
 TEST(Guida, IlSitoSiApreNelProgrammaDelDesktop) {
     Programma p;
     QStringList aperti;
-    platform::apri_con([&aperti](const QString& documento) {
+    const platform::Ripristina desktop(platform::scrivania());
+    platform::scrivania().apre = [&aperti](const QString& documento) {
         aperti << documento;
         return true;
-    });
+    };
     p.voce(p.form1.mnuweb);
-    platform::apri_con({});
     EXPECT_EQ(aperti, QStringList{platform::q(p.cartella.radice() + "/guida.html")});
     EXPECT_TRUE(p.mostrati().empty());
 }

@@ -6,13 +6,14 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <optional>
 #include <signal.h>
 #include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "platform/ambiente.h"
 #include "platform/disk.h"
-#include "platform/syscalls.h"
 #include "support/cartella.h"
 
 using namespace platform;
@@ -265,9 +266,10 @@ TEST_F(TrovaCartella, a_first_start_cut_short_by_a_full_disk_is_taken_up_again) 
     for (const std::int64_t spazio : {0, 5, 13, 100000, 300000}) {
         Disco disco;
         disco.spazio = spazio;
-        Syscalls* prima = cambia_syscalls(&disco);
+        auto posto = std::make_optional<platform::Ripristina<platform::Syscalls*>>(
+            platform::ambiente().chiamate, &disco);
         trova();
-        cambia_syscalls(prima);
+        posto.reset();
         EXPECT_FALSE(completa()) << spazio;
         EXPECT_FALSE(esiste_cartella(utente() + "/cruciverba")) << spazio;
         trova();
@@ -283,7 +285,7 @@ TEST_F(TrovaCartella, a_first_start_killed_at_any_step_is_taken_up_again) {
         if (figlio == 0) {
             Disco disco;
             disco.vita = vita;
-            cambia_syscalls(&disco);
+            ambiente().chiamate = &disco;
             trova();
             ::_exit(0);
         }
@@ -415,10 +417,9 @@ TEST_F(PrevInstanceTest, a_program_that_ended_or_was_killed_bars_nobody) {
 /// A disk whose folders cannot be locked, as those of the network; `nessuno`: nor its files.
 class SenzaFlock : public Syscalls {
 public:
-    SenzaFlock() : prima_(cambia_syscalls(this)) {}
+    SenzaFlock() = default;
     SenzaFlock(const SenzaFlock&) = delete;
     SenzaFlock& operator=(const SenzaFlock&) = delete;
-    ~SenzaFlock() override { cambia_syscalls(prima_); }
     int flock(int, int) override {
         errno = ENOLCK;
         return -1;
@@ -430,7 +431,7 @@ public:
     bool nessuno = false;
 
 private:
-    Syscalls* prima_;
+    platform::Ripristina<platform::Syscalls*> posto_{platform::ambiente().chiamate, this};
 };
 
 TEST_F(PrevInstanceTest, on_a_disk_of_the_network_a_second_program_sees_the_first) {

@@ -9,9 +9,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "platform/ambiente.h"
 #include "platform/disk.h"
 #include "platform/runtime.h"
-#include "platform/syscalls.h"
 #include "support/archivio.h"
 #include "support/cartella.h"
 
@@ -33,12 +33,12 @@ protected:
         fs::copy_file(support::fixture_jet + "drawit.mdb", jet_);
         support::scrivi_sqlite(cartella_.file("sqlite/drawit.sqlite"), attese_);
     }
-    ~DatabaseTest() override { lettore_jet() = {}; }
 
     support::Cartella cartella_;
     const support::Estrazioni attese_ = support::da_csv();
     const std::string jet_ = cartella_.file("jet/drawit.mdb");
     const std::string sqlite_ = cartella_.file("sqlite/drawit.mdb");
+    platform::Ripristina<platform::LettoreJet> lettore_{platform::ambiente().lettore_jet};
 };
 
 TEST_F(DatabaseTest, both_engines_give_the_same_rows) {
@@ -206,10 +206,9 @@ TEST_F(DatabaseTest, what_is_no_regular_file_is_not_found) {
 /// Every opening of a file fails with one error.
 class Rifiuto : public Syscalls {
 public:
-    explicit Rifiuto(int errore) : errore_(errore), prima_(cambia_syscalls(this)) {}
+    explicit Rifiuto(int errore) : errore_(errore) {}
     Rifiuto(const Rifiuto&) = delete;
     Rifiuto& operator=(const Rifiuto&) = delete;
-    ~Rifiuto() override { cambia_syscalls(prima_); }
     int open(const char*, int, mode_t) override {
         errno = errore_;
         return -1;
@@ -217,7 +216,7 @@ public:
 
 private:
     int errore_;
-    Syscalls* prima_;
+    platform::Ripristina<platform::Syscalls*> posto_{platform::ambiente().chiamate, this};
 };
 
 TEST_F(DatabaseTest, the_reason_of_a_refused_file_is_told) {

@@ -13,8 +13,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "platform/ambiente.h"
 #include "platform/disk.h"
-#include "platform/syscalls.h"
 #include "support/cartella.h"
 
 using namespace platform;
@@ -26,10 +26,9 @@ namespace fs = std::filesystem;
 /// A device with so much room, so large a write, and calls that fail when told to.
 class Guasti : public Syscalls {
 public:
-    Guasti() : prima_(cambia_syscalls(this)) {}
+    Guasti() = default;
     Guasti(const Guasti&) = delete;
     Guasti& operator=(const Guasti&) = delete;
-    ~Guasti() override { cambia_syscalls(prima_); }
 
     std::int64_t spazio = std::numeric_limits<std::int64_t>::max();
     std::size_t pezzo = std::numeric_limits<std::size_t>::max();
@@ -96,7 +95,7 @@ private:
         }
         return false;
     }
-    Syscalls* prima_;
+    platform::Ripristina<platform::Syscalls*> posto_{platform::ambiente().chiamate, this};
     bool dispari_ = false;
 };
 

@@ -13,7 +13,7 @@
 #include <sys/xattr.h>
 #include <unistd.h>
 
-#include "platform/syscalls.h"
+#include "platform/ambiente.h"
 #include "support/cartella.h"
 
 using namespace platform;
@@ -351,11 +351,9 @@ TEST_F(DiskTest, replacing_a_link_renews_what_it_leads_to) {
 /// Puts another file in the place of one that is being read.
 class Scambio : public Syscalls {
 public:
-    Scambio(std::string da, std::string a)
-        : da_(std::move(da)), a_(std::move(a)), prima_(cambia_syscalls(this)) {}
+    Scambio(std::string da, std::string a) : da_(std::move(da)), a_(std::move(a)) {}
     Scambio(const Scambio&) = delete;
     Scambio& operator=(const Scambio&) = delete;
-    ~Scambio() override { cambia_syscalls(prima_); }
     ssize_t read(int fd, void* dati, std::size_t quanti) override {
         fs::rename(da_, a_, fatto_);
         return Syscalls::read(fd, dati, quanti);
@@ -364,7 +362,7 @@ public:
 private:
     std::string da_;
     std::string a_;
-    Syscalls* prima_;
+    platform::Ripristina<platform::Syscalls*> posto_{platform::ambiente().chiamate, this};
     std::error_code fatto_;
 };
 

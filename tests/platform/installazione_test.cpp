@@ -10,9 +10,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "platform/ambiente.h"
 #include "platform/application.h"
 #include "platform/disk.h"
-#include "platform/syscalls.h"
 #include "support/cartella.h"
 
 using namespace platform;
@@ -33,8 +33,7 @@ std::string leggi(const std::string& nome) {
 /// A device on which the opening number `guasta` for writing fails, once.
 class ErroreDiPassaggio : public Syscalls {
 public:
-    explicit ErroreDiPassaggio(int guasta) : guasta_(guasta), prima_(cambia_syscalls(this)) {}
-    ~ErroreDiPassaggio() override { cambia_syscalls(prima_); }
+    explicit ErroreDiPassaggio(int guasta) : guasta_(guasta) {}
     ErroreDiPassaggio(const ErroreDiPassaggio&) = delete;
     ErroreDiPassaggio& operator=(const ErroreDiPassaggio&) = delete;
     int open(const char* nome, int modo, mode_t permessi) override {
@@ -48,7 +47,7 @@ public:
 
 private:
     int guasta_;
-    Syscalls* prima_;
+    platform::Ripristina<platform::Syscalls*> posto_{platform::ambiente().chiamate, this};
 };
 
 /// A suite of version one as an installation shares it, and a user.

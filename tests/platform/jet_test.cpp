@@ -12,6 +12,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "platform/ambiente.h"
 #include "platform/runtime.h"
 #include "support/archivio.h"
 #include "support/cartella.h"
@@ -53,7 +54,6 @@ std::vector<std::size_t> pagine_piu_numerose(const std::string& dati) {
 class JetTest : public testing::Test {
 protected:
     JetTest() { support::lettore_costruito(); }
-    ~JetTest() override { lettore_jet() = {}; }
 
     /// Error number of opening a file of these bytes and all its tables.
     int leggi(const std::string& dati) const {
@@ -74,12 +74,13 @@ protected:
         const std::string nome = cartella_.file("finto");
         support::scrivi_file(nome, "#!/bin/sh\n" + comandi + "\n");
         fs::permissions(nome, fs::perms::owner_all);
-        lettore_jet().programma = nome;
+        ambiente().lettore_jet.programma = nome;
     }
 
     support::Cartella cartella_;
     const std::string nome_ = cartella_.file("x.mdb");
     const std::string intero_ = support::contenuto(fixture_jet + "drawit.mdb");
+    platform::Ripristina<platform::LettoreJet> lettore_{platform::ambiente().lettore_jet};
 };
 
 /// One of the files that hold the same rows otherwise.
@@ -139,7 +140,7 @@ TEST_P(JetFixtureTest, damaged_copies_are_answered_whatever_they_hold) {
     }
     EXPECT_GT(fallite, 50);
     EXPECT_LT(fallite, 200);
-    lettore_jet() = {};
+    ambiente().lettore_jet = {};
 }
 
 INSTANTIATE_TEST_SUITE_P(fixtures, JetFixtureTest,
@@ -225,9 +226,9 @@ TEST_F(JetTest, a_record_that_outgrew_its_page_keeps_its_place) {
 }
 
 TEST_F(JetTest, a_reader_that_is_not_there_is_told) {
-    lettore_jet().programma = cartella_.file("nessuno");
+    ambiente().lettore_jet.programma = cartella_.file("nessuno");
     EXPECT_EQ(leggi(intero_), 3170);
-    lettore_jet().programma.clear();
+    ambiente().lettore_jet.programma.clear();
     EXPECT_EQ(leggi(intero_), 3170);
 }
 
@@ -266,7 +267,7 @@ TEST_F(JetTest, a_reader_that_promises_rows_takes_no_memory_for_them) {
 
 TEST_F(JetTest, a_reader_that_says_nothing_is_stopped) {
     lettore_finto("exec tail -f /dev/null");
-    lettore_jet().attesa_muta = std::chrono::milliseconds(50);
+    ambiente().lettore_jet.attesa_muta = std::chrono::milliseconds(50);
     EXPECT_EQ(leggi(intero_), 3234);
     // One that closed its output and does not end is stopped as well.
     lettore_finto("printf 'F\\000\\000\\000\\000'; exec tail -f /dev/null >&2");
@@ -275,16 +276,17 @@ TEST_F(JetTest, a_reader_that_says_nothing_is_stopped) {
 
 TEST_F(JetTest, a_reader_that_never_ends_talking_is_stopped) {
     lettore_finto("while :; do echo R; done");
-    lettore_jet().attesa_totale = std::chrono::milliseconds(100);
+    ambiente().lettore_jet.attesa_totale = std::chrono::milliseconds(100);
     EXPECT_EQ(leggi(intero_), 3234);
     lettore_finto("exec cat /dev/zero");
-    lettore_jet().attesa_totale = std::chrono::hours(1);
-    lettore_jet().uscita_massima = 1000000;
+    ambiente().lettore_jet.attesa_totale = std::chrono::hours(1);
+    ambiente().lettore_jet.uscita_massima = 1000000;
     EXPECT_EQ(leggi(intero_), 3049);
 }
 
 TEST_F(JetTest, a_file_found_damaged_is_not_tried_again) {
-    lettore_finto("[ $# -eq 1 ] && exec '" + lettore_jet().programma + "' \"$1\"; kill -9 $$");
+    lettore_finto("[ $# -eq 1 ] && exec '" + ambiente().lettore_jet.programma +
+                  "' \"$1\"; kill -9 $$");
     support::scrivi_file(nome_, intero_);
     Database db = apri(nome_);
     Recordset rs;
@@ -296,12 +298,12 @@ TEST_F(JetTest, a_file_found_damaged_is_not_tried_again) {
 
 TEST_F(JetTest, a_disk_that_was_too_slow_once_is_asked_again) {
     // The first answer comes, the next one does not, as of a disk that goes to sleep.
-    lettore_finto("[ $# -eq 1 ] && exec '" + lettore_jet().programma +
+    lettore_finto("[ $# -eq 1 ] && exec '" + ambiente().lettore_jet.programma +
                   "' \"$1\"; exec tail -f /dev/null");
     support::scrivi_file(nome_, intero_);
     Database db = apri(nome_);
     Recordset rs;
-    lettore_jet().attesa_muta = std::chrono::milliseconds(50);
+    ambiente().lettore_jet.attesa_muta = std::chrono::milliseconds(50);
     EXPECT_EQ(db.OpenRecordset("archivio", rs).Number, 3234);
     support::lettore_costruito();
     EXPECT_EQ(db.OpenRecordset("archivio", rs).Number, 0);
@@ -314,7 +316,7 @@ TEST_F(JetTest, no_process_and_no_descriptor_is_left_behind) {
     const auto prima = aperti();
     EXPECT_EQ(leggi(intero_), 0);
     EXPECT_NE(leggi(intero_.substr(0, 10 * pagina)), 0);
-    lettore_jet().attesa_muta = std::chrono::milliseconds(20);
+    ambiente().lettore_jet.attesa_muta = std::chrono::milliseconds(20);
     lettore_finto("exec tail -f /dev/null");
     EXPECT_EQ(leggi(intero_), 3234);
     EXPECT_EQ(aperti(), prima);
@@ -339,7 +341,7 @@ TEST_F(JetTest, the_surroundings_do_not_change_what_is_read) {
 TEST_F(JetTest, the_reader_limits_its_own_memory_time_and_files) {
     const std::string tubo = cartella_.file("tubo");
     ASSERT_EQ(::mkfifo(tubo.c_str(), 0600), 0);
-    std::string programma = lettore_jet().programma;
+    std::string programma = ambiente().lettore_jet.programma;
     std::string argomento = tubo;
     char* argv[] = {programma.data(), argomento.data(), nullptr};
     pid_t pid = -1;

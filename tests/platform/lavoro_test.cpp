@@ -12,10 +12,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "platform/ambiente.h"
 #include "platform/blocco.h"
 #include "platform/disk.h"
 #include "platform/runtime.h"
-#include "platform/syscalls.h"
 #include "support/cartella.h"
 
 using namespace platform;
@@ -28,10 +28,9 @@ using Nomi = std::vector<std::string>;
 /// A disk without some calls, and one that takes two cases of a name for one.
 class Povero : public Syscalls {
 public:
-    Povero() : prima_(cambia_syscalls(this)) {}
+    Povero() = default;
     Povero(const Povero&) = delete;
     Povero& operator=(const Povero&) = delete;
-    ~Povero() override { cambia_syscalls(prima_); }
     int rename_noreplace(const char* vecchio, const char* nuovo) override {
         if (al_momento) al_momento(nuovo);
         errno = errore_noreplace;
@@ -61,7 +60,7 @@ public:
     bool senza_caso = false;
 
 private:
-    Syscalls* prima_;
+    platform::Ripristina<platform::Syscalls*> posto_{platform::ambiente().chiamate, this};
 };
 
 class LavoroTest : public testing::Test {

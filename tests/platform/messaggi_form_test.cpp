@@ -4,12 +4,13 @@
 #include <QTimer>
 
 #include "platform/qt/desktop.h"
+#include "platform/qt/scrivania.h"
 
 namespace {
 
 /// Looks at a box while it is on the screen, then closes it.
 void guarda(const platform::Messaggio& messaggio, const std::function<void(QWidget&)>& sguardo) {
-    platform::rispondi_con({});
+    const platform::Ripristina vere(platform::scrivania().risponde, nullptr);
     bool visto = false;
     QTimer::singleShot(0, qApp, [&] {
         QWidget* box = QApplication::activeModalWidget();

@@ -12,6 +12,7 @@
 #include "platform/disk.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/printer_qt.h"
+#include "platform/qt/scrivania.h"
 #include "support/cartella.h"
 #include "support/guasti.h"
 #include "support/pdf.h"
@@ -26,13 +27,12 @@ namespace {
 class StampaPdf : public testing::Test {
 protected:
     void SetUp() override {
-        platform::stampa_solo_su_file(true);
-        platform::apri_con([this](const QString& documento) {
+        platform::scrivania().stampa_solo_su_file = true;
+        platform::scrivania().apre = [this](const QString& documento) {
             aperti_ << documento;
             return true;
-        });
+        };
     }
-    void TearDown() override { platform::apri_con({}); }
     [[nodiscard]] std::string nome() const { return cartella_.file("prova.pdf"); }
     /// Ten pages of text, and what came of them.
     bool dieci_pagine(PrinterQt& p) const {
@@ -49,6 +49,7 @@ protected:
 
     support::Cartella cartella_;
     QStringList aperti_;
+    platform::Ripristina<platform::Scrivania> desktop_{platform::scrivania()};
 };
 
 }  // namespace
@@ -313,12 +314,12 @@ namespace {
 
 /// A printer that ends in a file, as the machine's own would on paper.
 void stampante_finta(const std::string& file) {
-    platform::stampa_su([file] {
+    platform::scrivania().stampante = [file] {
         auto carta = std::make_unique<QPrinter>(QPrinter::HighResolution);
         carta->setOutputFormat(QPrinter::PdfFormat);
         carta->setOutputFileName(q(file));
         return carta;
-    });
+    };
 }
 
 QPageLayout foglio(qreal bordo, QPageSize::PageSizeId misura = QPageSize::A4) {
@@ -335,7 +336,6 @@ TEST_F(StampaPdf, SullaStampanteDiceIlSuoNomeENonUnFile) {
     PrinterQt p("prova", q(nome()));
     p.Print("x");
     EXPECT_TRUE(p.EndDoc());
-    platform::stampa_su({});
     EXPECT_EQ(p.esito().file, "");
     EXPECT_EQ(p.esito().motivo, "");
     EXPECT_FALSE(cartella_.esiste("prova.pdf"));
@@ -348,7 +348,6 @@ TEST_F(StampaPdf, UnaStampanteCheNonComincia) {
     p.Print("x");
     EXPECT_TRUE(p.perso());
     EXPECT_FALSE(p.EndDoc());
-    platform::stampa_su({});
     EXPECT_EQ(p.esito().motivo, "la stampante non risponde");
 }
 

@@ -5,9 +5,11 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <limits>
+#include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/ambiente.h"
 #include "platform/disk.h"
 #include "support/cartella.h"
 #include "support/guasti.h"
@@ -429,24 +431,26 @@ private:
 
 TEST_F(TextReaderTest, short_and_interrupted_reads_change_nothing) {
     Capricci capricci(std::numeric_limits<std::int64_t>::max());
-    platform::Syscalls* prima = platform::cambia_syscalls(&capricci);
+    auto posto = std::make_optional<platform::Ripristina<platform::Syscalls*>>(
+        platform::ambiente().chiamate, &capricci);
     apri("1234,\"due, tre\" ,56\r\n78\n9\r10,\r\n");
     for (const char* atteso : {"1234", "due, tre", "56", "78", "9", "10", "", "<fine>"}) {
         EXPECT_EQ(campo(), atteso);
     }
-    platform::cambia_syscalls(prima);
+    posto.reset();
 }
 
 TEST_F(TextReaderTest, a_disk_that_cannot_be_read_further_ends_the_file) {
     Capricci capricci(6);
-    platform::Syscalls* prima = platform::cambia_syscalls(&capricci);
+    auto posto = std::make_optional<platform::Ripristina<platform::Syscalls*>>(
+        platform::ambiente().chiamate, &capricci);
     apri("1,2\r\n345\r\n");
     EXPECT_EQ(numero(), 1);
     EXPECT_EQ(numero(), 2);
     EXPECT_EQ(numero(), 3);
     EXPECT_TRUE(lettore_.eof());
     EXPECT_EQ(campo(), "<fine>");
-    platform::cambia_syscalls(prima);
+    posto.reset();
 }
 
 TEST(RecordTest, quotes_strings_and_leaves_numbers_bare) {

@@ -2,6 +2,7 @@
 #include <QPrinter>
 #include <QProgressBar>
 
+#include "platform/qt/scrivania.h"
 #include "support/guasti.h"
 #include "support/stampa.h"
 
@@ -21,16 +22,20 @@ using Mostrati = std::vector<Mostrato>;
 class Carta {
 public:
     explicit Carta(const std::string& file) {
-        platform::stampa_su([file] {
+        platform::scrivania().stampante = [file] {
             auto p = std::make_unique<QPrinter>(QPrinter::HighResolution);
             p->setOutputFormat(QPrinter::PdfFormat);
             p->setOutputFileName(q(file));
             return p;
-        });
+        };
     }
-    ~Carta() { platform::stampa_su({}); }
+    ~Carta() = default;
     Carta(const Carta&) = delete;
     Carta& operator=(const Carta&) = delete;
+
+private:
+    platform::Ripristina<decltype(platform::Scrivania::stampante)> posto_{
+        platform::scrivania().stampante};
 };
 
 constexpr int apri = platform::vbAltri;

@@ -2,9 +2,10 @@
 #include "printing/listati.h"
 
 #include <algorithm>
+#include <optional>
 
+#include "platform/ambiente.h"
 #include "platform/disk.h"
-#include "platform/syscalls.h"
 #include "support/cartella.h"
 #include "support/stampante.h"
 
@@ -399,9 +400,10 @@ TEST_F(Listati, SiLeggeMentreSiStampa) {
     cartella_.scrivi("col.dat", "\"5\"\r\n");
     cartella_.scrivi("prova.col", sestine(40000));
     Spia spia(r_);
-    platform::Syscalls* prima = platform::cambia_syscalls(&spia);
+    auto posto = std::make_optional<platform::Ripristina<platform::Syscalls*>>(
+        platform::ambiente().chiamate, &spia);
     const bool riuscito = stampa_sviluppo_superenalotto(r_, r_, sviluppo());
-    platform::cambia_syscalls(prima);
+    posto.reset();
     ASSERT_TRUE(riuscito);
     EXPECT_EQ(linee().size(), 40000U);
     ASSERT_GE(spia.disegnati.size(), 4U);

@@ -13,6 +13,7 @@
 #include "help/frmAbout.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/folder.h"
+#include "platform/qt/scrivania.h"
 #include "support/archivio_prova.h"
 
 namespace soak {
@@ -82,15 +83,15 @@ Giocatore::Giocatore(std::uint32_t seme) : sorte_(seme), altra_(cartella_.radice
     fs::create_directories(altra_);
     cartella_.con_tabelle();
     support::metti_archivio(cartella_.radice(), support::archivio_di_prova());
-    platform::rispondi_con([this](const platform::Messaggio& m) { return rispondi(m); });
-    platform::apri_con([](const QString&) { return true; });
-    platform::scegli_con([this](const QString&, const QString& inizio) {
+    platform::scrivania().risponde = [this](const platform::Messaggio& m) { return rispondi(m); };
+    platform::scrivania().apre = [](const QString&) { return true; };
+    platform::scrivania().sceglie_cartella = [this](const QString&, const QString& inizio) {
         const QString scelta =
             sorte_.uno(QStringList{QString(), platform::q(altra_), platform::q(altra_) + "/",
                                    inizio, platform::q(altra_) + "/manca"});
         annota("   cartella: " + scelta);
         return scelta;
-    });
+    };
     qApp->installEventFilter(this);
     avvia();
 }
@@ -98,9 +99,6 @@ Giocatore::Giocatore(std::uint32_t seme) : sorte_(seme), altra_(cartella_.radice
 Giocatore::~Giocatore() {
     ferma();
     qApp->removeEventFilter(this);
-    platform::rispondi_con({});
-    platform::apri_con({});
-    platform::scegli_con({});
     platform::MousePointer(0);
 }
 

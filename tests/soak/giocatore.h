@@ -15,6 +15,7 @@
 #include "app/dialoghi_qt.h"
 #include "app/form1.h"
 #include "check/frmspoglio.h"
+#include "platform/qt/scrivania.h"
 #include "printing/frmstsvl.h"
 #include "support/cartella.h"
 #include "systems/form2.h"
@@ -135,6 +136,7 @@ private:
     bool clessidra_ammessa_ = false;
     /// A file from outside may hold numbers that no player could lay.
     bool estraneo_ = false;
+    platform::Ripristina<platform::Scrivania> desktop_{platform::scrivania()};
 };
 
 }  // namespace soak

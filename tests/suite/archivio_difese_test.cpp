@@ -8,9 +8,9 @@
 
 #include "archivio/importa.h"
 #include "archivio/lettura.h"
+#include "platform/ambiente.h"
 #include "platform/disk.h"
 #include "platform/sqlite.h"
-#include "platform/syscalls.h"
 #include "support/archivio.h"
 #include "support/cartella.h"
 
@@ -69,10 +69,9 @@ std::string riposti(const std::vector<std::pair<std::string, std::string>>& file
 /// Refuses locks as a disk that knows none.
 class SenzaBlocchi : public platform::Syscalls {
 public:
-    explicit SenzaBlocchi(int errore) : errore_(errore) { platform::cambia_syscalls(this); }
+    explicit SenzaBlocchi(int errore) : errore_(errore) {}
     SenzaBlocchi(const SenzaBlocchi&) = delete;
     SenzaBlocchi& operator=(const SenzaBlocchi&) = delete;
-    ~SenzaBlocchi() override { platform::cambia_syscalls(nullptr); }
     int flock(int /*fd*/, int /*operazione*/) override {
         errno = errore_;
         return -1;
@@ -80,6 +79,7 @@ public:
 
 private:
     int errore_;
+    platform::Ripristina<platform::Syscalls*> posto_{platform::ambiente().chiamate, this};
 };
 
 }  // namespace

@@ -14,6 +14,7 @@
 #include "archivio/finestra.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/folder.h"
+#include "platform/qt/scrivania.h"
 #include "support/archivio.h"
 #include "support/cartella.h"
 
@@ -26,7 +27,6 @@ const std::string una_sestina = "1997-12-03,20,36,39,41,72,76,88,5\n";
 class FinestraArchivio : public testing::Test {
 protected:
     FinestraArchivio() { std::filesystem::create_directories(cartella_.radice() + "/archivio"); }
-    ~FinestraArchivio() override { platform::scegli_file_con({}); }
 
     QString scrivi(const std::string& nome, const std::string& dati) const {
         cartella_.scrivi(nome, dati);
@@ -47,6 +47,7 @@ protected:
 
     support::Cartella cartella_;
     const std::string archivio_ = cartella_.radice() + "/archivio/drawit.sqlite";
+    platform::Ripristina<platform::Scrivania> desktop_{platform::scrivania()};
 };
 
 }  // namespace
@@ -70,7 +71,7 @@ TEST_F(FinestraArchivio, IlDimostrativoSiChiamaCosi) {
 
 TEST_F(FinestraArchivio, ScegliereIFileLiImportaEMostraIlRapporto) {
     const QString file = scrivi("a.csv", una_sestina + "sbagliata\n");
-    platform::scegli_file_con([&] { return QStringList{file}; });
+    platform::scrivania().sceglie_file = [&] { return QStringList{file}; };
     Finestra f(archivio_);
     f.show();
     QTest::mouseClick(f.cmdscegli, Qt::LeftButton);
@@ -99,7 +100,7 @@ TEST_F(FinestraArchivio, LaSceltaMostraPrimaIFileDiEstrazioni) {
 }
 
 TEST_F(FinestraArchivio, AnnullareLaSceltaNonFaNulla) {
-    platform::scegli_file_con([] { return QStringList(); });
+    platform::scrivania().sceglie_file = [] { return QStringList(); };
     Finestra f(archivio_);
     f.show();
     QTest::mouseClick(f.cmdscegli, Qt::LeftButton);

@@ -10,8 +10,8 @@
 
 #include "archivio/comando.h"
 #include "archivio/importa.h"
+#include "platform/ambiente.h"
 #include "platform/disk.h"
-#include "platform/syscalls.h"
 #include "support/archivio.h"
 #include "support/cartella.h"
 
@@ -242,9 +242,10 @@ TEST_F(ArchivioSuite, UnDiscoCheRifiutaLaScritturaLasciaLArchivioDiPrima) {
             return -1;
         }
     } guasto;
-    platform::cambia_syscalls(&guasto);
+    auto posto = std::make_optional<platform::Ripristina<platform::Syscalls*>>(
+        platform::ambiente().chiamate, &guasto);
     const Rapporto r = porta("1997-12-06,32,4,25,29,30,52,24,\n");
-    platform::cambia_syscalls(nullptr);
+    posto.reset();
     EXPECT_FALSE(r.riuscito);
     EXPECT_EQ(r.errori.at(0).testo, "l'archivio non si può scrivere");
     EXPECT_EQ(support::contenuto(archivio_), prima);

@@ -2,6 +2,7 @@
 #include <filesystem>
 
 #include "platform/qt/desktop.h"
+#include "platform/qt/scrivania.h"
 #include "stampa/avvio.h"
 #include "support/altre_finestre.h"
 #include "support/cartella.h"
@@ -36,11 +37,11 @@ TEST(AvvioSchedine, LaSecondaPortaAvantiLaPrima) {
 TEST(AvvioSchedine, SenzaUnaFinestraLoDice) {
     support::AltreFinestre altre({{2, "Tabellino", false}});
     QStringList detti;
-    platform::rispondi_con([&](const platform::Messaggio& m) {
+    const platform::Ripristina desktop(platform::scrivania());
+    platform::scrivania().risponde = [&](const platform::Messaggio& m) {
         detti << m.testo;
         return platform::vbOK;
-    });
+    };
     schedine::mostra_l_altra(0);
-    platform::rispondi_con({});
     EXPECT_EQ(detti, QStringList{"Il programma delle schedine è già aperto."});
 }

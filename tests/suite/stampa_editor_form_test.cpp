@@ -8,6 +8,7 @@
 #include "platform/qt/desktop.h"
 #include "platform/qt/folder.h"
 #include "platform/qt/printer_qt.h"
+#include "platform/qt/scrivania.h"
 #include "stampa/editor.h"
 #include "stampa/tavolo.h"
 #include "support/cartella.h"
@@ -22,16 +23,11 @@ namespace {
 class EditorModulo : public testing::Test {
 protected:
     EditorModulo() {
-        platform::stampa_solo_su_file(true);
-        platform::rispondi_con([this](const platform::Messaggio& m) {
+        platform::scrivania().stampa_solo_su_file = true;
+        platform::scrivania().risponde = [this](const platform::Messaggio& m) {
             messaggi << m.testo;
             return m.pulsanti == platform::Pulsanti::si_no ? risposta : platform::vbOK;
-        });
-    }
-    ~EditorModulo() override {
-        platform::rispondi_con({});
-        platform::scegli_file_con({});
-        platform::scegli_nuovo_file_con({});
+        };
     }
     Editor& apri(const QString& nome = {}) {
         e = std::make_unique<Editor>(radice(), nome, nullptr);
@@ -63,6 +59,7 @@ protected:
     QStringList messaggi;
     int risposta = platform::vbYes;
     std::unique_ptr<Editor> e;
+    platform::Ripristina<platform::Scrivania> desktop_{platform::scrivania()};
 };
 
 }  // namespace
@@ -127,7 +124,7 @@ TEST_F(EditorModulo, UnImmagineCheNonLoEHaUnaParola) {
     apri();
     cartella.scrivi("falsa.png", "\x89PNG\r\n non lo è");
     const QString falsa = q(cartella.file("falsa.png"));
-    platform::scegli_file_con([&] { return QStringList{falsa}; });
+    platform::scrivania().sceglie_file = [&] { return QStringList{falsa}; };
     premi(e->cmdimmagine);
     EXPECT_EQ(messaggi,
               QStringList{"Questo file non è un'immagine che si possa leggere:\n" + falsa});
@@ -135,7 +132,7 @@ TEST_F(EditorModulo, UnImmagineCheNonLoEHaUnaParola) {
     QImage immagine(100, 200, QImage::Format_RGB32);
     immagine.fill(QColor("#40A060"));
     ASSERT_TRUE(immagine.save(vera));
-    platform::scegli_file_con([&] { return QStringList{vera}; });
+    platform::scrivania().sceglie_file = [&] { return QStringList{vera}; };
     premi(e->cmdimmagine);
     EXPECT_EQ(messaggi.size(), 1);
     EXPECT_EQ(e->tavolo->grab().toImage().pixelColor(20, 20), QColor("#40A060"));
@@ -143,7 +140,7 @@ TEST_F(EditorModulo, UnImmagineCheNonLoEHaUnaParola) {
 
 TEST_F(EditorModulo, LaPaginaDiProvaEsceAMisura) {
     const std::string file = cartella.radice() + "/prova.pdf";
-    platform::scegli_nuovo_file_con([&](const QString&) { return q(file); });
+    platform::scrivania().sceglie_nuovo_file = [&](const QString&) { return q(file); };
     apri();
     premi(e->cmdprova);
     EXPECT_EQ(support::pagine(file), 1);

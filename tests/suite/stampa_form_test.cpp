@@ -12,6 +12,7 @@
 #include "platform/qt/desktop.h"
 #include "platform/qt/folder.h"
 #include "platform/qt/printer_qt.h"
+#include "platform/qt/scrivania.h"
 #include "stampa/finestra.h"
 #include "support/cartella.h"
 #include "support/pdf.h"
@@ -27,21 +28,16 @@ constexpr int altezza_foglio = 2000;
 class FinestraSchedine : public testing::Test {
 protected:
     FinestraSchedine() {
-        platform::stampa_solo_su_file(true);
-        platform::rispondi_con([this](const platform::Messaggio& m) {
+        platform::scrivania().stampa_solo_su_file = true;
+        platform::scrivania().risponde = [this](const platform::Messaggio& m) {
             messaggi << m.testo;
             if (m.pulsanti == platform::Pulsanti::si_no) return risposta;
             return platform::vbOK;
-        });
-        platform::scegli_nuovo_file_con([this](const QString& proposta) {
+        };
+        platform::scrivania().sceglie_nuovo_file = [this](const QString& proposta) {
             proposte << QFileInfo(proposta).fileName();
             return q(uscita);
-        });
-    }
-    ~FinestraSchedine() override {
-        platform::rispondi_con({});
-        platform::scegli_nuovo_file_con({});
-        platform::stampa_su({});
+        };
     }
 
     /// A development of so many lines; a Lotto one has its system file too.
@@ -161,6 +157,7 @@ protected:
     QStringList proposte;
     std::vector<std::string> attese;
     std::unique_ptr<Finestra> f;
+    platform::Ripristina<platform::Scrivania> desktop_{platform::scrivania()};
 };
 
 }  // namespace
@@ -427,12 +424,12 @@ TEST_F(FinestraSchedine, SullaCartaSiRiprendeDaDoveSiEFermata) {
     sviluppa("prova", 4000);
     consegna("prova");
     int documenti = 0;
-    platform::stampa_su([this, &documenti] {
+    platform::scrivania().stampante = [this, &documenti] {
         auto carta = std::make_unique<QPrinter>(QPrinter::HighResolution);
         carta->setOutputFormat(QPrinter::PdfFormat);
         carta->setOutputFileName(q(cartella.radice() + "/carta" + std::to_string(++documenti)));
         return carta;
-    });
+    };
     apri();
     ASSERT_EQ(f->lblpagine->text(), "di 160");
     QPointer<Finestra> finestra(f.get());

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/qt/shell.h"
+#include "platform/qt/scrivania.h"
 
 namespace support {
 
@@ -12,18 +12,23 @@ namespace support {
 class AltreFinestre {
 public:
     explicit AltreFinestre(std::vector<platform::Finestra> aperte) {
-        platform::finestre_con(
-            {[aperte] { return aperte; },
-             [this](std::uint32_t id) { fatte.push_back("mostra " + std::to_string(id)); },
-             [this](std::uint32_t id) {
-                 fatte.push_back("attiva " + std::to_string(id));
-                 return true;
-             }});
+        platform::Scrivania& desktop = platform::scrivania();
+        desktop.finestre = [aperte] { return aperte; };
+        desktop.mostra_finestra = [this](std::uint32_t id) {
+            fatte.push_back("mostra " + std::to_string(id));
+        };
+        desktop.attiva_finestra = [this](std::uint32_t id) {
+            fatte.push_back("attiva " + std::to_string(id));
+            return true;
+        };
     }
-    ~AltreFinestre() { platform::finestre_con({}); }
+    ~AltreFinestre() = default;
     AltreFinestre(const AltreFinestre&) = delete;
     AltreFinestre& operator=(const AltreFinestre&) = delete;
     std::vector<std::string> fatte;
+
+private:
+    platform::Ripristina<platform::Scrivania> desktop_{platform::scrivania()};
 };
 
 }  // namespace support

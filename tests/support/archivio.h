@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/ambiente.h"
 #include "platform/database.h"
 #include "platform/jet.h"
 
@@ -128,8 +129,8 @@ inline Righe tutte(platform::Recordset rs) {
 
 /// Tells the Jet engine where its reader was built, with its own limits.
 inline void lettore_costruito() {
-    platform::lettore_jet() = {};
-    platform::lettore_jet().programma = SUITE_DIR "/cruciverba/leggi_mdb";
+    platform::ambiente().lettore_jet = {};
+    platform::ambiente().lettore_jet.programma = SUITE_DIR "/cruciverba/leggi_mdb";
 }
 
 /// Opens a database that must open.

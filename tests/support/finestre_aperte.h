@@ -14,6 +14,7 @@
 #include "check/frmspoglio.h"
 #include "help/frmAbout.h"
 #include "platform/qt/folder.h"
+#include "platform/qt/scrivania.h"
 #include "printing/frmstsvl.h"
 #include "stampa/editor.h"
 #include "stampa/finestra.h"
@@ -90,9 +91,10 @@ private:
         Programma::voce(f->mnuduplica);
         guarda(*f, "Form2 con la copia");
         Programma::clic(f->cmddup_annulla);
-        platform::scegli_con([](const QString&, const QString& inizio) { return inizio; });
+        const platform::Ripristina dialogo(
+            platform::scrivania().sceglie_cartella,
+            [](const QString&, const QString& inizio) { return inizio; });
         Programma::voce(f->mnuimporta);
-        platform::scegli_con({});
         guarda(*f, "Form2 in importazione");
         f->close();
     }

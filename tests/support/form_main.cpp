@@ -6,6 +6,7 @@
 
 #include "app/stile.h"
 #include "platform/qt/printer_qt.h"
+#include "platform/qt/scrivania.h"
 
 namespace {
 
@@ -24,6 +25,6 @@ int main(int argc, char** argv) {
     QApplication applicazione(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     app::applica_stile(applicazione);
-    platform::stampa_solo_su_file(true);
+    platform::scrivania().stampa_solo_su_file = true;
     return RUN_ALL_TESTS();
 }

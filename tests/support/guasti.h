@@ -7,17 +7,16 @@
 #include <limits>
 #include <signal.h>
 
+#include "platform/ambiente.h"
 #include "platform/disk.h"
-#include "platform/syscalls.h"
 
 namespace support {
 
 class Disco : public platform::Syscalls {
 public:
-    Disco() : prima_(platform::cambia_syscalls(this)) {}
+    Disco() = default;
     Disco(const Disco&) = delete;
     Disco& operator=(const Disco&) = delete;
-    ~Disco() override { platform::cambia_syscalls(prima_); }
 
     std::int64_t spazio = std::numeric_limits<std::int64_t>::max();  ///< bytes that still fit
     std::size_t pezzo = std::numeric_limits<std::size_t>::max();     ///< of one write
@@ -91,7 +90,7 @@ private:
     void passo() {
         if (++chiamate_ == vita) ::raise(SIGKILL);
     }
-    platform::Syscalls* prima_;
+    platform::Ripristina<platform::Syscalls*> posto_{platform::ambiente().chiamate, this};
     int chiamate_ = 0;
 };
 

@@ -18,6 +18,7 @@
 #include "app/form1.h"
 #include "platform/disk.h"
 #include "platform/qt/desktop.h"
+#include "platform/qt/scrivania.h"
 #include "support/archivio_prova.h"
 #include "support/cartella.h"
 #include "systems/form2.h"
@@ -88,7 +89,7 @@ public:
         if (tabelle) cartella.con_tabelle();
         metti_archivio(cartella.radice(), archivio_di_prova());
         if (prima) prima(cartella);
-        platform::rispondi_con([this](const platform::Messaggio& m) {
+        platform::scrivania().risponde = [this](const platform::Messaggio& m) {
             messaggi.push_back({m.testo, m.titolo, m.pulsanti, m.icona});
             if (al_messaggio) al_messaggio();
             // The own buttons of a box may be left alone.
@@ -102,7 +103,7 @@ public:
             const int risposta = risposte.front();
             risposte.pop_front();
             return risposta;
-        });
+        };
         form1.Form_Load();
         form1.show();
         form1.activateWindow();
@@ -112,7 +113,6 @@ public:
         EXPECT_TRUE(risposte.empty()) << "answers that no box asked for";
         EXPECT_EQ(attesi_, 0) << "a dialog was expected that never came";
         form1.close();
-        platform::rispondi_con({});
         platform::MousePointer(0);
     }
     Programma(const Programma&) = delete;
@@ -249,6 +249,7 @@ private:
         });
     }
     int attesi_ = 0;
+    platform::Ripristina<platform::Scrivania> desktop_{platform::scrivania()};
 };
 
 }  // namespace support

@@ -8,6 +8,7 @@
 #include <QPointer>
 
 #include "platform/qt/controls.h"
+#include "platform/qt/scrivania.h"
 #include "printing/frmstsvl.h"
 #include "support/pdf.h"
 #include "support/programma.h"
@@ -18,12 +19,12 @@ namespace support {
 class Stampa {
 public:
     Stampa() {
-        platform::apri_con([this](const QString& documento) {
+        platform::scrivania().apre = [this](const QString& documento) {
             aperti << documento;
             return si_apre;
-        });
+        };
     }
-    ~Stampa() { platform::apri_con({}); }
+    ~Stampa() = default;
     Stampa(const Stampa&) = delete;
     Stampa& operator=(const Stampa&) = delete;
 
@@ -92,6 +93,9 @@ public:
     /// What the desktop says when it is asked to show one.
     bool si_apre = true;
     QPointer<printing::frmstsvl> f;
+
+private:
+    platform::Ripristina<platform::Scrivania> desktop_{platform::scrivania()};
 };
 
 }  // namespace support

@@ -7,6 +7,7 @@
 #include <QLineEdit>
 
 #include "platform/qt/folder.h"
+#include "platform/qt/scrivania.h"
 #include "support/programma.h"
 
 namespace gestore {
@@ -46,13 +47,13 @@ protected:
     GestoreTest() {
         fs::create_directories(altra);
         if (GetParam()) p.form1.Image10_Click();
-        platform::scegli_con([this](const QString& titolo, const QString& inizio) {
+        platform::scrivania().sceglie_cartella = [this](const QString& titolo,
+                                                        const QString& inizio) {
             titoli << titolo;
             inizi << inizio;
             return cartella_scelta;
-        });
+        };
     }
-    ~GestoreTest() override { platform::scegli_con({}); }
 
     [[nodiscard]] std::string sis(const std::string& nome) const {
         return nome + (GetParam() ? ".sel" : ".sen");
@@ -140,6 +141,7 @@ protected:
     QString cartella_scelta;
     QStringList titoli;
     QStringList inizi;
+    platform::Ripristina<platform::Scrivania> desktop_{platform::scrivania()};
 };
 
 }  // namespace gestore

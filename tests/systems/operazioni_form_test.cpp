@@ -1,6 +1,8 @@
+#include <optional>
+
 #include <QHeaderView>
 
-#include "platform/syscalls.h"
+#include "platform/ambiente.h"
 #include "systems/gestore.h"
 
 using namespace gestore;
@@ -374,9 +376,10 @@ TEST_P(GestoreTest, DeleteAllTakesEveryFileOfTheGameAndNoOther) {
     p.risposte = {vbNo, vbYes};
     menu(f.mnueliminatutti);
     EXPECT_EQ(programma(), prima);
-    platform::Syscalls* di_prima = platform::cambia_syscalls(&guarda);
+    auto posto = std::make_optional<platform::Ripristina<platform::Syscalls*>>(
+        platform::ambiente().chiamate, &guarda);
     menu(f.mnueliminatutti);
-    platform::cambia_syscalls(di_prima);
+    posto.reset();
     EXPECT_EQ(guarda.puntatore, 11);
     const Mostrato chiesto =
         domanda("Questa operazione eliminerà tutti i sistemi in archivio. Confermi?");

@@ -1,6 +1,7 @@
 #include <sys/mount.h>
 #include <unistd.h>
 
+#include "platform/ambiente.h"
 #include "systems/operazioni_prova.h"
 
 using namespace operazioni;
@@ -140,10 +141,7 @@ TEST_P(OperazioniTest, DeleteAllTakesCapitalExtensionsToo) {
 /// Refuses to delete one file.
 class SenzaUnlink : public platform::Syscalls {
 public:
-    explicit SenzaUnlink(std::string fine) : fine_(std::move(fine)) {
-        prima_ = platform::cambia_syscalls(this);
-    }
-    ~SenzaUnlink() override { platform::cambia_syscalls(prima_); }
+    explicit SenzaUnlink(std::string fine) : fine_(std::move(fine)) {}
     int unlink(const char* nome) override {
         if (std::string(nome).ends_with(fine_)) {
             errno = EACCES;
@@ -154,7 +152,7 @@ public:
 
 private:
     std::string fine_;
-    platform::Syscalls* prima_;
+    platform::Ripristina<platform::Syscalls*> posto_{platform::ambiente().chiamate, this};
 };
 
 TEST_P(OperazioniTest, DeletingGoesOnPastAFileThatStaysAndTellsIt) {

@@ -1,9 +1,11 @@
 // Saving and opening through the manager: names, overwriting, what comes back on the screen.
+#include <optional>
+
 #include <QClipboard>
 #include <QToolTip>
 
+#include "platform/ambiente.h"
 #include "platform/disk.h"
-#include "platform/syscalls.h"
 #include "support/programma.h"
 #include "support/riferimento.h"
 
@@ -185,9 +187,10 @@ TEST(Sovrascrivi, LoSviluppoVecchioSparisceAvantiCheIlSistemaSiScriva) {
     p.riempi();
     p.risposte = {vbYes};
     p.scrivi_nel_gestore("uno");
-    platform::Syscalls* di_prima = platform::cambia_syscalls(&guarda);
+    auto posto = std::make_optional<platform::Ripristina<platform::Syscalls*>>(
+        platform::ambiente().chiamate, &guarda);
     Programma::voce(p.form1.mnusalvanome);
-    platform::cambia_syscalls(di_prima);
+    posto.reset();
     EXPECT_EQ(guarda.stava, std::vector<bool>{false});
 }
 

@@ -2,8 +2,8 @@
 // all.
 #include <sys/xattr.h>
 
+#include "platform/ambiente.h"
 #include "platform/disk.h"
-#include "platform/syscalls.h"
 #include "systems/operazioni_prova.h"
 
 using namespace operazioni;
@@ -62,10 +62,7 @@ TEST_P(SostituzioneTest, NothingGivesWayToASystemThatIsGone) {
 /// Refuses to read files of one folder, as a scratched stick does.
 class Graffiato : public platform::Syscalls {
 public:
-    explicit Graffiato(std::string fine) : fine_(std::move(fine)) {
-        prima_ = platform::cambia_syscalls(this);
-    }
-    ~Graffiato() override { platform::cambia_syscalls(prima_); }
+    explicit Graffiato(std::string fine) : fine_(std::move(fine)) {}
     int open(const char* nome, int modo, mode_t permessi) override {
         const int fd = Syscalls::open(nome, modo, permessi);
         if (std::string(nome).ends_with(fine_)) guasto_ = fd;
@@ -80,7 +77,7 @@ public:
 private:
     std::string fine_;
     int guasto_ = -1;
-    platform::Syscalls* prima_;
+    platform::Ripristina<platform::Syscalls*> posto_{platform::ambiente().chiamate, this};
 };
 
 TEST_P(SostituzioneTest, AnUnreadableSourceCostsThePlayerNothing) {
@@ -112,10 +109,7 @@ TEST_P(SostituzioneTest, AFullDiskLeavesThePairThatWasToGiveWay) {
 /// Refuses to put one file in its place.
 class SenzaArrivo : public platform::Syscalls {
 public:
-    explicit SenzaArrivo(std::string fine) : fine_(std::move(fine)) {
-        prima_ = platform::cambia_syscalls(this);
-    }
-    ~SenzaArrivo() override { platform::cambia_syscalls(prima_); }
+    explicit SenzaArrivo(std::string fine) : fine_(std::move(fine)) {}
     int rename(const char* vecchio, const char* nuovo) override {
         if (!rifiutato_ && std::string(nuovo).ends_with(fine_)) {
             rifiutato_ = true;
@@ -128,7 +122,7 @@ public:
 private:
     std::string fine_;
     bool rifiutato_ = false;
-    platform::Syscalls* prima_;
+    platform::Ripristina<platform::Syscalls*> posto_{platform::ambiente().chiamate, this};
 };
 
 TEST_P(SostituzioneTest, APairThatCannotBeReplacedComesBackWhole) {

@@ -2,6 +2,8 @@
 
 #include <QFileDialog>
 
+#include "platform/ambiente.h"
+#include "platform/qt/scrivania.h"
 #include "support/guasti.h"
 #include "systems/gestore.h"
 
@@ -212,7 +214,7 @@ TEST_P(TrasferimentoTest, CancelingTheFolderDialogChangesNothing) {
 
 /// Answers the folder dialog itself, with no answer put in its place.
 QString nel_dialogo(const QString& inizio, const std::function<void(QFileDialog&)>& fare) {
-    platform::scegli_con({});
+    const platform::Ripristina vero(platform::scrivania().sceglie_cartella, nullptr);
     QTimer::singleShot(0, qApp, [fare] {
         auto* dialogo = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
         ASSERT_NE(dialogo, nullptr);
@@ -277,15 +279,14 @@ TEST_P(TrasferimentoTest, NoticeStandsInFrontDuringACopy) {
     seleziona(f, "uno");
     // The copy writes the file through the system calls, and there the notice must be up.
     struct Guarda : platform::Syscalls {
-        explicit Guarda(const Form2& g) : f(g) { prima = platform::cambia_syscalls(this); }
-        ~Guarda() override { platform::cambia_syscalls(prima); }
+        explicit Guarda(const Form2& g) : f(g) {}
         ssize_t write(int fd, const void* dati, std::size_t quanti) override {
             visto = f.frmduplica->isVisible() && f.picduplica->isVisible();
             puntatore = platform::MousePointer();
             return Syscalls::write(fd, dati, quanti);
         }
         const Form2& f;
-        platform::Syscalls* prima = nullptr;
+        platform::Ripristina<platform::Syscalls*> posto_{platform::ambiente().chiamate, this};
         bool visto = false;
         int puntatore = -1;
     };

@@ -51,21 +51,9 @@ int Syscalls::fsetxattr(int fd, const char* nome, const void* dati, std::size_t 
     return ::fsetxattr(fd, nome, dati, quanti, 0);
 }
 
-namespace {
-
-Syscalls di_sistema;
-Syscalls* in_forza = &di_sistema;
-
-}  // namespace
-
-Syscalls& syscalls() {
-    return *in_forza;
-}
-
-Syscalls* cambia_syscalls(Syscalls* nuove) {
-    Syscalls* prima = in_forza;
-    in_forza = nuove != nullptr ? nuove : &di_sistema;
-    return prima;
+Syscalls& di_sistema() {
+    static Syscalls del_sistema;
+    return del_sistema;
 }
 
 }  // namespace platform

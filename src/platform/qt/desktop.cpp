@@ -20,19 +20,11 @@
 #include <QWidget>
 #include <QWindow>
 
+#include "platform/qt/scrivania.h"
+
 namespace platform {
 
 namespace {
-
-std::function<int(const Messaggio&)>& risponditore_in_forza() {
-    static std::function<int(const Messaggio&)> risponditore;
-    return risponditore;
-}
-
-std::function<bool(const QString&)>& apritore_in_forza() {
-    static std::function<bool(const QString&)> apritore;
-    return apritore;
-}
 
 int puntatore = 0;
 int lavori = 0;
@@ -161,7 +153,7 @@ std::string s(const QString& testo) {
 }
 
 int MsgBox(QWidget* padre, const Messaggio& messaggio) {
-    if (risponditore_in_forza()) return risponditore_in_forza()(messaggio);
+    if (scrivania().risponde) return scrivania().risponde(messaggio);
     // A frozen window or an hourglass under a box would look like a program that hangs.
     const QList<QPointer<QWidget>> ferme_prima = std::exchange(ferme, {});
     for (QWidget* finestra : ferme_prima) sciogli(finestra);
@@ -220,10 +212,6 @@ int MsgBox(QWidget* padre, const Messaggio& messaggio) {
                    : messaggio.pulsanti == Pulsanti::si_no ? vbNo
                                                            : vbCancel;
     }
-}
-
-void rispondi_con(std::function<int(const Messaggio&)> risponditore) {
-    risponditore_in_forza() = std::move(risponditore);
 }
 
 void DoEvents() {
@@ -291,7 +279,7 @@ bool LavoroLungo::in_corso() {
 }
 
 bool nessuno_apre(const QString& mime) {
-    if (apritore_in_forza()) return false;
+    if (scrivania().apre) return false;
     constexpr int attesa = 3000;
     QProcess domanda;
     domanda.start("xdg-mime", {"query", "default", mime}, QIODevice::ReadOnly);
@@ -300,13 +288,9 @@ bool nessuno_apre(const QString& mime) {
 }
 
 bool apri_documento(const QString& documento) {
-    if (apritore_in_forza()) return apritore_in_forza()(documento);
+    if (scrivania().apre) return scrivania().apre(documento);
     const bool indirizzo = documento.contains("://");
     return QDesktopServices::openUrl(indirizzo ? QUrl(documento) : QUrl::fromLocalFile(documento));
-}
-
-void apri_con(std::function<bool(const QString&)> apritore) {
-    apritore_in_forza() = std::move(apritore);
 }
 
 bool cestina(const QString& nome) {

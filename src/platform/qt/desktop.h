@@ -1,8 +1,6 @@
 // The desktop: message boxes, pending events, pointer, frozen windows, the trash.
 #pragma once
 
-#include <functional>
-
 #include <QPointer>
 #include <QString>
 #include <QStringList>
@@ -33,9 +31,6 @@ struct Messaggio {
 /// Shows a modal box over `padre` (may be null) and returns the answer. Every box of the program
 /// goes through here.
 int MsgBox(QWidget* padre, const Messaggio& messaggio);
-
-/// Puts `risponditore` in place of the boxes; an empty one brings them back.
-void rispondi_con(std::function<int(const Messaggio&)> risponditore);
 
 /// Lets pending events run, when the last ones ended 15 ms ago or more, an idle wait included;
 /// input waits, but for a closing during a `LavoroLungo`.
@@ -91,8 +86,6 @@ bool nessuno_apre(const QString& mime);
 /// Shows a file or an address in the program that the desktop keeps for it; false when there is
 /// none.
 bool apri_documento(const QString& documento);
-/// Puts `apritore` in place of the desktop's programs; an empty one brings them back.
-void apri_con(std::function<bool(const QString&)> apritore);
 
 /// Moves a file to the desktop's trash; false when it could not, and then it stays.
 bool cestina(const QString& nome);

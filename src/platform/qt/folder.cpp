@@ -5,25 +5,11 @@
 #include <QRegularExpression>
 
 #include "platform/qt/desktop.h"
+#include "platform/qt/scrivania.h"
 
 namespace platform {
 
 namespace {
-
-SceltaCartella& scelta_in_forza() {
-    static SceltaCartella scelta;
-    return scelta;
-}
-
-std::function<QStringList()>& scelta_file_in_forza() {
-    static std::function<QStringList()> scelta;
-    return scelta;
-}
-
-std::function<QString(const QString&)>& scelta_nuovo_in_forza() {
-    static std::function<QString(const QString&)> scelta;
-    return scelta;
-}
 
 QStringList esegui(QFileDialog& dialogo) {
     // The titles of the program speak of this button by its name.
@@ -39,7 +25,7 @@ QStringList esegui(QFileDialog& dialogo) {
 }  // namespace
 
 QString scegli_cartella(QWidget* proprietario, const QString& titolo, const QString& inizio) {
-    if (scelta_in_forza()) return scelta_in_forza()(titolo, inizio);
+    if (scrivania().sceglie_cartella) return scrivania().sceglie_cartella(titolo, inizio);
     QFileDialog dialogo(proprietario, titolo, inizio);
     dialogo.setFileMode(QFileDialog::Directory);
     dialogo.setOption(QFileDialog::ShowDirsOnly);
@@ -48,7 +34,7 @@ QString scegli_cartella(QWidget* proprietario, const QString& titolo, const QStr
 
 QStringList scegli_file(QWidget* proprietario, const QString& titolo, const QString& inizio,
                         const QString& tipi) {
-    if (scelta_file_in_forza()) return scelta_file_in_forza()();
+    if (scrivania().sceglie_file) return scrivania().sceglie_file();
     QFileDialog dialogo(proprietario, titolo, inizio);
     dialogo.setFileMode(QFileDialog::ExistingFiles);
     dialogo.setNameFilters({tipi, "Tutti i file (*)"});
@@ -57,7 +43,7 @@ QStringList scegli_file(QWidget* proprietario, const QString& titolo, const QStr
 
 QString scegli_nuovo_file(QWidget* proprietario, const QString& titolo, const QString& proposta,
                           const QString& tipi) {
-    if (scelta_nuovo_in_forza()) return scelta_nuovo_in_forza()(proposta);
+    if (scrivania().sceglie_nuovo_file) return scrivania().sceglie_nuovo_file(proposta);
     QFileDialog dialogo(proprietario, titolo);
     dialogo.setAcceptMode(QFileDialog::AcceptSave);
     dialogo.setNameFilters(tipi.split(";;"));
@@ -71,18 +57,6 @@ QString scegli_nuovo_file(QWidget* proprietario, const QString& titolo, const QS
         if (!estensione.isEmpty()) dialogo.setDefaultSuffix(estensione);
     });
     return esegui(dialogo).value(0);
-}
-
-void scegli_nuovo_file_con(std::function<QString(const QString&)> scelta) {
-    scelta_nuovo_in_forza() = std::move(scelta);
-}
-
-void scegli_file_con(std::function<QStringList()> scelta) {
-    scelta_file_in_forza() = std::move(scelta);
-}
-
-void scegli_con(SceltaCartella scelta) {
-    scelta_in_forza() = std::move(scelta);
 }
 
 }  // namespace platform

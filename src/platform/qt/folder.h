@@ -1,8 +1,6 @@
 // Choice of a folder or of files.
 #pragma once
 
-#include <functional>
-
 #include <QString>
 #include <QStringList>
 
@@ -24,15 +22,5 @@ QStringList scegli_file(QWidget* proprietario, const QString& titolo, const QStr
 /// asks before one that is there. Empty when cancelled.
 QString scegli_nuovo_file(QWidget* proprietario, const QString& titolo, const QString& proposta,
                           const QString& tipi);
-/// What answers in place of that dialog, given the proposal; an empty one brings it back.
-void scegli_nuovo_file_con(std::function<QString(const QString&)> scelta);
-
-/// What answers in place of the dialog for files; an empty one brings it back.
-void scegli_file_con(std::function<QStringList()> scelta);
-
-/// What answers in place of the dialog.
-using SceltaCartella = std::function<QString(const QString& titolo, const QString& inizio)>;
-/// Puts `scelta` in place of the dialog; an empty one brings it back.
-void scegli_con(SceltaCartella scelta);
 
 }  // namespace platform

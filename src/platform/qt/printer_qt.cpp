@@ -13,6 +13,7 @@
 
 #include "platform/file_nuovo.h"
 #include "platform/qt/desktop.h"
+#include "platform/qt/scrivania.h"
 
 namespace platform {
 
@@ -22,17 +23,10 @@ constexpr float millimetri_al_pollice = 25.4F;
 constexpr float largo_a4 = 210;
 constexpr float alto_a4 = 297;
 
-bool solo_file = false;
-
-std::function<std::unique_ptr<QPrinter>()>& fabbrica_in_forza() {
-    static std::function<std::unique_ptr<QPrinter>()> fabbrica;
-    return fabbrica;
-}
-
 /// The printer that jobs go to; null when they go into a file.
 std::unique_ptr<QPrinter> stampante_del_sistema() {
-    if (fabbrica_in_forza()) return fabbrica_in_forza()();
-    if (solo_file) return nullptr;
+    if (scrivania().stampante) return scrivania().stampante();
+    if (scrivania().stampa_solo_su_file) return nullptr;
     const QPrinterInfo predefinita = QPrinterInfo::defaultPrinter();
     if (predefinita.isNull()) return nullptr;
     return std::make_unique<QPrinter>(predefinita, QPrinter::HighResolution);
@@ -73,14 +67,6 @@ protected:
 private:
     FileNuovo file_;
 };
-
-void stampa_solo_su_file(bool solo) {
-    solo_file = solo;
-}
-
-void stampa_su(std::function<std::unique_ptr<QPrinter>()> fabbrica) {
-    fabbrica_in_forza() = std::move(fabbrica);
-}
 
 QTransform dentro_il_foglio(const QPageLayout& foglio, int dot) {
     QPageLayout misure = foglio;

@@ -1,7 +1,6 @@
 // Print jobs on paper, or as a PDF file where the machine has no printer.
 #pragma once
 
-#include <functional>
 #include <memory>
 
 #include <QPainter>
@@ -68,11 +67,6 @@ private:
     QPainter pittore_;
 };
 
-/// With true no job goes to paper, whatever printers the machine has.
-void stampa_solo_su_file(bool solo);
-/// Puts the printers that `fabbrica` makes in place of the machine's; an empty one brings them
-/// back.
-void stampa_su(std::function<std::unique_ptr<QPrinter>()> fabbrica);
 /// True when jobs go to paper.
 [[nodiscard]] bool esiste_stampante();
 /// From the whole A4 page to a sheet of that layout, in dots: the same, or smaller all over where

@@ -8,16 +8,12 @@
 #include "platform/disk.h"
 #include "platform/macchina.h"
 #include "platform/qt/desktop.h"
+#include "platform/qt/scrivania.h"
 #include "platform/runtime.h"
 
 namespace platform {
 
 namespace {
-
-Finestre& finte() {
-    static Finestre f;
-    return f;
-}
 
 std::int64_t avvia(const QString& programma, const QString& cartella, const QStringList& parole) {
     QProcess processo;
@@ -54,7 +50,7 @@ std::int64_t Shell(const std::string& programma, const std::vector<std::string>&
 }
 
 std::vector<Finestra> EnumWindows() {
-    if (finte().elenco) return finte().elenco();
+    if (scrivania().finestre) return scrivania().finestre();
     // A program that shows nothing must not reach for the windows of somebody's desktop.
     if (QGuiApplication::platformName() == "offscreen") return {};
     return finestre_aperte();
@@ -62,8 +58,8 @@ std::vector<Finestra> EnumWindows() {
 
 void ShowWindow(std::uint32_t finestra) {
     if (finestra == 0) return;
-    if (finte().mostra) {
-        finte().mostra(finestra);
+    if (scrivania().mostra_finestra) {
+        scrivania().mostra_finestra(finestra);
     } else {
         mostra_finestra(finestra);
     }
@@ -73,11 +69,8 @@ bool AppActivate(std::string_view titolo) {
     const auto finestre = EnumWindows();
     const Finestra* trovata = finestra_titolata(finestre, titolo);
     if (trovata == nullptr) return false;
-    return finte().attiva ? finte().attiva(trovata->id) : attiva_finestra(trovata->id);
-}
-
-void finestre_con(Finestre altre) {
-    finte() = std::move(altre);
+    return scrivania().attiva_finestra ? scrivania().attiva_finestra(trovata->id)
+                                       : attiva_finestra(trovata->id);
 }
 
 }  // namespace platform

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,14 +25,5 @@ void ShowWindow(std::uint32_t finestra);
 /// Brings the window titled so, or beginning so, to the front and gives it the keyboard; false
 /// when there is none.
 bool AppActivate(std::string_view titolo);
-
-/// What is asked of the screen about the windows of other programs.
-struct Finestre {
-    std::function<std::vector<Finestra>()> elenco;
-    std::function<void(std::uint32_t)> mostra;
-    std::function<bool(std::uint32_t)> attiva;
-};
-/// Puts `altre` in place of the screen; an empty one brings it back.
-void finestre_con(Finestre altre);
 
 }  // namespace platform

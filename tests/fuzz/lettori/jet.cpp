@@ -2,11 +2,12 @@
 #include "platform/jet.h"
 
 #include "fuzz/archivio.h"
+#include "platform/ambiente.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t quanti) {
     static const fuzz::Suite suite;
     static fuzz::Ingresso ingresso(suite.file("x.mdb"));
-    platform::lettore_jet().programma = LETTORE_JET;
+    platform::ambiente().lettore_jet.programma = LETTORE_JET;
     ingresso.riempi(dati, quanti);
     fuzz::apri_archivio(suite.file("x.mdb"));
     return 0;

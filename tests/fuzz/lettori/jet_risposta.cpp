@@ -2,6 +2,7 @@
 #include <fstream>
 
 #include "fuzz/ingresso.h"
+#include "platform/ambiente.h"
 #include "platform/jet.h"
 
 namespace {
@@ -30,7 +31,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t quanti) {
     static fuzz::Ingresso ingresso(suite.file("risposta"));
     static const std::string programma = pappagallo(suite, suite.file("risposta"));
     static const std::string file = testa_di_jet(suite);
-    platform::lettore_jet().programma = programma;
+    platform::ambiente().lettore_jet.programma = programma;
     ingresso.riempi(dati, quanti);
     platform::Tabella tabella;
     if (platform::leggi_jet(file, "archivio", tabella) != 0) return 0;
