@@ -60,18 +60,17 @@ const std::string& Spiegazioni::di(const std::string& ridotti, Gioco gioco, int 
     const std::string nome = nome_tabella(gioco, n, tipo);
     Provata& provata = provate_[nome];
     if (nome.empty()) return provata.frase;
-    const auto contenuto = platform::leggi_tutto(ridotti + "/" + nome, byte_massimi);
-    if (!contenuto) {
-        provata = {{}, "La tabella " + nome + " manca o non si può leggere"};
-        return provata.frase;
-    }
-    if (provata.frase.empty() || provata.contenuto != *contenuto) {
+    auto contenuto = platform::leggi_tutto(ridotti + "/" + nome, byte_massimi);
+    if (!provata.frase.empty() && provata.contenuto == contenuto) return provata.frase;
+    if (contenuto) {
         const Lettura letta = leggi_rigorosa(*contenuto, n, gioco.numeri());
-        provata.contenuto = *contenuto;
         provata.frase = letta.errori.empty() && !letta.tabella.righe.empty()
                             ? spiega(letta.tabella, gioco)
                             : "La tabella " + nome + " è guasta: non garantisce nulla";
+    } else {
+        provata.frase = "La tabella " + nome + " manca o non si può leggere";
     }
+    provata.contenuto = std::move(contenuto);
     return provata.frase;
 }
 

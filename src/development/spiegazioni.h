@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -22,7 +23,7 @@ public:
 
 private:
     struct Provata {
-        std::string contenuto;
+        std::optional<std::string> contenuto;  ///< none of a table that is not there
         std::string frase;
     };
     std::map<std::string, Provata> provate_;  ///< by file name

@@ -1,5 +1,6 @@
 #include "development/spiegazioni.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
 
 #include "crossword/tipi.h"
@@ -71,6 +72,11 @@ TEST(Spiegazioni, dalla_tabella_che_sta_nel_disco) {
     EXPECT_EQ(s.di(ridotti, terzine, 5, 1), "La tabella tr0501.rid è guasta: non garantisce nulla");
     scrivi("1,2,3\r\n1,4,5\r\n");
     EXPECT_EQ(s.di(ridotti, terzine, 5, 1).substr(0, 31), "2 terzine, 20 % dell'integrale:");
+    scrivi("");
+    EXPECT_EQ(s.di(ridotti, terzine, 5, 1), "La tabella tr0501.rid è guasta: non garantisce nulla");
+    std::filesystem::remove(ridotti + "/tr0501.rid");
+    EXPECT_EQ(s.di(ridotti, terzine, 5, 1), "La tabella tr0501.rid manca o non si può leggere");
+    // An empty table is there, and says something else than one that is not.
     scrivi("");
     EXPECT_EQ(s.di(ridotti, terzine, 5, 1), "La tabella tr0501.rid è guasta: non garantisce nulla");
 }
