@@ -3,12 +3,14 @@
 
 #include <any>
 #include <functional>
+#include <optional>
 #include <type_traits>
 #include <utility>
 
 #include "platform/application.h"
 #include "platform/jet.h"
 #include "platform/syscalls.h"
+#include "platform/tabella.h"
 
 namespace platform {
 
@@ -18,6 +20,8 @@ struct Ambiente {
     LettoreJet lettore_jet;
     /// Seconds on a clock that never goes back; an empty one is the machine's.
     std::function<double()> orologio;
+    /// The day on the calendar; without one it is the machine's.
+    std::optional<Data> oggi;
     /// The half with windows keeps its own part here: `qt/scrivania.h`.
     std::any scrivania;
 };

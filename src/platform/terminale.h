@@ -5,6 +5,8 @@ namespace platform {
 
 /// True when what is written to standard error is seen by somebody.
 bool errori_su_un_terminale();
+/// The same of standard output.
+bool uscita_su_un_terminale();
 
 /// From now on the first wish to stop the program is only noted, so that it can put things in order
 /// and end; the second one ends it.

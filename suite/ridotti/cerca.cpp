@@ -2,15 +2,14 @@
 #include <algorithm>
 #include <charconv>
 #include <chrono>
-#include <csignal>
 #include <cstdio>
-#include <unistd.h>
 
 #include "comune.h"
 #include "comune/parole.h"
 #include "development/coperture.h"
 #include "platform/codepage.h"
 #include "platform/disk.h"
+#include "platform/terminale.h"
 
 namespace ridotti {
 
@@ -25,17 +24,6 @@ constexpr double secondi_soliti = 60;
 constexpr double secondi_massimi = 30.0 * 24 * 60 * 60;
 /// The best table is on the disk this long after it was found, at most.
 constexpr std::chrono::milliseconds ritardo_massimo{1000};
-
-volatile std::sig_atomic_t interrotta = 0;
-
-/// Stopped once, the search writes what it has and ends; a second time it ends at once.
-void ascolta_interruzione() {
-    struct sigaction azione {};
-    azione.sa_handler = [](int) { interrotta = 1; };
-    azione.sa_flags = static_cast<int>(SA_RESETHAND);
-    sigaction(SIGINT, &azione, nullptr);
-    sigaction(SIGTERM, &azione, nullptr);
-}
 
 /// What was asked for.
 struct Ordine {
@@ -112,7 +100,9 @@ bool leggi_inizio(const std::string& file, Ordine& ordine) {
 class Arrivo {
 public:
     Arrivo(std::string file, int n, int k)
-        : file_(std::move(file)), tabella_{n, k, {}}, terminale_(::isatty(STDOUT_FILENO) == 1) {}
+        : file_(std::move(file)),
+          tabella_{n, k, {}},
+          terminale_(platform::uscita_su_un_terminale()) {}
 
     void trovata(const std::vector<Maschera>& righe_trovate, std::uint64_t scoperti) {
         tabella_.righe = righe_trovate;
@@ -213,14 +203,14 @@ int cerca(const std::vector<std::string>& parole) {
     }
     if (const std::string* da = lette.valore("--da"); da != nullptr && !leggi_inizio(*da, ordine))
         return impossibile;
-    ascolta_interruzione();
+    platform::ascolta_interruzione();
     Arrivo arrivo(ordine.arrivo, ordine.desiderio.n, ordine.desiderio.k);
     development::Condotta condotta;
     condotta.seme = ordine.seme;
     condotta.inizio = ordine.inizio;
     condotta.fermo = [&] {
         arrivo.aspetta();
-        return interrotta != 0 || arrivo.secondi() >= ordine.secondi;
+        return platform::interrotto() || arrivo.secondi() >= ordine.secondi;
     };
     condotta.trovata = [&](const std::vector<Maschera>& trovate, std::uint64_t scoperti) {
         arrivo.trovata(trovate, scoperti);

@@ -4,7 +4,7 @@
 #include <QSignalSpy>
 
 #include "app/piede.h"
-#include "platform/qt/folder.h"
+#include "platform/qt/scrivania.h"
 #include "support/programma.h"
 
 using support::Programma;
@@ -108,10 +108,11 @@ TEST_F(PiedeForm, WhereASystemWasSentIsTold) {
     Programma::voce(p.form1.mnugest_sist);
     systems::Form2* f = Programma::gestore();
     f->ListView1->setCurrentItem(f->ListView1->topLevelItem(0));
-    platform::scegli_con([&](const QString&, const QString&) { return platform::q(usb); });
+    const platform::Ripristina scelta(
+        platform::scrivania().sceglie_cartella,
+        [&](const QString&, const QString&) { return platform::q(usb); });
     Programma::voce(f->mnuinvia);
     QTest::qWait(0);
-    platform::scegli_con({});
     EXPECT_EQ(passo(), "Il sistema «prova» è stato inviato in " + platform::q(usb) + "/");
     if (systems::Form2* nuovo = Programma::gestore()) nuovo->close();
 }

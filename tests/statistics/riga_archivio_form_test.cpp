@@ -1,7 +1,7 @@
 // Where draws are used it is said what they are, and an import is noticed without a restart.
 #include "analysis/frmanalisi.h"
 #include "check/frmspoglio.h"
-#include "platform/calendario.h"
+#include "platform/ambiente.h"
 #include "statistics/riga_archivio.h"
 #include "support/altre_finestre.h"
 #include "support/archivi_veri.h"
@@ -24,8 +24,8 @@ std::string contenuto(const std::string& nome) {
 
 class RigaArchivioForm : public testing::Test {
 protected:
-    RigaArchivioForm() { platform::oggi_sia(platform::Data{2026, 11, 22}); }
-    ~RigaArchivioForm() override { platform::oggi_sia({}); }
+    platform::Ripristina<std::optional<platform::Data>> giorno_{platform::ambiente().oggi,
+                                                                platform::Data{2026, 11, 22}};
     void importa() const { ASSERT_TRUE(support::metti_vero(p.cartella.radice(), ultima)); }
     /// The keyboard comes back from another window.
     static void torna(QWidget& finestra) {

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
+#include "platform/ambiente.h"
 #include "platform/calendario.h"
 #include "statistics/archivio.h"
 #include "support/archivi_veri.h"
@@ -83,9 +84,10 @@ TEST(FraseArchivio, WhatIsNotThereIsSaid) {
 }
 
 TEST(Calendario, ADayCanStandForTheClock) {
-    platform::oggi_sia(ultima);
-    EXPECT_EQ(platform::oggi(), ultima);
-    platform::oggi_sia({});
+    {
+        const platform::Ripristina finto(platform::ambiente().oggi, ultima);
+        EXPECT_EQ(platform::oggi(), ultima);
+    }
     EXPECT_GE(platform::oggi().anno, 2024);
 }
 

@@ -1,5 +1,6 @@
 // Going to a page, searching and exporting from the viewer.
 #include "platform/qt/folder.h"
+#include "platform/qt/scrivania.h"
 #include "support/finestre_aperte.h"
 #include "viewer/frmcerca.h"
 #include "viewer/strumenti.h"
@@ -13,10 +14,6 @@ namespace {
 
 class StrumentiTest : public testing::Test {
 protected:
-    ~StrumentiTest() override {
-        platform::scegli_nuovo_file_con({});
-        platform::apri_con({});
-    }
     /// Opens the viewer on lines whose first number is the line's own.
     Form3& apri(int righe) {
         std::string testo;
@@ -34,10 +31,10 @@ protected:
     }
     void scrivi_in(const std::string& nome) {
         file = p.cartella.file(nome);
-        platform::scegli_nuovo_file_con([this](const QString& proposta) {
+        platform::scrivania().sceglie_nuovo_file = [this](const QString& proposta) {
             proposto = proposta;
             return platform::q(file);
-        });
+        };
     }
     frmcerca& cerca(Form3& f, const QString& numeri) {
         QTest::keyClick(&f, Qt::Key_F, Qt::ControlModifier);
@@ -48,6 +45,7 @@ protected:
         return *c;
     }
 
+    platform::Ripristina<platform::Scrivania> desktop_{platform::scrivania()};
     Programma p;
     std::string file;
     QString proposto;
@@ -137,10 +135,10 @@ TEST_F(StrumentiTest, TheDevelopmentGoesIntoATable) {
     const Form3& f = apri(50);
     scrivi_in("mio");
     QString aperto;
-    platform::apri_con([&aperto](const QString& documento) {
+    platform::scrivania().apre = [&aperto](const QString& documento) {
         aperto = documento;
         return true;
-    });
+    };
     p.risposte = {platform::vbAltri};
     Programma::clic(f.strumenti->cmdesporta);
     EXPECT_TRUE(proposto.endsWith("/s-sviluppo.csv"));
@@ -190,7 +188,7 @@ TEST_F(StrumentiTest, ClosedWhileItExportsTheWindowGoes) {
 
 TEST_F(StrumentiTest, NothingChosenWritesNothing) {
     const Form3& f = apri(50);
-    platform::scegli_nuovo_file_con([](const QString&) { return QString(); });
+    platform::scrivania().sceglie_nuovo_file = [](const QString&) { return QString(); };
     Programma::clic(f.strumenti->cmdesporta);
     EXPECT_TRUE(p.mostrati().empty());
 }

@@ -15,6 +15,10 @@ bool errori_su_un_terminale() {
     return ::isatty(STDERR_FILENO) == 1;
 }
 
+bool uscita_su_un_terminale() {
+    return ::isatty(STDOUT_FILENO) == 1;
+}
+
 void ascolta_interruzione() {
     struct sigaction azione {};
     azione.sa_handler = [](int) { fermare = 1; };
