@@ -13,17 +13,14 @@ command -v dpkg-query >/dev/null || {
   echo "This copy was not built on Debian: its libraries belong to no package that it could name."
   exit 0
 }
-for program in "$@"; do
+# Where /lib leads to /usr/lib, a package may know a file by either name.
+mapfile -t files < <(for program in "$@"; do
   needed=$(objdump -p "$program" | awk '$1 == "NEEDED" {print $2}')
-  while read -r name _ path _; do
-    grep -qxF "$name" <<<"$needed" || continue
-    # Where /lib leads to /usr/lib, the package may know the file by either name.
-    for known in "$path" "/usr$path" "${path#/usr}"; do
-      owner=$(dpkg-query -S "$known" 2>/dev/null | cut -d: -f1 | head -n 1) || true
-      [ -n "$owner" ] && { packages+=("$owner"); break; }
-    done
-  done < <(ldd "$program" | grep "=>" || true)
-done
+  ldd "$program" | awk '$2 == "=>" && $3 ~ "^/" {print $1, $3}' | while read -r name path; do
+    grep -qxF "$name" <<<"$needed" && printf '%s\n' "$path" "/usr$path" "${path#/usr}" || true
+  done
+done | sort -u)
+mapfile -t -O ${#packages[@]} packages < <(dpkg-query -S "${files[@]}" 2>/dev/null | cut -d: -f1 | sort -u)
 
 printf '%-28s %-28s %s\n' Package Version Licence
 printf '%s\n' "${packages[@]}" | sort -u | while read -r package; do

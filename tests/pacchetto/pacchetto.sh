@@ -83,8 +83,8 @@ trap '[ -z "$programma" ] || kill -KILL "$programma" 2>/dev/null || true; rm -rf
   { cat "$lavoro/log"; fallisci "cpack"; }
 (umask 077 && DESTDIR=$lavoro/installato cmake --install "$build") >"$lavoro/log" 2>&1 ||
   { cat "$lavoro/log"; fallisci "cmake --install"; }
-# Packed again, it is the same bytes.
-cpack -G DEB --config "$build/CPackConfig.cmake" -B "$lavoro/ancora" >"$lavoro/log" 2>&1 ||
+# Packed again under the same mask, which the packer writes down, it is the same bytes.
+(umask 077 && cpack -G DEB --config "$build/CPackConfig.cmake" -B "$lavoro/ancora") >"$lavoro/log" 2>&1 ||
   { cat "$lavoro/log"; fallisci "cpack once more"; }
 cmp "$lavoro"/cpack/*.deb "$lavoro"/ancora/*.deb || fallisci "packed twice, it differs"
 chiusi() { find "$@" \( -type f ! -perm -444 -o -type d ! -perm -555 -o -type f -perm /100 ! -perm /001 \) -print; }
