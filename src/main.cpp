@@ -9,6 +9,7 @@
 #include "app/mancanze.h"
 #include "app/stile.h"
 #include "platform/application.h"
+#include "platform/qt/scala.h"
 
 int main(int argc, char** argv) {
     platform::Application& app = platform::App();
@@ -31,7 +32,9 @@ int main(int argc, char** argv) {
         [&form1] { form1.Form_Load(); },
         [&form1] {
             // A window manager may leave to the corner what follows a window without a frame.
-            form1.move(form1.screen()->availableGeometry().center() - form1.rect().center());
+            if (!platform::Scala::di(&form1)->rimetti()) {
+                form1.move(form1.screen()->availableGeometry().center() - form1.rect().center());
+            }
             form1.show();
             // Once the splash is gone.
             QTimer::singleShot(0, &form1, [&form1] {

@@ -10,6 +10,7 @@
 #include "platform/application.h"
 #include "platform/disk.h"
 #include "platform/qt/desktop.h"
+#include "platform/qt/scala.h"
 #include "platform/runtime.h"
 #include "statistics/avviso_archivio.h"
 
@@ -34,9 +35,16 @@ Form1::Form1(Dialoghi& dialoghi) : Finestra(App().Path), dialoghi_(dialoghi) {
     parti_ = std::make_unique<Parti>(*this, dialoghi);
     lblpasso = parti_->piede->lblpasso;
     lblanalisi = parti_->piede->lblanalisi;
-    setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     setFixedSize(centralWidget()->width(),
                  centralWidget()->height() + menuBar()->sizeHint().height());
+    // In a window that is higher than its width asks for, crossword and list take the height.
+    using platform::Scala;
+    platform::ancora({Picture2, Frame3}, Scala::sta_in_alto);
+    platform::ancora({Frame1, Frame5, List1}, Scala::alza);
+    platform::ancora({Frame9, Frame8, Frame4, Frame7, Frame2, Frame6, ProgressBar1, parti_->piede},
+                     Scala::segue_fondo);
+    for (QWidget* w : Frame5->findChildren<QLabel*>()) platform::ancora({w}, Scala::segue_fondo);
+    platform::rendi_scalabile(this);
     collega();
 }
 
@@ -90,6 +98,9 @@ void Form1::collega() {
     connect(mnugest_sist, &QAction::triggered, this, &Form1::mnugest_sist_Click);
     connect(mnuImportocolonna, &QAction::triggered, this,
             [this] { dialoghi_.importo_colonna(*this); });
+    mostra_linee->setChecked(parti_->vista.luce().accesa());
+    connect(mostra_linee, &QAction::toggled, this,
+            [this](bool mostrate) { parti_->vista.luce().accendi(mostrate); });
     connect(mnuanalisi, &QAction::triggered, this, &Form1::mnuanalisi_Click);
     connect(mnumigliora, &QAction::triggered, this, [this] {
         if (!in_elaborazione()) dialoghi_.migliora(*this);

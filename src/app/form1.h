@@ -110,6 +110,7 @@ public:
     QAction* mnuanalisi = nullptr;
     QAction* mnumigliora = nullptr;
     QAction* mnuarchivio = nullptr;
+    QAction* mostra_linee = nullptr;
     QAction* annulla = nullptr;
     QAction* ripeti = nullptr;
     QAction* mnuaiuto = nullptr;

@@ -104,6 +104,8 @@ void Form1::crea_menu() {
     mnuarchivio = comando(utility, tr("Archivio &Estrazioni"), "mnuarchivio");
     utility->addSeparator();
     aggiungi_menu_aspetto(utility, this, platform::radice(platform::App().Path));
+    mostra_linee = comando(utility, tr("Mostra le &linee"), "mostra_linee");
+    mostra_linee->setCheckable(true);
 
     QMenu* guida = menuBar()->addMenu(tr("&Guida"));
     guida->setObjectName("mnuguida");

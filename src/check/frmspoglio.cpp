@@ -8,6 +8,7 @@
 #include "check/estrazioni.h"
 #include "platform/application.h"
 #include "platform/qt/desktop.h"
+#include "platform/qt/scala.h"
 #include "platform/runtime.h"
 #include "systems/elenco.h"
 #include "systems/file_sistema.h"
@@ -156,7 +157,8 @@ void frmspoglio::mostra_totali_lotto() {
 }
 
 bool frmspoglio::avanza(std::int32_t fatte, std::int32_t tutte) {
-    const qint64 largo = tutte > 0 ? qint64{picprog1->width()} * fatte / tutte : 0;
+    const qint64 intera = platform::posto_a_100(picprog1).width();
+    const qint64 largo = tutte > 0 ? intera * fatte / tutte : 0;
     picprog2->resize(static_cast<int>(largo), picprog2->height());
     platform::DoEvents();
     return !chiusura_chiesta_;

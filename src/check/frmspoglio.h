@@ -102,6 +102,7 @@ private:
     /// stays chosen where it is still there.
     void rivedi_estrazioni();
     [[nodiscard]] bool appena_aperta() const;
+    void centra_cruciverba();
     void Combo1_Click();
     void Combo3_Click();
     void casella_piena(QLineEdit* casella, QWidget* prossima);

@@ -6,6 +6,7 @@
 #include "app/finestra.h"
 #include "check/estrazioni.h"
 #include "check/frmspoglio.h"
+#include "crossword/griglia.h"
 #include "platform/application.h"
 #include "platform/qt/desktop.h"
 #include "statistics/avviso_archivio.h"
@@ -123,6 +124,10 @@ void frmspoglio::casella_piena(QLineEdit* casella, QWidget* prossima) {
 }
 
 bool frmspoglio::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (oggetto == Frame4 && evento->type() == QEvent::Resize && MSFlexGrid1->Rows() > 0) {
+        crossword::adatta_griglia(MSFlexGrid1);
+        centra_cruciverba();
+    }
     auto* casella = qobject_cast<QLineEdit*>(oggetto);
     if (casella == nullptr) return QDialog::eventFilter(oggetto, evento);
     if (evento->type() == QEvent::FocusIn) {

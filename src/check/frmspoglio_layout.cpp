@@ -9,6 +9,7 @@
 #include "crossword/griglia.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
+#include "platform/qt/scala.h"
 
 namespace check {
 
@@ -110,6 +111,7 @@ frmspoglio::frmspoglio(app::Finestra& finestra)
     crea_esito();
     crea_comandi();
     collega();
+    platform::rendi_scalabile(this);
     Form_Load();
 }
 
@@ -190,7 +192,9 @@ void frmspoglio::crea_cruciverba() {
     MSFlexGrid1->setObjectName("MSFlexGrid1");
     MSFlexGrid1->setAccessibleName(tr("Cruciverba"));
     MSFlexGrid1->setFocusPolicy(Qt::NoFocus);
+    MSFlexGrid1->setProperty(platform::Scala::da_se, true);
     MSFlexGrid1->barra_esterna();
+    Frame4->installEventFilter(this);
     piclist = new platform::Image(":/piclist.svg", {220, 160}, this);
     piclist->setObjectName("piclist");
     piclist->setFocusPolicy(Qt::NoFocus);
@@ -304,7 +308,7 @@ void frmspoglio::Form_Load() {
         Framevinclotto->show();
         framelotto->show();
         framedetlotto->show();
-        framedetlotto->move(px(30), framedetlotto->y());
+        framedetlotto->move(px(30), platform::posto_a_100(framedetlotto).y());
         // What lies beneath must not be reached by keys.
         for (QLineEdit* casella : txtnum) casella->setFocusPolicy(Qt::NoFocus);
         for (QWidget* w : {static_cast<QWidget*>(Combo1), static_cast<QWidget*>(Cmdvincenti)}) {
@@ -324,9 +328,13 @@ void frmspoglio::copia_cruciverba() {
     MSFlexGrid1->hide();
     crossword::forma_griglia(MSFlexGrid1, sessione.colonne(), sessione.righe());
     crossword::scrivi_griglia(MSFlexGrid1, sessione.matrice());
+    centra_cruciverba();
+    MSFlexGrid1->show();
+}
+
+void frmspoglio::centra_cruciverba() {
     MSFlexGrid1->move(Frame4->width() / 2 - MSFlexGrid1->width() / 2,
                       Frame4->height() / 2 - MSFlexGrid1->height() / 2);
-    MSFlexGrid1->show();
 }
 
 void frmspoglio::showEvent(QShowEvent* evento) {

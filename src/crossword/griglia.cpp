@@ -1,12 +1,17 @@
 #include "crossword/griglia.h"
 
+#include <cmath>
+
 #include "platform/qt/desktop.h"
+#include "platform/qt/scala.h"
 
 namespace crossword {
 
 namespace {
 
 constexpr int casella = 300;  // twips
+/// How much larger than told the frame is when the grid takes all of it.
+constexpr qreal crescita_piena = 0.2;
 
 int altezza_griglia(int righe, int colonne) {
     if (righe < 11 && colonne >= 11) return righe * casella + 45;
@@ -24,8 +29,41 @@ void forma_griglia(platform::MSFlexGrid* griglia, int colonne, int righe) {
     griglia->set_Cols(colonne);
     for (int i = 0; i < colonne; ++i) griglia->ColWidth(i, casella);
     for (int i = 0; i < righe; ++i) griglia->RowHeight(i, casella);
-    griglia->misura({platform::px(larghezza_griglia(righe, colonne)),
-                     platform::px(altezza_griglia(righe, colonne))});
+    adatta_griglia(griglia);
+}
+
+void adatta_griglia(platform::MSFlexGrid* griglia) {
+    const int righe = griglia->Rows();
+    const int colonne = griglia->Cols();
+    const QSize detta(platform::px(larghezza_griglia(righe, colonne)),
+                      platform::px(altezza_griglia(righe, colonne)));
+    const QWidget* cornice = griglia->parentWidget();
+    const QSize posto = cornice->size();
+    const QSize posto_a_100 = platform::posto_a_100(cornice).size();
+    const qreal f = platform::scala(griglia);
+    if (f == 1 && posto == posto_a_100) {
+        griglia->misura(detta);
+        return;
+    }
+    const QSize libero = posto - QSize(platform::scalato(40, f), platform::scalato(46, f));
+    const auto entra = [&libero](QSize quanto) {
+        return qMin(qreal(libero.width()) / quanto.width(),
+                    qreal(libero.height()) / quanto.height());
+    };
+    const qreal cresce = qMax(qreal(posto.width()) / posto_a_100.width(),
+                              qreal(posto.height()) / posto_a_100.height());
+    // Little by little, lest the cells jump at the first pixel.
+    const qreal quanto = qBound(0.0, (cresce - 1) / crescita_piena, 1.0);
+    QSize misura = detta;
+    qreal fattore = f + (qMax(f, entra(detta)) - f) * quanto;
+    const QSize tutta(detta.width(), platform::px(righe * casella + 45));
+    if (righe > 10 && entra(tutta) >= 1) {
+        misura = tutta;
+        fattore = entra(tutta);
+    }
+    // Cells of whole pixels, all alike.
+    constexpr int lato = platform::px(casella);
+    griglia->misura(misura, std::floor(fattore * lato + 1e-6) / lato);
 }
 
 void scrivi_griglia(platform::MSFlexGrid* griglia, const Matrice& matrice) {

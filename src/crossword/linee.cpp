@@ -4,22 +4,28 @@ namespace crossword {
 
 namespace {
 
-/// Collects the numbers of lines, passing over the cell under the cursor.
-class Raccolta {
-public:
-    Raccolta(const Matrice& matrice, int r, int c) : matrice_(matrice), r_(r), c_(c) {}
-    void cella(Sbarra linea, int x, int y) {
-        if (x == c_ && y == r_) return;
-        const int n = matrice_(x, y);
-        if (n >= 0 && n <= 90) sbarre[static_cast<std::size_t>(n)] |= linea;
+/// Visits the cells of the lines through a cell, which is passed over itself, with their line.
+template <typename Visita>
+void percorri(const Matrice& matrice, int r, int c, Visita visita) {
+    const auto cella = [&](Sbarra linea, int x, int y) {
+        if (x != c || y != r) visita(linea, x, y);
+    };
+    const int n = matrice.ubound(1);
+    for (int y = 0; y <= matrice.ubound(2); ++y) cella(sulla_colonna, c, y);
+    for (int x = 0; x <= n; ++x) cella(sulla_riga, x, r);
+    if (!matrice.quadrata()) return;
+    for (int i = 0; i <= n; ++i) {
+        if (r == c) cella(sulla_diagonale, i, i);
+        if (r + c == n) cella(sulla_diagonale, n - i, i);
     }
-    std::array<std::uint8_t, 91> sbarre{};
-
-private:
-    const Matrice& matrice_;
-    int r_;
-    int c_;
-};
+    if (n < 6) return;
+    for (int i = 0; i < n; ++i) {
+        if (r + c == n + 1) cella(sulla_diagonale, i + 1, n - i);
+        if (r + c == n - 1) cella(sulla_diagonale, i, n - 1 - i);
+        if (r == c - 1) cella(sulla_diagonale, i + 1, i);
+        if (r == c + 1) cella(sulla_diagonale, i, i + 1);
+    }
+}
 
 /// A damaged file can hold numbers that fit no byte: they must not pass for others.
 std::uint8_t cella(const Matrice& matrice, int x, int y) {
@@ -48,23 +54,19 @@ Linea antidiagonale(const Matrice& matrice, int somma) {
 }  // namespace
 
 std::array<std::uint8_t, 91> sbarre(const Matrice& matrice, int r, int c) {
-    Raccolta raccolta(matrice, r, c);
-    const int n = matrice.ubound(1);
-    for (int y = 0; y <= matrice.ubound(2); ++y) raccolta.cella(sulla_colonna, c, y);
-    for (int x = 0; x <= n; ++x) raccolta.cella(sulla_riga, x, r);
-    if (!matrice.quadrata()) return raccolta.sbarre;
-    for (int i = 0; i <= n; ++i) {
-        if (r == c) raccolta.cella(sulla_diagonale, i, i);
-        if (r + c == n) raccolta.cella(sulla_diagonale, n - i, i);
-    }
-    if (n < 6) return raccolta.sbarre;
-    for (int i = 0; i < n; ++i) {
-        if (r + c == n + 1) raccolta.cella(sulla_diagonale, i + 1, n - i);
-        if (r + c == n - 1) raccolta.cella(sulla_diagonale, i, n - 1 - i);
-        if (r == c - 1) raccolta.cella(sulla_diagonale, i + 1, i);
-        if (r == c + 1) raccolta.cella(sulla_diagonale, i, i + 1);
-    }
-    return raccolta.sbarre;
+    std::array<std::uint8_t, 91> trovate{};
+    percorri(matrice, r, c, [&](Sbarra linea, int x, int y) {
+        const int n = matrice(x, y);
+        if (n >= 0 && n <= 90) trovate[static_cast<std::size_t>(n)] |= linea;
+    });
+    return trovate;
+}
+
+std::vector<Incrocio> celle_sulle_linee(const Matrice& matrice, int r, int c) {
+    std::vector<Incrocio> celle;
+    if (!matrice.contiene(c, r)) return celle;
+    percorri(matrice, r, c, [&](Sbarra /*linea*/, int x, int y) { celle.push_back({x, y}); });
+    return celle;
 }
 
 std::bitset<91> numeri_sulle_linee(const Matrice& matrice, int r, int c) {

@@ -22,6 +22,17 @@ std::array<std::uint8_t, 91> sbarre(const Matrice& matrice, int r, int c);
 /// out. Index 0 is set when an empty cell lies there.
 std::bitset<91> numeri_sulle_linee(const Matrice& matrice, int r, int c);
 
+/// A cell by its column and row.
+struct Incrocio {
+    int x;
+    int y;
+    friend bool operator==(const Incrocio&, const Incrocio&) = default;
+};
+
+/// The cells of all lines through the cell of row `r`, column `c`, in the order in which they bar a
+/// number, the cell itself left out; none for a cell outside.
+std::vector<Incrocio> celle_sulle_linee(const Matrice& matrice, int r, int c);
+
 /// Lays a number from 1 to 90 at column `x`, row `y`; false, and nothing changes, where there is no
 /// such cell or a line through it holds the number. The one way for what a player lays.
 bool posa(Matrice& matrice, int x, int y, int numero);

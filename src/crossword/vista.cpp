@@ -6,8 +6,10 @@
 #include "crossword/digitazione.h"
 #include "crossword/griglia.h"
 #include "crossword/linee.h"
+#include "platform/application.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/pittura.h"
+#include "platform/qt/scala.h"
 
 namespace crossword {
 
@@ -35,7 +37,11 @@ QString motivo(int numero, std::uint8_t sbarre) {
 }  // namespace
 
 Vista::Vista(app::Finestra& finestra, const Controlli& controlli)
-    : finestra_(finestra), sessione_(finestra.sessione), c_(controlli) {
+    : finestra_(finestra),
+      sessione_(finestra.sessione),
+      c_(controlli),
+      luce_(finestra.sessione, controlli.griglia, controlli.tabellone,
+            platform::App().file("linee.dat")) {
     for (int i = 1; i <= 90; ++i) {
         QPushButton* numero = c_.tabellone[static_cast<std::size_t>(i)];
         numero->setText(QString::number(i));
@@ -47,19 +53,34 @@ Vista::Vista(app::Finestra& finestra, const Controlli& controlli)
     });
     connect(c_.griglia, &platform::MSFlexGrid::KeyPress, this, &Vista::MSFlexGrid1_KeyPress);
     connect(c_.lista, &platform::ListBox::Click, this, &Vista::List1_Click);
+    c_.griglia->setProperty(platform::Scala::da_se, true);
+    c_.griglia->parentWidget()->installEventFilter(this);
 }
 
 void Vista::mostra_dimensioni() {
     colore_griglia();
     const platform::SenzaPittura ferma(c_.griglia);
     forma_griglia(c_.griglia, sessione_.colonne(), sessione_.righe());
+    centra_griglia();
+    c_.griglia->cella(0, 0);
+}
+
+void Vista::centra_griglia() {
     const QSize spazio = c_.griglia->parentWidget()->size() - c_.griglia->size();
     c_.griglia->move(spazio.width() / 2, spazio.height() / 2);
-    c_.griglia->cella(0, 0);
+}
+
+bool Vista::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (evento->type() == QEvent::Resize && c_.griglia->Rows() > 0) {
+        adatta_griglia(c_.griglia);
+        centra_griglia();
+    }
+    return QObject::eventFilter(oggetto, evento);
 }
 
 void Vista::mostra_celle() {
     scrivi_griglia(c_.griglia, sessione_.matrice());
+    luce_.aggiorna();
     const int quanti = aggiorna_lista();
     c_.quanti->setText(quanti == 0 ? QString() : QString::number(quanti));
 }
@@ -178,6 +199,7 @@ void Vista::digita(int numero) {
         CMDnum_Click(numero);
         return;
     }
+    if (sul_tabellone) luce_.indica(numero);
     const Cella qui = cella_corrente();
     const QModelIndex cella = c_.griglia->model()->index(qui.riga, qui.colonna);
     const QPoint sotto = c_.griglia->visualRect(cella).bottomLeft();

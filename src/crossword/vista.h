@@ -7,6 +7,7 @@
 #include <QPushButton>
 
 #include "app/finestra.h"
+#include "crossword/luce.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/flexgrid.h"
 
@@ -40,8 +41,13 @@ public:
     std::int16_t aggiorna_lista();
     /// Takes back (`indietro`) or does again the last edit of this crossword.
     void rifai(bool indietro);
+    [[nodiscard]] Luce& luce() { return luce_; }
+
+protected:
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
 private:
+    void centra_griglia();
     void List1_Click();
     /// Typing in the crossword: two digits, or one and Return; a barred number is refused.
     void MSFlexGrid1_KeyPress(int tasto);
@@ -50,6 +56,7 @@ private:
     app::Finestra& finestra_;
     systems::Sessione& sessione_;
     Controlli c_;
+    Luce luce_;
 };
 
 }  // namespace crossword

@@ -4,6 +4,7 @@
 #include "platform/application.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
+#include "platform/qt/scala.h"
 
 namespace help {
 
@@ -53,6 +54,7 @@ frmAbout::frmAbout(app::Finestra& finestra) : QDialog(&finestra) {
     cmdOK->setDefault(true);
     cmdOK->setGeometry(misura.width() - 112, misura.height() - 42, 104, 32);
     connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+    platform::rendi_scalabile(this);
     platform::centra(this, &finestra);
 }
 

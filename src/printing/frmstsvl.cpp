@@ -10,6 +10,7 @@
 #include "platform/disk.h"
 #include "platform/file_nuovo.h"
 #include "platform/qt/desktop.h"
+#include "platform/qt/scala.h"
 #include "platform/qt/shell.h"
 #include "platform/runtime.h"
 #include "platform/text_file.h"
@@ -37,6 +38,7 @@ frmstsvl::frmstsvl(app::Finestra& finestra) : QDialog(&finestra), finestra_(fine
     connect(Command3, &QPushButton::clicked, this, &QDialog::close);
     connect(cmdstampa, &QPushButton::clicked, this, &frmstsvl::cmdstampa_Click);
     connect(cmdferma, &QPushButton::clicked, this, &frmstsvl::ferma);
+    platform::rendi_scalabile(this);
     Form_Load();
 }
 
@@ -49,11 +51,13 @@ void frmstsvl::Form_Load() {
         platform::Format(finestra_.sessione.totale(), platform::Modello::interi)));
     txtdalla[1]->setText(totale);
     platform::set_Tag(txtdalla[1], totale);
-    Shape2->setGeometry(platform::px(15), platform::px(15), Frame2->width() - platform::px(15),
-                        Frame2->height() - platform::px(15));
+    const QSize dentro = platform::posto_a_100(Frame2).size();
+    Shape2->setGeometry(platform::px(15), platform::px(15), dentro.width() - platform::px(15),
+                        dentro.height() - platform::px(15));
 }
 
 void frmstsvl::centra() {
+    if (platform::Scala::di(this)->rimetti()) return;
     // Both windows wear the same borders, so that middle over middle needs only the inner sizes.
     const QRect sotto = finestra_.frameGeometry();
     const QSize bordi = sotto.size() - finestra_.size();

@@ -6,6 +6,7 @@
 #include "development/elaborazione.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
+#include "platform/qt/scala.h"
 #include "systems/elenco.h"
 #include "systems/form2.h"
 #include "systems/trascinati.h"
@@ -77,6 +78,12 @@ Form2::Form2(app::Finestra& finestra) : QDialog(&finestra), finestra_(finestra) 
     crea_duplica();
     crea_menu();
     collega();
+    // More room shows more systems.
+    using platform::Scala;
+    platform::ancora({TabStrip1}, Scala::sta_in_alto | Scala::allarga);
+    platform::ancora({ListView1}, Scala::alza | Scala::allarga);
+    platform::ancora({Frame2, PicUtility, pic_salva, picimporta, picduplica}, Scala::segue_fondo);
+    platform::rendi_scalabile(this);
     Form_Load();
 }
 
@@ -132,9 +139,14 @@ void Form2::Text1_Change() {
     if (serve == lblavviso->isVisibleTo(pic_salva)) return;
     const int piu = serve ? h_avviso : -h_avviso;
     lblavviso->setVisible(serve);
-    for (QPushButton* b : {cmdsalva, cmdeffacer1}) b->move(b->x(), b->y() + piu);
-    pic_salva->resize(pic_salva->width(), pic_salva->height() + piu);
-    setFixedHeight(height() + piu);
+    for (QPushButton* b : {cmdsalva, cmdeffacer1}) {
+        const QPoint posto = platform::posto_a_100(b).topLeft();
+        b->move(posto.x(), posto.y() + piu);
+    }
+    const QSize gruppo = platform::posto_a_100(pic_salva).size();
+    pic_salva->resize(gruppo.width(), gruppo.height() + piu);
+    const QSize tutta = platform::posto_a_100(this).size();
+    platform::misura_a_100(this, {tutta.width(), tutta.height() + piu});
 }
 
 void Form2::crea_importa() {

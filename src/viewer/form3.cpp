@@ -9,6 +9,7 @@
 #include "platform/application.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/pittura.h"
+#include "platform/qt/scala.h"
 #include "platform/runtime.h"
 #include "systems/elenco.h"
 #include "systems/file_sistema.h"
@@ -68,7 +69,7 @@ void Form3::iniz() {
     }
     Frame1->hide();
     Frame2->show();
-    setFixedSize(px(9135), px(7600));
+    platform::misura_a_100(this, {px(9135), px(7600)});
     platform::centra(this, &finestra_);
     Command1->setFocus();
     platform::DoEvents();

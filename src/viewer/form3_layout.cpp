@@ -4,6 +4,7 @@
 #include "app/finestra.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
+#include "platform/qt/scala.h"
 #include "viewer/form3.h"
 #include "viewer/strumenti.h"
 
@@ -38,6 +39,8 @@ Form3::Form3(app::Finestra& finestra)
     crea_pagina();
     strumenti = new Strumenti(*this);
     crea_lettura();
+    // The size that the player left it is that of the lists, which come after the reading.
+    new platform::Scala(this);
 }
 
 void Form3::crea_lettura() {

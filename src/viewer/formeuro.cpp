@@ -11,6 +11,7 @@
 #include "platform/application.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/desktop.h"
+#include "platform/qt/scala.h"
 #include "viewer/importo.h"
 
 namespace viewer {
@@ -78,6 +79,7 @@ formeuro::formeuro(app::Finestra& finestra) : QDialog(&finestra), finestra_(fine
     connect(Command4, &QPushButton::clicked, this, [this] { Text1->setText("0,50"); });
     mostra(platform::q(leggi_cst(App().Path, Lettore::formeuro).prezzo));
     Text1->setFocus();
+    platform::rendi_scalabile(this);
 }
 
 void formeuro::mostra(const QString& prezzo) {

@@ -15,6 +15,7 @@
 #include <QWheelEvent>
 
 #include "guida/finestra.h"
+#include "platform/qt/scala.h"
 #include "support/finestre_aperte.h"
 
 namespace {
@@ -115,6 +116,8 @@ void tocca(QWidget& finestra, std::set<std::string>& toccati) {
         toccati.insert(chi(w));
         for (const auto con :
              {Qt::NoModifier, Qt::ControlModifier, Qt::ShiftModifier, Qt::AltModifier}) {
+            // With Ctrl the wheel changes the size at which a window shows all that it holds.
+            if (con == Qt::ControlModifier && platform::Scala::di(&finestra) != nullptr) continue;
             for (const QPoint& quanto :
                  {QPoint(0, -240), QPoint(0, 120), QPoint(-120, 0), QPoint(240, 0)})
                 gira(w, quanto, con);

@@ -12,6 +12,8 @@
 #include <QToolTip>
 #include <QVariant>
 
+#include "platform/qt/scala.h"
+
 namespace platform {
 
 QString Tag(const QObject* controllo) {
@@ -207,13 +209,13 @@ bool ComboBox::event(QEvent* evento) {
         return true;
     }
     const bool esito = QComboBox::event(evento);
-    if (evento->type() == QEvent::Polish) adatta();
+    if (evento->type() == QEvent::Polish || evento->type() == QEvent::FontChange) adatta();
     return esito;
 }
 
 void ComboBox::adatta() {
     // Long type names are set narrower rather than cut off.
-    constexpr int freccia = 30;
+    const int freccia = scalato(30, scala(this));
     QFont carattere = font();
     carattere.setStretch(100);
     const int largo = QFontMetrics(carattere).horizontalAdvance(currentText());
@@ -279,24 +281,28 @@ void Image::paintEvent(QPaintEvent* /*evento*/) {
     QPainter pittore(this);
     pittore.setRenderHint(QPainter::Antialiasing);
     const QRectF bordo = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    const qreal f = scala(this);
+    const qreal angoli = 4 * f;
     const bool visibile = riposo_.alpha() > 0;
     if (visibile) {
         pittore.setPen(rilievo_ || hasFocus() ? QPen(QColor(0, 0, 128), 1) : QPen(Qt::NoPen));
         pittore.setBrush(palette().color(QPalette::Window));
-        pittore.drawRoundedRect(bordo, 4, 4);
+        pittore.drawRoundedRect(bordo, angoli, angoli);
         if (rilievo_ && !isDown()) {
-            pittore.setPen(QPen(QColor(0, 0, 128, 150), 2));
-            pittore.drawLine(QPointF(4, height() - 1.5), QPointF(width() - 4, height() - 1.5));
+            pittore.setPen(QPen(QColor(0, 0, 128, 150), 2 * f));
+            const qreal y = height() - 1.5 * f;
+            pittore.drawLine(QPointF(angoli, y), QPointF(width() - angoli, y));
         }
     }
-    const QSize resto = (size() - misura_) / 2;
+    const QSize misura = misura_ * f;
+    const QSize resto = (size() - misura) / 2;
     const QPointF angolo(resto.width(), resto.height());
-    const QPointF giu = isDown() ? QPointF(1, 1) : QPointF(0, 0);
-    disegno_->render(&pittore, QRectF(angolo + giu, QSizeF(misura_)));
+    const QPointF giu = isDown() ? QPointF(f, f) : QPointF(0, 0);
+    disegno_->render(&pittore, QRectF(angolo + giu, QSizeF(misura)));
     if (hasFocus() && !visibile) {
         pittore.setBrush(Qt::NoBrush);
         pittore.setPen(QPen(QColor(224, 123, 0), 1, Qt::DotLine));
-        pittore.drawRoundedRect(bordo, 4, 4);
+        pittore.drawRoundedRect(bordo, angoli, angoli);
     }
 }
 
@@ -338,17 +344,19 @@ void Frame::paintEvent(QPaintEvent* evento) {
     if (!bordo_) return;
     pittore.setRenderHint(QPainter::Antialiasing);
     const QRectF cornice(1.5, 1.5, width() - 2, height() - 2);
+    const qreal f = scala(this);
     pittore.setPen(QPen(linea_, 1));
     pittore.setBrush(fondo_);
-    pittore.drawRoundedRect(cornice, 4, 4);
+    pittore.drawRoundedRect(cornice, 4 * f, 4 * f);
     if (didascalia_.isEmpty()) return;
     QFont carattere = font();
     carattere.setPixelSize(11);
     carattere.setBold(true);
-    pittore.setFont(carattere);
+    pittore.setFont(scalato(carattere, f, this));
     pittore.setPen(titolo_);
-    pittore.drawText(QRect(9, 3, width() - 18, 16), Qt::AlignLeft | Qt::AlignVCenter,
-                     didascalia_.trimmed());
+    const int rientro = scalato(9, f);
+    pittore.drawText(QRect(rientro, scalato(3, f), width() - 2 * rientro, scalato(16, f)),
+                     Qt::AlignLeft | Qt::AlignVCenter, didascalia_.trimmed());
 }
 
 ListBox::ListBox(QWidget* padre) : QListWidget(padre) {

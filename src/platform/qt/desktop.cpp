@@ -20,6 +20,7 @@
 #include <QWidget>
 #include <QWindow>
 
+#include "platform/qt/scala.h"
 #include "platform/qt/scrivania.h"
 
 namespace platform {
@@ -187,6 +188,7 @@ int MsgBox(QWidget* padre, const Messaggio& messaggio) {
         altri << box.addButton(testo, QMessageBox::ActionRole);
     }
     if (!altri.isEmpty()) box.setDefaultButton(qobject_cast<QPushButton*>(altri.first()));
+    if (sopra) caratteri_come(&box, padre);
     if (const QScreen* schermo = QGuiApplication::primaryScreen(); !sopra && schermo != nullptr) {
         box.adjustSize();
         box.move(schermo->availableGeometry().center() - box.rect().center());
@@ -310,6 +312,8 @@ void tieni_sullo_schermo(QWidget* finestra) {
 }
 
 void centra(QWidget* finestra, const QWidget* sotto) {
+    Scala* sua = Scala::di(finestra);
+    if (sua != nullptr && sua->rimetti()) return;
     const QPoint posto = sotto->pos() + QPoint((sotto->width() - finestra->width()) / 2,
                                                (sotto->height() - finestra->height()) / 2);
     // A window that exists but has no frame yet would take a move for that of its client area.

@@ -1,5 +1,6 @@
 #include "platform/qt/flexgrid.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
@@ -9,12 +10,16 @@
 #include <QtMath>
 
 #include "platform/qt/desktop.h"
+#include "platform/qt/scala.h"
 
 namespace platform {
 
 namespace {
 
 constexpr QColor accento(0xE0, 0x7B, 0x00);
+constexpr QColor luce(0xFF, 0xF3, 0xDC);
+constexpr QColor segno(0xFF, 0xD9, 0xD2);
+constexpr QColor contorno(0xC0, 0x28, 0x1C);
 
 /// Paints a cell by its own colours alone, with a border on the current one.
 class Disegno : public QStyledItemDelegate {
@@ -24,9 +29,15 @@ public:
     void paint(QPainter* pittore, const QStyleOptionViewItem& opzione,
                const QModelIndex& indice) const override {
         const QVariant sfondo = indice.data(Qt::BackgroundRole);
-        pittore->fillRect(opzione.rect,
-                          sfondo.isValid() ? sfondo.value<QBrush>() : QBrush(Qt::white));
+        const QBrush fondo = sfondo.isValid() ? sfondo.value<QBrush>() : QBrush(Qt::white);
+        pittore->fillRect(opzione.rect, fondo);
+        const QPoint qui(indice.column(), indice.row());
+        const bool indicata = griglia_->indicate().contains(qui);
+        if (fondo.color() == Qt::white && (indicata || griglia_->illuminate().contains(qui))) {
+            pittore->fillRect(opzione.rect, indicata ? segno : luce);
+        }
         linee(pittore, opzione);
+        if (indicata) contorna(pittore, opzione.rect.adjusted(0, 0, -1, -1), contorno);
         const QRect casella = opzione.rect.adjusted(0, 0, -1, -1);
         const QVariant inchiostro = indice.data(Qt::ForegroundRole);
         pittore->setPen(inchiostro.isValid() ? inchiostro.value<QBrush>().color()
@@ -39,17 +50,22 @@ public:
         const QVariant carattere = indice.data(Qt::FontRole);
         pittore->setFont(carattere.isValid() ? carattere.value<QFont>() : opzione.font);
         const bool ai_lati = (allineamento & Qt::AlignHCenter) == 0;
-        pittore->drawText(casella.adjusted(ai_lati ? 6 : 0, 0, ai_lati ? -6 : 0, 0),
+        const int rientro = ai_lati ? scalato(6, griglia_->fattore()) : 0;
+        pittore->drawText(casella.adjusted(rientro, 0, -rientro, 0),
                           allineamento | int(Qt::AlignVCenter),
                           digitando ? griglia_->digitato() + '_' : indice.data().toString());
-        if (corrente) {
-            pittore->setPen(QPen(accento, 2));
-            pittore->setBrush(Qt::NoBrush);
-            pittore->drawRect(casella.adjusted(1, 1, -1, -1));
-        }
+        if (corrente) contorna(pittore, casella, accento);
     }
 
 private:
+    void contorna(QPainter* pittore, const QRect& casella, const QColor& colore) const {
+        const int spessore = qMax(2, scalato(2, griglia_->fattore()));
+        const int dentro = spessore / 2;
+        pittore->setPen(QPen(colore, spessore));
+        pittore->setBrush(Qt::NoBrush);
+        pittore->drawRect(casella.adjusted(dentro, dentro, -dentro, -dentro));
+    }
+
     /// Right and lower edge of a cell, of one width on every scale: the view's own lines are one
     /// or two pixels wide as they fall.
     void linee(QPainter* pittore, const QStyleOptionViewItem& opzione) const {
@@ -154,11 +170,15 @@ void MSFlexGrid::set_testo(int riga, int colonna, const QString& testo) {
 }
 
 void MSFlexGrid::ColWidth(int colonna, int twips) {
-    setColumnWidth(colonna, px(twips));
+    if (colonna >= larghezze_.size()) larghezze_.resize(colonna + 1);
+    larghezze_[colonna] = px(twips);
+    setColumnWidth(colonna, scalato(px(twips), fattore_));
 }
 
 void MSFlexGrid::RowHeight(int riga, int twips) {
-    setRowHeight(riga, px(twips));
+    if (riga >= altezze_.size()) altezze_.resize(riga + 1);
+    altezze_[riga] = px(twips);
+    setRowHeight(riga, scalato(px(twips), fattore_));
 }
 
 void MSFlexGrid::CellBackColor(const QColor& colore) {
@@ -174,7 +194,40 @@ QColor MSFlexGrid::sfondo(int riga, int colonna) const {
     return v != nullptr ? v->background().color() : QColor();
 }
 
-void MSFlexGrid::misura(QSize misura) {
+void MSFlexGrid::misura_celle() {
+    const auto da_a = [](const QList<int>& lati, int quante, qreal fattore, auto scrivi) {
+        int base = 0;
+        for (int i = 0; i < qMin(quante, int(lati.size())); ++i) {
+            const int da = scalato(base, fattore);
+            base += lati[i];
+            scrivi(i, scalato(base, fattore) - da);
+        }
+        return base;
+    };
+    qreal x = fattore_;
+    qreal y = fattore_;
+    if (!misurata_) {
+        fattore_ = x = y = scala(this);
+        // Cells that fill the grid at 100 % fill it at every size.
+        const QSize base = posto_a_100(this).size() - QSize(2, 2);
+        const auto nulla = [](int, int) {};
+        const int tutte = da_a(larghezze_, columnCount(), 1, nulla);
+        const int alte = da_a(altezze_, rowCount(), 1, nulla);
+        if (tutte == base.width()) x = qreal(width() - 2) / tutte;
+        if (alte == base.height()) y = qreal(height() - 2) / alte;
+    }
+    da_a(larghezze_, columnCount(), x, [this](int c, int largo) { setColumnWidth(c, largo); });
+    da_a(altezze_, rowCount(), y, [this](int r, int alto) { setRowHeight(r, alto); });
+}
+
+void MSFlexGrid::misura(QSize a_100, qreal fattore) {
+    misurata_ = true;
+    if (fattore != fattore_) {
+        fattore_ = fattore;
+        setFont(fattore == 1 ? QFont() : scalato(QApplication::font(), fattore, this));
+    }
+    misura_celle();
+    const QSize misura = a_100 * fattore;
     resize(misura);
     const int dx = qMax(0, misura.width() - 2 - horizontalHeader()->length());
     const int dy = qMax(0, misura.height() - 2 - verticalHeader()->length());
@@ -256,11 +309,34 @@ void MSFlexGrid::set_digitato(const QString& testo) {
     viewport()->update();
 }
 
+void MSFlexGrid::illumina(const QList<QPoint>& celle, const QList<QPoint>& indicate) {
+    if (celle == illuminate_ && indicate == indicate_) return;
+    illuminate_ = celle;
+    indicate_ = indicate;
+    viewport()->update();
+}
+
+bool MSFlexGrid::viewportEvent(QEvent* evento) {
+    QPoint ora = sopra_;
+    if (evento->type() == QEvent::MouseMove) {
+        const QModelIndex i = indexAt(static_cast<QMouseEvent*>(evento)->pos());
+        ora = i.isValid() ? QPoint(i.column(), i.row()) : QPoint(-1, -1);
+    } else if (evento->type() == QEvent::Leave || evento->type() == QEvent::Hide) {
+        ora = QPoint(-1, -1);
+    }
+    if (ora != sopra_) {
+        sopra_ = ora;
+        Q_EMIT Sopra(ora.y(), ora.x());
+    }
+    return QTableWidget::viewportEvent(evento);
+}
+
 void MSFlexGrid::barra_esterna() {
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     barra_ = new QScrollBar(Qt::Vertical, parentWidget());
     barra_->setFocusPolicy(Qt::NoFocus);
+    barra_->setProperty(Scala::da_se, true);
     QScrollBar* interna = verticalScrollBar();
     connect(interna, &QScrollBar::rangeChanged, this, [this](int da, int a) {
         barra_->setRange(da, a);
@@ -275,12 +351,14 @@ void MSFlexGrid::barra_esterna() {
 
 void MSFlexGrid::sistema_barra() {
     if (barra_ == nullptr) return;
-    barra_->setGeometry(x() + width() + 2, y(), 12, height());
+    const qreal f = scala(this);
+    barra_->setGeometry(x() + width() + scalato(2, f), y(), scalato(12, f), height());
     barra_->setVisible(isVisible() && barra_->maximum() > barra_->minimum());
 }
 
 void MSFlexGrid::resizeEvent(QResizeEvent* evento) {
     QTableWidget::resizeEvent(evento);
+    if (!misurata_ && (fattore_ != 1 || scala(this) != 1)) misura_celle();
     sistema_barra();
 }
 

@@ -41,8 +41,11 @@ public:
     void CellForeColor(const QColor& colore);
     void CellAlignment(Qt::Alignment verso);
 
-    /// Gives the grid a size and centres the cells in what is left of it.
-    void misura(QSize misura);
+    /// Gives the grid a size, in pixels at 100 %, and shows it and its cells at `fattore`; the
+    /// cells stand in the middle of what is left. A grid that never had one fills its place.
+    void misura(QSize misura, qreal fattore = 1);
+    /// Factor at which the cells are shown.
+    [[nodiscard]] qreal fattore() const { return fattore_; }
     /// Marks the current cell with a border of its own.
     void cursore_visibile(bool visibile) { cursore_ = visibile; }
     [[nodiscard]] bool cursore() const { return cursore_; }
@@ -50,17 +53,25 @@ public:
     /// with the focus and with a key that types nothing.
     void set_digitato(const QString& testo);
     [[nodiscard]] QString digitato() const { return digitato_; }
+    /// Cells, by column and row, that glow faintly, and those that are pointed out; a cell of
+    /// another colour than white keeps it.
+    void illumina(const QList<QPoint>& celle, const QList<QPoint>& indicate);
+    [[nodiscard]] const QList<QPoint>& illuminate() const { return illuminate_; }
+    [[nodiscard]] const QList<QPoint>& indicate() const { return indicate_; }
     /// Puts the vertical scroll bar outside, on the right, so that it covers no column.
     void barra_esterna();
 
 Q_SIGNALS:
     /// A cell was chosen, by whatever moved the current cell other than the routines above.
     void SelChange();
+    /// The pointer came over a cell, or with -1 left the cells.
+    void Sopra(int riga, int colonna);
     /// A key that gives a character, or Return, Backspace or Escape, by its code; also each
     /// character of an input method.
     void KeyPress(int tasto);
 
 protected:
+    bool viewportEvent(QEvent* evento) override;
     void currentChanged(const QModelIndex& ora, const QModelIndex& prima) override;
     void mousePressEvent(QMouseEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
@@ -76,8 +87,16 @@ private:
     void completa_voci();
     void sposta();
     void sistema_barra();
+    void misura_celle();
 
     QString digitato_;
+    QList<int> larghezze_;  ///< of the columns, in pixels at 100 %
+    QList<int> altezze_;
+    QList<QPoint> illuminate_;
+    QList<QPoint> indicate_;
+    QPoint sopra_{-1, -1};
+    qreal fattore_ = 1;
+    bool misurata_ = false;
     int riga_ = 0;
     int colonna_ = 0;
     bool da_codice_ = false;

@@ -4,8 +4,15 @@
 #include <QHeaderView>
 
 #include "platform/qt/desktop.h"
+#include "platform/qt/scala.h"
 
 namespace platform {
+
+namespace {
+
+constexpr int altezza_riga = 20;
+
+}  // namespace
 
 class ListaVirtuale::Modello : public QAbstractTableModel {
 public:
@@ -72,7 +79,7 @@ ListaVirtuale::ListaVirtuale(const Righe& righe, QWidget* padre)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     // Sizes of its own for each row would be asked for one by one.
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(20);
+    verticalHeader()->setDefaultSectionSize(altezza_riga);
     verticalHeader()->hide();
     horizontalHeader()->setMinimumSectionSize(0);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -82,11 +89,21 @@ ListaVirtuale::ListaVirtuale(const Righe& righe, QWidget* padre)
 
 ListaVirtuale::~ListaVirtuale() = default;
 
+bool ListaVirtuale::event(QEvent* evento) {
+    if (evento->type() == Scala::cambiata()) {
+        verticalHeader()->setDefaultSectionSize(scalato(altezza_riga, scala(this)));
+        for (int c = 0; c < colonne(); ++c) {
+            setColumnWidth(c, scalato(px(larghezza(c)), scala(this)));
+        }
+    }
+    return QTableView::event(evento);
+}
+
 void ListaVirtuale::add_colonna(const QString& chiave, const QString& titolo, int twips,
                                 Qt::Alignment verso) {
     modello_->add({chiave, titolo, twips, verso});
     const int colonna = colonne() - 1;
-    setColumnWidth(colonna, px(twips));
+    setColumnWidth(colonna, scalato(px(twips), scala(this)));
     setColumnHidden(colonna, twips == 0);
 }
 

@@ -41,6 +41,9 @@ public:
     /// Shows the rows as they are now, from the first one, none of them chosen.
     void aggiorna();
 
+protected:
+    bool event(QEvent* evento) override;
+
 private:
     class Modello;
     Modello* modello_;

@@ -9,6 +9,7 @@
 #include <QSignalBlocker>
 
 #include "platform/qt/desktop.h"
+#include "platform/qt/scala.h"
 #include "platform/runtime.h"
 
 namespace platform {
@@ -45,7 +46,7 @@ QString ListView::titolo(int colonna) const {
 
 void ListView::set_larghezza(int colonna, int twips) {
     larghezze_[colonna] = twips;
-    setColumnWidth(colonna, px(twips));
+    setColumnWidth(colonna, scalato(px(twips), scala(this)));
 }
 
 int ListView::larghezza(int colonna) const {
@@ -108,6 +109,13 @@ void ListView::rivedi_invito() {
 void ListView::resizeEvent(QResizeEvent* evento) {
     QTreeWidget::resizeEvent(evento);
     rivedi_invito();
+}
+
+bool ListView::event(QEvent* evento) {
+    if (evento->type() == Scala::cambiata()) {
+        for (int c = 0; c < larghezze_.size(); ++c) set_larghezza(c, larghezze_[c]);
+    }
+    return QTreeWidget::event(evento);
 }
 
 void ListView::contextMenuEvent(QContextMenuEvent* evento) {

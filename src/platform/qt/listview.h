@@ -43,6 +43,7 @@ Q_SIGNALS:
     void TastoDestro(const QPoint& dove);
 
 protected:
+    bool event(QEvent* evento) override;
     void contextMenuEvent(QContextMenuEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;

@@ -1,0 +1,492 @@
+#include "platform/qt/scala.h"
+
+#include <array>
+#include <cmath>
+
+#include <QAbstractButton>
+#include <QAbstractScrollArea>
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QComboBox>
+#include <QFontInfo>
+#include <QLabel>
+#include <QLayout>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QTabBar>
+#include <QWheelEvent>
+
+#include "platform/application.h"
+#include "platform/qt/desktop.h"
+#include "platform/qt/foglio_scalato.h"
+
+namespace platform {
+
+namespace {
+
+constexpr qreal minimo = 0.6;
+constexpr qreal massimo = 4;
+/// What a window manager's frame takes on either side and above, where it does not say yet.
+constexpr QSize cornice(8, 36);
+/// Less than this the window manager itself moves a window that it frames.
+constexpr int spostamento = 60;
+
+QHash<const QWidget*, Scala*>& tutte() {
+    static QHash<const QWidget*, Scala*> scale;
+    return scale;
+}
+
+std::string file_ricordi() {
+    return App().file("finestre.dat");
+}
+
+/// Parts of a control that it places itself.
+bool e_intero(const QWidget* w) {
+    return qobject_cast<const QAbstractScrollArea*>(w) != nullptr ||
+           qobject_cast<const QComboBox*>(w) != nullptr ||
+           qobject_cast<const QAbstractSpinBox*>(w) != nullptr ||
+           qobject_cast<const QAbstractButton*>(w) != nullptr ||
+           qobject_cast<const QTabBar*>(w) != nullptr ||
+           qobject_cast<const QLineEdit*>(w) != nullptr ||
+           qobject_cast<const QMenuBar*>(w) != nullptr;
+}
+
+/// Ctrl with the wheel, which the control under the pointer would take for itself.
+class Rotella : public QObject {
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* oggetto, QEvent* evento) override {
+        if (evento->type() != QEvent::Wheel) return false;
+        const auto* giro = static_cast<QWheelEvent*>(evento);
+        if ((giro->modifiers() & Qt::ControlModifier) == 0) return false;
+        auto* controllo = qobject_cast<QWidget*>(oggetto);
+        Scala* sua = controllo != nullptr ? Scala::di(controllo) : nullptr;
+        if (sua == nullptr) return false;
+        constexpr int scatto = 120;
+        resto_ += giro->angleDelta().y();
+        for (; std::abs(resto_) >= scatto; resto_ -= resto_ > 0 ? scatto : -scatto) {
+            sua->ingrandisci(resto_ > 0);
+        }
+        evento->accept();
+        return true;
+    }
+
+private:
+    int resto_ = 0;
+};
+
+}  // namespace
+
+qreal scala(const QWidget* controllo) {
+    const Scala* sua = Scala::di(controllo);
+    return sua != nullptr ? sua->fattore() : 1;
+}
+
+int scalato(int lunghezza, qreal fattore) {
+    return qRound(lunghezza * fattore);
+}
+
+QFont scalato(const QFont& carattere, qreal fattore, const QWidget* dove) {
+    if (fattore == 1) return carattere;
+    // In quarters of a pixel, down, lest letters outgrow their place; fonts have whole pixels only
+    // where they have no points.
+    constexpr int parti = 4;
+    constexpr qreal punti_al_pollice = 72;
+    const int lato = QFontInfo(carattere).pixelSize();
+    const qreal pixel = std::floor(lato * fattore * parti) / parti;
+    QFont esito = carattere;
+    esito.setPointSizeF(pixel * punti_al_pollice / dove->logicalDpiY());
+    return esito;
+}
+
+QRect posto_a_100(const QWidget* controllo) {
+    if (const Scala* sua = Scala::di(controllo)) {
+        const auto trovato = sua->indici_.find(controllo);
+        if (trovato != sua->indici_.end()) return sua->posti_[*trovato].base;
+        if (controllo == sua->finestra_) return {QPoint(0, 0), sua->base_};
+    }
+    return controllo->geometry();
+}
+
+void misura_a_100(QWidget* finestra, QSize misura) {
+    if (Scala* sua = Scala::di(finestra)) {
+        sua->misura(misura);
+    } else {
+        finestra->setFixedSize(misura);
+    }
+}
+
+qreal fattore_iniziale(QSize a_100, QSize libero, qreal fattore) {
+    const qreal entra =
+        qMin(qreal(libero.width()) / a_100.width(), qreal(libero.height()) / a_100.height());
+    return qMax(minimo, qMin(fattore, entra));
+}
+
+void ancora(std::initializer_list<QWidget*> controlli, int come) {
+    for (QWidget* w : controlli) w->setProperty(Scala::ancora, come);
+}
+
+Scala* rendi_scalabile(QWidget* finestra) {
+    auto* s = new Scala(finestra);
+    s->misura(finestra->size());
+    return s;
+}
+
+void caratteri_come(QWidget* riquadro, const QWidget* come) {
+    const qreal f = scala(come);
+    if (f == 1) return;
+    for (QWidget* w : riquadro->findChildren<QWidget*>()) w->setFont(scalato(w->font(), f, w));
+}
+
+Scala::Scala(QWidget* finestra) : QObject(finestra), finestra_(finestra) {
+    static const bool una_volta = [] {
+        qApp->installEventFilter(new Rotella(qApp));
+        return true;
+    }();
+    static_cast<void>(una_volta);
+    base_ = finestra->size();
+    base_area_ = area()->size();
+    foglio_ = finestra->styleSheet();
+    // Later, on a window that is shown, it would hide it.
+    finestra->setWindowFlag(Qt::WindowMaximizeButtonHint);
+    raccogli(finestra);
+    finestra->installEventFilter(this);
+    const auto tasti = [this](const QList<QKeySequence>& quali, auto fare) {
+        for (const QKeySequence& quale : quali) {
+            connect(new QShortcut(quale, finestra_), &QShortcut::activated, this, fare);
+        }
+    };
+    tasti({Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal}, [this] { ingrandisci(true); });
+    tasti({Qt::CTRL | Qt::Key_Minus}, [this] { ingrandisci(false); });
+    tasti({Qt::CTRL | Qt::Key_0}, [this] { porta_a(1); });
+    if (area() != finestra) area()->installEventFilter(this);
+    tutte().insert(finestra, this);
+}
+
+Scala::~Scala() {
+    tutte().remove(finestra_);
+}
+
+Scala* Scala::di(const QWidget* controllo) {
+    for (const QWidget* w = controllo; w != nullptr; w = w->window()->parentWidget()) {
+        const auto sua = tutte().constFind(w->window());
+        if (sua != tutte().cend()) return *sua;
+        if (w->window()->windowType() != Qt::Popup) return nullptr;
+    }
+    return nullptr;
+}
+
+QEvent::Type Scala::cambiata() {
+    static const auto tipo = static_cast<QEvent::Type>(QEvent::registerEventType());
+    return tipo;
+}
+
+QWidget* Scala::area() const {
+    const auto* principale = qobject_cast<QMainWindow*>(finestra_);
+    return principale != nullptr ? principale->centralWidget() : finestra_;
+}
+
+std::string Scala::nome() const {
+    return s(finestra_->objectName());
+}
+
+QSize Scala::libero() const {
+    const QSize vera = finestra_->frameGeometry().size() - finestra_->size();
+    const QSize bordi = finestra_->isVisible() && !vera.isNull() ? vera : cornice;
+    return finestra_->screen()->availableGeometry().size() - bordi;
+}
+
+void Scala::raccogli(QWidget* contenitore) {
+    for (QWidget* w : contenitore->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) registra(w);
+}
+
+void Scala::registra(QWidget* controllo) {
+    const bool menu = qobject_cast<QMenu*>(controllo) != nullptr;
+    if ((controllo->isWindow() && !menu) || controllo->property(da_se).toBool()) return;
+    const auto noto = indici_.constFind(controllo);
+    if (noto != indici_.cend() && posti_[*noto].controllo == controllo) return;
+    const QWidget* padre = controllo->parentWidget();
+    Posto p;
+    p.controllo = controllo;
+    p.base = p.scritto = controllo->geometry();
+    p.carattere = controllo->font();
+    p.proprio = controllo->testAttribute(Qt::WA_SetFont);
+    p.assoluto = !menu && padre != nullptr && padre->layout() == nullptr && !e_intero(padre) &&
+                 qobject_cast<const QMainWindow*>(padre) == nullptr;
+    indici_.insert(controllo, posti_.size());
+    posti_.append(p);
+    if (p.assoluto || !e_intero(controllo)) controllo->installEventFilter(this);
+    raccogli(controllo);
+}
+
+void Scala::misura(QSize a_100) {
+    const QSize prima = base_;
+    base_ = a_100;
+    if (area() == finestra_) base_area_ = a_100;
+    QSize nuova;
+    if (!misurata_) {
+        misurata_ = true;
+        // From now on the edge belongs to the player.
+        finestra_->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        if (area() != finestra_) {
+            area()->setMinimumSize(0, 0);
+            area()->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        }
+        const QWidget* sotto = finestra_->parentWidget();
+        const qreal f =
+            fattore_iniziale(base_, libero(), sotto != nullptr ? scala(sotto) : qreal(1));
+        offerta_ = nuova = base_ * f;
+        if (f == 1) offerta_ = nuova = base_;
+        ricordo_ = ricordo(file_ricordi(), nome());
+        if (ricordo_) nuova = QSize(ricordo_->larghezza, ricordo_->altezza).boundedTo(libero());
+    } else {
+        const QSizeF piu = QSizeF(base_ - prima) * fattore_;
+        nuova = finestra_->size() + piu.toSize();
+        offerta_ += piu.toSize();
+    }
+    finestra_->setMinimumSize((QSizeF(base_) * minimo).toSize());
+    finestra_->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    finestra_->resize(nuova.expandedTo(finestra_->minimumSize()));
+    if (area() != finestra_) {
+        const QSizeF intorno = QSizeF(base_ - base_area_) * finestra_->width() / base_.width();
+        area()->resize(finestra_->size() - intorno.toSize());
+    }
+    vesti();
+    adegua();
+}
+
+void Scala::porta_a(qreal fattore) {
+    if (finestra_->windowState() & Qt::WindowMaximized) finestra_->showNormal();
+    const qreal f = fattore_iniziale(base_, libero(), qMin(massimo, fattore));
+    finestra_->resize(f == 1 ? base_ : (QSizeF(base_) * f).toSize());
+    tieni_sullo_schermo(finestra_);
+    adegua();
+}
+
+void Scala::ingrandisci(bool piu) {
+    constexpr std::array<qreal, 14> gradi = {0.6, 0.7,  0.8, 0.9,  1,   1.1, 1.25,
+                                             1.5, 1.75, 2,   2.25, 2.5, 3,   4};
+    constexpr qreal quasi = 0.01;
+    qreal nuovo = fattore_;
+    if (piu) {
+        const auto* g = std::find_if(gradi.begin(), gradi.end(),
+                                     [this](qreal x) { return x > fattore_ + quasi; });
+        if (g != gradi.end()) nuovo = *g;
+    } else {
+        for (const qreal g : gradi) {
+            if (g < fattore_ - quasi) nuovo = g;
+        }
+    }
+    if (nuovo != fattore_) porta_a(nuovo);
+}
+
+bool Scala::rimetti() {
+    messa_ = finestra_->pos();
+    if (!ricordo_ || !ricordo_->spostata) return false;
+    finestra_->move(ricordo_->x, ricordo_->y);
+    tieni_sullo_schermo(finestra_);
+    messa_ = finestra_->pos();
+    return true;
+}
+
+void Scala::ricorda() {
+    const bool massima = finestra_->isMaximized();
+    const QRect dove = massima ? finestra_->normalGeometry() : finestra_->geometry();
+    const bool era_spostata = ricordo_ && ricordo_->spostata;
+    const bool spostata =
+        era_spostata || (finestra_->pos() - messa_).manhattanLength() > spostamento;
+    std::optional<Ricordo> ora;
+    if (spostata || massima || dove.size() != offerta_) {
+        const QPoint posto = massima ? dove.topLeft() : finestra_->pos();
+        ora = Ricordo{posto.x(), posto.y(), dove.width(), dove.height(), spostata, massima};
+    }
+    if (ora == ricordo_) return;
+    ricordo_ = ora;
+    platform::ricorda(file_ricordi(), nome(), ora);
+}
+
+// A write of the program's own is taken for a new place at 100 %.
+void Scala::accogli(Posto& posto) {
+    const QRect ora = posto.controllo->geometry();
+    const QRect& scritto = posto.scritto;
+    if (ora.x() != scritto.x()) posto.base.moveLeft(ora.x());
+    if (ora.y() != scritto.y()) posto.base.moveTop(ora.y());
+    if (ora.width() != scritto.width()) posto.base.setWidth(ora.width());
+    if (ora.height() != scritto.height()) posto.base.setHeight(ora.height());
+    posto.scritto = ora;
+}
+
+void Scala::adegua() {
+    if (in_corso_ || !misurata_) return;
+    const QScopedValueRollback guardia(in_corso_, true);
+    const QSize ora = finestra_->size();
+    qreal f = qMin(qreal(ora.width()) / base_.width(), qreal(ora.height()) / base_.height());
+    f = qBound(minimo, f, massimo);
+    const bool cambia = f != fattore_;
+    fattore_ = f;
+    if (cambia) {
+        // Fonts that the style sheet sets come back with it, where no other size is in force.
+        if (f == 1) scrivi_caratteri();
+        vesti();
+        if (f != 1) scrivi_caratteri();
+    }
+    disponi();
+    if (!cambia) return;
+    for (const Posto& p : posti_) {
+        if (!p.controllo) continue;
+        QEvent avviso(cambiata());
+        QCoreApplication::sendEvent(p.controllo, &avviso);
+    }
+    for (QWidget* w : finestra_->findChildren<QWidget*>()) {
+        if (!w->property(da_se).toBool()) continue;
+        QEvent avviso(cambiata());
+        QCoreApplication::sendEvent(w, &avviso);
+    }
+}
+
+void Scala::disponi() {
+    for (Posto& p : posti_) {
+        if (p.controllo && p.assoluto) disponi_uno(p);
+    }
+}
+
+void Scala::disponi_uno(Posto& posto) {
+    if (posto.controllo->geometry() != posto.scritto) accogli(posto);
+    const QRect& b = posto.base;
+    const auto bordo = [this](int dove) { return qRound(dove * fattore_); };
+    QRect r(QPoint(bordo(b.x()), bordo(b.y())),
+            QPoint(bordo(b.x() + b.width()) - 1, bordo(b.y() + b.height()) - 1));
+    const QWidget* padre = posto.controllo->parentWidget();
+    const auto suo = indici_.constFind(padre);
+    const QSize base = padre == area()         ? base_area_
+                       : suo != indici_.cend() ? posti_[*suo].base.size()
+                                               : padre->size();
+    const QSize resto =
+        (padre->size() - QSize(bordo(base.width()), bordo(base.height()))).expandedTo(QSize(0, 0));
+    const int a = posto.controllo->property(ancora).toInt();
+    const bool in_mezzo = padre == area();
+    if ((a & segue_destra) != 0) {
+        r.translate(resto.width(), 0);
+    } else if ((a & allarga) != 0) {
+        r.setRight(r.right() + resto.width());
+    } else if (in_mezzo) {
+        r.translate(resto.width() / 2, 0);
+    }
+    if ((a & segue_fondo) != 0) r.translate(0, resto.height());
+    if ((a & alza) != 0) r.setBottom(r.bottom() + resto.height());
+    if (in_mezzo && (a & (segue_fondo | alza | sta_in_alto)) == 0) {
+        r.translate(0, resto.height() / 2);
+    }
+    if (r != posto.controllo->geometry()) posto.controllo->setGeometry(r);
+    posto.scritto = r;
+}
+
+void Scala::scrivi_caratteri() {
+    for (const Posto& p : posti_) {
+        if (p.controllo) scrivi_carattere(p);
+    }
+}
+
+void Scala::scrivi_carattere(const Posto& posto) {
+    QWidget* w = posto.controllo;
+    if (qobject_cast<QScrollBar*>(w) != nullptr) return;
+    if (fattore_ == 1) {
+        w->setFont(posto.proprio ? posto.carattere : QFont());
+        return;
+    }
+    const QFont suo = scalato(posto.carattere, fattore_, w);
+    if (posto.proprio) {
+        w->setFont(suo);
+        return;
+    }
+    QFont solo_misura;
+    solo_misura.setPointSizeF(suo.pointSizeF());
+    w->setFont(solo_misura);
+}
+
+// In steps of a twentieth, down: polishing a whole window anew is the dearest part of a change.
+void Scala::vesti() {
+    constexpr qreal passi = 20;
+    const QWidget* sotto = finestra_->parentWidget();
+    const qreal f = std::floor(fattore_ * passi + 1e-6) / passi;
+    const Scala* sua = sotto != nullptr ? di(sotto) : nullptr;
+    QString foglio = foglio_;
+    if (fattore_ != 1 || (sua != nullptr && sua->fattore_ != 1)) {
+        QString skin = foglio_;
+        for (const QWidget* w = sotto; w != nullptr; w = w->parentWidget()) {
+            const Scala* di_sotto = di(w);
+            skin.prepend(di_sotto != nullptr ? di_sotto->foglio_ : w->styleSheet());
+        }
+        foglio += "\n" + misure_scalate(qApp->styleSheet(), f) + misure_scalate(skin, f);
+    }
+    if (foglio == foglio_scritto_ || (foglio_scritto_.isNull() && foglio == foglio_)) return;
+    foglio_scritto_ = foglio;
+    const QScopedValueRollback guardia(in_corso_, true);
+    finestra_->setStyleSheet(foglio);
+    for (Scala* altra : qAsConst(tutte())) {
+        if (altra->finestra_->parentWidget() == finestra_) altra->vesti();
+    }
+}
+
+bool Scala::eventFilter(QObject* oggetto, QEvent* evento) {
+    auto* w = qobject_cast<QWidget*>(oggetto);
+    if (w == nullptr) return false;
+    switch (evento->type()) {
+        case QEvent::Resize:
+        case QEvent::Move: {
+            const auto suo = indici_.constFind(w);
+            if (w == area()) {
+                adegua();
+            } else if (!in_corso_ && suo != indici_.cend()) {
+                Posto& p = posti_[*suo];
+                if (!p.assoluto || p.controllo != w || w->geometry() == p.scritto) break;
+                const QScopedValueRollback guardia(in_corso_, true);
+                disponi_uno(p);
+            }
+            break;
+        }
+        case QEvent::StyleChange:
+            if (w == finestra_ && !in_corso_ && !foglio_scritto_.isNull() &&
+                w->styleSheet() != foglio_scritto_) {
+                foglio_ = w->styleSheet();
+                vesti();
+                scrivi_caratteri();
+            } else if (w == finestra_ && foglio_scritto_.isNull()) {
+                foglio_ = w->styleSheet();
+            }
+            break;
+        case QEvent::ChildPolished: {
+            auto* nuovo = qobject_cast<QWidget*>(static_cast<QChildEvent*>(evento)->child());
+            if (nuovo == nullptr || in_corso_) break;
+            const QScopedValueRollback guardia(in_corso_, true);
+            const qsizetype da = posti_.size();
+            registra(nuovo);
+            for (qsizetype i = da; i < posti_.size(); ++i) {
+                if (posti_[i].assoluto) disponi_uno(posti_[i]);
+                if (fattore_ != 1) scrivi_carattere(posti_[i]);
+            }
+            break;
+        }
+        case QEvent::Show:
+            if (w == finestra_ && !evento->spontaneous()) {
+                messa_ = w->pos();
+                if (ricordo_ && ricordo_->massima) w->setWindowState(Qt::WindowMaximized);
+            }
+            break;
+        case QEvent::Hide:
+            if (w == finestra_ && !evento->spontaneous()) ricorda();
+            break;
+        default:
+            break;
+    }
+    return false;
+}
+
+}  // namespace platform

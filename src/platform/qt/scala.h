@@ -1,0 +1,114 @@
+// Windows of any size: what is told at 100 % is shown at every other.
+#pragma once
+
+#include <initializer_list>
+#include <optional>
+
+#include <QEvent>
+#include <QFont>
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+#include <QRect>
+
+#include "platform/ricordi.h"
+
+class QWidget;
+
+namespace platform {
+
+/// Factor at which the window of a control shows what it holds; 1 where nobody scales it.
+qreal scala(const QWidget* controllo);
+/// A length at 100 % as it is shown.
+int scalato(int lunghezza, qreal fattore);
+/// A font at 100 % as it is shown on `dove`; at 1 itself.
+QFont scalato(const QFont& carattere, qreal fattore, const QWidget* dove);
+/// Place and size of a control at 100 %, whatever they are now.
+QRect posto_a_100(const QWidget* controllo);
+/// Size of a window at 100 %: fixed, or the one that its scale goes out from.
+void misura_a_100(QWidget* finestra, QSize misura);
+
+/// The size at which a window of the size `a_100` opens the first time where `libero` is free:
+/// `fattore`, or the largest that fits, at least 60 %.
+qreal fattore_iniziale(QSize a_100, QSize libero, qreal fattore);
+
+/// Scales a window whose controls have fixed places at 100 %, as its edge, Ctrl with plus, minus,
+/// 0 or the wheel ask it, and keeps where the player left it. It belongs to the window, and takes
+/// what stands in it when it is made for 100 %; what the program writes later is 100 % too.
+class Scala : public QObject {
+    Q_OBJECT
+public:
+    explicit Scala(QWidget* finestra);
+    ~Scala() override;
+
+    /// That of the window of a control, null when it has none.
+    static Scala* di(const QWidget* controllo);
+    /// Sent to each control after the scale changed.
+    static QEvent::Type cambiata();
+    /// A control with this property true sees to its own place, font and scale.
+    static constexpr const char* da_se = "scala_da_se";
+    /// How a control follows what its parent has beyond its scaled size: a sum of these. Without
+    /// any for a direction it stays in the middle of a window, and in the corner of a frame.
+    static constexpr const char* ancora = "scala_ancora";
+    enum Ancora { segue_destra = 1, allarga = 2, segue_fondo = 4, alza = 8, sta_in_alto = 16 };
+
+    [[nodiscard]] qreal fattore() const { return fattore_; }
+    /// Size of the window at 100 %. The first one also brings back what the player left.
+    void misura(QSize a_100);
+    /// Gives the window the size for a factor, as far as the screen has room.
+    void porta_a(qreal fattore);
+    void ingrandisci(bool piu);
+    /// Puts the window where the player left it; false when it was left where it opened.
+    bool rimetti();
+
+protected:
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
+
+private:
+    struct Posto {
+        QPointer<QWidget> controllo;
+        QRect base;
+        QRect scritto;
+        QFont carattere;
+        bool proprio = false;   ///< the font is the control's own, not its window's
+        bool assoluto = false;  ///< no layout places it
+    };
+
+    void raccogli(QWidget* contenitore);
+    void registra(QWidget* controllo);
+    void accogli(Posto& posto);
+    void adegua();
+    void disponi();
+    void disponi_uno(Posto& posto);
+    void scrivi_caratteri();
+    void scrivi_carattere(const Posto& posto);
+    void vesti();
+    void ricorda();
+    [[nodiscard]] QWidget* area() const;
+    [[nodiscard]] QSize libero() const;
+    [[nodiscard]] std::string nome() const;
+    friend QRect posto_a_100(const QWidget* controllo);
+
+    QWidget* finestra_;
+    QSize base_;
+    QSize base_area_;
+    qreal fattore_ = 1;
+    QString foglio_;
+    QString foglio_scritto_;
+    QHash<const QWidget*, qsizetype> indici_;
+    QList<Posto> posti_;
+    std::optional<Ricordo> ricordo_;
+    QSize offerta_;
+    QPoint messa_;
+    bool misurata_ = false;
+    bool in_corso_ = false;
+};
+
+/// Says how controls follow what room is left, before their window is made scalable.
+void ancora(std::initializer_list<QWidget*> controlli, int come);
+/// Lets the player change the size of a window, whose controls stand as they shall at 100 %.
+Scala* rendi_scalabile(QWidget* finestra);
+/// Gives a box that layouts place the letters that the window `come` has now.
+void caratteri_come(QWidget* riquadro, const QWidget* come);
+
+}  // namespace platform
