@@ -32,8 +32,10 @@ int main(int argc, char** argv) {
         [&form1] { form1.Form_Load(); },
         [&form1] {
             // A window manager may leave to the corner what follows a window without a frame.
-            if (!platform::Scala::di(&form1)->rimetti()) {
+            platform::Scala* scala = platform::Scala::di(&form1);
+            if (!scala->rimetti()) {
                 form1.move(form1.screen()->availableGeometry().center() - form1.rect().center());
+                scala->messa(form1.pos());
             }
             form1.show();
             // Once the splash is gone.

@@ -9,6 +9,7 @@
 #include "app/finestra.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
+#include "platform/qt/scala.h"
 #include "statistics/archivio.h"
 
 namespace analysis {
@@ -83,7 +84,8 @@ void VistaTavola::mostra(const Tavola& t) {
         }
     }
     const int righe = qMin(griglia->rowCount(), righe_visibili_);
-    griglia->setFixedHeight(altezza_testata + righe * altezza_riga + 2);
+    griglia->setFixedHeight(
+        platform::scalato(altezza_testata + righe * altezza_riga + 2, platform::scala(this)));
     griglia->setVisible(griglia->rowCount() > 0);
     QStringList frasi;
     for (const std::string& nota : t.note) frasi << q(nota);
@@ -108,6 +110,7 @@ frmanalisi::frmanalisi(app::Finestra& finestra)
     crea_comandi(sotto);
     setMinimumSize(misura_minima);
     resize(misura);
+    platform::rendi_scalabile(this);
     platform::centra(this, &finestra);
 }
 

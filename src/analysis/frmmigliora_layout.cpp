@@ -8,6 +8,7 @@
 #include "app/finestra.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
+#include "platform/qt/scala.h"
 
 namespace analysis {
 
@@ -50,6 +51,7 @@ frmmigliora::frmmigliora(app::Finestra& finestra, QWidget* padre)
     crea_comandi(sotto);
     mostra_griglia();
     resize(sizeHint());
+    platform::rendi_scalabile(this);
     platform::centra(this, padre);
     platform::tieni_sullo_schermo(this);
 }

@@ -6,16 +6,24 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include "platform/qt/scala.h"
+
 namespace analysis {
 
 namespace {
 
-constexpr int bordo = 10;
-constexpr int passo = 22;
-constexpr int spessore = 12;
-constexpr int altezza_ritte = 170;
-constexpr int sotto = 20;   ///< for the names of standing bars
-constexpr int a_lato = 44;  ///< for the scale of standing bars
+/// Measures at the scale of the window.
+struct Misure {
+    explicit Misure(const QWidget* w) : f(platform::scala(w)) {}
+    qreal f;
+    int bordo = in(10);
+    int passo = in(22);
+    int spessore = in(12);
+    int altezza_ritte = in(170);
+    int sotto = in(20);   ///< for the names of standing bars
+    int a_lato = in(44);  ///< for the scale of standing bars
+    [[nodiscard]] int in(int lunghezza) const { return platform::scalato(lunghezza, f); }
+};
 
 /// The least "round" number that is not below.
 double tondo_sopra(double valore) {
@@ -35,7 +43,8 @@ Grafico::Grafico(Qt::Orientation verso, QWidget* padre) : QWidget(padre), verso_
 
 QSize Grafico::sizeHint() const {
     const auto quante = static_cast<int>(voci_.size());
-    return {400, verso_ == Qt::Vertical ? altezza_ritte : 2 * bordo + quante * passo};
+    const Misure m(this);
+    return {m.in(400), verso_ == Qt::Vertical ? m.altezza_ritte : 2 * m.bordo + quante * m.passo};
 }
 
 void Grafico::mostra(const QString& titolo, const QList<Voce>& voci) {
@@ -49,20 +58,24 @@ void Grafico::mostra(const QString& titolo, const QList<Voce>& voci) {
 }
 
 QRect Grafico::campo() const {
-    return rect().adjusted(bordo + a_lato, bordo + 4, -bordo, -bordo - sotto);
+    const Misure m(this);
+    return rect().adjusted(m.bordo + m.a_lato, m.bordo + m.in(4), -m.bordo, -m.bordo - m.sotto);
 }
 
 int Grafico::voce_a(QPoint punto) const {
     const auto quante = static_cast<int>(voci_.size());
     if (quante == 0) return -1;
+    const Misure m(this);
     const int quale = verso_ == Qt::Horizontal
-                          ? (punto.y() - bordo) / passo
+                          ? (punto.y() - m.bordo) / m.passo
                           : (punto.x() - campo().left()) * quante / qMax(1, campo().width());
-    const bool dentro = verso_ == Qt::Horizontal ? punto.y() >= bordo : punto.x() >= campo().left();
+    const bool dentro =
+        verso_ == Qt::Horizontal ? punto.y() >= m.bordo : punto.x() >= campo().left();
     return dentro && quale < quante ? quale : -1;
 }
 
 bool Grafico::event(QEvent* evento) {
+    if (evento->type() == platform::Scala::cambiata()) updateGeometry();
     if (evento->type() != QEvent::ToolTip) return QWidget::event(evento);
     const auto* aiuto = static_cast<QHelpEvent*>(evento);
     if (const int quale = voce_a(aiuto->pos()); quale >= 0) {
@@ -97,32 +110,35 @@ void Grafico::dipingi_distese(QPainter& pittore, double massimo) const {
         nomi = qMax(nomi, fontMetrics().horizontalAdvance(voce.nome));
         valori = qMax(valori, fontMetrics().horizontalAdvance(voce.testo));
     }
-    const int sinistra = bordo + nomi + 10;
-    const int largo = qMax(1, width() - sinistra - valori - 8 - bordo);
-    int y = bordo;
+    const Misure m(this);
+    const int sinistra = m.bordo + nomi + m.in(10);
+    const int largo = qMax(1, width() - sinistra - valori - m.in(8) - m.bordo);
+    int y = m.bordo;
     for (const Voce& voce : voci_) {
         pittore.setPen(scritta_);
-        pittore.drawText(QRect(bordo, y, nomi, passo), Qt::AlignRight | Qt::AlignVCenter,
+        pittore.drawText(QRect(m.bordo, y, nomi, m.passo), Qt::AlignRight | Qt::AlignVCenter,
                          voce.nome);
         int barra = massimo > 0 ? qRound(voce.valore / massimo * largo) : 0;
         // Even the rarest result that can happen leaves a trace.
         if (voce.valore > 0) barra = qMax(1, barra);
-        pittore.fillRect(sinistra, y + (passo - spessore) / 2, barra, spessore, barra_);
-        pittore.drawText(QRect(sinistra + barra + 8, y, valori + 2, passo),
+        pittore.fillRect(sinistra, y + (m.passo - m.spessore) / 2, barra, m.spessore, barra_);
+        pittore.drawText(QRect(sinistra + barra + m.in(8), y, valori + 2, m.passo),
                          Qt::AlignLeft | Qt::AlignVCenter, voce.testo);
-        y += passo;
+        y += m.passo;
     }
 }
 
 void Grafico::dipingi_ritte(QPainter& pittore, double massimo) const {
     const QRect dove = campo();
+    const Misure m(this);
     const double cima = tondo_sopra(massimo);
     for (int quarto = 0; quarto <= 2; ++quarto) {
         const int y = dove.bottom() - dove.height() * quarto / 2;
         pittore.setPen(linea_);
         pittore.drawLine(dove.left(), y, dove.right(), y);
         pittore.setPen(scritta_);
-        pittore.drawText(QRect(bordo, y - 9, a_lato - 6, 18), Qt::AlignRight | Qt::AlignVCenter,
+        pittore.drawText(QRect(m.bordo, y - m.in(9), m.a_lato - m.in(6), m.in(18)),
+                         Qt::AlignRight | Qt::AlignVCenter,
                          QLocale(QLocale::Italian)
                              .toString(cima * quarto / 2, 'f', cima < 2 && quarto == 1 ? 1 : 0));
     }
@@ -130,7 +146,7 @@ void Grafico::dipingi_ritte(QPainter& pittore, double massimo) const {
     if (quante == 0) return;
     const auto x_di = [&](int i) { return dove.left() + dove.width() * i / quante; };
     // Every name that has room, and never a part of one.
-    const int nome = fontMetrics().horizontalAdvance("0000") + 12;
+    const int nome = fontMetrics().horizontalAdvance("0000") + m.in(12);
     const int ogni = qMax(1, (nome * quante + dove.width() - 1) / qMax(1, dove.width()));
     for (int i = 0; i < quante; ++i) {
         const int x = x_di(i);
@@ -141,7 +157,7 @@ void Grafico::dipingi_ritte(QPainter& pittore, double massimo) const {
         pittore.fillRect(x + vuoto / 2, dove.bottom() - alto, qMax(1, largo - vuoto), alto, barra_);
         if (i % ogni != 0) continue;
         pittore.setPen(scritta_);
-        const QRect sua(x + largo / 2 - nome, dove.bottom() + 3, 2 * nome, sotto);
+        const QRect sua(x + largo / 2 - nome, dove.bottom() + m.in(3), 2 * nome, m.sotto);
         pittore.drawText(sua, Qt::AlignHCenter | Qt::AlignTop, voci_[i].nome);
     }
 }

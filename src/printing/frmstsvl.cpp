@@ -63,6 +63,7 @@ void frmstsvl::centra() {
     const QSize bordi = sotto.size() - finestra_.size();
     move(sotto.left() + sotto.width() / 2 - (width() + bordi.width()) / 2,
          sotto.top() + sotto.height() / 2 - (height() + bordi.height()) / 2);
+    platform::Scala::di(this)->messa(pos());
 }
 
 bool frmstsvl::event(QEvent* evento) {

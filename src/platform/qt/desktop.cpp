@@ -316,6 +316,7 @@ void centra(QWidget* finestra, const QWidget* sotto) {
     if (sua != nullptr && sua->rimetti()) return;
     const QPoint posto = sotto->pos() + QPoint((sotto->width() - finestra->width()) / 2,
                                                (sotto->height() - finestra->height()) / 2);
+    if (sua != nullptr) sua->messa(posto);
     // A window that exists but has no frame yet would take a move for that of its client area.
     if (QWindow* w = finestra->windowHandle()) {
         w->setFramePosition(posto);

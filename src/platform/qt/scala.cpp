@@ -1,5 +1,6 @@
 #include "platform/qt/scala.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -9,6 +10,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QFontInfo>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
@@ -20,6 +22,7 @@
 #include <QScrollBar>
 #include <QShortcut>
 #include <QTabBar>
+#include <QTableView>
 #include <QWheelEvent>
 
 #include "platform/application.h"
@@ -145,7 +148,11 @@ void caratteri_come(QWidget* riquadro, const QWidget* come) {
     for (QWidget* w : riquadro->findChildren<QWidget*>()) w->setFont(scalato(w->font(), f, w));
 }
 
-Scala::Scala(QWidget* finestra) : QObject(finestra), finestra_(finestra) {
+Scala::Scala(QWidget* finestra)
+    : QObject(finestra),
+      finestra_(finestra),
+      con_disposizione_(finestra->layout() != nullptr &&
+                        qobject_cast<QMainWindow*>(finestra) == nullptr) {
     static const bool una_volta = [] {
         qApp->installEventFilter(new Rotella(qApp));
         return true;
@@ -156,7 +163,12 @@ Scala::Scala(QWidget* finestra) : QObject(finestra), finestra_(finestra) {
     foglio_ = finestra->styleSheet();
     // Later, on a window that is shown, it would hide it.
     finestra->setWindowFlag(Qt::WindowMaximizeButtonHint);
+    base_minima_ = finestra->minimumSize();
+    if (con_disposizione_) {
+        ingombro_ = base_minima_.isEmpty() ? finestra->layout()->minimumSize() : base_minima_;
+    }
     raccogli(finestra);
+    raccogli_spazi();
     finestra->installEventFilter(this);
     const auto tasti = [this](const QList<QKeySequence>& quali, auto fare) {
         for (const QKeySequence& quale : quali) {
@@ -197,6 +209,12 @@ std::string Scala::nome() const {
     return s(finestra_->objectName());
 }
 
+// The least room that the window needs at 100 %.
+QSize Scala::ingombro() const {
+    if (!con_disposizione_) return base_;
+    return ingombro_;
+}
+
 QSize Scala::libero() const {
     const QSize vera = finestra_->frameGeometry().size() - finestra_->size();
     const QSize bordi = finestra_->isVisible() && !vera.isNull() ? vera : cornice;
@@ -218,8 +236,14 @@ void Scala::registra(QWidget* controllo) {
     p.base = p.scritto = controllo->geometry();
     p.carattere = controllo->font();
     p.proprio = controllo->testAttribute(Qt::WA_SetFont);
-    p.assoluto = !menu && padre != nullptr && padre->layout() == nullptr && !e_intero(padre) &&
-                 qobject_cast<const QMainWindow*>(padre) == nullptr;
+    p.assoluto = !con_disposizione_ && !menu && padre != nullptr && padre->layout() == nullptr &&
+                 !e_intero(padre) && qobject_cast<const QMainWindow*>(padre) == nullptr;
+    p.minima = p.minima_scritta = controllo->minimumSize();
+    p.massima = p.massima_scritta = controllo->maximumSize();
+    if (const auto* tabella = qobject_cast<const QTableView*>(controllo)) {
+        p.cella = {tabella->horizontalHeader()->defaultSectionSize(),
+                   tabella->verticalHeader()->defaultSectionSize()};
+    }
     indici_.insert(controllo, posti_.size());
     posti_.append(p);
     if (p.assoluto || !e_intero(controllo)) controllo->installEventFilter(this);
@@ -241,9 +265,13 @@ void Scala::misura(QSize a_100) {
         }
         const QWidget* sotto = finestra_->parentWidget();
         const qreal f =
-            fattore_iniziale(base_, libero(), sotto != nullptr ? scala(sotto) : qreal(1));
-        offerta_ = nuova = base_ * f;
-        if (f == 1) offerta_ = nuova = base_;
+            fattore_iniziale(ingombro(), libero(), sotto != nullptr ? scala(sotto) : qreal(1));
+        voluto_ = f;
+        nuova = f == 1 ? base_ : base_ * f;
+        if (con_disposizione_) {
+            nuova = nuova.boundedTo(finestra_->screen()->availableGeometry().size());
+        }
+        offerta_ = nuova;
         ricordo_ = ricordo(file_ricordi(), nome());
         if (ricordo_) nuova = QSize(ricordo_->larghezza, ricordo_->altezza).boundedTo(libero());
     } else {
@@ -251,7 +279,7 @@ void Scala::misura(QSize a_100) {
         nuova = finestra_->size() + piu.toSize();
         offerta_ += piu.toSize();
     }
-    finestra_->setMinimumSize((QSizeF(base_) * minimo).toSize());
+    if (!con_disposizione_) finestra_->setMinimumSize((QSizeF(base_) * minimo).toSize());
     finestra_->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     finestra_->resize(nuova.expandedTo(finestra_->minimumSize()));
     if (area() != finestra_) {
@@ -264,8 +292,12 @@ void Scala::misura(QSize a_100) {
 
 void Scala::porta_a(qreal fattore) {
     if (finestra_->windowState() & Qt::WindowMaximized) finestra_->showNormal();
-    const qreal f = fattore_iniziale(base_, libero(), qMin(massimo, fattore));
-    finestra_->resize(f == 1 ? base_ : (QSizeF(base_) * f).toSize());
+    const qreal f = fattore_iniziale(ingombro(), libero(), qMin(massimo, fattore));
+    voluto_ = f;
+    // Before the window, or the old least size would hold it.
+    if (con_disposizione_) adegua();
+    const QSize nuova = f == 1 ? base_ : (QSizeF(base_) * f).toSize();
+    finestra_->resize(con_disposizione_ && f != 1 ? nuova.boundedTo(libero()) : nuova);
     tieni_sullo_schermo(finestra_);
     adegua();
 }
@@ -288,7 +320,6 @@ void Scala::ingrandisci(bool piu) {
 }
 
 bool Scala::rimetti() {
-    messa_ = finestra_->pos();
     if (!ricordo_ || !ricordo_->spostata) return false;
     finestra_->move(ricordo_->x, ricordo_->y);
     tieni_sullo_schermo(finestra_);
@@ -328,8 +359,9 @@ void Scala::adegua() {
     const QScopedValueRollback guardia(in_corso_, true);
     const QSize ora = finestra_->size();
     qreal f = qMin(qreal(ora.width()) / base_.width(), qreal(ora.height()) / base_.height());
-    f = qBound(minimo, f, massimo);
+    f = con_disposizione_ ? voluto_ : qBound(minimo, f, massimo);
     const bool cambia = f != fattore_;
+    const qreal prima = fattore_;
     fattore_ = f;
     if (cambia) {
         // Fonts that the style sheet sets come back with it, where no other size is in force.
@@ -339,6 +371,13 @@ void Scala::adegua() {
     }
     disponi();
     if (!cambia) return;
+    if (con_disposizione_) {
+        for (Posto& p : posti_) {
+            if (p.controllo) scrivi_limiti(p, prima);
+        }
+        scrivi_spazi();
+        finestra_->setMinimumSize(base_minima_ * fattore_);
+    }
     for (const Posto& p : posti_) {
         if (!p.controllo) continue;
         QEvent avviso(cambiata());
@@ -386,6 +425,53 @@ void Scala::disponi_uno(Posto& posto) {
     }
     if (r != posto.controllo->geometry()) posto.controllo->setGeometry(r);
     posto.scritto = r;
+}
+
+namespace {
+
+/// A size by `fattore`, but what has no bound keeps none.
+QSize per(QSize misura, qreal fattore) {
+    const auto lato = [fattore](int x) { return x >= QWIDGETSIZE_MAX ? x : qRound(x * fattore); };
+    return {lato(misura.width()), lato(misura.height())};
+}
+
+}  // namespace
+
+// What the program wrote meanwhile it wrote for the scale that was in force.
+void Scala::scrivi_limiti(Posto& posto, qreal prima) {
+    QWidget* w = posto.controllo;
+    if (w->minimumSize() != posto.minima_scritta) posto.minima = per(w->minimumSize(), 1 / prima);
+    if (w->maximumSize() != posto.massima_scritta) posto.massima = per(w->maximumSize(), 1 / prima);
+    w->setMinimumSize(per(posto.minima, fattore_));
+    w->setMaximumSize(per(posto.massima, fattore_));
+    posto.minima_scritta = w->minimumSize();
+    posto.massima_scritta = w->maximumSize();
+    if (auto* tabella = qobject_cast<QTableView*>(w)) {
+        const QSize cella = per(posto.cella, fattore_);
+        tabella->horizontalHeader()->setMinimumSectionSize(
+            qMin(cella.width(), tabella->horizontalHeader()->minimumSectionSize()));
+        tabella->horizontalHeader()->setDefaultSectionSize(cella.width());
+        tabella->verticalHeader()->setDefaultSectionSize(cella.height());
+    }
+}
+
+void Scala::raccogli_spazi() {
+    if (!con_disposizione_) return;
+    for (QLayout* l : finestra_->findChildren<QLayout*>()) {
+        const bool nota =
+            std::any_of(spazi_.cbegin(), spazi_.cend(), [l](const Spazi& s) { return s.chi == l; });
+        if (!nota) spazi_.append({l, l->contentsMargins(), l->spacing()});
+    }
+}
+
+void Scala::scrivi_spazi() {
+    for (const Spazi& s : qAsConst(spazi_)) {
+        if (!s.chi) continue;
+        const auto lato = [this](int x) { return qRound(x * fattore_); };
+        s.chi->setContentsMargins(lato(s.margini.left()), lato(s.margini.top()),
+                                  lato(s.margini.right()), lato(s.margini.bottom()));
+        if (s.spazio >= 0) s.chi->setSpacing(lato(s.spazio));
+    }
 }
 
 void Scala::scrivi_caratteri() {
@@ -468,6 +554,11 @@ bool Scala::eventFilter(QObject* oggetto, QEvent* evento) {
             const QScopedValueRollback guardia(in_corso_, true);
             const qsizetype da = posti_.size();
             registra(nuovo);
+            raccogli_spazi();
+            if (con_disposizione_ && fattore_ != 1) {
+                for (qsizetype i = da; i < posti_.size(); ++i) scrivi_limiti(posti_[i], 1);
+                scrivi_spazi();
+            }
             for (qsizetype i = da; i < posti_.size(); ++i) {
                 if (posti_[i].assoluto) disponi_uno(posti_[i]);
                 if (fattore_ != 1) scrivi_carattere(posti_[i]);
@@ -476,7 +567,6 @@ bool Scala::eventFilter(QObject* oggetto, QEvent* evento) {
         }
         case QEvent::Show:
             if (w == finestra_ && !evento->spontaneous()) {
-                messa_ = w->pos();
                 if (ricordo_ && ricordo_->massima) w->setWindowState(Qt::WindowMaximized);
             }
             break;

@@ -7,6 +7,8 @@
 #include <QEvent>
 #include <QFont>
 #include <QHash>
+#include <QLayout>
+#include <QMargins>
 #include <QObject>
 #include <QPointer>
 #include <QRect>
@@ -32,8 +34,9 @@ void misura_a_100(QWidget* finestra, QSize misura);
 /// `fattore`, or the largest that fits, at least 60 %.
 qreal fattore_iniziale(QSize a_100, QSize libero, qreal fattore);
 
-/// Scales a window whose controls have fixed places at 100 %, as its edge, Ctrl with plus, minus,
-/// 0 or the wheel ask it, and keeps where the player left it. It belongs to the window, and takes
+/// Scales a window as its edge, Ctrl with plus, minus, 0 or the wheel ask it, and keeps where the
+/// player left it. Controls with fixed places grow with the window; those that layouts place have
+/// the room of the window and the scale of the keys. It belongs to the window, and takes
 /// what stands in it when it is made for 100 %; what the program writes later is 100 % too.
 class Scala : public QObject {
     Q_OBJECT
@@ -60,6 +63,8 @@ public:
     void ingrandisci(bool piu);
     /// Puts the window where the player left it; false when it was left where it opened.
     bool rimetti();
+    /// Takes note of where the program puts the window: elsewhere it is where the player put it.
+    void messa(QPoint dove) { messa_ = dove; }
 
 protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
@@ -72,6 +77,17 @@ private:
         QFont carattere;
         bool proprio = false;   ///< the font is the control's own, not its window's
         bool assoluto = false;  ///< no layout places it
+        // In a window that layouts fill: what bounds the control, and the cells of a table.
+        QSize minima;
+        QSize massima;
+        QSize minima_scritta;
+        QSize massima_scritta;
+        QSize cella;
+    };
+    struct Spazi {
+        QPointer<QLayout> chi;
+        QMargins margini;
+        int spazio = 0;
     };
 
     void raccogli(QWidget* contenitore);
@@ -82,21 +98,30 @@ private:
     void disponi_uno(Posto& posto);
     void scrivi_caratteri();
     void scrivi_carattere(const Posto& posto);
+    void scrivi_limiti(Posto& posto, qreal prima);
+    void raccogli_spazi();
+    void scrivi_spazi();
     void vesti();
     void ricorda();
     [[nodiscard]] QWidget* area() const;
     [[nodiscard]] QSize libero() const;
+    [[nodiscard]] QSize ingombro() const;
     [[nodiscard]] std::string nome() const;
     friend QRect posto_a_100(const QWidget* controllo);
 
     QWidget* finestra_;
     QSize base_;
     QSize base_area_;
+    QSize base_minima_;
+    QSize ingombro_;
+    bool con_disposizione_;  ///< layouts fill it, and its edge gives them room, no other scale
+    qreal voluto_ = 1;
     qreal fattore_ = 1;
     QString foglio_;
     QString foglio_scritto_;
     QHash<const QWidget*, qsizetype> indici_;
     QList<Posto> posti_;
+    QList<Spazi> spazi_;
     std::optional<Ricordo> ricordo_;
     QSize offerta_;
     QPoint messa_;

@@ -1,0 +1,54 @@
+// A step of the main form's edge, with a full crossword of 15 by 15: as a player drags it.
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+
+#include "app/dialoghi_qt.h"
+#include "app/form1.h"
+#include "app/stile.h"
+#include "platform/application.h"
+#include "platform/qt/desktop.h"
+
+namespace {
+
+QApplication& applicazione() {
+    static int quanti = 1;
+    static char nome[] = "finestra_bench";
+    static char* argomenti[] = {nome, nullptr};
+    static QApplication qt(quanti, argomenti);
+    return qt;
+}
+
+void bordo(benchmark::State& stato) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication& qt = applicazione();
+    platform::App().Path = SUITE_DIR "/cruciverba";
+    app::applica_stile(qt);
+    platform::rispondi_con([](const platform::Messaggio&) { return platform::vbOK; });
+    app::DialoghiQt dialoghi;
+    app::Form1 form1(dialoghi);
+    form1.Form_Load();
+    form1.sessione.dimensioni(15, 15);
+    form1.show();
+    QApplication::processEvents();
+    int numero = 1;
+    for (int i = 0; i < 15 * 15; ++i) {
+        for (int prove = 0; prove < 90; ++prove) {
+            numero = numero % 90 + 1;
+            const systems::Cella cella{i % 15, i / 15};
+            if (form1.sessione.posa(cella, numero) == systems::Posata::posata) break;
+        }
+    }
+    const QSize base = form1.size();
+    int passo = 0;
+    for (auto _ : stato) {
+        // Up to half as large again and back, four pixels at a time.
+        const int piu = 4 * (passo++ % 100);
+        form1.resize(base.width() + piu, base.height() + piu * base.height() / base.width());
+        QApplication::processEvents();
+    }
+    platform::rispondi_con({});
+}
+BENCHMARK(bordo)->Unit(benchmark::kMillisecond);
+
+}  // namespace
