@@ -7,7 +7,9 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include "viewer/esportazione.h"
 #include "viewer/indice.h"
+#include "viewer/ricerca.h"
 
 using namespace viewer;
 
@@ -62,6 +64,29 @@ void indice_di_172172_righe(benchmark::State& stato) {
     if (indice.pagine() != 4305) stato.SkipWithError("wrong number of pages");
 }
 BENCHMARK(indice_di_172172_righe)->Unit(benchmark::kMillisecond);
+
+void ricerca_di_due_numeri(benchmark::State& stato) {
+    const Sviluppo file(righe_massime);
+    Cercati cercati;
+    cercati.set(7).set(22);
+    std::size_t trovate = 0;
+    for (auto _ : stato) trovate = cerca(file.nome(), 6, cercati).size();
+    if (trovate != 11478) stato.SkipWithError("wrong number of combinations");
+}
+BENCHMARK(ricerca_di_due_numeri)->Unit(benchmark::kMillisecond);
+
+void esportazione_di_172172_righe(benchmark::State& stato) {
+    const Sviluppo file(righe_massime);
+    const std::string tabella = file.nome() + ".csv";
+    for (auto _ : stato) {
+        if (esporta(file.nome(), 6, tabella).righe != righe_massime) {
+            stato.SkipWithError("a table is not whole");
+            break;
+        }
+    }
+    std::filesystem::remove(tabella);
+}
+BENCHMARK(esportazione_di_172172_righe)->Unit(benchmark::kMillisecond);
 
 void pagina_del_visore(benchmark::State& stato) {
     const Sviluppo file(righe_massime);

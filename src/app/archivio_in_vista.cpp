@@ -13,7 +13,7 @@ ArchivioInVista::ArchivioInVista(Finestra& finestra, const Controlli& controlli)
              new RigaArchivio(finestra, c_.riquadro, RigaArchivio::Forma::breve_in_lotto)} {
     // In Lotto the wheels leave room in the row of the title alone.
     righe_[0]->setGeometry(12, 56, 194, 48);
-    righe_[1]->setGeometry(136, 3, 74, 20);
+    righe_[1]->setGeometry(112, 2, 98, 20);
     for (RigaArchivio* riga : righe_) {
         connect(riga, &RigaArchivio::cambiato, this, &ArchivioInVista::cambiato);
     }

@@ -262,7 +262,7 @@ void frmspoglio::crea_comandi() {
     Cmdvincenti->setEnabled(false);
     Cmdvincentilotto->setEnabled(false);
     riga_archivio = new statistics::RigaArchivio(finestra_, f);
-    riga_archivio->setGeometry(246, 4, 186, 36);
+    riga_archivio->setGeometry(243, 4, 189, 36);
 }
 
 void frmspoglio::collega() {

@@ -20,13 +20,13 @@ RigaArchivio::RigaArchivio(app::Finestra& finestra, QWidget* padre, Forma forma)
     lblarchivio->setWordWrap(true);
     lblarchivio->setProperty("invito", true);
     const bool breve = forma == Forma::breve_in_lotto;
-    cmdarchivio = new QPushButton(breve ? tr("Di prova…") : tr("Importa…"), this);
+    cmdarchivio = new QPushButton(breve ? tr("Inventate…") : tr("Importa…"), this);
     cmdarchivio->setObjectName("cmdarchivio");
     cmdarchivio->setAutoDefault(false);
-    if (!breve) cmdarchivio->setMinimumHeight(26);
+    if (!breve) cmdarchivio->setMinimumHeight(28);
     auto* riga = new QHBoxLayout(this);
     riga->setContentsMargins(0, 0, 0, 0);
-    riga->setSpacing(6);
+    riga->setSpacing(4);
     riga->addWidget(lblarchivio, 1);
     riga->addWidget(cmdarchivio);
     lblarchivio->setVisible(!breve);

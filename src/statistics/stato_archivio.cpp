@@ -39,8 +39,8 @@ StatoArchivio stato_archivio(platform::Database& database, crossword::Gioco gioc
 }
 
 std::string frase(const StatoArchivio& stato, const platform::Data& oggi) {
-    if (!stato.leggibile) return "L'archivio delle estrazioni non si può leggere";
-    if (stato.dimostrativo) return "Estrazioni inventate, per provare";
+    if (!stato.leggibile) return "L'archivio non si può leggere";
+    if (stato.dimostrativo) return "Estrazioni inventate per prova";
     if (!stato.ultima) return "L'archivio non ha estrazioni";
     return "L'ultima estrazione è del " + platform::Valore(*stato.ultima).testo().value_or("") +
            da_quanto(platform::seriale(oggi) - platform::seriale(*stato.ultima));

@@ -38,7 +38,7 @@ Passo prossimo_passo(const Sessione& s) {
     if (!s.completo()) {
         if (s.numeri_in_gioco() == 0) {
             return {"Cruciverba vuoto",
-                    ": scegliete un numero dal tabellone, o Genera ne dispone uno intero"};
+                    ": scegliete un numero dal tabellone, o «Genera» ne dispone uno intero"};
         }
         return {vuote == 1 ? "Manca un numero" : "Mancano " + std::to_string(vuote) + " numeri",
                 ""};
@@ -46,7 +46,10 @@ Passo prossimo_passo(const Sessione& s) {
     if (s.nome().empty()) return {"Cruciverba completo", ": salvatelo (Ctrl+S)"};
     if (!s.salvato()) return {"Sistema cambiato", ": salvatelo (Ctrl+S)"};
     if (!s.sviluppo_presente()) return {"Salvato", ": elaboratelo (F5)"};
-    if (s.sviluppo_superato() || !s.sviluppo_proprio()) {
+    if (s.sviluppo_superato()) {
+        return {"Salvato dopo l'elaborazione", ": elaboratelo di nuovo (F5)"};
+    }
+    if (!s.sviluppo_proprio()) {
         return {"Salvato, ma lo sviluppo è di un altro cruciverba", ": elaboratelo (F5)"};
     }
     return {elaborato(s), " · F6 le mostra, F7 le controlla, F9 le analizza"};

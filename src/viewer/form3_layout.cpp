@@ -122,6 +122,7 @@ void Form3::crea_pagina() {
     HScroll1 = new QScrollBar(Qt::Horizontal, Frame2);
     HScroll1->setObjectName("HScroll1");
     HScroll1->setAccessibleName(tr("Pagina"));
+    HScroll1->setToolTip(tr("Cambia pagina (Pag su, Pag giù, Inizio, Fine)"));
     HScroll1->setGeometry(px(270), y_liste + h_liste + 14, px(8430), 18);
     HScroll1->setRange(1, 1);
     HScroll1->setPageStep(1);

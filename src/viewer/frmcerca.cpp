@@ -41,14 +41,11 @@ frmcerca::frmcerca(Form3& visore)
     txtnumeri = new QLineEdit(this);
     txtnumeri->setObjectName("txtnumeri");
     txtnumeri->setAccessibleName(tr("Numeri da cercare"));
-    txtnumeri->setPlaceholderText(tr("per esempio 7 21 33"));
     txtnumeri->setMinimumSize(200, 26);
     txtnumeri->installEventFilter(this);
     prima->addWidget(txtnumeri, 1);
     sotto->addLayout(prima);
-    lbltrovate = platform::scritta(
-        tr("Scrivete uno o più numeri: compaiono le combinazioni che li hanno tutti."), "invito",
-        this);
+    lbltrovate = platform::scritta(invito_, "invito", this);
     lbltrovate->setObjectName("lbltrovate");
     lbltrovate->setWordWrap(true);
     sotto->addWidget(lbltrovate);
@@ -82,8 +79,13 @@ frmcerca::~frmcerca() {
 void frmcerca::cerca() {
     const auto cercati = leggi_cercati(platform::s(txtnumeri->text()));
     trovate_->posti = cercati ? visore_.cerca(*cercati) : std::vector<std::int32_t>();
-    lbltrovate->setText(cercati ? platform::q(trovate(trovate_->posti.size(), *cercati))
-                                : tr("I numeri vanno da 1 a 90"));
+    if (!cercati) {
+        lbltrovate->setText(tr("I numeri vanno da 1 a 90"));
+    } else if (cercati->none()) {
+        lbltrovate->setText(invito_);
+    } else {
+        lbltrovate->setText(platform::q(trovate(trovate_->posti.size(), *cercati)));
+    }
     elenco->aggiorna();
 }
 

@@ -38,6 +38,10 @@ private:
     void mostra_scelta();
 
     Form3& visore_;
+    /// Read while nothing is searched.
+    const QString invito_ =
+        tr("Scrivete uno o più numeri, per esempio 7 21 33: compaiono le combinazioni che li hanno "
+           "tutti.");
     std::unique_ptr<Trovate> trovate_;
 };
 

@@ -112,7 +112,14 @@ bool Strumenti::eventFilter(QObject* oggetto, QEvent* evento) {
 void Strumenti::cerca() {
     if (!visore_.HScroll1->isEnabled() || al_lavoro_) return;
     auto* aperta = visore_.findChild<frmcerca*>();
-    if (aperta == nullptr) aperta = new frmcerca(visore_);
+    if (aperta == nullptr) {
+        aperta = new frmcerca(visore_);
+        // Beside what it looks for, where the screen has room.
+        constexpr int distanza = 8;
+        aperta->adjustSize();
+        aperta->move(visore_.frameGeometry().topRight() + QPoint(distanza, 0));
+        platform::tieni_sullo_schermo(aperta);
+    }
     aperta->show();
     aperta->raise();
     aperta->activateWindow();

@@ -14,7 +14,7 @@ using support::Programma;
 namespace {
 
 constexpr platform::Data ultima{2026, 11, 12};
-const QString inventate = "Estrazioni inventate, per provare";
+const QString inventate = "Estrazioni inventate per prova";
 const QString vere = "L'ultima estrazione è del 12/11/2026, 10 giorni fa";
 
 std::string contenuto(const std::string& nome) {
@@ -58,6 +58,30 @@ TEST_F(RigaArchivioForm, TheFrameOfTheGeneratorsSaysThatTheDrawsAreInvented) {
     EXPECT_FALSE(riga().isVisible());
     EXPECT_TRUE(riga("archivio_breve").isVisible());
     EXPECT_TRUE(riga("archivio_breve").cmdarchivio->toolTip().startsWith(inventate));
+}
+
+TEST_F(RigaArchivioForm, WhatIsSaidFitsItsPlace) {
+    const auto sta = [](const RigaArchivio& r) {
+        if (r.lblarchivio->isVisible()) {
+            EXPECT_GE(r.lblarchivio->height(),
+                      r.lblarchivio->heightForWidth(r.lblarchivio->width()));
+        }
+        const QPushButton* b = r.cmdarchivio;
+        if (!b->isVisible()) return;
+        EXPECT_GE(b->width(), b->fontMetrics().horizontalAdvance(b->text()) + 20);
+        EXPECT_TRUE(r.rect().contains(b->geometry()));
+    };
+    sta(riga());
+    Programma::clic(p.form1.Image10);
+    QApplication::processEvents();
+    sta(riga("archivio_breve"));
+    Programma::clic(p.form1.Image8);
+    check::frmspoglio& f = spoglio();
+    sta(*f.riga_archivio);
+    importa();
+    torna(f);
+    QApplication::processEvents();
+    sta(*f.riga_archivio);
 }
 
 TEST_F(RigaArchivioForm, BackFromAnImportTheMainFormTellsOfTheNewDraws) {

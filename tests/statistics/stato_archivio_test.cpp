@@ -78,9 +78,9 @@ TEST(FraseArchivio, TheAgeIsCountedInDays) {
 }
 
 TEST(FraseArchivio, WhatIsNotThereIsSaid) {
-    EXPECT_EQ(frase({true, true, ultima}, ultima), "Estrazioni inventate, per provare");
+    EXPECT_EQ(frase({true, true, ultima}, ultima), "Estrazioni inventate per prova");
     EXPECT_EQ(frase({true, false, {}}, ultima), "L'archivio non ha estrazioni");
-    EXPECT_EQ(frase({}, ultima), "L'archivio delle estrazioni non si può leggere");
+    EXPECT_EQ(frase({}, ultima), "L'archivio non si può leggere");
 }
 
 TEST(Calendario, ADayCanStandForTheClock) {

@@ -47,8 +47,8 @@ const std::string elaborato_14 =
 
 TEST_F(PassoTest, AnEmptyCrosswordSaysHowToBegin) {
     EXPECT_EQ(frase(),
-              "Cruciverba vuoto: scegliete un numero dal tabellone, o Genera ne dispone uno "
-              "intero");
+              "Cruciverba vuoto: scegliete un numero dal tabellone, o «Genera» ne dispone "
+              "uno intero");
 }
 
 TEST_F(PassoTest, NumbersThatAreMissingAreCounted) {
@@ -73,6 +73,9 @@ TEST_F(PassoTest, AnotherTypeAsksForASaveAndAnElaboration) {
     ASSERT_TRUE(s.scegli_tipo(Elenco::orizzontali, 1));
     EXPECT_EQ(frase(), "Sistema cambiato: salvatelo (Ctrl+S)");
     ASSERT_EQ(s.salva(), Salvataggio::salvato);
+    EXPECT_EQ(frase(), "Salvato dopo l'elaborazione: elaboratelo di nuovo (F5)");
+    s.nuovo();
+    ASSERT_TRUE(s.apri("prova"));
     EXPECT_EQ(frase(), "Salvato, ma lo sviluppo è di un altro cruciverba: elaboratelo (F5)");
 }
 
