@@ -28,6 +28,8 @@ public:
     virtual void analisi(Finestra& finestra) = 0;
     /// Search for a layout of the system in line that wins more often, modal to the others.
     virtual void migliora(Finestra& finestra) = 0;
+    /// The tables of positions, not modal.
+    virtual void tabelle(Finestra& finestra) = 0;
     /// Print options.
     virtual void stampa(Finestra& finestra) = 0;
     /// About box, modal.

@@ -2,6 +2,7 @@
 
 #include "analysis/frmanalisi.h"
 #include "analysis/frmmigliora.h"
+#include "analysis/frmtabelle.h"
 #include "app/finestra.h"
 #include "check/frmspoglio.h"
 #include "help/frmAbout.h"
@@ -113,6 +114,13 @@ void DialoghiQt::migliora(Finestra& finestra) {
     form->show();
 }
 
+void DialoghiQt::tabelle(Finestra& finestra) {
+    chiudi(tabelle_);
+    auto* form = new analysis::frmtabelle(finestra);
+    tabelle_ = form;
+    form->show();
+}
+
 void DialoghiQt::informazioni(Finestra& finestra) {
     help::frmAbout(finestra).exec();
 }
@@ -128,7 +136,7 @@ void DialoghiQt::sito(Finestra& /*finestra*/) {
 /// The windows that stand over the main form.
 void DialoghiQt::chiudi_sopra() {
     for (QPointer<QWidget>* finestra :
-         {&gestore_, &importo_, &sviluppo_, &stampa_, &migliora_, &analisi_}) {
+         {&gestore_, &importo_, &sviluppo_, &stampa_, &migliora_, &tabelle_, &analisi_}) {
         chiudi(*finestra);
     }
 }

@@ -19,6 +19,7 @@ public:
     void spoglio(Finestra& finestra) override;
     void analisi(Finestra& finestra) override;
     void migliora(Finestra& finestra) override;
+    void tabelle(Finestra& finestra) override;
     void stampa(Finestra& finestra) override;
     void informazioni(Finestra& finestra) override;
     void guida(Finestra& finestra) override;
@@ -34,6 +35,7 @@ private:
     QPointer<QWidget> spoglio_;
     QPointer<QWidget> analisi_;
     QPointer<QWidget> migliora_;
+    QPointer<QWidget> tabelle_;
 };
 
 }  // namespace app

@@ -105,6 +105,7 @@ void Form1::collega() {
     connect(mnumigliora, &QAction::triggered, this, [this] {
         if (!in_elaborazione()) dialoghi_.migliora(*this);
     });
+    connect(mnutabelle, &QAction::triggered, this, [this] { dialoghi_.tabelle(*this); });
     connect(mnuaiuto, &QAction::triggered, this, [this] { dialoghi_.guida(*this); });
     connect(mnuweb, &QAction::triggered, this, [this] { dialoghi_.sito(*this); });
     connect(mnuinfo, &QAction::triggered, this, [this] { dialoghi_.informazioni(*this); });

@@ -109,6 +109,7 @@ public:
     QAction* mnuImportocolonna = nullptr;
     QAction* mnuanalisi = nullptr;
     QAction* mnumigliora = nullptr;
+    QAction* mnutabelle = nullptr;
     QAction* mnuarchivio = nullptr;
     QAction* mostra_linee = nullptr;
     QAction* annulla = nullptr;

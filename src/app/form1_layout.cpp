@@ -101,6 +101,7 @@ void Form1::crea_menu() {
     mnuanalisi = comando(utility, tr("&Analisi Sistema"), "mnuanalisi", QKeySequence(Qt::Key_F9));
     mnumigliora = comando(utility, tr("&Migliora la Disposizione"), "mnumigliora",
                           QKeySequence(Qt::CTRL | Qt::Key_M));
+    mnutabelle = comando(utility, tr("&Tabelle"), "mnutabelle");
     mnuarchivio = comando(utility, tr("Archivio &Estrazioni"), "mnuarchivio");
     utility->addSeparator();
     aggiungi_menu_aspetto(utility, this, platform::radice(platform::App().Path));

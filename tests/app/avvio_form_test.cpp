@@ -301,7 +301,8 @@ TEST(Menu, VociALettera) {
         QStringList({"Nuovo", "Apri", "Salva", "Salva con nome", "Opzioni Elaborazione", "Esci"}));
     EXPECT_EQ(testi(barra[1]->menu()->actions()),
               QStringList({"Gestione Sistemi", "Importo Colonna", "Analisi Sistema",
-                           "Migliora la Disposizione", "Archivio Estrazioni", "Aspetto"}));
+                           "Migliora la Disposizione", "Tabelle", "Archivio Estrazioni", "Aspetto",
+                           "Mostra le linee"}));
     EXPECT_EQ(testi(barra[2]->menu()->actions()),
               QStringList({"Aiuto", "Web Site", "Informazioni"}));
     EXPECT_EQ(testi(p.form1.findChild<QMenu*>("mnuopzElaborazione")->actions()),
