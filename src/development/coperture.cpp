@@ -259,63 +259,93 @@ std::uint64_t Cercatore::scoperti() const {
     return interno_->scoperti;
 }
 
-void cerca(const Desiderio& desiderio, const Condotta& condotta) {
-    const auto singole = std::make_shared<const Orbite>(orbite(desiderio, {}));
-    std::atomic<bool> fermo = false;
-    std::mutex porta;
-    std::condition_variable novita;
-    std::vector<Maschera> migliore;
-    std::uint64_t scoperti = 0;
-    int al_lavoro = std::max(condotta.fili, 1);
-    bool nuova = false;
-    const auto lavora = [&](std::uint64_t seme, bool gruppi) {
-        Ricerca filo(desiderio, seme, singole);
-        filo.fermo = &fermo;
-        filo.di_gruppo = gruppi;
+namespace {
+
+/// The threads of one search and the best that any of them found.
+class Squadra {
+public:
+    Squadra(const Desiderio& desiderio, const Condotta& condotta)
+        : d_(desiderio),
+          condotta_(condotta),
+          singole_(std::make_shared<const Orbite>(orbite(desiderio, {}))),
+          al_lavoro_(std::max(condotta.fili, 1)) {}
+
+    void cerca() {
+        std::vector<std::thread> fili;
+        for (int i = 0; i < std::max(condotta_.fili, 1); ++i)
+            fili.emplace_back([this, i] { lavora(i); });
+        racconta();
+        for (std::thread& filo : fili) filo.join();
+    }
+
+private:
+    /// One thread's walk; every other one begins with a group.
+    void lavora(int quale) {
+        Ricerca filo(d_, condotta_.seme + static_cast<std::uint64_t>(quale) * 7919, singole_);
+        filo.fermo = &fermo_;
+        filo.di_gruppo = quale % 2 == 1;
         filo.ricomincia();
-        if (!condotta.inizio.empty()) filo.parti_da(condotta.inizio);
-        while (!fermo && !filo.finito()) {
+        if (!condotta_.inizio.empty()) filo.parti_da(condotta_.inizio);
+        while (!fermo_ && !filo.finito()) {
             filo.turno(std::numeric_limits<std::uint64_t>::max());
-            if (filo.righe_migliori.empty()) continue;
-            const std::lock_guard chiusa(porta);
-            const auto peggio = [](std::uint64_t s, std::size_t r, std::uint64_t s2,
-                                   std::size_t r2) { return s != s2 ? s > s2 : r > r2; };
-            const std::size_t mie = filo.righe_migliori.size();
-            if (migliore.empty() || peggio(scoperti, migliore.size(), filo.scoperti, mie)) {
-                migliore = filo.righe_migliori;
-                scoperti = filo.scoperti;
-                nuova = true;
-                novita.notify_one();
-            } else if (peggio(filo.scoperti, mie, scoperti, migliore.size())) {
-                filo.righe_migliori = migliore;
-                filo.scoperti = scoperti;
-                filo.parti_da(migliore);
+            if (!filo.righe_migliori.empty()) confronta(filo);
+        }
+        const std::lock_guard chiusa(porta_);
+        --al_lavoro_;
+        if (filo.finito()) fermo_ = true;
+        novita_.notify_one();
+    }
+
+    /// The better of what this thread has and what all have goes to the other side.
+    void confronta(Ricerca& filo) {
+        const std::lock_guard chiusa(porta_);
+        const auto mia = std::pair(filo.scoperti, filo.righe_migliori.size());
+        const auto di_tutti = std::pair(scoperti_, migliore_.size());
+        if (migliore_.empty() || mia < di_tutti) {
+            migliore_ = filo.righe_migliori;
+            scoperti_ = filo.scoperti;
+            nuova_ = true;
+            novita_.notify_one();
+        } else if (di_tutti < mia) {
+            filo.righe_migliori = migliore_;
+            filo.scoperti = scoperti_;
+            filo.parti_da(migliore_);
+        }
+    }
+
+    /// Tells of each better table until all threads have ended.
+    void racconta() {
+        std::unique_lock chiusa(porta_);
+        while (al_lavoro_ > 0 || nuova_) {
+            novita_.wait_for(chiusa, std::chrono::milliseconds(50),
+                             [&] { return nuova_ || al_lavoro_ == 0; });
+            if (std::exchange(nuova_, false) && condotta_.trovata) {
+                const std::vector<Maschera> righe = migliore_;
+                const std::uint64_t mancanti = scoperti_;
+                chiusa.unlock();
+                condotta_.trovata(righe, mancanti);
+                chiusa.lock();
             }
+            if (condotta_.fermo && condotta_.fermo()) fermo_ = true;
         }
-        const std::lock_guard chiusa(porta);
-        --al_lavoro;
-        if (filo.finito()) fermo = true;
-        novita.notify_one();
-    };
-    std::vector<std::thread> fili;
-    for (int i = 0; i < std::max(condotta.fili, 1); ++i) {
-        fili.emplace_back(lavora, condotta.seme + static_cast<std::uint64_t>(i) * 7919, i % 2 == 1);
     }
-    std::unique_lock chiusa(porta);
-    while (al_lavoro > 0 || nuova) {
-        novita.wait_for(chiusa, std::chrono::milliseconds(50),
-                        [&] { return nuova || al_lavoro == 0; });
-        if (std::exchange(nuova, false) && condotta.trovata) {
-            const std::vector<Maschera> righe = migliore;
-            const std::uint64_t mancanti = scoperti;
-            chiusa.unlock();
-            condotta.trovata(righe, mancanti);
-            chiusa.lock();
-        }
-        if (condotta.fermo && condotta.fermo()) fermo = true;
-    }
-    chiusa.unlock();
-    for (std::thread& filo : fili) filo.join();
+
+    const Desiderio& d_;
+    const Condotta& condotta_;
+    std::shared_ptr<const Orbite> singole_;
+    std::atomic<bool> fermo_ = false;
+    std::mutex porta_;
+    std::condition_variable novita_;
+    std::vector<Maschera> migliore_;
+    std::uint64_t scoperti_ = 0;
+    int al_lavoro_;
+    bool nuova_ = false;
+};
+
+}  // namespace
+
+void cerca(const Desiderio& desiderio, const Condotta& condotta) {
+    Squadra(desiderio, condotta).cerca();
 }
 
 }  // namespace development
