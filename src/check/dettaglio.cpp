@@ -57,10 +57,11 @@ bool Dettaglio::aggiungi(const Richiesta& richiesta, const Spoglio& spoglio, int
 }
 
 void Dettaglio::svuota() {
-    schede_ = {};
-    numeri_ = {};
-    punti_ = {};
-    ordine_ = {};
+    // A list in braces would keep the memory.
+    schede_ = std::vector<std::int32_t>();
+    numeri_ = std::vector<Numeri>();
+    punti_ = std::vector<Punti>();
+    ordine_ = std::vector<std::uint32_t>();
 }
 
 std::string Dettaglio::testo(std::size_t riga, int colonna) const {

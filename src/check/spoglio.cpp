@@ -107,8 +107,9 @@ void Spoglio::segna(const Richiesta& richiesta, Punti punti, std::int32_t prima,
 }
 
 void Spoglio::cancella() {
-    lista_colonne_ = {};
-    lista_punti_ = {};
+    // A list in braces would keep the memory.
+    lista_colonne_ = std::vector<std::int32_t>();
+    lista_punti_ = std::vector<Punti>();
 }
 
 std::int16_t Spoglio::totale(int punti) const {

@@ -189,6 +189,15 @@ TEST_F(DettaglioTest, RowTakesLessThanThirtyBytesOnceSorted) {
     elenca(sviluppo(std::vector<int>(20000, 3)), 5);
     d.ordina(check::colonna_punti, Verso::decrescente);
     EXPECT_LT(d.memoria(), 20000U * 30U);
+    EXPECT_EQ(d.memoria(), 20000U * (sizeof(std::int32_t) + sizeof(check::Numeri) +
+                                     sizeof(check::Punti) + sizeof(std::uint32_t)));
+}
+
+TEST_F(DettaglioTest, EmptiedItHoldsNoMemory) {
+    elenca(sviluppo(std::vector<int>(20000, 3)), 5);
+    d.ordina(check::colonna_punti, Verso::decrescente);
+    d.svuota();
+    EXPECT_EQ(d.memoria(), 0U);
 }
 
 TEST_F(DettaglioTest, SortingEqualsAPlainSortOfTheTexts) {
