@@ -46,6 +46,15 @@ TEST(NomeTabella, segue_lo_schema) {
     }
 }
 
+TEST(NomeTabella, fino_a_sessantaquattro_numeri_e_due_cifre_di_tipo) {
+    ASSERT_TRUE(leggi_nome("cr6400.rid").has_value());
+    EXPECT_EQ(leggi_nome("cr6400.rid")->n, 64);
+    EXPECT_EQ(leggi_nome("cr09012.rid")->tipo, 12);
+    for (const char* altro : {"cr6500.rid", "cr090100.rid", "cr0901000.rid", "cr09.rid", "cr090"}) {
+        EXPECT_FALSE(leggi_nome(altro).has_value()) << altro;
+    }
+}
+
 TEST(NomeTabella, integrali_di_ogni_gioco) {
     const auto nomi = nomi_integrali();
     ASSERT_EQ(nomi.size(), 43U);
@@ -101,6 +110,34 @@ TEST(LetturaRigorosa, errori_con_la_loro_riga) {
               "1: più di 20 posizioni in una riga");
 }
 
+TEST(LetturaRigorosa, fino_a_venti_posizioni_in_una_riga) {
+    const Lettura lettura =
+        leggi_rigorosa("1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20\r\n", 0, 0);
+    EXPECT_TRUE(lettura.errori.empty());
+    EXPECT_EQ(lettura.tabella.k, 20);
+    EXPECT_EQ(lettura.tabella.n, 20);
+}
+
+TEST(LetturaRigorosa, dice_un_carattere_che_si_vede_e_il_codice_degli_altri) {
+    EXPECT_EQ(errore("1,2,!\r\n", 9, 3), "1: carattere non ammesso: !");
+    EXPECT_EQ(errore("1,2,~\r\n", 9, 3), "1: carattere non ammesso: ~");
+    EXPECT_EQ(errore("1,2,/\r\n", 9, 3), "1: carattere non ammesso: /");
+    EXPECT_EQ(errore("1,2,:\r\n", 9, 3), "1: carattere non ammesso: :");
+    EXPECT_EQ(errore("1,2,\x7f\r\n", 9, 3), "1: carattere non ammesso: codice 127");
+    EXPECT_EQ(errore("1,2,\xe8\r\n", 9, 3), "1: carattere non ammesso: codice 232");
+}
+
+TEST(LetturaRigorosa, venti_errori_si_dicono_tutti_senza_parlare_di_altri) {
+    std::string testo;
+    for (int i = 0; i < 20; ++i) testo += "niente\n";
+    const Lettura lettura = leggi_rigorosa(testo + "1,2,3\n", 9, 3);
+    ASSERT_EQ(lettura.errori.size(), 20U);
+    EXPECT_EQ(lettura.errori.back().testo, "carattere non ammesso: n");
+    const Lettura oltre = leggi_rigorosa(testo + "niente\n", 9, 3);
+    ASSERT_EQ(oltre.errori.size(), 21U);
+    EXPECT_EQ(oltre.errori.back().testo, "altri errori da qui in poi, non elencati");
+}
+
 TEST(LetturaRigorosa, senza_l_ultima_fine_di_riga_avvisa_e_legge) {
     const Lettura lettura = leggi_rigorosa("1,2,3\r\n1,2,4", 9, 3);
     EXPECT_TRUE(lettura.errori.empty());
@@ -134,6 +171,27 @@ TEST(Garanzia, dichiarata_solo_dai_nomi_delle_liste) {
     for (const char* altra : {"cr0601", "cr0705", "cr1604", "cr1600", "tr0502", "qt0602", "qt1103",
                               "cn0602", "cn1504", "cr1508"}) {
         EXPECT_FALSE(garanzia_dichiarata(*leggi_nome(altra)).has_value()) << altra;
+    }
+}
+
+TEST(Garanzia, dichiarata_dalla_linea_piu_corta_di_ogni_famiglia) {
+    for (const char* nessuna : {"tr0400", "qt0400", "tr0401", "qt1002", "cn0501", "cn0603"}) {
+        EXPECT_FALSE(garanzia_dichiarata(*leggi_nome(nessuna)).has_value()) << nessuna;
+    }
+    EXPECT_EQ(garanzia_dichiarata(*leggi_nome("qt1102")), (Garanzia{3, 3, 1, false}));
+    EXPECT_EQ(garanzia_dichiarata(*leggi_nome("cn0703")), (Garanzia{4, 4, 1, false}));
+    EXPECT_EQ(garanzia_dichiarata(*leggi_nome("cn1500")), (Garanzia{5, 5, 1, false}));
+}
+
+TEST(ElencoGaranzie, ogni_numero_fino_al_suo_limite) {
+    const auto legge = [](const std::string& riga) {
+        return leggi_elenco("table,p,t,rows,or_one_row_higher\n" + riga + "\n").voci.size() == 1;
+    };
+    EXPECT_TRUE(legge("cr0904,1,1,1,0"));
+    EXPECT_TRUE(legge("cr0904,6,6,1000000,1"));
+    for (const char* riga : {"cr0904,4,0,1,0", "cr0904,0,0,1,0", "cr0904,4,4,0,0", "cr0904,4,4,0,1",
+                             "cr0904,4,4,1000001,0", "cr0904,7,7,1,0", "cr0904,4,4,1,0,0"}) {
+        EXPECT_FALSE(legge(riga)) << riga;
     }
 }
 

@@ -29,6 +29,10 @@ TEST(Intervallo, CioCheVaBeneResta) {
     EXPECT_EQ(lasciata("10", "50", 1), "10-50");
     EXPECT_EQ(lasciata("50", "50", 0), "50-50");
     EXPECT_EQ(lasciata("1", "100", 1), "1-100");
+    // As it is written, whatever it is worth.
+    EXPECT_EQ(lasciata("01", "050", 0), "01-050");
+    EXPECT_EQ(lasciata("1", "01", 1), "1-01");
+    EXPECT_EQ(lasciata("0100", "0100", 1), "0100-0100");
 }
 
 TEST(Intervallo, LoZeroDiventaUnoOIlTotale) {

@@ -425,6 +425,35 @@ TEST_F(Listati, AOgniPaginaDiceAChePuntoE) {
     }
 }
 
+TEST_F(Listati, AOgniPaginaDiceQuantaParteDelFileHaStampato) {
+    std::string righe;
+    for (int i = 0; i < 2000; ++i) righe += "11,22,33\r\n";
+    ASSERT_TRUE(lotto(righe, 3));
+    std::vector<int> stampate(static_cast<std::size_t>(r_.fogli) + 1);
+    for (const Operazione& o : linee()) ++stampate[static_cast<std::size_t>(o.pagina)];
+    ASSERT_GE(r_.avanzamenti.size(), 2U);
+    int finora = 0;
+    for (const auto& [quale, parte] : r_.avanzamenti) {
+        finora += stampate[static_cast<std::size_t>(quale)];
+        EXPECT_DOUBLE_EQ(parte, finora / 2000.0);
+    }
+}
+
+TEST_F(Listati, SenzaColonneLaParteEQuellaDeiTitoli) {
+    cartella_.scrivi("col.dat", "\"\"\r\n");
+    ASSERT_TRUE(superenalotto(sestine(1000)));
+    ASSERT_GE(r_.avanzamenti.size(), 2U);
+    std::vector<int> titoli(static_cast<std::size_t>(r_.fogli) + 1);
+    for (const Operazione& o : che_cominciano("Schedina n.")) {
+        ++titoli[static_cast<std::size_t>(o.pagina)];
+    }
+    int finora = 0;
+    for (const auto& [quale, parte] : r_.avanzamenti) {
+        finora += titoli[static_cast<std::size_t>(quale)];
+        EXPECT_DOUBLE_EQ(parte, finora / 1000.0);
+    }
+}
+
 TEST_F(Listati, UnLavoroFermatoNonLasciaNulla) {
     r_.ferma_dopo = 2;
     EXPECT_FALSE(superenalotto(sestine(2000)));

@@ -43,6 +43,14 @@ TEST_F(ArchivioTest, a_wheel_is_asked_for_by_its_code) {
     EXPECT_FALSE(ruote_di(statistics::query_ruota("NAZIONALE")).contains("TO"));
 }
 
+TEST(Wheel, is_known_by_its_place) {
+    EXPECT_EQ(statistics::codice_ruota(0), "BA");
+    EXPECT_EQ(statistics::codice_ruota(9), "VE");
+    EXPECT_EQ(statistics::codice_ruota(10), "NAZIONALE");
+    EXPECT_EQ(statistics::codice_ruota(11), "");
+    EXPECT_EQ(statistics::codice_ruota(-1), "");
+}
+
 TEST_F(ArchivioTest, reads_the_six_numbers_by_name) {
     metti({5, 5, 5});
     ASSERT_TRUE(archivio_.apri(file(), false).ok());
