@@ -42,11 +42,11 @@ public:
     ~Sviluppo() { std::filesystem::remove(nome_); }
     Sviluppo(const Sviluppo&) = delete;
     Sviluppo& operator=(const Sviluppo&) = delete;
-    [[nodiscard]] const Richiesta& richiesta() const { return richiesta_; }
+    [[nodiscard]] const RichiestaSpoglio& richiesta() const { return richiesta_; }
 
 private:
     std::string nome_;
-    Richiesta richiesta_;
+    RichiestaSpoglio richiesta_;
 };
 
 constexpr std::int32_t sestine = 172172;
@@ -64,7 +64,7 @@ double secondi(const auto& lavoro) {
 }
 
 /// The same count by awk, in milliseconds; 0 when it came out different.
-double awk(const Richiesta& r, const Spoglio& nostro) {
+double awk(const RichiestaSpoglio& r, const Spoglio& nostro) {
     std::string vincenti;
     const std::size_t primo = r.gioco.e_lotto() ? 0 : 1;
     for (std::size_t b = primo; b < (r.gioco.e_lotto() ? 5U : 7U); ++b) {

@@ -59,7 +59,7 @@ void genera(benchmark::State& stato, crossword::Gioco gioco) {
         crossword::Matrice matrice(15, 15);
         const Generazione g = genera_statistico(gioco, s, draws, file(), matrice, rnd, {});
         sorteggi += static_cast<double>(g.sorteggi);
-        abbandonate += g.conclusione == Conclusione::completa ? 0 : 1;
+        abbandonate += g.conclusione == EsitoRiempimento::completa ? 0 : 1;
     }
     stato.counters["sorteggi"] = benchmark::Counter(sorteggi, benchmark::Counter::kAvgIterations);
     stato.counters["abbandonate"] =
@@ -82,9 +82,9 @@ void ricerca_15x15(benchmark::State& stato) {
     if (!s.statistica_frequenze(draws, file(), {}))
         stato.SkipWithError("the frequencies were given up");
     for (auto _ : stato) {
-        Tabella tabella = s.statistica();
+        Graduatoria tabella = s.statistica();
         Ricerca ricerca(tabella, crossword::Matrice(15, 15));
-        if (ricerca.riempi_griglia({}) != Conclusione::completa)
+        if (ricerca.riempi_griglia({}) != EsitoRiempimento::completa)
             stato.SkipWithError("the search was given up");
     }
 }

@@ -36,7 +36,7 @@ bool trova_buchi(const Giocate& giocate, const Insiemi& insiemi, const Continua&
 }  // namespace
 
 bool analizza(const Giocate& giocate, int estratti, int esecutori, Analisi& analisi,
-              const Avanzamento& avanzamento) {
+              const AvanzamentoConteggio& avanzamento) {
     analisi = Analisi();
     analisi.combinazioni = giocate.combinazioni.size();
     analisi.righe = giocate.righe();
@@ -46,7 +46,7 @@ bool analizza(const Giocate& giocate, int estratti, int esecutori, Analisi& anal
     double parte = 0;
     const Continua continua = [&] { return !avanzamento || avanzamento(parte); };
     const Insiemi insiemi(giocate, std::min(giocate.numeri - 1, insiemi_per_minimo));
-    const Avanzamento distribuzione = [&](double p) {
+    const AvanzamentoConteggio distribuzione = [&](double p) {
         parte = p * dopo_distribuzione;
         return continua();
     };

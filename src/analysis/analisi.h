@@ -40,6 +40,6 @@ struct Analisi {
 /// Analyses for draws of `estratti` numbers, 6 or 5, on at most `esecutori` threads; false when
 /// asked to stop.
 bool analizza(const Giocate& giocate, int estratti, int esecutori, Analisi& analisi,
-              const Avanzamento& avanzamento = {});
+              const AvanzamentoConteggio& avanzamento = {});
 
 }  // namespace analysis

@@ -75,7 +75,7 @@ void somma(Almeno& totali, const Almeno& altri) {
 
 /// Walks beginnings until none is left; only the thread that asked has an `avanzamento`.
 template <int D, int T>
-void percorri(const Cammino<D, T>& cammino, Lavoro& lavoro, const Avanzamento& avanzamento,
+void percorri(const Cammino<D, T>& cammino, Lavoro& lavoro, const AvanzamentoConteggio& avanzamento,
               Almeno& almeno) {
     const bool ampio = platform::processore_ampio();
     while (const Lavoro::Inizio* inizio = lavoro.prossimo()) {
@@ -90,7 +90,8 @@ void percorri(const Cammino<D, T>& cammino, Lavoro& lavoro, const Avanzamento& a
 }
 
 template <int D, int T>
-bool conta(const Insiemi& insiemi, int esecutori, Almeno& almeno, const Avanzamento& avanzamento) {
+bool conta(const Insiemi& insiemi, int esecutori, Almeno& almeno,
+           const AvanzamentoConteggio& avanzamento) {
     const int n = insiemi.posti().n();
     const Maschere maschere(n);
     for (int a = 0; a < n; ++a) {
@@ -101,7 +102,7 @@ bool conta(const Insiemi& insiemi, int esecutori, Almeno& almeno, const Avanzame
     std::mutex chiave;
     in_squadra(esecutori, [&](bool chiamante) {
         Almeno suoi{};
-        percorri(cammino, lavoro, chiamante ? avanzamento : Avanzamento(), suoi);
+        percorri(cammino, lavoro, chiamante ? avanzamento : AvanzamentoConteggio(), suoi);
         const std::lock_guard<std::mutex> guardia(chiave);
         somma(almeno, suoi);
     });
@@ -111,7 +112,7 @@ bool conta(const Insiemi& insiemi, int esecutori, Almeno& almeno, const Avanzame
 /// By the numbers of a draw and of a combination, of which those levels are walked that a whole
 /// draw does not make.
 bool conta_livelli(const Giocate& giocate, const Insiemi& insiemi, int estratti, int esecutori,
-                   Almeno& almeno, const Avanzamento& avanzamento) {
+                   Almeno& almeno, const AvanzamentoConteggio& avanzamento) {
     if (estratti == 6) return conta<6, 5>(insiemi, esecutori, almeno, avanzamento);
     if (giocate.numeri == 3) return conta<5, 3>(insiemi, esecutori, almeno, avanzamento);
     return conta<5, 4>(insiemi, esecutori, almeno, avanzamento);
@@ -121,7 +122,7 @@ bool conta_livelli(const Giocate& giocate, const Insiemi& insiemi, int estratti,
 
 bool calcola_distribuzione(const Giocate& giocate, const Insiemi& insiemi, int estratti,
                            int esecutori, Distribuzione& distribuzione,
-                           const Avanzamento& avanzamento) {
+                           const AvanzamentoConteggio& avanzamento) {
     Distribuzione& d = distribuzione;
     d = Distribuzione();
     d.numeri = giocate.numeri;

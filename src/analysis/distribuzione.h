@@ -12,7 +12,7 @@ namespace analysis {
 
 /// Told of the share of the work done, 0 to 1, by the thread that asked; false asks to stop. May
 /// be empty.
-using Avanzamento = std::function<bool(double)>;
+using AvanzamentoConteggio = std::function<bool(double)>;
 
 /// Counts of sets of drawn numbers by the best result that they leave.
 struct Distribuzione {
@@ -42,6 +42,6 @@ struct Distribuzione {
 /// combination has.
 bool calcola_distribuzione(const Giocate& giocate, const Insiemi& insiemi, int estratti,
                            int esecutori, Distribuzione& distribuzione,
-                           const Avanzamento& avanzamento = {});
+                           const AvanzamentoConteggio& avanzamento = {});
 
 }  // namespace analysis

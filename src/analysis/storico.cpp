@@ -214,7 +214,7 @@ void riassumi(std::span<const Estrazione> estrazioni, int minimo, Storico& s) {
 }  // namespace
 
 bool calcola_storico(const Mappe& mappe, std::span<const Estrazione> estrazioni, int minimo,
-                     int esecutori, Storico& storico, const Avanzamento& avanzamento) {
+                     int esecutori, Storico& storico, const AvanzamentoConteggio& avanzamento) {
     storico = Storico();
     storico.esiti.resize(estrazioni.size());
     std::atomic<std::size_t> prossima = 0;

@@ -75,6 +75,6 @@ struct Storico {
 /// Counts the draws, in the order of time, on at most `esecutori` threads. A win takes `minimo`
 /// hits. False when asked to stop.
 bool calcola_storico(const Mappe& mappe, std::span<const Estrazione> estrazioni, int minimo,
-                     int esecutori, Storico& storico, const Avanzamento& avanzamento = {});
+                     int esecutori, Storico& storico, const AvanzamentoConteggio& avanzamento = {});
 
 }  // namespace analysis

@@ -32,7 +32,7 @@ std::int32_t scheda_di(std::int32_t combinazione, int pannelli) {
     return combinazione / pannelli + (combinazione % pannelli != 0 ? 1 : 0);
 }
 
-bool Dettaglio::aggiungi(const Richiesta& richiesta, const Spoglio& spoglio, int pannelli,
+bool Dettaglio::aggiungi(const RichiestaSpoglio& richiesta, const Spoglio& spoglio, int pannelli,
                          const Passo& passo) {
     Lettore lettore(richiesta.file, richiesta.gioco.numeri());
     quanti_numeri_ = richiesta.gioco.numeri();

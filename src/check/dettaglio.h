@@ -23,7 +23,7 @@ class Dettaglio {
 public:
     /// Adds a row for each place of the lists, with slips of so many panels; false when `passo`,
     /// told of the places done, asked to stop. The order last asked for is kept.
-    bool aggiungi(const Richiesta& richiesta, const Spoglio& spoglio, int pannelli,
+    bool aggiungi(const RichiestaSpoglio& richiesta, const Spoglio& spoglio, int pannelli,
                   const Passo& passo);
     /// Takes the rows away; the order stays in force.
     void svuota();

@@ -87,8 +87,8 @@ void frmspoglio::Cmdspoglio_Click() {
     }
 }
 
-Richiesta frmspoglio::richiesta() const {
-    Richiesta r;
+RichiestaSpoglio frmspoglio::richiesta() const {
+    RichiestaSpoglio r;
     const std::string nome = s(platform::Tag(this));
     if (systems::nome_ammesso(nome)) {
         r.file = App().file(nome + gioco_.estensione_sviluppo());
@@ -110,7 +110,7 @@ bool frmspoglio::conta(std::span<QLineEdit* const> caselle) {
         return false;
     }
     colora(caselle);
-    Richiesta r = richiesta();
+    RichiestaSpoglio r = richiesta();
     r.vincente = *vincente;
     const platform::LavoroLungo lavoro;
     spoglio_.conta(r, [&](std::int32_t fatte) {

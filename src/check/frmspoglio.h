@@ -112,7 +112,7 @@ private:
     void Command1_Click();
     void ordina(QPushButton* pulsante, int colonna);
 
-    [[nodiscard]] Richiesta richiesta() const;
+    [[nodiscard]] RichiestaSpoglio richiesta() const;
     [[nodiscard]] platform::Err apri_tabelle();
     [[nodiscard]] bool conta(std::span<QLineEdit* const> caselle);
     void colora(std::span<QLineEdit* const> caselle);

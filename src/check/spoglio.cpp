@@ -15,7 +15,8 @@ constexpr std::int32_t ogni = 1024;
 /// How often each number stands among the winning ones: a repeated one counts twice.
 class Pesi {
 public:
-    explicit Pesi(const Richiesta& r) : pesi_(std::size_t{1} << 16), numeri_(r.gioco.numeri()) {
+    explicit Pesi(const RichiestaSpoglio& r)
+        : pesi_(std::size_t{1} << 16), numeri_(r.gioco.numeri()) {
         const std::size_t primo = r.gioco.e_lotto() ? 0 : 1;
         const auto dopo = static_cast<std::size_t>(r.gioco.estratti());
         for (std::size_t b = primo; b < dopo; ++b) ++pesi_[posto(r.vincente[b])];
@@ -34,7 +35,7 @@ private:
     int numeri_;
 };
 
-Punti valuta(const Richiesta& r, const Pesi& pesi, const Numeri& colonna) {
+Punti valuta(const RichiestaSpoglio& r, const Pesi& pesi, const Numeri& colonna) {
     const int punti = pesi.punti(colonna);
     const bool jolly = !r.gioco.e_lotto() && punti > 4 &&
                        std::find(colonna.begin(), colonna.end(), r.vincente[0]) != colonna.end();
@@ -69,7 +70,7 @@ std::string Punti::testo() const {
     return std::to_string(punti()) + (jolly() ? " + 1" : "");
 }
 
-bool Spoglio::conta(const Richiesta& richiesta, const Passo& passo) {
+bool Spoglio::conta(const RichiestaSpoglio& richiesta, const Passo& passo) {
     *this = Spoglio();
     const Pesi pesi(richiesta);
     Lettore lettore(richiesta.file, richiesta.gioco.numeri());
@@ -93,7 +94,7 @@ bool Spoglio::conta(const Richiesta& richiesta, const Passo& passo) {
     return n < 1 || passo(n);
 }
 
-void Spoglio::segna(const Richiesta& richiesta, Punti punti, std::int32_t prima,
+void Spoglio::segna(const RichiestaSpoglio& richiesta, Punti punti, std::int32_t prima,
                     std::int32_t ultima) {
     const int quanti = punti.punti();
     if (richiesta.gioco.e_lotto() && quanti < 2) return;

@@ -19,7 +19,7 @@ namespace check {
 using Numeri = std::array<std::int16_t, 6>;
 
 /// What to check, and against what.
-struct Richiesta {
+struct RichiestaSpoglio {
     std::string file;               ///< development
     std::int32_t combinazioni = 0;  ///< how many the check runs through
     crossword::Gioco gioco;
@@ -73,7 +73,7 @@ public:
     static constexpr std::size_t posti_massimi = std::size_t{1} << 22;
 
     /// Counts anew; false when `passo` asked to stop.
-    bool conta(const Richiesta& richiesta, const Passo& passo);
+    bool conta(const RichiestaSpoglio& richiesta, const Passo& passo);
     /// Erases the lists.
     void cancella();
 
@@ -91,7 +91,8 @@ public:
     [[nodiscard]] Punti lista_punti(std::size_t k) const { return lista_punti_[k - 1]; }
 
 private:
-    void segna(const Richiesta& richiesta, Punti punti, std::int32_t prima, std::int32_t ultima);
+    void segna(const RichiestaSpoglio& richiesta, Punti punti, std::int32_t prima,
+               std::int32_t ultima);
 
     std::array<std::int16_t, 7> totali_{};
     std::array<std::int16_t, 7> totali_j_{};

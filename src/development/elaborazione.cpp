@@ -35,7 +35,7 @@ Pezzo pezzo(int numero) {
 
 }  // namespace
 
-Elaborazione::Elaborazione(Richiesta richiesta, Avanzamento avanzamento)
+Elaborazione::Elaborazione(Richiesta richiesta, AvanzamentoSviluppo avanzamento)
     : richiesta_(std::move(richiesta)), avanzamento_(std::move(avanzamento)) {}
 
 std::string Elaborazione::file_temporaneo() const {

@@ -31,7 +31,7 @@ struct Richiesta {
 };
 
 /// Called as the work goes on with the combinations developed so far; false asks the job to stop.
-using Avanzamento = std::function<bool(std::int32_t righe)>;
+using AvanzamentoSviluppo = std::function<bool(std::int32_t righe)>;
 
 enum class Conclusione {
     completa,    ///< the lines that have a table stand in the working file
@@ -53,7 +53,7 @@ void ordina_controlli(std::vector<T>& v, std::size_t da, std::size_t a) {
 class Elaborazione {
 public:
     /// `avanzamento` may be empty.
-    Elaborazione(Richiesta richiesta, Avanzamento avanzamento);
+    Elaborazione(Richiesta richiesta, AvanzamentoSviluppo avanzamento);
 
     /// Develops every line into a working file that must not exist yet.
     Conclusione sviluppa();
@@ -75,7 +75,7 @@ private:
     void togli_ripetizioni();
 
     Richiesta richiesta_;
-    Avanzamento avanzamento_;
+    AvanzamentoSviluppo avanzamento_;
     std::map<std::string, TabellaPosizioni> tabelle_;
     // The lines in the file and the combinations of the crossword's line in work.
     std::vector<char> testo_;

@@ -80,7 +80,7 @@ std::vector<Vincite> per_trasformata(const Tabella& tabella) {
 
 /// Counts every p-subset with `conta_gruppo`, telling of the progress from `prima` on.
 Vincite per_enumerazione(const Tabella& tabella, int p, std::uint64_t prima, std::uint64_t totale,
-                         const Avanzamento& avanzamento) {
+                         const AvanzamentoProva& avanzamento) {
     Vincite v = vuote(tabella, p);
     std::vector<std::uint32_t> conti(v.minime.size());
     per_ogni_gruppo(tabella.n, p, [&](Maschera gruppo) {
@@ -109,11 +109,11 @@ std::uint64_t binomiale(int n, int k) {
     return riga.back();
 }
 
-Vincite vincite(const Tabella& tabella, int p, const Avanzamento& avanzamento) {
+Vincite vincite(const Tabella& tabella, int p, const AvanzamentoProva& avanzamento) {
     return per_enumerazione(tabella, p, 0, binomiale(tabella.n, p), avanzamento);
 }
 
-std::vector<Vincite> tutte_le_vincite(const Tabella& tabella, const Avanzamento& avanzamento) {
+std::vector<Vincite> tutte_le_vincite(const Tabella& tabella, const AvanzamentoProva& avanzamento) {
     std::vector<Vincite> tutte;
     if (tabella.n <= posizioni_della_trasformata) {
         tutte = per_trasformata(tabella);
@@ -133,7 +133,7 @@ std::vector<Vincite> tutte_le_vincite(const Tabella& tabella, const Avanzamento&
 }
 
 Buchi buchi(const Tabella& tabella, const Garanzia& garanzia, std::size_t limite,
-            const Avanzamento& avanzamento) {
+            const AvanzamentoProva& avanzamento) {
     Buchi esito;
     std::uint64_t fatti = 0;
     const std::uint64_t totale = binomiale(tabella.n, garanzia.p);

@@ -24,13 +24,14 @@ struct Vincite {
 };
 
 /// Told now and then of the work done and the work in all; may be empty.
-using Avanzamento = std::function<void(std::uint64_t, std::uint64_t)>;
+using AvanzamentoProva = std::function<void(std::uint64_t, std::uint64_t)>;
 
 /// The draws of p numbers, by plain enumeration.
-Vincite vincite(const Tabella& tabella, int p, const Avanzamento& avanzamento = {});
+Vincite vincite(const Tabella& tabella, int p, const AvanzamentoProva& avanzamento = {});
 /// The draws of 1 number, 2 numbers and so on, up to the first p that makes a whole row certain;
 /// on more than 20 positions, up to 6.
-std::vector<Vincite> tutte_le_vincite(const Tabella& tabella, const Avanzamento& avanzamento = {});
+std::vector<Vincite> tutte_le_vincite(const Tabella& tabella,
+                                      const AvanzamentoProva& avanzamento = {});
 
 /// The p-subsets that the guarantee misses, in lexicographic order.
 struct Buchi {
@@ -38,7 +39,7 @@ struct Buchi {
     std::vector<Maschera> primi;  ///< at most as many as asked for
 };
 Buchi buchi(const Tabella& tabella, const Garanzia& garanzia, std::size_t limite,
-            const Avanzamento& avanzamento = {});
+            const AvanzamentoProva& avanzamento = {});
 
 /// Subsets of k things out of n, at most the largest 64-bit number.
 std::uint64_t binomiale(int n, int k);

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <chrono>
 #include <cstdio>
 #include <limits>
 #include <numeric>
@@ -14,10 +13,6 @@ namespace platform {
 
 namespace {
 
-using std::chrono::sys_days;
-
-constexpr sys_days epoca = std::chrono::year{1899} / std::chrono::December / std::chrono::day{30};
-
 /// The whole of `testo` as a number; nothing when it is none.
 std::optional<int> cifre(std::string_view testo) {
     int n = 0;
@@ -27,35 +22,6 @@ std::optional<int> cifre(std::string_view testo) {
 }
 
 }  // namespace
-
-std::int32_t seriale(const Data& data) {
-    const std::chrono::year_month_day giorno{std::chrono::year{data.anno},
-                                             std::chrono::month{static_cast<unsigned>(data.mese)},
-                                             std::chrono::day{static_cast<unsigned>(data.giorno)}};
-    return static_cast<std::int32_t>((sys_days{giorno} - epoca).count());
-}
-
-Data da_seriale(std::int32_t giorni) {
-    const std::chrono::year_month_day giorno{epoca + std::chrono::days{giorni}};
-    return {static_cast<int>(giorno.year()),
-            static_cast<int>(static_cast<unsigned>(giorno.month())),
-            static_cast<int>(static_cast<unsigned>(giorno.day()))};
-}
-
-std::optional<Data> da_iso(std::string_view testo) {
-    if (testo.size() < 10 || testo[4] != '-' || testo[7] != '-' ||
-        (testo.size() > 10 && testo[10] != ' ' && testo[10] != 'T')) {
-        return std::nullopt;
-    }
-    const auto anno = cifre(testo.substr(0, 4));
-    const auto mese = cifre(testo.substr(5, 2));
-    const auto giorno = cifre(testo.substr(8, 2));
-    if (!anno || !mese || !giorno || *anno < 100 || *mese < 1 || *giorno < 1) return std::nullopt;
-    const Data data{*anno, *mese, *giorno};
-    // A day that the calendar lacks comes back as another.
-    if (*mese > 12 || *giorno > 31 || da_seriale(seriale(data)) != data) return std::nullopt;
-    return data;
-}
 
 std::optional<std::int32_t> Valore::intero() const {
     if (const auto* numero = std::get_if<std::int32_t>(&valore_)) return *numero;

@@ -1,7 +1,6 @@
 // A table of the archive held in memory, four bytes a value.
 #pragma once
 
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -11,22 +10,9 @@
 #include <variant>
 #include <vector>
 
+#include "platform/data.h"
+
 namespace platform {
-
-/// A calendar day.
-struct Data {
-    int anno = 0;
-    int mese = 0;
-    int giorno = 0;
-    // The comparison that the compiler writes holds a literal 0.
-    auto operator<=>(const Data&) const = default;  // NOLINT(modernize-use-nullptr)
-};
-
-/// Days since 1899-12-30, as the databases count them.
-std::int32_t seriale(const Data& data);
-Data da_seriale(std::int32_t giorni);
-/// A text that begins with a day as yyyy-mm-dd and holds at most a time behind it.
-std::optional<Data> da_iso(std::string_view testo);
 
 /// What a field holds: null, a whole number, a text or a day.
 class Valore {

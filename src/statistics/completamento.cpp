@@ -32,7 +32,7 @@ std::vector<int> numeri_scelti(const Matrice& matrice) {
     return scelti;
 }
 
-Ricerca::Ricerca(Tabella& statistica, Matrice griglia)
+Ricerca::Ricerca(Graduatoria& statistica, Matrice griglia)
     : statistica_(statistica), griglia_(std::move(griglia)) {}
 
 bool Ricerca::segna_numero(int n) {
@@ -230,36 +230,36 @@ void Ricerca::chiudi_riga() {
     scan_ = 1;
 }
 
-Conclusione Ricerca::riempi_griglia(const Posata& posata) {
+EsitoRiempimento Ricerca::riempi_griglia(const Posata& posata) {
     libera_prime();
     for (int riga = 0; riga < griglia_.righe(); ++riga) {
         for (int colonna = 0; colonna < griglia_.colonne(); ++colonna) {
             if (griglia_(colonna, riga) != 0) continue;
             const auto j = cerca(riga, colonna);
-            if (!j || !posa(riga, colonna, *j)) return Conclusione::abbandonata;
+            if (!j || !posa(riga, colonna, *j)) return EsitoRiempimento::abbandonata;
             if (posata && !posata(riga, colonna, griglia_(colonna, riga)))
-                return Conclusione::interrotta;
+                return EsitoRiempimento::interrotta;
         }
         chiudi_riga();
     }
-    return Conclusione::completa;
+    return EsitoRiempimento::completa;
 }
 
-Conclusione completa(Statistico& statistico, LettoreEstrazioni& draws, const std::string& file,
-                     Matrice& matrice, const Seguito& seguito) {
-    if (!draws.MoveLast()) return Conclusione::abbandonata;
+EsitoRiempimento completa(Statistico& statistico, LettoreEstrazioni& draws, const std::string& file,
+                          Matrice& matrice, const Seguito& seguito) {
+    if (!draws.MoveLast()) return EsitoRiempimento::abbandonata;
     const auto ultima = draws.data();
     const auto salvata = leggi_data(file);
     Matrice griglia(matrice.colonne(), matrice.righe());
     if (ultima && salvata && *ultima <= *salvata) {
-        if (!leggi_mstat(statistico.statistica(), file)) return Conclusione::abbandonata;
+        if (!leggi_mstat(statistico.statistica(), file)) return EsitoRiempimento::abbandonata;
         griglia = matrice;
     } else if (!statistico.statistica_frequenze(draws, file, seguito.barra)) {
-        return Conclusione::abbandonata;
+        return EsitoRiempimento::abbandonata;
     }
     Ricerca ricerca(statistico.statistica(), std::move(griglia));
-    const Conclusione esito = ricerca.riempi_griglia(seguito.posata);
-    if (esito == Conclusione::completa) matrice = ricerca.griglia();
+    const EsitoRiempimento esito = ricerca.riempi_griglia(seguito.posata);
+    if (esito == EsitoRiempimento::completa) matrice = ricerca.griglia();
     return esito;
 }
 

@@ -21,11 +21,11 @@ std::vector<int> numeri_scelti(const crossword::Matrice& matrice);
 class Ricerca {
 public:
     /// `statistica` is marked as the work goes on.
-    Ricerca(Tabella& statistica, crossword::Matrice griglia);
+    Ricerca(Graduatoria& statistica, crossword::Matrice griglia);
 
     /// Fills the grid. `abbandonata` means a table that breaks its own rules, or a cell for which
     /// the search would go on for ever.
-    Conclusione riempi_griglia(const Posata& posata);
+    EsitoRiempimento riempi_griglia(const Posata& posata);
     [[nodiscard]] const crossword::Matrice& griglia() const { return griglia_; }
 
     /// Bars the entries that the lines through a cell exclude; true when the last twenty are not
@@ -55,7 +55,7 @@ private:
     Voce& voce(int i) { return statistica_[static_cast<std::size_t>(i)]; }
     std::int16_t& conta(int banda) { return conta_fasce_[static_cast<std::size_t>(banda)]; }
 
-    Tabella& statistica_;
+    Graduatoria& statistica_;
     crossword::Matrice griglia_;
     std::array<std::int16_t, 10> conta_fasce_{};
     int scan_ = 1;
@@ -66,7 +66,7 @@ private:
 /// Fills the crossword from the frequencies: those of `file` when no draw is later, and then over
 /// the numbers already laid; else counted anew, and then over an empty grid. The crossword
 /// changes only when every cell has its number.
-Conclusione completa(Statistico& statistico, LettoreEstrazioni& draws, const std::string& file,
-                     crossword::Matrice& matrice, const Seguito& seguito);
+EsitoRiempimento completa(Statistico& statistico, LettoreEstrazioni& draws, const std::string& file,
+                          crossword::Matrice& matrice, const Seguito& seguito);
 
 }  // namespace statistics

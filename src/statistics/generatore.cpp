@@ -29,7 +29,7 @@ struct Cella {
 /// Quotas of the row under work and of every column.
 class Regole {
 public:
-    Regole(const Tabella& statistica, const Matrice& matrice, const Quote& iniziali)
+    Regole(const Graduatoria& statistica, const Matrice& matrice, const Quote& iniziali)
         : statistica_(statistica),
           righe_(matrice.righe()),
           colonne_(matrice.colonne()),
@@ -83,7 +83,7 @@ protected:
     }
 
 private:
-    const Tabella& statistica_;
+    const Graduatoria& statistica_;
     int righe_;
     int colonne_;
     Quote iniziali_;
@@ -94,7 +94,7 @@ private:
 
 class RegoleSuperEnalotto : public Regole {
 public:
-    RegoleSuperEnalotto(const Tabella& statistica, const Matrice& matrice)
+    RegoleSuperEnalotto(const Graduatoria& statistica, const Matrice& matrice)
         : Regole(statistica, matrice,
                  matrice.righe() > 10 ? Quote{6, 3, 3, 2, 2} : Quote{5, 2, 2, 1, 1}) {}
 
@@ -128,7 +128,7 @@ private:
 
 class RegoleLotto : public Regole {
 public:
-    RegoleLotto(const Tabella& statistica, const Matrice& matrice)
+    RegoleLotto(const Graduatoria& statistica, const Matrice& matrice)
         : Regole(statistica, matrice, Quote{3, 4, 2, 2, 0}) {}
 
     bool accetta(const Cella& cella, int p) override {
@@ -212,7 +212,7 @@ Generazione riempi(Regole& regole, Matrice& matrice, platform::Rnd& rnd, const S
             const std::int16_t numero = regole.voce(p).numero;
             matrice.scrivi(colonna, riga, numero);
             if (seguito.posata && !seguito.posata(riga, colonna, numero)) {
-                esito.conclusione = Conclusione::interrotta;
+                esito.conclusione = EsitoRiempimento::interrotta;
                 return esito;
             }
         }
@@ -221,20 +221,20 @@ Generazione riempi(Regole& regole, Matrice& matrice, platform::Rnd& rnd, const S
         const auto numero = static_cast<std::size_t>(regole.voce(p).numero);
         if (numero < esito.classi.size()) esito.classi[numero] = regole.classe(p);
     }
-    esito.conclusione = Conclusione::completa;
+    esito.conclusione = EsitoRiempimento::completa;
     return esito;
 }
 
 }  // namespace
 
-Generazione riempi_casuale(const Tabella& statistica, Matrice& matrice, platform::Rnd& rnd,
+Generazione riempi_casuale(const Graduatoria& statistica, Matrice& matrice, platform::Rnd& rnd,
                            const Seguito& seguito) {
     RegoleSuperEnalotto regole(statistica, matrice);
     return riempi(regole, matrice, rnd, seguito);
 }
 
-Generazione riempi_casuale_lotto(const Tabella& statistica, Matrice& matrice, platform::Rnd& rnd,
-                                 const Seguito& seguito) {
+Generazione riempi_casuale_lotto(const Graduatoria& statistica, Matrice& matrice,
+                                 platform::Rnd& rnd, const Seguito& seguito) {
     RegoleLotto regole(statistica, matrice);
     return riempi(regole, matrice, rnd, seguito);
 }

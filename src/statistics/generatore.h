@@ -22,25 +22,25 @@ struct Seguito {
     Posata posata;
 };
 
-enum class Conclusione {
+enum class EsitoRiempimento {
     completa,     ///< every cell has a number
     abbandonata,  ///< a draw that cannot be read, or a cell that no number could ever fill
     interrotta,   ///< asked to stop
 };
 
 struct Generazione {
-    Conclusione conclusione = Conclusione::abbandonata;
+    EsitoRiempimento conclusione = EsitoRiempimento::abbandonata;
     std::int64_t sorteggi = 0;   ///< random numbers taken
     crossword::Classi classi{};  ///< by delay, each with its quotas
 };
 
 /// Draws a number for every cell, by its place in the ranking. What was laid stays when the
 /// work ends early.
-Generazione riempi_casuale(const Tabella& statistica, crossword::Matrice& matrice,
+Generazione riempi_casuale(const Graduatoria& statistica, crossword::Matrice& matrice,
                            platform::Rnd& rnd, const Seguito& seguito);
 
 /// The same by the class of delay in Lotto.
-Generazione riempi_casuale_lotto(const Tabella& statistica, crossword::Matrice& matrice,
+Generazione riempi_casuale_lotto(const Graduatoria& statistica, crossword::Matrice& matrice,
                                  platform::Rnd& rnd, const Seguito& seguito);
 
 /// True when the national wheel has draws enough for a generation; leaves `draws` on the last.

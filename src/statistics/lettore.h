@@ -1,20 +1,15 @@
 // The draws as the statistics see them: one record at a time, whatever holds them.
 #pragma once
 
-#include <compare>
 #include <cstdint>
 #include <optional>
+
+#include "platform/data.h"
 
 namespace statistics {
 
 /// Day of a draw; times are midnight.
-struct Data {
-    int anno = 1899;
-    int mese = 12;
-    int giorno = 30;
-    // The comparison that the compiler writes holds a literal 0.
-    friend auto operator<=>(const Data&, const Data&) = default;  // NOLINT(modernize-use-nullptr)
-};
+using platform::Data;
 
 /// Walks the draws. A step returns false when it fails: any on no records at all, and a step on
 /// past the end. A field that is empty, absent or not on a record reads as nothing.

@@ -21,9 +21,7 @@ std::optional<std::int32_t> LettoreArchivio::campi_estratti(int quale) {
 }
 
 std::optional<Data> LettoreArchivio::data() {
-    const auto giorno = archivio_.draws.Fields(0).Value().data();
-    if (!giorno) return std::nullopt;
-    return Data{giorno->anno, giorno->mese, giorno->giorno};
+    return archivio_.draws.Fields(0).Value().data();
 }
 
 }  // namespace statistics

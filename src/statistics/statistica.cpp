@@ -19,7 +19,7 @@ constexpr std::int32_t primi_esclusi = 4040;
 constexpr int finestra_superenalotto = 200;
 constexpr int finestra_lotto = 300;
 
-Voce& voce(Tabella& tabella, int i) {
+Voce& voce(Graduatoria& tabella, int i) {
     return tabella[static_cast<std::size_t>(i)];
 }
 
@@ -42,12 +42,6 @@ std::optional<int> cifre(std::string_view testo) {
     return valore;
 }
 
-int giorni_del_mese(int anno, int mese) {
-    constexpr std::array<int, 12> giorni = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    const bool bisestile = (anno % 4 == 0 && anno % 100 != 0) || anno % 400 == 0;
-    return mese == 2 && bisestile ? 29 : giorni[static_cast<std::size_t>(mese - 1)];
-}
-
 /// Date of a text as "#2004-06-12#"; a time after the day is passed over.
 std::optional<Data> data_da(std::string_view testo) {
     testo = platform::Trim(testo);
@@ -61,15 +55,14 @@ std::optional<Data> data_da(std::string_view testo) {
     const auto anno = cifre(testo.substr(0, primo));
     const auto mese = cifre(testo.substr(primo + 1, secondo - primo - 1));
     const auto giorno = cifre(testo.substr(secondo + 1));
-    if (!anno || !mese || !giorno || *anno < 100 || *anno > 9999 || *mese < 1 || *mese > 12 ||
-        *giorno < 1 || *giorno > giorni_del_mese(*anno, *mese))
-        return std::nullopt;
-    return Data{*anno, *mese, *giorno};
+    if (!anno || !mese || !giorno) return std::nullopt;
+    const Data data{*anno, *mese, *giorno};
+    return platform::esiste(data) ? std::optional(data) : std::nullopt;
 }
 
 }  // namespace
 
-void ordina_statistica(Tabella& tabella, int da, int a) {
+void ordina_statistica(Graduatoria& tabella, int da, int a) {
     // The half of an odd sum goes to the even neighbour.
     const int meta = (da + a) / 2;
     const int perno_a = (da + a) % 2 == 0 ? meta : meta + meta % 2;
@@ -89,13 +82,13 @@ void ordina_statistica(Tabella& tabella, int da, int a) {
     if (i < a) ordina_statistica(tabella, i, a);
 }
 
-void gradua(Tabella& tabella) {
+void gradua(Graduatoria& tabella) {
     for (int i = 1; i <= 90; ++i) {
         voce(tabella, i).fascia = static_cast<std::int16_t>(i <= 70 ? (i - 1) / 10 + 1 : 8);
     }
 }
 
-void classifica(Tabella& tabella) {
+void classifica(Graduatoria& tabella) {
     for (int i = 1; i <= 10; ++i) {
         for (const int estrema : {i, 91 - i}) {
             voce(tabella, estrema).valore = 0;
@@ -125,7 +118,7 @@ Estrazione leggi_estrazione(LettoreEstrazioni& draws, bool& letta) {
     return estrazione;
 }
 
-bool scrivi_mstat(const Tabella& tabella, LettoreEstrazioni& draws, const std::string& file) {
+bool scrivi_mstat(const Graduatoria& tabella, LettoreEstrazioni& draws, const std::string& file) {
     if (!draws.MoveLast()) return false;
     std::string testo = "#NULL#\r\n";
     if (const auto data = draws.data())
@@ -141,7 +134,7 @@ bool scrivi_mstat(const Tabella& tabella, LettoreEstrazioni& draws, const std::s
     return platform::sostituisci(file, testo) == platform::Esito::ok;
 }
 
-bool leggi_mstat(Tabella& tabella, const std::string& file) {
+bool leggi_mstat(Graduatoria& tabella, const std::string& file) {
     tabella = {};
     platform::TextReader lettore(file, platform::TextReader::testa);
     std::string data;

@@ -26,7 +26,7 @@ struct Voce {
 };
 
 /// Entry 0 stays empty, 1 to 90 hold the numbers.
-using Tabella = std::array<Voce, 91>;
+using Graduatoria = std::array<Voce, 91>;
 
 /// One draw: 0 the Jolly, 1 to 6 the numbers, 7 the superstar; what cannot be read is 0.
 using Estrazione = std::array<std::int16_t, 8>;
@@ -36,21 +36,21 @@ using Barra = std::function<void(std::int32_t massimo)>;
 
 /// Sorts the entries `da` to `a` by descending value. Equal values end in the order this very
 /// sort leaves, which is part of the result.
-void ordina_statistica(Tabella& tabella, int da, int a);
+void ordina_statistica(Graduatoria& tabella, int da, int a);
 
 /// Bands of ten numbers from the top, 1 to 7, and 8 for the last twenty.
-void gradua(Tabella& tabella);
+void gradua(Graduatoria& tabella);
 
 /// Puts the ten first and the ten last outside the other classes, and classes the rest by delay.
-void classifica(Tabella& tabella);
+void classifica(Graduatoria& tabella);
 
 /// Reads the record under `draws` and moves on; `letta` is false when that move failed.
 Estrazione leggi_estrazione(LettoreEstrazioni& draws, bool& letta);
 
 /// Writes the date of the last draw and the ranking; false when either cannot be had.
-bool scrivi_mstat(const Tabella& tabella, LettoreEstrazioni& draws, const std::string& file);
+bool scrivi_mstat(const Graduatoria& tabella, LettoreEstrazioni& draws, const std::string& file);
 /// Reads a ranking back over an emptied table; false when the file breaks off before its end.
-bool leggi_mstat(Tabella& tabella, const std::string& file);
+bool leggi_mstat(Graduatoria& tabella, const std::string& file);
 /// Date in the first line of the file; nothing when there is none.
 std::optional<Data> leggi_data(const std::string& file);
 
@@ -58,8 +58,8 @@ std::optional<Data> leggi_data(const std::string& file);
 /// it could not read: the work that asked for it ends.
 class Statistico {
 public:
-    [[nodiscard]] Tabella& statistica() { return statistica_; }
-    [[nodiscard]] const Tabella& statistica() const { return statistica_; }
+    [[nodiscard]] Graduatoria& statistica() { return statistica_; }
+    [[nodiscard]] const Graduatoria& statistica() const { return statistica_; }
     /// Forgets the ranking.
     void azzera() { statistica_ = {}; }
 
@@ -77,7 +77,7 @@ private:
     bool ritardo(std::int32_t numero, int n);
     void ordina_ritardi();
 
-    Tabella statistica_{};
+    Graduatoria statistica_{};
     std::array<std::int16_t, 91> frequenze_{};
     std::array<std::int16_t, 91> ritardi_{};
     int limite_ritardo_ = 0;

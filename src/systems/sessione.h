@@ -104,7 +104,7 @@ struct Prezzo {
 
 /// How the outside follows an elaboration. Each part may be empty.
 struct SeguitoSviluppo {
-    development::Avanzamento avanzamento;
+    development::AvanzamentoSviluppo avanzamento;
     /// Called when the lines are written and repetitions were to go, with what is left.
     std::function<void(std::int32_t combinazioni)> ripetizioni;
     /// Takes a file named as the working files are, which may be a player's own.

@@ -173,11 +173,11 @@ Generato Sessione::genera_in_griglia(int ruota, const statistics::Seguito& segui
     const statistics::Generazione fatta = statistics::genera_statistico(
         gioco_, statistico, lettore, file("mstat.dat"), matrice_, rnd_, seguito);
     switch (fatta.conclusione) {
-        case statistics::Conclusione::completa:
+        case statistics::EsitoRiempimento::completa:
             generata_ = matrice_;
             classi_generate_ = fatta.classi;
             return Generato::completo;
-        case statistics::Conclusione::interrotta:
+        case statistics::EsitoRiempimento::interrotta:
             return Generato::interrotto;
         default:
             return Generato::abbandonato;
@@ -220,7 +220,7 @@ void Sessione::completa(const statistics::Seguito& seguito) {
     statistics::LettoreArchivio lettore(archivio);
     // No control calls it, and it marks nothing as changed; given up, it leaves the crossword.
     cambiamento_.celle = statistics::completa(statistico, lettore, file("mstat.dat"), matrice_,
-                                              seguito) == statistics::Conclusione::completa;
+                                              seguito) == statistics::EsitoRiempimento::completa;
 }
 
 }  // namespace systems

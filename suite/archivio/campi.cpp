@@ -43,11 +43,8 @@ std::optional<std::array<std::int32_t, 3>> parti_di(std::string_view testo) {
 
 std::optional<Data> giorno(int anno, int mese, int quale) {
     const Data data{anno, mese, quale};
-    if (anno < anno_primo || anno > anno_ultimo || mese < 1 || mese > 12 || quale < 1 || quale > 31)
-        return std::nullopt;
-    // A day that the month does not have comes back as another.
-    return platform::da_seriale(platform::seriale(data)) == data ? std::optional(data)
-                                                                 : std::nullopt;
+    return anno >= anno_primo && anno <= anno_ultimo && platform::esiste(data) ? std::optional(data)
+                                                                               : std::nullopt;
 }
 
 /// A time after the day says nothing of the draw.

@@ -97,7 +97,7 @@ Risposta analizza(Contesto& contesto, bool storico, const Ruota& ruota, Aperto& 
     Analisi a;
     {
         suite::Progresso progresso("Analisi di " + aperto.file());
-        const analysis::Avanzamento avanti = [&](double parte) {
+        const analysis::AvanzamentoConteggio avanti = [&](double parte) {
             constexpr std::uint64_t passi = 1000;
             progresso.mostra(static_cast<std::uint64_t>(parte * passi), passi);
             return !contesto.fermato();

@@ -108,7 +108,7 @@ std::string uso() {
     return testo + std::string(uso_comune);
 }
 
-int lamenta(const Ambiente& ambiente, const std::string& testo) {
+int lamenta(const Mezzi& ambiente, const std::string& testo) {
     ambiente.errori("sistema: " + platform::mostrabile(testo) + "\n");
     return uso_errato;
 }
@@ -124,7 +124,7 @@ std::string leggi_quote(const suite::Parole& parole, int& quote) {
 }
 
 /// The program folder; what is wrong with the option, empty when nothing is.
-std::string leggi_programma(const suite::Parole& parole, const Ambiente& ambiente,
+std::string leggi_programma(const suite::Parole& parole, const Mezzi& ambiente,
                             std::string& cartella) {
     const std::string* detta = parole.valore("--programma");
     if (detta == nullptr) {
@@ -141,7 +141,7 @@ std::string leggi_programma(const suite::Parole& parole, const Ambiente& ambient
 
 /// One system after the other; the exit code.
 int esegui(const Contesto& contesto, const std::vector<std::string>& file, const Fare& fare) {
-    const Ambiente& ambiente = contesto.ambiente;
+    const Mezzi& ambiente = contesto.ambiente;
     int codice = riuscito;
     std::string json;
     bool primo = true;
@@ -173,7 +173,7 @@ int esegui(const Contesto& contesto, const std::vector<std::string>& file, const
     return codice;
 }
 
-int prepara(const Verbo& verbo, const std::vector<std::string>& parole, const Ambiente& ambiente) {
+int prepara(const Verbo& verbo, const std::vector<std::string>& parole, const Mezzi& ambiente) {
     std::vector<suite::Opzione> ammesse = verbo.opzioni;
     ammesse.push_back({"--json"});
     ammesse.push_back({"--programma", true});
@@ -198,7 +198,7 @@ int prepara(const Verbo& verbo, const std::vector<std::string>& parole, const Am
 
 }  // namespace
 
-int comando(const std::vector<std::string>& parole, const Ambiente& ambiente) {
+int comando(const std::vector<std::string>& parole, const Mezzi& ambiente) {
     if (parole.empty()) return lamenta(ambiente, "manca il comando; sistema --aiuto li elenca");
     if (parole[0] == "--aiuto" || parole[0] == "--help" || parole[0] == "-h") {
         ambiente.uscita(uso());

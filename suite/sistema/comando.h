@@ -9,6 +9,6 @@
 namespace sistema {
 
 /// Runs a verb; the exit code.
-int comando(const std::vector<std::string>& parole, const Ambiente& ambiente);
+int comando(const std::vector<std::string>& parole, const Mezzi& ambiente);
 
 }  // namespace sistema

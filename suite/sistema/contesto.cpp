@@ -6,7 +6,7 @@
 
 namespace sistema {
 
-Contesto::Contesto(const Ambiente& a, std::string cartella)
+Contesto::Contesto(const Mezzi& a, std::string cartella)
     : ambiente(a), programma(std::move(cartella)), passato(platform::radice(programma)) {}
 
 std::string Passato::leggi(crossword::Gioco gioco, const std::string& ruota,

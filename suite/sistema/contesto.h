@@ -21,7 +21,7 @@ inline constexpr int non_riuscito = 1;  ///< something could not be done
 inline constexpr int uso_errato = 2;
 
 /// The world around the command; what a test puts in its place.
-struct Ambiente {
+struct Mezzi {
     /// Finds the program folder, which may write; asked by a command in order alone.
     std::function<std::string()> programma;
     std::function<void(std::string_view)> uscita;
@@ -50,9 +50,9 @@ private:
 
 /// One run of the command.
 struct Contesto {
-    Contesto(const Ambiente& a, std::string cartella);
+    Contesto(const Mezzi& a, std::string cartella);
 
-    const Ambiente& ambiente;
+    const Mezzi& ambiente;
     std::string programma;    ///< program folder, without a final separator
     std::size_t sistemi = 0;  ///< how many were named
     bool json = false;

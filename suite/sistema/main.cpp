@@ -16,7 +16,7 @@ int main(int argc, char** argv) {
     platform::App().Minor = TABELLINO_MINOR;
     platform::App().Revision = TABELLINO_REVISION;
     const std::vector<std::string> parole(argv + 1, argv + argc);
-    sistema::Ambiente ambiente;
+    sistema::Mezzi ambiente;
     ambiente.programma = [] {
         const std::string eseguibile = platform::cartella_eseguibile();
         return platform::trova_cartella(eseguibile, eseguibile + "/../share/tabellino");

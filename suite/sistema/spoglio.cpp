@@ -129,7 +129,7 @@ std::uint64_t vincenti(const EsitoEstrazione& esito, crossword::Gioco gioco) {
 /// The combinations that won in a draw, with their slips.
 std::string dettaglio(const Domanda& d, const Estrazione& e, const Sviluppo& sviluppo,
                       crossword::Gioco gioco, suite::Json& json, analysis::Tavola& t) {
-    check::Richiesta r{
+    check::RichiestaSpoglio r{
         sviluppo.file, static_cast<std::int32_t>(sviluppo.giocate.righe()), gioco, {}};
     std::size_t casella = 0;
     // A Jolly that nobody drew is in no combination.

@@ -55,7 +55,7 @@ TEST(Storico, ogni_estrazione_come_lo_spoglio) {
         const Mappe mappe(giocate_di(righe, numeri));
         for (int i = 0; i < 500; ++i) {
             const Estrazione e = estrai(caso, lotto);
-            check::Richiesta r{
+            check::RichiestaSpoglio r{
                 cartella.file("s"), static_cast<std::int32_t>(righe.size()), gioco, {}};
             std::size_t casella = 0;
             if (!lotto) r.vincente[casella++] = e.jolly;

@@ -7,7 +7,7 @@
 #include "support/cartella.h"
 
 using check::Dettaglio;
-using check::Richiesta;
+using check::RichiestaSpoglio;
 using check::Spoglio;
 using check::Verso;
 
@@ -22,7 +22,7 @@ bool sempre(std::int32_t /*fatte*/) {
 class DettaglioTest : public ::testing::Test {
 protected:
     /// A development whose record `i` scores `punti[i]` against 1 to 6, Jolly 7; 51 is 5 + 1.
-    Richiesta sviluppo(const std::vector<int>& punti) {
+    RichiestaSpoglio sviluppo(const std::vector<int>& punti) {
         std::string testo;
         for (std::size_t i = 0; i < punti.size(); ++i) {
             const int giusti = punti[i] == 51 ? 5 : punti[i];
@@ -38,11 +38,11 @@ protected:
                 crossword::Gioco::superenalotto(),
                 {7, 1, 2, 3, 4, 5, 6}};
     }
-    Richiesta terzine(const std::string& testo, int quante) {
+    RichiestaSpoglio terzine(const std::string& testo, int quante) {
         cartella.scrivi("s.lot", testo);
         return {cartella.file("s.lot"), quante, crossword::Gioco::lotto(3), {1, 2, 3, 4, 5}};
     }
-    void elenca(const Richiesta& r, int pannelli) {
+    void elenca(const RichiestaSpoglio& r, int pannelli) {
         s.conta(r, sempre);
         EXPECT_TRUE(d.aggiungi(r, s, pannelli, sempre));
     }
@@ -105,7 +105,7 @@ TEST_F(DettaglioTest, LottoListsWinnersWithTheSlipOfTheWholeSystem) {
 }
 
 TEST_F(DettaglioTest, SecondTimeAddsTheSameRowsAgain) {
-    const Richiesta r = terzine("1,2,30\r\n10,20,30\r\n1,2,3\r\n", 3);
+    const RichiestaSpoglio r = terzine("1,2,30\r\n10,20,30\r\n1,2,3\r\n", 3);
     elenca(r, 1);
     EXPECT_TRUE(d.aggiungi(r, s, 2, sempre));
     EXPECT_EQ(colonna(1), (Testi{"1", "3", "1", "2"}));
@@ -118,7 +118,7 @@ TEST_F(DettaglioTest, SecondTimeAddsTheSameRowsAgain) {
 }
 
 TEST_F(DettaglioTest, ShortFileRepeatsItsLastNumbers) {
-    Richiesta r = sviluppo({0, 3});
+    RichiestaSpoglio r = sviluppo({0, 3});
     r.combinazioni = 4;
     elenca(r, 5);
     EXPECT_EQ(colonna(3), (Testi{"10", "1", "1", "1"}));
@@ -167,7 +167,7 @@ TEST_F(DettaglioTest, SortingNothingIsNoHarm) {
 }
 
 TEST_F(DettaglioTest, StopsWhenAskedToAndKeepsWhatStands) {
-    const Richiesta r = sviluppo(std::vector<int>(5000, 3));
+    const RichiestaSpoglio r = sviluppo(std::vector<int>(5000, 3));
     s.conta(r, sempre);
     EXPECT_FALSE(d.aggiungi(r, s, 5, [](std::int32_t) { return false; }));
     EXPECT_GT(d.righe(), 0U);
@@ -175,7 +175,7 @@ TEST_F(DettaglioTest, StopsWhenAskedToAndKeepsWhatStands) {
 }
 
 TEST_F(DettaglioTest, ProgressEndsWithTheLastPlace) {
-    const Richiesta r = sviluppo(std::vector<int>(3000, 3));
+    const RichiestaSpoglio r = sviluppo(std::vector<int>(3000, 3));
     s.conta(r, sempre);
     std::int32_t ultima = 0;
     d.aggiungi(r, s, 5, [&](std::int32_t fatte) {

@@ -11,7 +11,7 @@
 #include "support/cartella.h"
 
 using check::Punti;
-using check::Richiesta;
+using check::RichiestaSpoglio;
 using check::Spoglio;
 using crossword::Gioco;
 
@@ -25,13 +25,14 @@ bool sempre(std::int32_t /*fatte*/) {
 
 class SpoglioTest : public ::testing::Test {
 protected:
-    [[nodiscard]] Richiesta superenalotto(const Righe& righe, std::array<std::int16_t, 7> vincente,
-                                          std::int32_t n = -1) const {
+    [[nodiscard]] RichiestaSpoglio superenalotto(const Righe& righe,
+                                                 std::array<std::int16_t, 7> vincente,
+                                                 std::int32_t n = -1) const {
         return {scrivi("s.col", righe), n < 0 ? static_cast<std::int32_t>(righe.size()) : n,
                 Gioco(), vincente};
     }
-    [[nodiscard]] Richiesta lotto(const Righe& righe, int numeri, std::array<std::int16_t, 5> v,
-                                  std::int32_t n = -1) const {
+    [[nodiscard]] RichiestaSpoglio lotto(const Righe& righe, int numeri,
+                                         std::array<std::int16_t, 5> v, std::int32_t n = -1) const {
         return {scrivi("s.lot", righe),
                 n < 0 ? static_cast<std::int32_t>(righe.size()) : n,
                 Gioco::lotto(numeri),
@@ -48,7 +49,7 @@ protected:
         cartella.scrivi(nome, testo);
         return cartella.file(nome);
     }
-    Spoglio& conta(const Richiesta& r) {
+    Spoglio& conta(const RichiestaSpoglio& r) {
         EXPECT_TRUE(s.conta(r, sempre));
         return s;
     }
@@ -179,7 +180,7 @@ TEST_F(SpoglioTest, CountOfZeroRunsOverNothing) {
     conta(superenalotto({{1, 2, 3, 4, 5, 6}}, uno_a_sei, 0));
     EXPECT_EQ(s.quante(), 0U);
     EXPECT_EQ(s.vincenti(), 0);
-    Richiesta r = superenalotto({{1, 2, 3, 4, 5, 6}}, uno_a_sei);
+    RichiestaSpoglio r = superenalotto({{1, 2, 3, 4, 5, 6}}, uno_a_sei);
     r.combinazioni = -4;
     conta(r);
     EXPECT_EQ(s.quante(), 0U);
@@ -248,7 +249,7 @@ TEST_F(SpoglioTest, TerzineNeverHitFourOrFive) {
 
 TEST_F(SpoglioTest, LottoHasNoJolly) {
     // The seventh place of the winning numbers belongs to the other game.
-    Richiesta r = lotto({{1, 2, 3, 4, 5}}, 5, {1, 2, 3, 4, 5});
+    RichiestaSpoglio r = lotto({{1, 2, 3, 4, 5}}, 5, {1, 2, 3, 4, 5});
     r.vincente[5] = 1;
     r.vincente[6] = 2;
     conta(r);
@@ -263,7 +264,7 @@ TEST_F(SpoglioTest, WidthThatIsNoFormReadsNothing) {
 }
 
 TEST_F(SpoglioTest, StopsWhenAskedTo) {
-    const Richiesta r = superenalotto(Righe(5000, {1, 2, 3, 40, 50, 60}), uno_a_sei);
+    const RichiestaSpoglio r = superenalotto(Righe(5000, {1, 2, 3, 40, 50, 60}), uno_a_sei);
     std::int32_t ultima = 0;
     EXPECT_FALSE(s.conta(r, [&](std::int32_t fatte) {
         ultima = fatte;
@@ -325,7 +326,7 @@ struct Ricontato {
     std::vector<std::pair<int, std::string>> lista;
 };
 
-Ricontato riconta(const Richiesta& r) {
+Ricontato riconta(const RichiestaSpoglio& r) {
     std::ifstream f(r.file);
     Ricontato e;
     std::vector<int> colonna(6);
@@ -380,7 +381,7 @@ TEST_F(SpoglioTest, CountsEqualAPlainRecountForRandomDevelopmentsAndDraws) {
         const int n = static_cast<int>(righe.size()) + (prova % 5 == 0 ? fino_a(10) : 0);
         std::array<std::int16_t, 7> v{};
         for (auto& numero : v) numero = static_cast<std::int16_t>(fino_a(in_gioco));
-        Richiesta r = superenalotto(righe, v, n);
+        RichiestaSpoglio r = superenalotto(righe, v, n);
         r.gioco = in_lotto ? Gioco::lotto(numeri) : Gioco();
         conta(r);
         const Ricontato atteso = riconta(r);

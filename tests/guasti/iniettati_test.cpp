@@ -428,7 +428,7 @@ const std::vector<std::pair<const char*, Lettura>>& letture() {
          }},
         {"a.col",
          [](const Libreria& x) {
-             check::Richiesta r;
+             check::RichiestaSpoglio r;
              r.file = x.qui("a").sviluppo();
              r.combinazioni = 5;
              r.vincente = {90, 1, 2, 3, 4, 5, 6};
@@ -446,7 +446,7 @@ const std::vector<std::pair<const char*, Lettura>>& letture() {
          }},
         {"mstat.dat",
          [](const Libreria& x) {
-             statistics::Tabella tabella;
+             statistics::Graduatoria tabella;
              return statistics::leggi_mstat(tabella, x.programma() + "/mstat.dat") ? 1U : 0U;
          }},
         {"col.dat",

@@ -4,7 +4,7 @@
 #include "platform/text_file.h"
 #include "statistics/completamento.h"
 
-using statistics::Conclusione;
+using statistics::EsitoRiempimento;
 using statistics::Statistico;
 using support::con;
 using support::Programma;
@@ -37,7 +37,7 @@ TEST(Completa, SenzaMstatDalleFrequenzeSuUnaGrigliaVuota) {
     crossword::Matrice m(6, 6);
     const support::Cartella altrove;
     ASSERT_EQ(statistics::completa(s, draws, altrove.file("mstat.dat"), m, {}),
-              Conclusione::completa);
+              EsitoRiempimento::completa);
     uguali(p, m);
     EXPECT_FALSE(p.form1.ProgressBar1->isVisible());
 }

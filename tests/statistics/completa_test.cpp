@@ -18,7 +18,7 @@ protected:
                 piena_.scrivi(x, y, static_cast<std::int16_t>(1 + x + 6 * y));
         }
     }
-    Conclusione completa() {
+    EsitoRiempimento completa() {
         ArchivioFinto draws(records_);
         return statistics::completa(s_, draws, cartella_.file("mstat.dat"), matrice_,
                                     {{}, [this](int, int, int) { return ++posate_ > 0; }});
@@ -33,7 +33,7 @@ protected:
 
 TEST_F(Completa, without_mstat_it_counts_frequencies_writes_the_file_and_starts_empty) {
     matrice_ = piena_;
-    ASSERT_EQ(completa(), Conclusione::completa);
+    ASSERT_EQ(completa(), EsitoRiempimento::completa);
     EXPECT_TRUE(cartella_.esiste("mstat.dat"));
     EXPECT_EQ(posate_, 36);
     EXPECT_NE(matrice_, piena_);
@@ -43,33 +43,33 @@ TEST_F(Completa, without_mstat_it_counts_frequencies_writes_the_file_and_starts_
 }
 
 TEST_F(Completa, with_a_current_mstat_the_numbers_laid_are_kept) {
-    ASSERT_EQ(completa(), Conclusione::completa);
+    ASSERT_EQ(completa(), EsitoRiempimento::completa);
     const std::string scritto = cartella_.leggi("mstat.dat");
     const std::int16_t primo = s_.statistica()[1].numero;
     matrice_ = Matrice(6, 6);
     matrice_.scrivi(3, 2, primo);
     posate_ = 0;
-    ASSERT_EQ(completa(), Conclusione::completa);
+    ASSERT_EQ(completa(), EsitoRiempimento::completa);
     EXPECT_EQ(posate_, 35);
     EXPECT_EQ(matrice_(3, 2), primo);
     EXPECT_EQ(cartella_.leggi("mstat.dat"), scritto);
 }
 
 TEST_F(Completa, a_full_grid_is_only_copied) {
-    ASSERT_EQ(completa(), Conclusione::completa);
+    ASSERT_EQ(completa(), EsitoRiempimento::completa);
     matrice_ = piena_;
     posate_ = 0;
-    ASSERT_EQ(completa(), Conclusione::completa);
+    ASSERT_EQ(completa(), EsitoRiempimento::completa);
     EXPECT_EQ(posate_, 0);
     EXPECT_EQ(matrice_, piena_);
 }
 
 TEST_F(Completa, a_later_draw_makes_the_file_out_of_date) {
-    ASSERT_EQ(completa(), Conclusione::completa);
+    ASSERT_EQ(completa(), EsitoRiempimento::completa);
     records_.push_back(records_.front());
     records_.back().data = {2099, 1, 1};
     matrice_ = piena_;
-    ASSERT_EQ(completa(), Conclusione::completa);
+    ASSERT_EQ(completa(), EsitoRiempimento::completa);
     EXPECT_NE(matrice_, piena_);
     EXPECT_EQ(leggi_data(cartella_.file("mstat.dat")), (Data{2099, 1, 1}));
 }
@@ -77,11 +77,11 @@ TEST_F(Completa, a_later_draw_makes_the_file_out_of_date) {
 TEST_F(Completa, what_cannot_be_had_leaves_the_crossword) {
     matrice_ = piena_;
     records_.resize(100);
-    EXPECT_EQ(completa(), Conclusione::abbandonata);
+    EXPECT_EQ(completa(), EsitoRiempimento::abbandonata);
     cartella_.scrivi("mstat.dat", "#2090-01-01#\r\n1,2,3\r\n");
-    EXPECT_EQ(completa(), Conclusione::abbandonata);
+    EXPECT_EQ(completa(), EsitoRiempimento::abbandonata);
     records_.clear();
-    EXPECT_EQ(completa(), Conclusione::abbandonata);
+    EXPECT_EQ(completa(), EsitoRiempimento::abbandonata);
     EXPECT_EQ(matrice_, piena_);
     EXPECT_EQ(posate_, 0);
 }

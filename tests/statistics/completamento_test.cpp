@@ -12,9 +12,9 @@ using support::iniziata;
 namespace {
 
 /// A graded ranking with its numbers in the order of `seme`, all free from the top seventy.
-Tabella graduata(std::uint32_t seme) {
+Graduatoria graduata(std::uint32_t seme) {
     support::Sorte sorte(seme);
-    Tabella t{};
+    Graduatoria t{};
     for (int i = 1; i <= 90; ++i) {
         t.at(static_cast<std::size_t>(i)).numero = static_cast<std::int16_t>(i);
         t.at(static_cast<std::size_t>(i)).libero = i <= 70;
@@ -27,7 +27,7 @@ Tabella graduata(std::uint32_t seme) {
     return t;
 }
 
-semplice::Elenco elenco(const Tabella& t) {
+semplice::Elenco elenco(const Graduatoria& t) {
     semplice::Elenco e(91);
     for (std::size_t i = 0; i <= 90; ++i)
         e[i] = {t[i].numero, t[i].valore, "", t[i].fascia, t[i].libero, t[i].usato};
@@ -35,7 +35,7 @@ semplice::Elenco elenco(const Tabella& t) {
 }
 
 /// Marks of a table: free and placed, one digit an entry.
-std::string segni(const Tabella& t) {
+std::string segni(const Graduatoria& t) {
     std::string s;
     for (const Voce& v : t) s += static_cast<char>('0' + (v.libero ? 1 : 0) + (v.usato ? 2 : 0));
     return s;
@@ -48,7 +48,7 @@ std::string segni(const semplice::Elenco& e) {
 
 /// Entries that a cell bars, when one number stands at (x, y).
 std::string barrate(int colonne, int righe, int x, int y, int r, int c) {
-    Tabella t = graduata(0);
+    Graduatoria t = graduata(0);
     t[0].libero = true;
     Matrice m(colonne, righe);
     m.scrivi(x, y, 33);
@@ -91,7 +91,7 @@ TEST(VincoliCella, every_cell_of_every_size_equals_the_second_computation) {
             const int c = i % colonne;
             const int r = i / colonne;
             const Matrice m = iniziata(sorte, colonne, righe, 30);
-            Tabella t = graduata(static_cast<std::uint32_t>(sorte.sotto(50)));
+            Graduatoria t = graduata(static_cast<std::uint32_t>(sorte.sotto(50)));
             auto e = elenco(t);
             Ricerca ricerca(t, m);
             semplice::Ricerca altra(e, griglia(m));
@@ -106,7 +106,7 @@ TEST(VincoliCella, every_cell_of_every_size_equals_the_second_computation) {
 }
 
 TEST(VincoliCella, below_the_cell_on_the_anti_diagonal_the_place_of_the_number_is_barred_too) {
-    Tabella t = graduata(4);
+    Graduatoria t = graduata(4);
     Matrice m(6, 6);
     m.scrivi(1, 4, 33);
     Ricerca ricerca(t, m);
@@ -124,7 +124,7 @@ TEST(VincoliCella, below_the_cell_on_the_anti_diagonal_the_place_of_the_number_i
 TEST(VincoliCella, a_line_holds_two_numbers_of_a_band_at_level_1_and_three_at_level_2) {
     for (const int livello_iniziale : {1, 2}) {
         for (int quanti = 1; quanti <= 3; ++quanti) {
-            Tabella t = graduata(0);
+            Graduatoria t = graduata(0);
             Matrice m(8, 7);
             for (int i = 0; i < quanti; ++i) m.scrivi(1 + i, 0, static_cast<std::int16_t>(21 + i));
             Ricerca ricerca(t, m);
@@ -138,7 +138,7 @@ TEST(VincoliCella, a_line_holds_two_numbers_of_a_band_at_level_1_and_three_at_le
 }
 
 TEST(VincoliCella, a_tail_number_on_a_line_raises_the_level_and_is_counted_twice) {
-    Tabella t = graduata(0);
+    Graduatoria t = graduata(0);
     for (std::size_t i = 71; i <= 90; ++i) t[i].libero = true;
     Matrice m(8, 7);
     m.scrivi(0, 3, 85);
@@ -152,7 +152,7 @@ TEST(VincoliCella, a_tail_number_on_a_line_raises_the_level_and_is_counted_twice
 }
 
 TEST(VincoliCella, at_level_2_one_tail_number_on_a_line_is_no_reason_and_two_are) {
-    Tabella t = graduata(0);
+    Graduatoria t = graduata(0);
     for (std::size_t i = 71; i <= 90; ++i) t[i].libero = true;
     Matrice m(8, 7);
     m.scrivi(0, 3, 85);
@@ -166,12 +166,12 @@ TEST(VincoliCella, at_level_2_one_tail_number_on_a_line_is_no_reason_and_two_are
 }
 
 TEST(SegnaNumero, an_empty_cell_names_entry_0_and_an_unknown_number_none) {
-    Tabella t = graduata(3);
+    Graduatoria t = graduata(3);
     t[0].libero = true;
     Ricerca ricerca(t, Matrice(6, 6));
     EXPECT_TRUE(ricerca.segna_numero(0));
     EXPECT_FALSE(t[0].libero);
-    const Tabella prima = t;
+    const Graduatoria prima = t;
     EXPECT_TRUE(ricerca.segna_numero(91));
     EXPECT_EQ(t, prima);
     t[5].fascia = 10;
@@ -179,18 +179,18 @@ TEST(SegnaNumero, an_empty_cell_names_entry_0_and_an_unknown_number_none) {
 }
 
 /// Both searches on one grid; how the first one ended.
-Conclusione confronta(const Matrice& m, Tabella t) {
+EsitoRiempimento confronta(const Matrice& m, Graduatoria t) {
     auto e = elenco(t);
     semplice::Ricerca altra(e, griglia(m));
     const auto fine = altra.riempi();
     int posate = 0;
     Ricerca ricerca(t, m);
-    const Conclusione esito = ricerca.riempi_griglia([&](int riga, int colonna, int numero) {
+    const EsitoRiempimento esito = ricerca.riempi_griglia([&](int riga, int colonna, int numero) {
         EXPECT_EQ(numero, semplice::a(semplice::a(altra.g, colonna), riga));
         ++posate;
         return true;
     });
-    EXPECT_EQ(esito == Conclusione::completa, fine == semplice::Ricerca::piena);
+    EXPECT_EQ(esito == EsitoRiempimento::completa, fine == semplice::Ricerca::piena);
     EXPECT_EQ(posate, altra.posate);
     EXPECT_EQ(support::testo(ricerca.griglia()), support::testo(altra.g));
     return esito;
@@ -201,7 +201,7 @@ TEST(RiempiGriglia, empty_grids_of_every_size_equal_the_second_computation) {
     for (int colonne = 5; colonne <= 15; ++colonne) {
         for (int righe = 5; righe <= 15; ++righe) {
             const auto seme = static_cast<std::uint32_t>(colonne * righe % 3);
-            if (confronta(Matrice(colonne, righe), graduata(seme)) == Conclusione::completa)
+            if (confronta(Matrice(colonne, righe), graduata(seme)) == EsitoRiempimento::completa)
                 ++complete;
         }
     }
@@ -216,19 +216,19 @@ TEST(RiempiGriglia, started_grids_equal_the_second_computation_where_it_would_ne
         const int colonne = 5 + sorte.sotto(11);
         const int righe = prova % 2 == 0 ? colonne : 5 + sorte.sotto(11);
         const Matrice m = iniziata(sorte, colonne, righe, sorte.sotto(80));
-        Tabella t = graduata(static_cast<std::uint32_t>(sorte.sotto(1000)));
+        Graduatoria t = graduata(static_cast<std::uint32_t>(sorte.sotto(1000)));
         // What an earlier search left marked counts in this one.
         for (Voce& v : t) v.usato = sorte.sotto(4) == 0;
-        if (confronta(m, t) == Conclusione::completa) ++complete;
+        if (confronta(m, t) == EsitoRiempimento::completa) ++complete;
     }
     EXPECT_GT(complete, prove / 10);
     EXPECT_LT(complete, prove - prove / 10);
 }
 
 TEST(RiempiGriglia, pinned_grid_of_the_plain_ranking) {
-    Tabella t = graduata(0);
+    Graduatoria t = graduata(0);
     Ricerca ricerca(t, Matrice(6, 6));
-    EXPECT_EQ(ricerca.riempi_griglia({}), Conclusione::completa);
+    EXPECT_EQ(ricerca.riempi_griglia({}), EsitoRiempimento::completa);
     EXPECT_EQ(support::testo(ricerca.griglia()),
               "1 2 11 12 21 22\n"
               "23 24 31 32 41 42\n"
@@ -236,7 +236,7 @@ TEST(RiempiGriglia, pinned_grid_of_the_plain_ranking) {
               "63 64 3 4 13 14\n"
               "15 16 25 26 33 34\n"
               "35 36 45 46 53 54\n");
-    Tabella ancora = graduata(0);
+    Graduatoria ancora = graduata(0);
     Ricerca seconda(ancora, Matrice(6, 6));
     seconda.riempi_griglia({});
     EXPECT_EQ(seconda.griglia(), ricerca.griglia());
@@ -255,19 +255,19 @@ Matrice chiusa(int riga, int code) {
 }
 
 TEST(RiempiGriglia, a_search_that_would_never_end_stops_and_leaves_what_was_laid) {
-    Tabella t = graduata(0);
+    Graduatoria t = graduata(0);
     auto e = elenco(t);
     semplice::Ricerca altra(e, griglia(chiusa(1, 2)));
     EXPECT_EQ(altra.riempi(), semplice::Ricerca::per_sempre);
     Ricerca ricerca(t, chiusa(1, 2));
-    EXPECT_EQ(ricerca.riempi_griglia({}), Conclusione::abbandonata);
+    EXPECT_EQ(ricerca.riempi_griglia({}), EsitoRiempimento::abbandonata);
     for (int x = 0; x < 15; ++x) EXPECT_NE(ricerca.griglia()(x, 0), 0);
     EXPECT_EQ(ricerca.griglia()(0, 1), 0);
     EXPECT_EQ(support::testo(ricerca.griglia()), support::testo(altra.g));
 }
 
 TEST(RiempiGriglia, a_cell_closed_to_the_seventy_takes_the_first_of_the_tail) {
-    Tabella t = graduata(0);
+    Graduatoria t = graduata(0);
     Ricerca ricerca(t, chiusa(0, 0));
     ricerca.riempi_griglia({});
     EXPECT_EQ(ricerca.griglia()(0, 0), 71);
@@ -277,7 +277,7 @@ TEST(RiempiGriglia, a_cell_closed_to_the_seventy_takes_the_first_of_the_tail) {
 TEST(RiempiGriglia, barred_from_the_tail_the_search_takes_numbers_already_placed) {
     // Of the seven bands one stays open, but its odd entries stand on the lines of the cell and
     // its even ones were placed before.
-    Tabella t = graduata(0);
+    Graduatoria t = graduata(0);
     for (std::size_t i = 62; i <= 70; i += 2) t[i].usato = true;
     Matrice m(15, 15);
     for (int i = 0; i < 12; ++i)
@@ -303,7 +303,7 @@ TEST(RiempiGriglia, barred_from_the_tail_the_search_takes_numbers_already_placed
 
 TEST(RiempiGriglia, the_tail_used_up_ends_the_search) {
     // Without a band of their own the tail numbers never stand in each other's way.
-    Tabella t = graduata(0);
+    Graduatoria t = graduata(0);
     for (std::size_t i = 71; i <= 90; ++i) t[i].fascia = 0;
     Matrice m(15, 30);
     for (int y = 0; y < 30; ++y) {
@@ -313,14 +313,14 @@ TEST(RiempiGriglia, the_tail_used_up_ends_the_search) {
     for (int i = 0; i < 9; ++i)
         m.scrivi(0, 21 + i, static_cast<std::int16_t>(41 + i / 3 * 10 + i % 3));
     Ricerca ricerca(t, m);
-    EXPECT_EQ(ricerca.riempi_griglia({}), Conclusione::abbandonata);
+    EXPECT_EQ(ricerca.riempi_griglia({}), EsitoRiempimento::abbandonata);
     for (int y = 0; y < 20; ++y) EXPECT_EQ(ricerca.griglia()(0, y), 71 + y);
     EXPECT_EQ(ricerca.griglia()(0, 20), 0);
 }
 
 TEST(RiempiGriglia, once_all_seventy_were_placed_at_the_end_of_a_row_they_may_come_again) {
     for (const std::size_t usate : {69U, 70U}) {
-        Tabella t = graduata(0);
+        Graduatoria t = graduata(0);
         for (std::size_t i = 1; i <= usate; ++i) t[i].usato = true;
         Matrice m(6, 7);
         for (int x = 0; x < 6; ++x) m.scrivi(x, 0, static_cast<std::int16_t>(80 + x));
@@ -334,28 +334,29 @@ TEST(RiempiGriglia, once_all_seventy_were_placed_at_the_end_of_a_row_they_may_co
 
 TEST(RiempiGriglia, a_broken_table_ends_the_search) {
     for (const int fascia : {-1, 10, 30000}) {
-        Tabella t = graduata(0);
+        Graduatoria t = graduata(0);
         t[1].fascia = static_cast<std::int16_t>(fascia);
         Ricerca ricerca(t, Matrice(6, 6));
-        EXPECT_EQ(ricerca.riempi_griglia({}), Conclusione::abbandonata);
+        EXPECT_EQ(ricerca.riempi_griglia({}), EsitoRiempimento::abbandonata);
         EXPECT_EQ(ricerca.griglia()(0, 0), 1);
         EXPECT_EQ(ricerca.griglia()(1, 0), 0);
     }
-    Tabella t = graduata(0);
+    Graduatoria t = graduata(0);
     t[1].numero = 500;
     Ricerca ricerca(t, Matrice(6, 6));
-    EXPECT_EQ(ricerca.riempi_griglia({}), Conclusione::abbandonata);
-    Tabella buona = graduata(0);
+    EXPECT_EQ(ricerca.riempi_griglia({}), EsitoRiempimento::abbandonata);
+    Graduatoria buona = graduata(0);
     Matrice m(6, 6);
     m.scrivi(0, 5, 200);
     Ricerca altra(buona, m);
-    EXPECT_EQ(altra.riempi_griglia({}), Conclusione::abbandonata);
+    EXPECT_EQ(altra.riempi_griglia({}), EsitoRiempimento::abbandonata);
 }
 
 TEST(RiempiGriglia, a_stop_is_obeyed) {
-    Tabella t = graduata(0);
+    Graduatoria t = graduata(0);
     Ricerca ricerca(t, Matrice(6, 6));
-    EXPECT_EQ(ricerca.riempi_griglia([](int, int, int) { return false; }), Conclusione::interrotta);
+    EXPECT_EQ(ricerca.riempi_griglia([](int, int, int) { return false; }),
+              EsitoRiempimento::interrotta);
     EXPECT_NE(ricerca.griglia()(0, 0), 0);
     EXPECT_EQ(ricerca.griglia()(1, 0), 0);
 }

@@ -27,7 +27,7 @@ inline std::string nome(statistics::Classe classe) {
 }
 
 /// One entry a line: number, value, class, band.
-inline std::string testo(const statistics::Tabella& tabella) {
+inline std::string testo(const statistics::Graduatoria& tabella) {
     std::string t;
     for (std::size_t i = 1; i <= 90; ++i) {
         t += std::to_string(tabella[i].numero) + ' ' + std::to_string(tabella[i].valore) + ' ' +
@@ -45,7 +45,7 @@ inline std::string testo(const semplice::Elenco& elenco) {
 }
 
 /// The numbers of a table, best first.
-inline std::string ordine(const statistics::Tabella& tabella) {
+inline std::string ordine(const statistics::Graduatoria& tabella) {
     std::string t;
     for (std::size_t i = 1; i <= 90; ++i) {
         t += (i == 1 ? "" : " ") + std::to_string(tabella[i].numero);

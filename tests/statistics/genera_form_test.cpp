@@ -8,7 +8,7 @@
 #include "statistics/statistica.h"
 #include "support/tenuto.h"
 
-using statistics::Conclusione;
+using statistics::EsitoRiempimento;
 using statistics::Generazione;
 using statistics::Statistico;
 using support::con;
@@ -98,7 +98,7 @@ TEST(GeneraSuperEnalotto, OgniCasellaHaIlSuoNumeroEIlRestoARiposo) {
     crossword::Matrice m(9, 8);
     platform::Rnd rnd;
     ASSERT_EQ(attesa(false, support::estrazioni(320, 1), rnd, m).conclusione,
-              Conclusione::completa);
+              EsitoRiempimento::completa);
     uguali(p, m);
     a_riposo(p);
     EXPECT_EQ(p.form1.Combo1->Text(), "9");
@@ -112,7 +112,7 @@ TEST(GeneraSuperEnalotto, ScriveMstatConLaDataDellUltimaEstrazione) {
     Programma::clic(p.form1.cmdstat);
     const auto data = statistics::leggi_data(p.cartella.file("mstat.dat"));
     EXPECT_EQ(data, support::giorno(319));
-    statistics::Tabella letta{};
+    statistics::Graduatoria letta{};
     ASSERT_TRUE(statistics::leggi_mstat(letta, p.cartella.file("mstat.dat")));
     for (std::size_t i = 1; i <= 90; ++i) {
         EXPECT_EQ(letta[i].numero, p.form1.sessione.statistico.statistica()[i].numero);
@@ -231,7 +231,7 @@ TEST(GeneraLotto, OgniRuotaDalleSueEstrazioni) {
     }
     EXPECT_TRUE(p.mostrati().empty());
     EXPECT_FALSE(p.cartella.esiste("mstat.dat"));
-    EXPECT_EQ(p.form1.sessione.statistico.statistica(), statistics::Tabella{});
+    EXPECT_EQ(p.form1.sessione.statistico.statistica(), statistics::Graduatoria{});
 }
 
 TEST(GeneraLotto, ILDueBottoniFannoLoStesso) {
@@ -254,7 +254,7 @@ TEST(GeneraLotto, UnaGrigliaChePerdeLaStradaRestaComeSta) {
         crossword::Matrice m(15, 15);
         platform::Rnd rnd;
         const Generazione g = attesa(true, della_ruota(ruota), rnd, m);
-        if (g.conclusione == Conclusione::completa || g.sorteggi == 0) continue;
+        if (g.conclusione == EsitoRiempimento::completa || g.sorteggi == 0) continue;
         Programma p;
         in_lotto(p, ruota);
         p.dimensioni(15, 15);
@@ -351,7 +351,7 @@ TEST(GeneraSuperEnalotto, DopoUnCambioDiGiocoConLeUltimeDuecentoDelleRuote) {
     }
     crossword::Matrice m(6, 6);
     platform::Rnd rnd;
-    ASSERT_EQ(attesa(false, righe, rnd, m).conclusione, Conclusione::completa);
+    ASSERT_EQ(attesa(false, righe, rnd, m).conclusione, EsitoRiempimento::completa);
     uguali(p, m);
 }
 
@@ -411,7 +411,7 @@ TEST(Genera, ConLArchivioTenutoDaAltriLoDiceERiempieDaQuelloDiPrima) {
         platform::Rnd rnd;
         ASSERT_EQ(
             attesa(lotto, lotto ? della_ruota(3) : support::estrazioni(320, 1), rnd, m).conclusione,
-            Conclusione::completa);
+            EsitoRiempimento::completa);
         uguali(p, m);
         a_riposo(p);
     }
@@ -431,7 +431,7 @@ TEST(GeneraLotto, SenzaUnaRuotaSceltaLaGrigliaRestaVuotaTacendo) {
 TEST(Resetta, DimenticaLaClassifica) {
     Programma p;
     Programma::clic(p.form1.cmdstat);
-    ASSERT_NE(p.form1.sessione.statistico.statistica(), statistics::Tabella{});
+    ASSERT_NE(p.form1.sessione.statistico.statistica(), statistics::Graduatoria{});
     p.form1.resetta();
-    EXPECT_EQ(p.form1.sessione.statistico.statistica(), statistics::Tabella{});
+    EXPECT_EQ(p.form1.sessione.statistico.statistica(), statistics::Graduatoria{});
 }

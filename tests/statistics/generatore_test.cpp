@@ -45,7 +45,7 @@ protected:
                                   : semplice::casuale(elenco_, righe, colonne, caso_);
         const Generazione g = lotto ? riempi_casuale_lotto(s_.statistica(), matrice_, rnd_, {})
                                     : riempi_casuale(s_.statistica(), matrice_, rnd_, {});
-        EXPECT_EQ(g.conclusione == Conclusione::completa, atteso.completa);
+        EXPECT_EQ(g.conclusione == EsitoRiempimento::completa, atteso.completa);
         EXPECT_EQ(g.sorteggi, atteso.sorteggi);
         EXPECT_EQ(support::testo(matrice_), support::testo(atteso.griglia));
         EXPECT_TRUE(support::senza_doppioni(matrice_));
@@ -62,14 +62,14 @@ protected:
 };
 
 /// Place of a number in the ranking.
-int posto(const Tabella& t, int numero) {
+int posto(const Graduatoria& t, int numero) {
     for (std::size_t i = 1; i <= 90; ++i) {
         if (t[i].numero == numero) return static_cast<int>(i);
     }
     return 0;
 }
 
-std::string prima_riga(const Tabella& t, const Matrice& m) {
+std::string prima_riga(const Graduatoria& t, const Matrice& m) {
     std::string posti;
     for (int x = 0; x < m.colonne(); ++x)
         posti += (x == 0 ? "" : " ") + std::to_string(posto(t, m(x, 0)));
@@ -79,7 +79,8 @@ std::string prima_riga(const Tabella& t, const Matrice& m) {
 TEST_F(Generatore, a_first_superenalotto_generation_takes_these_places) {
     for (const std::uint32_t seme : {1U, 2U, 3U}) {
         rnd_ = {};
-        ASSERT_EQ(genera(false, estrazioni(250, seme), 6, 6).conclusione, Conclusione::completa);
+        ASSERT_EQ(genera(false, estrazioni(250, seme), 6, 6).conclusione,
+                  EsitoRiempimento::completa);
         EXPECT_EQ(prima_riga(s_.statistica(), matrice_), "64 49 53 27 28 70");
     }
 }
@@ -205,12 +206,12 @@ TEST_F(Generatore, pinned_grids_and_counts_of_random_draws) {
         EXPECT_EQ(support::testo(matrice_), support::testo(atteso.griglia));
         EXPECT_EQ(g.sorteggi, f.sorteggi) << f.lotto << f.colonne << 'x' << f.righe;
         EXPECT_EQ(support::impronta(support::testo(matrice_)), f.impronta);
-        EXPECT_EQ(g.conclusione, Conclusione::completa);
+        EXPECT_EQ(g.conclusione, EsitoRiempimento::completa);
     }
 }
 
 /// Numbers of each class in the first row.
-std::map<std::string, int> classi_di_riga(const Tabella& t, const Matrice& m, int y) {
+std::map<std::string, int> classi_di_riga(const Graduatoria& t, const Matrice& m, int y) {
     std::map<std::string, int> conta;
     for (int x = 0; x < m.colonne(); ++x)
         ++conta[support::nome(t.at(static_cast<std::size_t>(posto(t, m(x, y)))).classe)];
@@ -219,14 +220,14 @@ std::map<std::string, int> classi_di_riga(const Tabella& t, const Matrice& m, in
 
 TEST_F(Generatore, each_row_of_15_in_lotto_needs_more_of_class_b_than_its_quota) {
     // With a class for every number there is enough of each to complete the grid.
-    Tabella t{};
+    Graduatoria t{};
     for (int i = 1; i <= 90; ++i) {
         Voce& v = t.at(static_cast<std::size_t>(i));
         v.numero = static_cast<std::int16_t>(i);
         v.classe = i <= 50 ? Classe::b : i <= 70 ? Classe::ab : i <= 80 ? Classe::c : Classe::d;
     }
     Matrice m(15, 15);
-    ASSERT_EQ(riempi_casuale_lotto(t, m, rnd_, {}).conclusione, Conclusione::completa);
+    ASSERT_EQ(riempi_casuale_lotto(t, m, rnd_, {}).conclusione, EsitoRiempimento::completa);
     for (int y = 0; y < 15; ++y) {
         auto conta = classi_di_riga(t, m, y);
         EXPECT_LE(conta["ab"], 3);
@@ -242,10 +243,10 @@ TEST_F(Generatore, tells_the_class_of_every_number_it_drew_from) {
         prepara(lotto, 5);
         const int lato = lotto ? 5 : 6;
         Matrice m(lato, lato);
-        const Tabella& t = s_.statistica();
+        const Graduatoria& t = s_.statistica();
         const Generazione g =
             lotto ? riempi_casuale_lotto(t, m, rnd_, {}) : riempi_casuale(t, m, rnd_, {});
-        ASSERT_EQ(g.conclusione, Conclusione::completa);
+        ASSERT_EQ(g.conclusione, EsitoRiempimento::completa);
         for (int p = 1; p <= 90; ++p) {
             const auto& voce = t.at(static_cast<std::size_t>(p));
             const int attesa = lotto    ? static_cast<int>(voce.classe)
@@ -263,7 +264,8 @@ TEST_F(Generatore, superenalotto_rows_keep_the_quotas_of_all_classes_but_a) {
     for (const int righe : {10, 11}) {
         prepara(false, 5);
         Matrice m(15, righe);
-        ASSERT_EQ(riempi_casuale(s_.statistica(), m, rnd_, {}).conclusione, Conclusione::completa);
+        ASSERT_EQ(riempi_casuale(s_.statistica(), m, rnd_, {}).conclusione,
+                  EsitoRiempimento::completa);
         const int piu = righe > 10 ? 1 : 0;
         for (int y = 0; y < righe; ++y) {
             std::array<int, 5> conta{};
@@ -300,17 +302,17 @@ TEST_F(Generatore, two_runs_differ_and_two_first_runs_are_the_same) {
 TEST_F(Generatore, a_run_given_up_before_its_draws_takes_no_random_number) {
     for (const int quante : {0, 100, 299}) {
         const Generazione g = genera(true, estrazioni(quante, 1), 6, 6);
-        EXPECT_EQ(g.conclusione, Conclusione::abbandonata);
+        EXPECT_EQ(g.conclusione, EsitoRiempimento::abbandonata);
         EXPECT_EQ(g.sorteggi, 0);
         EXPECT_EQ(matrice_, Matrice(6, 6));
     }
-    EXPECT_EQ(genera(false, {}, 6, 6).conclusione, Conclusione::abbandonata);
+    EXPECT_EQ(genera(false, {}, 6, 6).conclusione, EsitoRiempimento::abbandonata);
     genera(false, estrazioni(250, 1), 6, 6);
     EXPECT_EQ(prima_riga(s_.statistica(), matrice_), "64 49 53 27 28 70");
 }
 
 TEST_F(Generatore, a_superenalotto_archive_of_150_draws_still_generates) {
-    EXPECT_EQ(genera(false, estrazioni(150, 1), 8, 8).conclusione, Conclusione::completa);
+    EXPECT_EQ(genera(false, estrazioni(150, 1), 8, 8).conclusione, EsitoRiempimento::completa);
     EXPECT_TRUE(cruciverba_completo(matrice_));
 }
 
@@ -324,9 +326,9 @@ TEST_F(Generatore, the_national_wheel_needs_100_draws) {
 
 TEST_F(Generatore, lotto_forgets_its_ranking_and_superenalotto_keeps_its_own) {
     genera(true, estrazioni(320, 1), 5, 5);
-    EXPECT_EQ(s_.statistica(), Tabella{});
+    EXPECT_EQ(s_.statistica(), Graduatoria{});
     genera(false, estrazioni(320, 1), 6, 6);
-    EXPECT_NE(s_.statistica(), Tabella{});
+    EXPECT_NE(s_.statistica(), Graduatoria{});
     EXPECT_TRUE(cartella_.esiste("mstat.dat"));
 }
 
@@ -348,15 +350,16 @@ TEST_F(Generatore, a_stop_leaves_what_was_laid) {
     for (const bool lotto : {false, true}) {
         int posate = 0;
         seguito_.posata = [&](int, int, int) { return ++posate < 9; };
-        EXPECT_EQ(genera(lotto, estrazioni(320, 1), 6, 6).conclusione, Conclusione::interrotta);
+        EXPECT_EQ(genera(lotto, estrazioni(320, 1), 6, 6).conclusione,
+                  EsitoRiempimento::interrotta);
         EXPECT_NE(matrice_(2, 1), 0);
         EXPECT_EQ(matrice_(3, 1), 0);
     }
 }
 
 /// A ranking where all numbers have one class.
-Tabella una_classe(Classe classe) {
-    Tabella t{};
+Graduatoria una_classe(Classe classe) {
+    Graduatoria t{};
     for (std::size_t i = 1; i <= 90; ++i) {
         t[i].numero = static_cast<std::int16_t>(i);
         t[i].classe = classe;
@@ -371,7 +374,7 @@ TEST_F(Generatore, a_cell_out_of_quota_for_good_is_found_before_its_draws) {
         rnd_ = {};
         Matrice m(6, 6);
         const Generazione g = riempi_casuale_lotto(una_classe(classe), m, rnd_, {});
-        EXPECT_EQ(g.conclusione, Conclusione::abbandonata);
+        EXPECT_EQ(g.conclusione, EsitoRiempimento::abbandonata);
         for (int x = 0; x < 6; ++x) EXPECT_EQ(m(x, 0) != 0, x < quante);
         // The sequence stands where the last accepted draw left it.
         platform::Rnd contata;
@@ -383,7 +386,7 @@ TEST_F(Generatore, a_cell_out_of_quota_for_good_is_found_before_its_draws) {
 TEST_F(Generatore, class_b_alone_fills_any_grid_by_its_growing_quota) {
     Matrice m(12, 12);
     EXPECT_EQ(riempi_casuale_lotto(una_classe(Classe::b), m, rnd_, {}).conclusione,
-              Conclusione::completa);
+              EsitoRiempimento::completa);
 }
 
 TEST_F(Generatore, a_cell_that_only_ab_can_fill_waits_for_the_quota_of_b_to_grow) {
@@ -407,31 +410,31 @@ TEST_F(Generatore, a_cell_that_only_ab_can_fill_waits_for_the_quota_of_b_to_grow
 
 TEST_F(Generatore, a_cell_whose_lines_hold_every_number_is_given_up) {
     // Only seven numbers exist: a row of eight cannot be filled.
-    Tabella t{};
+    Graduatoria t{};
     for (std::size_t i = 1; i <= 90; ++i) {
         t[i].numero = static_cast<std::int16_t>(i % 7 + 1);
         t[i].classe = Classe::b;
     }
     Matrice m(8, 7);
-    EXPECT_EQ(riempi_casuale(t, m, rnd_, {}).conclusione, Conclusione::abbandonata);
+    EXPECT_EQ(riempi_casuale(t, m, rnd_, {}).conclusione, EsitoRiempimento::abbandonata);
     EXPECT_NE(m(6, 0), 0);
     EXPECT_EQ(m(7, 0), 0);
     m = Matrice(8, 7);
-    EXPECT_EQ(riempi_casuale_lotto(t, m, rnd_, {}).conclusione, Conclusione::abbandonata);
+    EXPECT_EQ(riempi_casuale_lotto(t, m, rnd_, {}).conclusione, EsitoRiempimento::abbandonata);
     EXPECT_NE(m(6, 0), 0);
     EXPECT_EQ(m(7, 0), 0);
 }
 
 TEST_F(Generatore, an_empty_ranking_lays_nothing) {
     Matrice m(6, 6);
-    EXPECT_EQ(riempi_casuale({}, m, rnd_, {}).conclusione, Conclusione::abbandonata);
+    EXPECT_EQ(riempi_casuale({}, m, rnd_, {}).conclusione, EsitoRiempimento::abbandonata);
     EXPECT_EQ(riempi_casuale_lotto({}, m, rnd_, {}).sorteggi, 0);
     EXPECT_EQ(m, Matrice(6, 6));
 }
 
 TEST_F(Generatore, the_last_two_rows_keep_themselves_for_class_b) {
     // Half the numbers are b, so each row of five could do without; these two may not.
-    Tabella t{};
+    Graduatoria t{};
     for (std::size_t i = 1; i <= 90; ++i) {
         t[i].numero = static_cast<std::int16_t>(i);
         t[i].classe = i % 2 == 0 ? Classe::b : i % 4 == 1 ? Classe::c : Classe::d;
@@ -439,7 +442,7 @@ TEST_F(Generatore, the_last_two_rows_keep_themselves_for_class_b) {
     for (int volta = 0; volta < 20; ++volta) {
         Matrice m(5, 5);
         const Generazione g = riempi_casuale_lotto(t, m, rnd_, {});
-        if (g.conclusione != Conclusione::completa) continue;
+        if (g.conclusione != EsitoRiempimento::completa) continue;
         // The last row but one opens with b, whose quota is whole.
         EXPECT_EQ(t.at(static_cast<std::size_t>(m(0, 3))).classe, Classe::b);
         // In the last row, once one b is spent the next is b as well.

@@ -113,7 +113,7 @@ TEST_F(Statistiche, a_window_beginning_before_the_first_draw_counts_one_failed_r
 
 TEST_F(Statistiche, a_lotto_wheel_with_less_than_300_draws_is_given_up_and_ranks_nothing) {
     EXPECT_FALSE(ritardi_lotto(estrazioni(299, 3)));
-    EXPECT_EQ(s_.statistica(), Tabella{});
+    EXPECT_EQ(s_.statistica(), Graduatoria{});
     EXPECT_TRUE(ritardi_lotto(estrazioni(300, 3)));
 }
 
@@ -140,7 +140,7 @@ TEST_F(Statistiche, the_sort_leaves_ties_as_the_second_computation_does) {
         const int da = 1 + caso.sotto(90);
         const int a = da + caso.sotto(91 - da);
         const int diversi = 1 + caso.sotto(12);
-        Tabella t{};
+        Graduatoria t{};
         semplice::Elenco e(91);
         for (std::size_t i = 0; i <= 90; ++i) {
             t[i].numero = static_cast<std::int16_t>(i);
@@ -155,7 +155,7 @@ TEST_F(Statistiche, the_sort_leaves_ties_as_the_second_computation_does) {
 
 TEST(OrdinaStatistica, the_half_of_an_odd_sum_goes_to_the_even_entry) {
     // Always down would give 5 4 6 2 1 3, always up 4 5 2 6 1 3.
-    Tabella t{};
+    Graduatoria t{};
     const std::array<int, 7> valori = {0, 1, 2, 1, 3, 3, 2};
     for (std::size_t i = 1; i <= 6; ++i) {
         t.at(i).numero = static_cast<std::int16_t>(i);
@@ -168,7 +168,7 @@ TEST(OrdinaStatistica, the_half_of_an_odd_sum_goes_to_the_even_entry) {
 }
 
 TEST(OrdinaStatistica, whole_records_move) {
-    Tabella t{};
+    Graduatoria t{};
     t[1] = {10, 1, true, 3, false, Classe::c};
     t[2] = {20, 2, false, 4, true, Classe::ab};
     ordina_statistica(t, 1, 2);
@@ -214,7 +214,7 @@ TEST_F(Statistiche, after_lotto_a_delay_below_6_has_no_class_and_the_twenty_ends
 }
 
 TEST(Classifica, the_bounds_of_the_classes) {
-    Tabella t{};
+    Graduatoria t{};
     const std::array<int, 7> valori = {5, 6, 14, 15, 27, 28, 300};
     for (std::size_t i = 0; i < 7; ++i) t.at(20 + i).valore = valori.at(i);
     classifica(t);
@@ -225,7 +225,7 @@ TEST(Classifica, the_bounds_of_the_classes) {
 
 TEST_F(Statistiche, with_4040_draws_or_fewer_the_bar_has_a_maximum_of_1_and_no_draw_counts) {
     EXPECT_FALSE(frequenze(ripetuta({1, 2, 3, 4, 5, 6}, 4039)));
-    EXPECT_EQ(s_.statistica(), Tabella{});
+    EXPECT_EQ(s_.statistica(), Graduatoria{});
     ASSERT_TRUE(frequenze(ripetuta({1, 2, 3, 4, 5, 6}, 4040)));
     EXPECT_EQ(valore_di(1), 0);
     EXPECT_EQ(barre_, (std::vector<std::int32_t>{1, 1}));
@@ -341,8 +341,8 @@ TEST_F(Statistiche, mstat_that_cannot_be_written_ends_the_work) {
 
 TEST_F(Statistiche, mstat_reads_back_without_the_marks_that_it_does_not_hold) {
     ASSERT_TRUE(ritardi(estrazioni(250, 1)));
-    Tabella scritta = s_.statistica();
-    Tabella letta{};
+    Graduatoria scritta = s_.statistica();
+    Graduatoria letta{};
     letta.fill({1, 2, true, 3, true, Classe::d});
     ASSERT_TRUE(leggi_mstat(letta, file()));
     EXPECT_EQ(letta, scritta);
@@ -353,7 +353,7 @@ TEST_F(Statistiche, mstat_accepts_spacing_and_refuses_what_breaks_off) {
     std::string righe = "  #2004-06-12#  \n";
     for (int i = 1; i < 90; ++i) righe += " " + std::to_string(91 - i) + " ,\t5 , 2 \n";
     cartella_.scrivi("mstat.dat", righe);
-    Tabella t{};
+    Graduatoria t{};
     EXPECT_FALSE(leggi_mstat(t, file()));
     cartella_.scrivi("mstat.dat", righe + "1, 5,40000");
     EXPECT_FALSE(leggi_mstat(t, file()));
@@ -363,7 +363,7 @@ TEST_F(Statistiche, mstat_accepts_spacing_and_refuses_what_breaks_off) {
     EXPECT_EQ(t[1].numero, 90);
     EXPECT_EQ(leggi_data(file()), (Data{2004, 6, 12}));
     EXPECT_FALSE(leggi_mstat(t, cartella_.file("assente")));
-    EXPECT_EQ(t, Tabella{});
+    EXPECT_EQ(t, Graduatoria{});
 }
 
 TEST_F(Statistiche, the_date_of_mstat) {

@@ -47,7 +47,7 @@ public:
         return letto.value_or(support::Valore());
     }
 
-    sistema::Ambiente ambiente;
+    sistema::Mezzi ambiente;
 
 private:
     Detto detto_;

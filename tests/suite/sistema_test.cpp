@@ -266,7 +266,7 @@ TEST_F(Sistema, lo_storico_e_lo_spoglio_estrazione_per_estrazione) {
         const Valore v = comando.json({"spoglio", "--storico", file})[0];
         const std::size_t quante = gioco.e_lotto() ? 11 * 320 : 320;
         ASSERT_EQ(v["estrazioni"].lista.size(), quante);
-        check::Richiesta r;
+        check::RichiestaSpoglio r;
         r.file = cartella.file(std::string("a") + gioco.estensione_sviluppo());
         r.combinazioni = static_cast<std::int32_t>(v["combinazioni"].intero());
         r.gioco = gioco;

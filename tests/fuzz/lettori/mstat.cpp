@@ -6,7 +6,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t quanti) {
     static const fuzz::Suite suite;
     static fuzz::Ingresso ingresso(suite.file("mstat.dat"));
     const std::string& file = ingresso.riempi(dati, quanti);
-    statistics::Tabella tabella;
+    statistics::Graduatoria tabella;
     const bool letta = statistics::leggi_mstat(tabella, file);
     const auto data = statistics::leggi_data(file);
     if (data) fuzz::esigi(data->mese >= 1 && data->mese <= 12 && data->giorno >= 1);

@@ -7,7 +7,7 @@
 namespace {
 
 void spoglia(const std::string& file, crossword::Gioco gioco) {
-    check::Richiesta r;
+    check::RichiestaSpoglio r;
     r.file = file;
     r.combinazioni = 300;
     r.gioco = gioco;
