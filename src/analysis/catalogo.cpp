@@ -97,7 +97,7 @@ Tavola Catalogo::vincite(std::size_t quale) const {
     if (quale >= tabelle_.size()) return t;
     const TabellaInCatalogo& una = tabelle_[quale];
     t.titolo = "Vincite di " + una.nome + ", in casi su cento";
-    t.colonne = {"Estratti nella linea"};
+    t.colonne = {"Estratti"};
     for (int j = una.tabella.k; j >= 1; --j) t.colonne.push_back(std::to_string(j));
     t.colonne.emplace_back("Sempre");
     const int estratti = std::min(n_, gioco_.e_lotto() ? 5 : 6);

@@ -19,7 +19,7 @@ namespace {
 constexpr int margine = 8;
 constexpr int larghezza_pulsante = 100;
 constexpr int righe_in_vista = 12;
-constexpr QSize misura(680, 600);
+constexpr QSize misura(680, 660);
 
 /// In the order of the list.
 constexpr std::array giochi = {Gioco::superenalotto(), Gioco::lotto(3), Gioco::lotto(4),

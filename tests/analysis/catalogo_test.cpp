@@ -45,8 +45,7 @@ TEST(Catalogo, vincite_e_prova_di_una_tabella) {
     const Catalogo c(spedite, Gioco::lotto(3), 7);
     const std::size_t quale = posto(c, "tr0701");
     const auto vincite = c.vincite(quale);
-    EXPECT_EQ(vincite.colonne,
-              (std::vector<std::string>{"Estratti nella linea", "3", "2", "1", "Sempre"}));
+    EXPECT_EQ(vincite.colonne, (std::vector<std::string>{"Estratti", "3", "2", "1", "Sempre"}));
     ASSERT_EQ(vincite.righe.size(), 5U);
     EXPECT_EQ(vincite.righe[1], (std::vector<std::string>{"2", "", "100 %", "", "1 da 2"}));
     EXPECT_EQ(c.prova(quale),
