@@ -34,7 +34,11 @@ int main(int argc, char** argv) {
             // A window manager may leave to the corner what follows a window without a frame.
             platform::Scala* scala = platform::Scala::di(&form1);
             if (!scala->rimetti()) {
-                form1.move(form1.screen()->availableGeometry().center() - form1.rect().center());
+                // With the frame that the window manager will give it.
+                constexpr int titolo = 36;
+                const QRect libero = form1.screen()->availableGeometry();
+                form1.move(libero.center() -
+                           QPoint(form1.width() / 2, (form1.height() + titolo) / 2));
                 scala->messa(form1.pos());
             }
             form1.show();

@@ -85,7 +85,9 @@ QTreeWidgetItem* ListView::selezionata() const {
 }
 
 void ListView::invita(const QString& testo) {
-    invito_ = new QLabel(testo, viewport());
+    invito_ = new QLabel(testo);
+    invito_->setProperty(Scala::da_se, true);
+    invito_->setParent(viewport());
     invito_->setObjectName("lblinvito");
     invito_->setProperty("invito", true);
     invito_->setAlignment(Qt::AlignCenter);
