@@ -20,6 +20,7 @@ Luce::Luce(const systems::Sessione& sessione, platform::MSFlexGrid* griglia,
     for (std::size_t i = 1; i < tabellone_.size(); ++i) tabellone_[i]->installEventFilter(this);
     connect(griglia_, &platform::MSFlexGrid::Sopra, this, [this](int riga, int colonna) {
         sopra_ = {colonna, riga};
+        in_uso_ = in_uso_ || colonna >= 0;
         aggiorna();
     });
     connect(griglia_, &QTableWidget::currentCellChanged, this, &Luce::aggiorna);
@@ -42,7 +43,7 @@ void Luce::aggiorna() {
     const int numero = numero_ > 0 ? numero_ : rifiutato_;
     rifiutato_ = 0;
     const bool corrente = numero > 0 || sopra_.x() < 0;
-    const bool in_uso = numero > 0 || griglia_->hasFocus();
+    const bool in_uso = numero > 0 || (in_uso_ && griglia_->hasFocus());
     if (!accesa_ || (corrente && !in_uso)) {
         griglia_->illumina({}, {});
         return;
@@ -60,7 +61,9 @@ void Luce::aggiorna() {
 
 bool Luce::eventFilter(QObject* oggetto, QEvent* evento) {
     if (oggetto == griglia_) {
-        if (evento->type() == QEvent::FocusIn || evento->type() == QEvent::FocusOut) {
+        const bool entra = evento->type() == QEvent::FocusIn;
+        in_uso_ = (in_uso_ && !entra) || evento->type() == QEvent::KeyPress;
+        if (entra || evento->type() == QEvent::FocusOut || evento->type() == QEvent::KeyPress) {
             // The control itself does not know yet.
             QMetaObject::invokeMethod(this, &Luce::aggiorna, Qt::QueuedConnection);
         }

@@ -18,7 +18,8 @@ class Sessione;
 namespace crossword {
 
 /// Lights the cells of the grid that share a line with the one under the pointer, or else with the
-/// current one while the grid or the board is in use. Nothing of it is printed or kept but
+/// current one once a key or the pointer made use of the grid, as long as it has the keyboard; at
+/// rest it is as it always was. Nothing of it is printed or kept but
 /// whether the player wants it.
 class Luce : public QObject {
     Q_OBJECT
@@ -44,6 +45,7 @@ private:
     std::array<QPushButton*, 91> tabellone_;
     std::string file_;
     QPoint sopra_{-1, -1};
+    bool in_uso_ = false;
     int numero_ = 0;     ///< of the board, under the pointer
     int rifiutato_ = 0;  ///< typed, and barred
     bool accesa_ = true;

@@ -89,7 +89,12 @@ TEST(Luce, ARiposoLaGrigliaEBianca) {
     EXPECT_EQ(colore(p.form1.MSFlexGrid1, 0, 4).name(), "#ffffff");
     p.form1.MSFlexGrid1->setFocus();
     QApplication::processEvents();
-    EXPECT_EQ(p.form1.MSFlexGrid1->illuminate(), linee(p, 0, 0));
+    EXPECT_TRUE(p.form1.MSFlexGrid1->illuminate().isEmpty()) << "nobody used it yet";
+    QTest::keyClick(p.form1.MSFlexGrid1, Qt::Key_Right);
+    EXPECT_EQ(p.form1.MSFlexGrid1->illuminate(), linee(p, 0, 1));
+    p.form1.List1->setFocus();
+    QApplication::processEvents();
+    EXPECT_TRUE(p.form1.MSFlexGrid1->illuminate().isEmpty());
 }
 
 TEST(Luce, SiVedeDoveStaIlNumeroSbarrato) {
