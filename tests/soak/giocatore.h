@@ -48,6 +48,9 @@ public:
 
     /// One action of chance, on one of the windows that stand.
     void agisci();
+    /// One action that only its seed decides, half of the time by another device than clicks and
+    /// keys on what is offered: a walk of such actions can leave some out and be walked again.
+    void agisci(std::uint32_t seme);
     /// What is wrong with the idle program, empty when nothing is.
     [[nodiscard]] QStringList difetti();
     /// The last actions and boxes, for the report of a fault.
@@ -111,6 +114,17 @@ private:
     // Actions on the manager.
     void voce_gestore(systems::Form2& f);
     void rinomina(systems::Form2& f);
+
+    // Other devices, on any window.
+    [[nodiscard]] QWidget* una_finestra();
+    void dispositivo();
+    void destro(QWidget* w, QPoint dove);
+    void rotella(QWidget* w, QPoint dove);
+    void trascina(QWidget* w, QPoint dove);
+    void fuoco(QWidget* finestra);
+    void lettera(QWidget* finestra);
+    void incolla(QWidget* finestra);
+    void lascia(QWidget* w, QPoint dove);
 
     void clic(QWidget* w);
     void voce(QAction* azione);

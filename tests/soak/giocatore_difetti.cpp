@@ -141,7 +141,8 @@ void Giocatore::controlla_finestre(QStringList& difetti) {
         if (!w->isEnabled()) difetti << "spenta: " + w->objectName();
     }
     if (nomi.removeDuplicates() > 0) difetti << "doppie: " + nomi.join(' ');
-    const QStringList note{"Form1", "Form2", "Form3", "frmspoglio", "frmstsvl", "formeuro"};
+    const QStringList note{"Form1",    "Form2",    "Form3",      "frmspoglio",
+                           "frmstsvl", "formeuro", "frmanalisi", "frmmigliora"};
     for (const QString& nome : nomi) {
         if (!note.contains(nome)) difetti << "finestra: " + nome;
     }

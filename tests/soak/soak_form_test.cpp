@@ -1,6 +1,7 @@
 // Long use: chance plays on every window, and after each action the idle program is looked over.
 #include <cstdio>
 #include <malloc.h>
+#include <random>
 
 #include "soak/giocatore.h"
 
@@ -48,6 +49,49 @@ void gioca(std::uint32_t seme, int azioni) {
     }
 }
 
+using Passi = std::vector<std::uint32_t>;
+
+/// What is wrong after these actions, with the diary of them; empty when nothing is.
+QString cammina(const Passi& passi) {
+    Giocatore giocatore(1);
+    for (const std::uint32_t passo : passi) {
+        giocatore.agisci(passo);
+        const QStringList difetti = giocatore.difetti();
+        if (!difetti.isEmpty()) return difetti.join('\n') + "\n--\n" + giocatore.diario();
+    }
+    return {};
+}
+
+/// The shortest walk to a fault that leaving actions out finds, halves first, then ever less.
+Passi accorcia(Passi passi) {
+    for (std::size_t quanti = passi.size() / 2; quanti > 0; quanti /= 2) {
+        for (std::size_t da = 0; da + quanti <= passi.size();) {
+            Passi meno = passi;
+            const auto primo = meno.begin() + static_cast<std::ptrdiff_t>(da);
+            meno.erase(primo, primo + static_cast<std::ptrdiff_t>(quanti));
+            if (cammina(meno).isEmpty()) {
+                da += quanti;
+            } else {
+                passi = meno;
+            }
+        }
+    }
+    return passi;
+}
+
+void cammina_e_racconta(std::uint32_t seme, std::size_t azioni) {
+    std::mt19937 caso(seme);
+    Passi passi(azioni);
+    for (std::uint32_t& passo : passi) passo = static_cast<std::uint32_t>(caso());
+    if (cammina(passi).isEmpty()) return;
+    const Passi brevi = accorcia(passi);
+    std::string elenco;
+    for (const std::uint32_t passo : brevi) elenco += std::to_string(passo) + "U, ";
+    ADD_FAILURE() << "seed " << seme << "; as a test:\nTEST(Soak, Cammino) { EXPECT_EQ(cammina({"
+                  << elenco << "}), QString()); }\n"
+                  << cammina(brevi).toStdString();
+}
+
 /// How many games are played; a longer run asks for more.
 std::uint32_t quanti_semi() {
     const int chiesti = qEnvironmentVariableIntValue("TABELLINO_SOAK_SEMI");
@@ -58,6 +102,10 @@ class Soak : public testing::TestWithParam<std::uint32_t> {};
 
 TEST_P(Soak, DuecentocinquantaAzioniACaso) {
     gioca(GetParam(), 250);
+}
+
+TEST_P(Soak, DuecentocinquantaPassiConOgniDispositivo) {
+    cammina_e_racconta(GetParam(), 250);
 }
 
 INSTANTIATE_TEST_SUITE_P(Semi, Soak, testing::Range(1U, quanti_semi() + 1));
