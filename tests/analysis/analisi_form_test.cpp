@@ -126,7 +126,6 @@ TEST_F(AnalisiForm, StandsInTheMenuUnderUtilityBehindASeparator) {
     EXPECT_TRUE(voci[2]->isSeparator());
     EXPECT_EQ(voci[3]->text(), "&Analisi Sistema");
     EXPECT_EQ(voci[3]->shortcut(), QKeySequence(Qt::Key_F9));
-    EXPECT_EQ(voci[6], p.form1.mostra_linee);
     in_linea("1,2,3,4,5,6\r\n");
     Programma::voce(p.form1.mnuanalisi);
     EXPECT_NE(aperta<frmanalisi>(), nullptr);
