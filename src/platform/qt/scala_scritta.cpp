@@ -1,0 +1,121 @@
+// What a scale writes: places, bounds, letters and the room between.
+#include <algorithm>
+
+#include <QHeaderView>
+#include <QLayout>
+#include <QScrollBar>
+#include <QTableView>
+#include <QWidget>
+
+#include "platform/qt/scala.h"
+
+namespace platform {
+
+namespace {
+
+/// A size by `fattore`, but what has no bound keeps none.
+QSize per(QSize misura, qreal fattore) {
+    const auto lato = [fattore](int x) { return x >= QWIDGETSIZE_MAX ? x : qRound(x * fattore); };
+    return {lato(misura.width()), lato(misura.height())};
+}
+
+}  // namespace
+
+void Scala::disponi() {
+    for (Posto& p : posti_) {
+        if (p.controllo && p.assoluto) disponi_uno(p);
+    }
+}
+
+void Scala::disponi_uno(Posto& posto) {
+    if (posto.controllo->geometry() != posto.scritto) accogli(posto);
+    const QRect& b = posto.base;
+    const auto bordo = [this](int dove) { return qRound(dove * fattore_); };
+    QRect r(QPoint(bordo(b.x()), bordo(b.y())),
+            QPoint(bordo(b.x() + b.width()) - 1, bordo(b.y() + b.height()) - 1));
+    const QWidget* padre = posto.controllo->parentWidget();
+    const auto suo = indici_.constFind(padre);
+    const QSize base = padre == area()         ? base_area_
+                       : suo != indici_.cend() ? posti_[*suo].base.size()
+                                               : padre->size();
+    const QSize resto =
+        (padre->size() - QSize(bordo(base.width()), bordo(base.height()))).expandedTo(QSize(0, 0));
+    const int a = posto.controllo->property(ancora).toInt();
+    const bool in_mezzo = padre == area();
+    if ((a & segue_destra) != 0) {
+        r.translate(resto.width(), 0);
+    } else if ((a & allarga) != 0) {
+        r.setRight(r.right() + resto.width());
+    } else if (in_mezzo) {
+        r.translate(resto.width() / 2, 0);
+    }
+    if ((a & segue_fondo) != 0) r.translate(0, resto.height());
+    if ((a & alza) != 0) r.setBottom(r.bottom() + resto.height());
+    if (in_mezzo && (a & (segue_fondo | alza | sta_in_alto)) == 0) {
+        r.translate(0, resto.height() / 2);
+    }
+    if (r != posto.controllo->geometry()) posto.controllo->setGeometry(r);
+    posto.scritto = r;
+}
+
+// What the program wrote meanwhile it wrote for the scale that was in force.
+void Scala::scrivi_limiti(Posto& posto, qreal prima) {
+    QWidget* w = posto.controllo;
+    if (w->minimumSize() != posto.minima_scritta) posto.minima = per(w->minimumSize(), 1 / prima);
+    if (w->maximumSize() != posto.massima_scritta) posto.massima = per(w->maximumSize(), 1 / prima);
+    w->setMinimumSize(per(posto.minima, fattore_));
+    w->setMaximumSize(per(posto.massima, fattore_));
+    posto.minima_scritta = w->minimumSize();
+    posto.massima_scritta = w->maximumSize();
+    if (auto* tabella = qobject_cast<QTableView*>(w)) {
+        const QSize cella = per(posto.cella, fattore_);
+        tabella->horizontalHeader()->setMinimumSectionSize(
+            qMin(cella.width(), tabella->horizontalHeader()->minimumSectionSize()));
+        tabella->horizontalHeader()->setDefaultSectionSize(cella.width());
+        tabella->verticalHeader()->setDefaultSectionSize(cella.height());
+    }
+}
+
+void Scala::raccogli_spazi() {
+    if (!con_disposizione_) return;
+    for (QLayout* l : finestra_->findChildren<QLayout*>()) {
+        const bool nota =
+            std::any_of(spazi_.cbegin(), spazi_.cend(), [l](const Spazi& s) { return s.chi == l; });
+        if (!nota) spazi_.append({l, l->contentsMargins(), l->spacing()});
+    }
+}
+
+void Scala::scrivi_spazi() {
+    for (const Spazi& s : qAsConst(spazi_)) {
+        if (!s.chi) continue;
+        const auto lato = [this](int x) { return qRound(x * fattore_); };
+        s.chi->setContentsMargins(lato(s.margini.left()), lato(s.margini.top()),
+                                  lato(s.margini.right()), lato(s.margini.bottom()));
+        if (s.spazio >= 0) s.chi->setSpacing(lato(s.spazio));
+    }
+}
+
+void Scala::scrivi_caratteri() {
+    for (const Posto& p : posti_) {
+        if (p.controllo) scrivi_carattere(p);
+    }
+}
+
+void Scala::scrivi_carattere(const Posto& posto) {
+    QWidget* w = posto.controllo;
+    if (qobject_cast<QScrollBar*>(w) != nullptr) return;
+    if (fattore_ == 1) {
+        w->setFont(posto.proprio ? posto.carattere : QFont());
+        return;
+    }
+    const QFont suo = scalato(posto.carattere, fattore_, w);
+    if (posto.proprio) {
+        w->setFont(suo);
+        return;
+    }
+    QFont solo_misura;
+    solo_misura.setPointSizeF(suo.pointSizeF());
+    w->setFont(solo_misura);
+}
+
+}  // namespace platform
