@@ -16,7 +16,8 @@ namespace importazione {
 namespace {
 
 constexpr std::string_view uso =
-    "Uso: archivio                                apre la finestra\n"
+    "Uso: archivio                                apre la finestra; con --gioco lotto o\n"
+    "                                             --gioco superenalotto ne chiede le estrazioni\n"
     "     archivio importa [--sostituisci] FILE...\n"
     "       aggiunge all'archivio le estrazioni dei file: lo storico del Lotto, anche una ruota\n"
     "       per file e anche in ZIP, e quelle del SuperEnalotto in CSV o TSV; un'estrazione\n"

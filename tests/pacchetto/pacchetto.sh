@@ -21,7 +21,7 @@ manuale() {
   local comando eseguibile fonti pagina accettate dette scritte parola file
   for comando in archivio ridotti sistema; do
     case $comando in
-    archivio) eseguibile=$build/suite/cruciverba/archivio fonti=("$sorgenti"/suite/archivio/comando.cpp) ;;
+    archivio) eseguibile=$build/suite/cruciverba/archivio fonti=("$sorgenti"/suite/archivio/{comando,main}.cpp) ;;
     ridotti) eseguibile=$build/suite/cruciverba/ridotti fonti=("$sorgenti"/suite/{comune,ridotti}/*.cpp) ;;
     sistema) eseguibile=$build/suite/cruciverba/sistema fonti=("$sorgenti"/suite/{comune,sistema}/*.cpp) ;;
     esac
