@@ -8,6 +8,7 @@
 #include "app/stile.h"
 #include "platform/application.h"
 #include "platform/qt/desktop.h"
+#include "platform/qt/scrivania.h"
 
 namespace {
 
@@ -24,7 +25,7 @@ void bordo(benchmark::State& stato) {
     QApplication& qt = applicazione();
     platform::App().Path = SUITE_DIR "/cruciverba";
     app::applica_stile(qt);
-    platform::rispondi_con([](const platform::Messaggio&) { return platform::vbOK; });
+    platform::scrivania().risponde = [](const platform::Messaggio&) { return platform::vbOK; };
     app::DialoghiQt dialoghi;
     app::Form1 form1(dialoghi);
     form1.Form_Load();
@@ -47,7 +48,7 @@ void bordo(benchmark::State& stato) {
         form1.resize(base.width() + piu, base.height() + piu * base.height() / base.width());
         QApplication::processEvents();
     }
-    platform::rispondi_con({});
+    platform::scrivania().risponde = nullptr;
 }
 BENCHMARK(bordo)->Unit(benchmark::kMillisecond);
 
