@@ -106,6 +106,10 @@ void DialoghiQt::analisi(Finestra& finestra) {
 }
 
 void DialoghiQt::migliora(Finestra& finestra) {
+    if (!finestra.sessione.completo()) {
+        finestra.mostra_esito("Si dispone meglio un cruciverba completo: mancano dei numeri");
+        return;
+    }
     chiudi(migliora_);
     // An analysis that stood there would be one of the old layout.
     chiudi(analisi_);

@@ -103,7 +103,8 @@ void Riempimento::genera_in_vista() {
         DoEvents();
     }
     if (esito == systems::Generato::completo) {
-        finestra_.mostra_analisi("Generato. Con Ctrl+M gli stessi numeri vincono più spesso.");
+        finestra_.mostra_analisi(
+            "Generato. Ctrl+M cerca dove gli stessi numeri vincono più spesso.");
     }
 }
 

@@ -274,7 +274,7 @@ void Form2::cmdimporta_Click() {
     if (nome.isEmpty()) return;
     auto vecchia = Vecchia::ceduta;
     if (platform::esiste_file(arrivo.sistema())) {
-        if (chiedi("Esiste già un sistema con uesto nome. Sovrascrivere?") != platform::vbYes) {
+        if (chiedi(domanda_importa) != platform::vbYes) {
             txtduplica->clear();
             return;
         }

@@ -62,6 +62,9 @@ Passi duplica(const Coppia& origine, const Coppia& arrivo, const Pausa& pausa,
 
 /// Copies the system, then the development.
 Passi importa(const Coppia& origine, const Coppia& arrivo, Vecchia vecchia = Vecchia::ceduta);
+/// Asked before an import takes the place of a system of that name.
+inline constexpr const char* domanda_importa =
+    "Esiste già un sistema con uesto nome. Sovrascrivere?";
 
 /// Copies the system, then the development; on a full disk it stops and leaves what it got to of
 /// a pair that is new there.

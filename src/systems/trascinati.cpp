@@ -2,9 +2,7 @@
 
 #include <QApplication>
 #include <QDragEnterEvent>
-#include <QFileInfo>
 #include <QMimeData>
-#include <QPointer>
 #include <QTimer>
 #include <QUrl>
 
@@ -88,9 +86,8 @@ void Trascinati::importa(const QStringList& percorsi) {
                 continue;
             }
             const QString quale = tutte.size() > 1 ? q(origine.nome) + ": " : QString();
-            if (platform::MsgBox(su_,
-                                 {quale + "Esiste già un sistema con uesto nome. Sovrascrivere?",
-                                  platform::Pulsanti::si_no, "Tabellino"}) != platform::vbYes) {
+            if (platform::MsgBox(su_, {quale + domanda_importa, platform::Pulsanti::si_no,
+                                       "Tabellino"}) != platform::vbYes) {
                 ++r.lasciati;
                 continue;
             }

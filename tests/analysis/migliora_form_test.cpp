@@ -194,7 +194,7 @@ TEST_F(MiglioraForm, AGeneratedCrosswordKeepsItsClassesOfDelay) {
         const auto classi = q.form1.sessione.classi_generate();
         ASSERT_TRUE(classi);
         EXPECT_EQ(q.form1.lblanalisi->text(),
-                  "Generato. Con Ctrl+M gli stessi numeri vincono più spesso.");
+                  "Generato. Ctrl+M cerca dove gli stessi numeri vincono più spesso.");
         q.form1.mnumigliora->trigger();
         auto* f = aperta<frmmigliora>();
         ASSERT_NE(f, nullptr);
@@ -207,22 +207,31 @@ TEST_F(MiglioraForm, AGeneratedCrosswordKeepsItsClassesOfDelay) {
         EXPECT_NE(q.form1.sessione.matrice(), prima);
         EXPECT_TRUE(stesse_classi(prima, q.form1.sessione.matrice(), *classi));
         EXPECT_EQ(q.form1.sessione.classi_generate(), classi);
+        q.form1.annulla->trigger();
+        EXPECT_EQ(q.form1.sessione.matrice(), prima);
+        EXPECT_EQ(q.form1.sessione.classi_generate(), classi);
     }
 }
 
 TEST_F(MiglioraForm, OneLaidByHandHasNoClassesToKeep) {
     Programma q{true};
-    Programma::clic(q.form1.cmdstat);
-    q.form1.sessione.rimuovi({0, 0});
+    q.riempi();
     EXPECT_FALSE(q.form1.sessione.classi_generate());
     q.form1.mnumigliora->trigger();
     auto* f = aperta<frmmigliora>();
     ASSERT_NE(f, nullptr);
     EXPECT_FALSE(f->chkclassi->isVisible());
-    Programma::clic(f->cmdcerca);
-    EXPECT_FALSE(f->trovata());
-    EXPECT_NE(f->lblstato->text(), "");
-    EXPECT_FALSE(f->cmdusa->isEnabled());
+}
+
+TEST_F(MiglioraForm, WhereANumberIsMissingItSaysSoAndDoesNotOpen) {
+    Programma q{true};
+    Programma::clic(q.form1.cmdstat);
+    q.form1.sessione.rimuovi({0, 0});
+    EXPECT_FALSE(q.form1.sessione.classi_generate());
+    q.form1.mnumigliora->trigger();
+    EXPECT_EQ(aperta<frmmigliora>(), nullptr);
+    EXPECT_EQ(q.form1.lblpasso->text(),
+              "Si dispone meglio un cruciverba completo: mancano dei numeri");
 }
 
 TEST_F(MiglioraForm, ClosedWhileItSearchesItGoesAndTheCrosswordStays) {
