@@ -2,6 +2,7 @@
 ; Defines: VERSIONE, CARTELLA (what is packed), USCITA (the setup), ICONE (the folder of the icons),
 ; TOGLI (the list of what is packed).
 ; What a player makes of the folder stays: nothing of his is written over, nothing of his is removed.
+Target amd64-unicode
 Unicode true
 SetCompressor /SOLID lzma
 !include MUI2.nsh

@@ -61,7 +61,8 @@ const QVector<Capitolo>& capitoli() {
         {"Usare il sistema",
          {"visualizzatore", "spoglio", "analisi", "migliora", "stampa", "schedine", "libreria"}},
         {"Le estrazioni", {"archivio", "statistica"}},
-        {"Il programma", {"file", "aspetti", "tastiera", "terminale", "domande", "misura"}},
+        {"Il programma",
+         {"file", "aspetti", "tastiera", "terminale", "domande", "misura", "licenze"}},
     };
     return tutti;
 }

@@ -82,7 +82,7 @@ TEST(PagineGuida, OgniPaginaHaTitoloETesto) {
         titoli += titolo(pagina);
     }
     EXPECT_EQ(titoli.removeDuplicates(), 0);
-    EXPECT_EQ(titoli.size(), 24);
+    EXPECT_EQ(titoli.size(), 25);
 }
 
 TEST(PagineGuida, NessunaPaginaRestaFuoriDallIndice) {
