@@ -61,7 +61,8 @@ const std::array<const char*, 36> previsti = {
     "Lo sviluppo è nel file\n",
     "Reinstalla Sortivario dal tuo CD-ROM.\r\nFile Danneggiato!",
 };
-const std::array<const char*, 3> previsti_rari = {
+const std::array<const char*, 4> previsti_rari = {
+    "Lo sviluppo di questo sistema è di un altro cruciverba: le sue colonne non sono quelle da",
     "Nessun sistema è attualmente in linea.",
     "Per accedere alle funzioni di stampa occorre che il sistema in linea sia stato salvato.",
     "Per poter Realizzare un sistema statistico devono essere state effettuate almeno 100",
@@ -148,6 +149,7 @@ bool Giocatore::eventFilter(QObject* oggetto, QEvent* evento) {
 
 void Giocatore::gioca_modale(QWidget* finestra) {
     const QPointer<QWidget> ancora(finestra);
+    if (sorte_.una_su(3)) sotto();
     if (auto* gestore = qobject_cast<systems::Form2*>(finestra)) {
         for (int i = sorte_.sotto(3); i >= 0 && ancora && ancora->isVisible(); --i) {
             if (sorte_.una_su(2)) {

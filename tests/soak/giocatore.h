@@ -125,6 +125,11 @@ private:
     void lettera(QWidget* finestra);
     void incolla(QWidget* finestra);
     void lascia(QWidget* w, QPoint dove);
+    void tocca(QWidget* w, QPoint dove);
+    /// The open system, to see that it stays.
+    [[nodiscard]] QString in_linea() const;
+    /// Every device on the main form, while a modal window stands over it.
+    void sotto();
 
     void clic(QWidget* w);
     void voce(QAction* azione);

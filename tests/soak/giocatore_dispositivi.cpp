@@ -1,5 +1,5 @@
-// The player's other ways to a window: other buttons, wheel, drag, the focus by keys, mnemonics,
-// menus of the moment, the window manager's close, paste and drop.
+// The player's other ways to a window: other buttons, wheel, drag, touch, the focus by keys,
+// mnemonics, menus of the moment, the window manager's close, paste and drop.
 #include <QClipboard>
 #include <QDropEvent>
 #include <QLineEdit>
@@ -8,6 +8,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
+#include <QWindow>
 
 #include "platform/qt/desktop.h"
 #include "soak/giocatore.h"
@@ -67,6 +68,7 @@ void Giocatore::dispositivo() {
         {3, " trascina", [this, w, dove] { trascina(w, dove); }},
         {3, " incolla", [this, finestra] { incolla(finestra); }},
         {2, " lascia", [this, w, dove] { lascia(w, dove); }},
+        {3, " tocca", [this, w, dove] { tocca(w, dove); }},
     };
     // What a key may begin, and what waits for a big development, would only cost time.
     if (!troppo_grande()) {
@@ -75,7 +77,10 @@ void Giocatore::dispositivo() {
         scelte.push_back({4, " fuoco", [this, finestra] { fuoco(finestra); }});
         scelte.push_back({3, " lettera", [this, finestra] { lettera(finestra); }});
     }
-    if (sorte_.una_su(8)) scelte.push_back({6, " chiudi", [finestra] { finestra->close(); }});
+    if (sorte_.una_su(8)) {
+        // As the window manager asks for it.
+        scelte.push_back({6, " chiudi", [finestra] { finestra->windowHandle()->close(); }});
+    }
     esegui(scelte);
     QApplication::processEvents();
     for (int i = 0; i < 5 && QApplication::activePopupWidget() != nullptr; ++i) {
@@ -167,14 +172,73 @@ void Giocatore::incolla(QWidget* finestra) {
 }
 
 void Giocatore::lascia(QWidget* w, QPoint dove) {
+    const QString file = sorte_.uno(
+        QStringList{platform::q(altra_) + "/a.sen", platform::q(altra_) + "/b.sel",
+                    platform::q(cartella_.file("a.sen")), platform::q(altra_), "/manca.sen"});
     QMimeData dati;
     dati.setText(sorte_.uno(portati));
-    if (sorte_.una_su(2)) dati.setUrls({QUrl::fromLocalFile(platform::q(altra_) + "/a.sen")});
+    if (sorte_.una_su(2)) dati.setUrls({QUrl::fromLocalFile(file)});
+    // As it falls through to whoever takes it.
+    QWidget* preso = w;
+    while (preso != nullptr && !preso->acceptDrops()) preso = preso->parentWidget();
+    if (preso == nullptr) return;
+    dove = w->mapTo(preso, dove);
     QDragEnterEvent entra(dove, Qt::CopyAction, &dati, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(w, &entra);
-    if (!entra.isAccepted() || !w->acceptDrops()) return;
+    QCoreApplication::sendEvent(preso, &entra);
+    if (!entra.isAccepted()) return;
+    annota("   " + file);
+    estraneo_ = clessidra_ammessa_ = true;
     QDropEvent cade(dove, Qt::CopyAction, &dati, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(w, &cade);
+    QCoreApplication::sendEvent(preso, &cade);
+}
+
+void Giocatore::tocca(QWidget* w, QPoint dove) {
+    static QPointingDevice* const schermo = QTest::createTouchDevice();
+    const QPointer<QWindow> finestra(w->window()->windowHandle());
+    if (!finestra) return;
+    const QPoint qui = w->mapTo(w->window(), dove);
+    QPoint ultimo = qui;
+    QTest::touchEvent(finestra, schermo).press(0, qui, finestra);
+    if (finestra && sorte_.una_su(3)) {
+        ultimo += QPoint(sorte_.sotto(81) - 40, sorte_.sotto(81) - 40);
+        QTest::touchEvent(finestra, schermo).move(0, ultimo, finestra);
+    }
+    if (finestra && sorte_.una_su(4)) {
+        QTest::touchEvent(finestra, schermo).stationary(0).press(1, qui, finestra);
+        if (finestra) {
+            QTest::touchEvent(finestra, schermo).stationary(0).release(1, qui, finestra);
+        }
+    }
+    if (finestra) QTest::touchEvent(finestra, schermo).release(0, ultimo, finestra);
+}
+
+QString Giocatore::in_linea() const {
+    const crossword::Matrice& m = form1_->sessione.matrice();
+    QString tutto = form1_->Tag() + '|' + form1_->lblimportotot->text();
+    for (int y = 0; y < m.righe(); ++y) {
+        for (int x = 0; x < m.colonne(); ++x) tutto += ' ' + QString::number(m(x, y));
+    }
+    return tutto;
+}
+
+void Giocatore::sotto() {
+    if (!form1_->isVisible()) return;
+    const QString prima = in_linea();
+    QWidget* w = sorte_.uno(visibili(form1_.get()));
+    const QPoint dove = w->mapTo(form1_.get(), w->rect().center());
+    QWindow* finestra = form1_->windowHandle();
+    annota("   sotto: " + w->objectName());
+    // By the way of the desktop, where a modal window stops it.
+    QTest::mouseClick(finestra, sorte_.una_su(3) ? Qt::RightButton : Qt::LeftButton, {}, dove);
+    QTest::keyClick(finestra, sorte_.uno(QList<Qt::Key>{Qt::Key_7, Qt::Key_Delete, Qt::Key_F5}));
+    tocca(w, w->rect().center());
+    QApplication::processEvents();
+    if (!form1_->isVisible() || in_linea() != prima) {
+        boxes_inattesi_ << "sotto una finestra modale cambia il sistema: " + w->objectName();
+    }
+    if (QApplication::activePopupWidget() != nullptr) {
+        boxes_inattesi_ << "un menu sotto una finestra modale";
+    }
 }
 
 }  // namespace soak

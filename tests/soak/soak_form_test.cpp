@@ -3,6 +3,7 @@
 #include <malloc.h>
 #include <random>
 
+#include "soak/accorcia.h"
 #include "soak/giocatore.h"
 
 #if defined(__has_feature)
@@ -21,6 +22,7 @@ extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 namespace {
 
 using soak::Giocatore;
+using soak::Passi;
 
 std::size_t in_uso() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -49,47 +51,37 @@ void gioca(std::uint32_t seme, int azioni) {
     }
 }
 
-using Passi = std::vector<std::uint32_t>;
+/// How a walk ended: with what was wrong, after how many actions, and the diary of them.
+struct Arrivo {
+    QString difetti;
+    std::size_t azioni = 0;
+    QString diario;
+};
 
-/// What is wrong after these actions, with the diary of them; empty when nothing is.
-QString cammina(const Passi& passi) {
+Arrivo cammina(const Passi& passi) {
     Giocatore giocatore(1);
-    for (const std::uint32_t passo : passi) {
-        giocatore.agisci(passo);
+    for (std::size_t i = 0; i < passi.size(); ++i) {
+        giocatore.agisci(passi[i]);
         const QStringList difetti = giocatore.difetti();
-        if (!difetti.isEmpty()) return difetti.join('\n') + "\n--\n" + giocatore.diario();
+        if (!difetti.isEmpty()) return {difetti.join('\n'), i + 1, giocatore.diario()};
     }
-    return {};
-}
-
-/// The shortest walk to a fault that leaving actions out finds, halves first, then ever less.
-Passi accorcia(Passi passi) {
-    for (std::size_t quanti = passi.size() / 2; quanti > 0; quanti /= 2) {
-        for (std::size_t da = 0; da + quanti <= passi.size();) {
-            Passi meno = passi;
-            const auto primo = meno.begin() + static_cast<std::ptrdiff_t>(da);
-            meno.erase(primo, primo + static_cast<std::ptrdiff_t>(quanti));
-            if (cammina(meno).isEmpty()) {
-                da += quanti;
-            } else {
-                passi = meno;
-            }
-        }
-    }
-    return passi;
+    return {{}, passi.size(), {}};
 }
 
 void cammina_e_racconta(std::uint32_t seme, std::size_t azioni) {
     std::mt19937 caso(seme);
     Passi passi(azioni);
     for (std::uint32_t& passo : passi) passo = static_cast<std::uint32_t>(caso());
-    if (cammina(passi).isEmpty()) return;
-    const Passi brevi = accorcia(passi);
-    std::string elenco;
-    for (const std::uint32_t passo : brevi) elenco += std::to_string(passo) + "U, ";
-    ADD_FAILURE() << "seed " << seme << "; as a test:\nTEST(Soak, Cammino) { EXPECT_EQ(cammina({"
-                  << elenco << "}), QString()); }\n"
-                  << cammina(brevi).toStdString();
+    const Arrivo primo = cammina(passi);
+    if (primo.difetti.isEmpty()) return;
+    passi.resize(primo.azioni);
+    passi = soak::accorcia(passi, [](const Passi& p) { return !cammina(p).difetti.isEmpty(); });
+    const Arrivo breve = cammina(passi);
+    ADD_FAILURE() << "seed " << seme << ", action " << primo.azioni << ":\n"
+                  << primo.difetti.toStdString() << "\nas a test:\n"
+                  << soak::come_prova(passi) << "\n"
+                  << breve.difetti.toStdString() << "\n--\n"
+                  << breve.diario.toStdString();
 }
 
 /// How many games are played; a longer run asks for more.
