@@ -263,7 +263,7 @@ class Workshop:
         command = [w for w in command if w != "-Werror" and "ccache" not in w]
         command[command.index("-o") + 1] = str(folder / "mutant.o")
         command[command.index("-c") + 1] = str(source)
-        if run([*command, "-w"], cwd=self.compile[file]["directory"]).returncode:
+        if run([*command, "-w", "-g0"], cwd=self.compile[file]["directory"]).returncode:
             return None
         words = shlex.split(self.link)
         words = [w for w in words if "ccache" not in w and w != ":"]
