@@ -97,6 +97,7 @@ private:
     [[nodiscard]] std::vector<Scelta> scelte_scelte();
     [[nodiscard]] std::vector<Scelta> scelte_comandi();
     void numero();
+    void va_e_viene(Qt::Key va, Qt::Key viene);
     void cella();
     void digita();
     void riempi();

@@ -27,8 +27,8 @@ std::vector<Giocatore::Scelta> Giocatore::scelte_numeri() {
         {8, " digita", [this] { digita(); }},
         {6, " riempi", [this] { riempi(); }},
         {3, " canc", [this] { QTest::keyClick(form1_.get(), Qt::Key_Delete); }},
-        {6, " annulla", [this] { QTest::keyClick(form1_.get(), Qt::Key_Z, Qt::ControlModifier); }},
-        {4, " ripeti", [this] { QTest::keyClick(form1_.get(), Qt::Key_Y, Qt::ControlModifier); }},
+        {6, " annulla", [this] { va_e_viene(Qt::Key_Z, Qt::Key_Y); }},
+        {4, " ripeti", [this] { va_e_viene(Qt::Key_Y, Qt::Key_Z); }},
         {3, " freccia",
          [this] {
              QTest::keyClick(form1_->MSFlexGrid1,
@@ -71,6 +71,13 @@ std::vector<Giocatore::Scelta> Giocatore::scelte_comandi() {
         {2, " file", [this] { guasta_un_file(); }},
         {1, " chiudi", [this] { form1_->close(); }},
     };
+}
+
+void Giocatore::va_e_viene(Qt::Key va, Qt::Key viene) {
+    // A step alone seldom comes where there is one to take back.
+    for (int i = sorte_.sotto(4); i >= 0; --i) {
+        QTest::keyClick(form1_.get(), sorte_.una_su(3) ? viene : va, Qt::ControlModifier);
+    }
 }
 
 void Giocatore::numero() {
