@@ -8,9 +8,9 @@
 #include <utility>
 
 #include "platform/application.h"
+#include "platform/data.h"
 #include "platform/jet.h"
 #include "platform/syscalls.h"
-#include "platform/tabella.h"
 
 namespace platform {
 

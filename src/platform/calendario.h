@@ -1,7 +1,7 @@
 // The day on the calendar; no Qt.
 #pragma once
 
-#include "platform/tabella.h"
+#include "platform/data.h"
 
 namespace platform {
 

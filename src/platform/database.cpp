@@ -20,7 +20,7 @@ namespace interno {
 /// One of the two engines: it checks a file, and reads a whole table of it.
 struct Motore {
     int (*verifica)(const std::string& file);
-    int (*leggi)(const std::string& file, std::string_view nome, Tabella& tabella);
+    int (*leggi)(const std::string& file, std::string_view nome, Table& tabella);
 };
 inline constexpr Motore motore_jet{verifica_jet, leggi_jet};
 inline constexpr Motore motore_sqlite{verifica_sqlite, leggi_sqlite};
@@ -32,7 +32,7 @@ struct Aperto {
     File blocco;           ///< held by an exclusive opening
     bool perduto = false;  ///< once found damaged, the file is not tried again
     std::shared_ptr<bool> aperto = std::make_shared<bool>(true);
-    std::map<std::string, std::shared_ptr<const Tabella>> tabelle;
+    std::map<std::string, std::shared_ptr<const Table>> tabelle;
 };
 
 }  // namespace interno
@@ -99,7 +99,7 @@ Err OpenDatabase(const std::string& nome, bool esclusivo, bool /*sola_lettura*/,
     return {errore};
 }
 
-int Database::tabella(std::string_view nome, std::shared_ptr<const Tabella>& destinazione) {
+int Database::tabella(std::string_view nome, std::shared_ptr<const Table>& destinazione) {
     const std::string chiave = LCase(nome);
     const auto letta = aperto_->tabelle.find(chiave);
     if (letta != aperto_->tabelle.end()) {
@@ -107,7 +107,7 @@ int Database::tabella(std::string_view nome, std::shared_ptr<const Tabella>& des
         return 0;
     }
     if (aperto_->perduto) return errore_danneggiato;
-    auto nuova = std::make_shared<Tabella>();
+    auto nuova = std::make_shared<Table>();
     const int errore = aperto_->motore->leggi(aperto_->file, nome, *nuova);
     aperto_->perduto = errore == errore_danneggiato;
     if (errore == 0) {

@@ -29,7 +29,7 @@ private:
     friend Err OpenDatabase(const std::string& nome, bool esclusivo, bool sola_lettura,
                             Database& destinazione);
     Err apri(std::string_view nome, const Query* query, Recordset& destinazione);
-    int tabella(std::string_view nome, std::shared_ptr<const Tabella>& destinazione);
+    int tabella(std::string_view nome, std::shared_ptr<const Table>& destinazione);
     std::shared_ptr<interno::Aperto> aperto_;
 };
 

@@ -59,18 +59,18 @@ int da_motivo(protocollo::Motivo motivo) {
     }
 }
 
-Tabella::Tipo da_tipo(protocollo::Tipo tipo) {
+Table::Tipo da_tipo(protocollo::Tipo tipo) {
     switch (tipo) {
         case protocollo::Tipo::testo:
-            return Tabella::Tipo::testo;
+            return Table::Tipo::testo;
         case protocollo::Tipo::data:
-            return Tabella::Tipo::data;
+            return Table::Tipo::data;
         default:
-            return Tabella::Tipo::intero;
+            return Table::Tipo::intero;
     }
 }
 
-std::uint32_t leggi_testa(Messaggio& messaggio, Tabella& tabella) {
+std::uint32_t leggi_testa(Messaggio& messaggio, Table& tabella) {
     const auto righe = messaggio.prendi<std::uint32_t>();
     const auto colonne = messaggio.prendi<std::uint16_t>();
     for (std::uint16_t i = 0; i < colonne && messaggio.intero(); ++i) {
@@ -84,11 +84,11 @@ std::uint32_t leggi_testa(Messaggio& messaggio, Tabella& tabella) {
     return righe;
 }
 
-void leggi_riga(Messaggio& messaggio, Tabella& tabella) {
+void leggi_riga(Messaggio& messaggio, Table& tabella) {
     for (std::size_t i = 0; i < tabella.colonne(); ++i) {
         if (messaggio.prendi<std::uint8_t>() == 0) {
             tabella.accoda_nullo(i);
-        } else if (tabella.tipo(i) == Tabella::Tipo::testo) {
+        } else if (tabella.tipo(i) == Table::Tipo::testo) {
             tabella.accoda(i, messaggio.prendi(messaggio.prendi<std::uint16_t>()));
         } else {
             tabella.accoda(i, messaggio.prendi<std::int32_t>());
@@ -97,7 +97,7 @@ void leggi_riga(Messaggio& messaggio, Tabella& tabella) {
 }
 
 /// The table of a finished output; 0 or the error's number.
-int leggi_messaggio(std::string_view dati, Tabella& tabella) {
+int leggi_messaggio(std::string_view dati, Table& tabella) {
     Messaggio messaggio(dati);
     std::uint32_t attese = 0;
     std::uint32_t lette = 0;
@@ -126,7 +126,7 @@ int leggi_messaggio(std::string_view dati, Tabella& tabella) {
     return errore_danneggiato;
 }
 
-int chiedi(const std::vector<std::string>& argomenti, Tabella& tabella) {
+int chiedi(const std::vector<std::string>& argomenti, Table& tabella) {
     const LettoreJet& lettore = ambiente().lettore_jet;
     Figlio figlio;
     const std::string programma =
@@ -169,11 +169,11 @@ std::string trova_lettore(const std::string& eseguibile) {
 }
 
 int verifica_jet(const std::string& file) {
-    Tabella tabella;
+    Table tabella;
     return intestazione(file) ? chiedi({file}, tabella) : errore_formato;
 }
 
-int leggi_jet(const std::string& file, std::string_view nome, Tabella& tabella) {
+int leggi_jet(const std::string& file, std::string_view nome, Table& tabella) {
     return intestazione(file) ? chiedi({file, std::string(nome)}, tabella) : errore_formato;
 }
 

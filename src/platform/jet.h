@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/tabella.h"
+#include "platform/table.h"
 
 namespace platform {
 
@@ -27,6 +27,6 @@ std::string trova_lettore(const std::string& eseguibile);
 /// Tells whether the file is a Jet database with a catalogue; 0 or DAO's number of the error.
 int verifica_jet(const std::string& file);
 /// Reads a whole table in stored order; 0 or DAO's number of the error.
-int leggi_jet(const std::string& file, std::string_view nome, Tabella& tabella);
+int leggi_jet(const std::string& file, std::string_view nome, Table& tabella);
 
 }  // namespace platform

@@ -5,15 +5,15 @@
 
 namespace platform {
 
-int esegui(const Query& query, const Tabella& tabella, std::vector<std::uint32_t>& righe) {
+int esegui(const Query& query, const Table& tabella, std::vector<std::uint32_t>& righe) {
     const auto ordine = tabella.colonna(query.ordine);
     const auto campo = query.dove ? tabella.colonna(query.dove->campo) : ordine;
     if (!ordine || !campo) return errore_campo_sconosciuto;
     righe = tabella.in_ordine(*ordine);
     if (!query.dove) return 0;
-    const bool di_testo = tabella.tipo(*campo) == Tabella::Tipo::testo;
+    const bool di_testo = tabella.tipo(*campo) == Table::Tipo::testo;
     const auto* testo = std::get_if<std::string>(&query.dove->valore);
-    if (di_testo != (testo != nullptr) || tabella.tipo(*campo) == Tabella::Tipo::data)
+    if (di_testo != (testo != nullptr) || tabella.tipo(*campo) == Table::Tipo::data)
         return errore_tipi;
     // Texts are compared without case, so that several stored ones can be meant.
     std::vector<bool> cercati;

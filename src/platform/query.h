@@ -7,7 +7,7 @@
 #include <variant>
 #include <vector>
 
-#include "platform/tabella.h"
+#include "platform/table.h"
 
 namespace platform {
 
@@ -25,6 +25,6 @@ struct Query {
 };
 
 /// Rows of the query's records in their order; 0 or DAO's number of the error.
-int esegui(const Query& query, const Tabella& tabella, std::vector<std::uint32_t>& righe);
+int esegui(const Query& query, const Table& tabella, std::vector<std::uint32_t>& righe);
 
 }  // namespace platform

@@ -159,9 +159,9 @@ Err Recordset::Seek(std::string_view confronto, std::int32_t chiave) {
     if (stato_->query) return err(errore_operazione);
     if (!stato_->indice) return err(errore_senza_indice);
     if (confronto != "=") return err(errore_argomento);
-    const Tabella& tabella = *stato_->tabella;
+    const Table& tabella = *stato_->tabella;
     const std::size_t colonna = *stato_->indice;
-    if (tabella.tipo(colonna) != Tabella::Tipo::intero) return err(errore_tipi);
+    if (tabella.tipo(colonna) != Table::Tipo::intero) return err(errore_tipi);
     const auto posto =
         std::partition_point(stato_->ordine.begin(), stato_->ordine.end(), [&](std::uint32_t r) {
             return tabella.nullo(colonna, r) || tabella.grezzo(colonna, r) < chiave;

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/tabella.h"
+#include "platform/table.h"
 
 namespace platform {
 
@@ -110,7 +110,7 @@ namespace interno {
 
 /// What the handles of one recordset share.
 struct Stato {
-    std::shared_ptr<const Tabella> tabella;
+    std::shared_ptr<const Table> tabella;
     std::shared_ptr<const bool> database_aperto;
     std::vector<std::uint32_t> ordine;  ///< rows of the table in the order of the records
     bool query = false;

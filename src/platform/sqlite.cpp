@@ -149,10 +149,10 @@ int verifica_colonne(const Apertura& apertura, const std::string& nome) {
 }
 
 /// Type by the declaration, or by the first value that is not null.
-Tabella::Tipo tipo_di(sqlite3_stmt* riga, int colonna, bool dichiarata_data) {
-    if (::sqlite3_column_type(riga, colonna) != SQLITE_TEXT) return Tabella::Tipo::intero;
-    return dichiarata_data || da_iso(testo_di(riga, colonna)) ? Tabella::Tipo::data
-                                                              : Tabella::Tipo::testo;
+Table::Tipo tipo_di(sqlite3_stmt* riga, int colonna, bool dichiarata_data) {
+    if (::sqlite3_column_type(riga, colonna) != SQLITE_TEXT) return Table::Tipo::intero;
+    return dichiarata_data || da_iso(testo_di(riga, colonna)) ? Table::Tipo::data
+                                                              : Table::Tipo::testo;
 }
 
 /// The days of a date column, which draws of one day repeat.
@@ -186,16 +186,16 @@ std::optional<std::int32_t> numero_di(sqlite3_stmt* riga, int colonna, int tipo)
 }
 
 /// A value that does not fit its column's type counts as null.
-void accoda(Tabella& tabella, std::size_t i, sqlite3_stmt* riga, int tipo, Giorni& giorni) {
+void accoda(Table& tabella, std::size_t i, sqlite3_stmt* riga, int tipo, Giorni& giorni) {
     const int colonna = static_cast<int>(i) + 1;
     if (tipo == SQLITE_NULL || tipo == SQLITE_BLOB) return tabella.accoda_nullo(i);
-    if (tabella.tipo(i) == Tabella::Tipo::testo) return tabella.accoda(i, testo_di(riga, colonna));
-    const auto valore = tabella.tipo(i) == Tabella::Tipo::data ? giorni.di(testo_di(riga, colonna))
-                                                               : numero_di(riga, colonna, tipo);
+    if (tabella.tipo(i) == Table::Tipo::testo) return tabella.accoda(i, testo_di(riga, colonna));
+    const auto valore = tabella.tipo(i) == Table::Tipo::data ? giorni.di(testo_di(riga, colonna))
+                                                             : numero_di(riga, colonna, tipo);
     return valore ? tabella.accoda(i, *valore) : tabella.accoda_nullo(i);
 }
 
-int leggi_righe(sqlite3_stmt* righe, Tabella& tabella) {
+int leggi_righe(sqlite3_stmt* righe, Table& tabella) {
     // The row's own number comes first, then the columns.
     const int colonne = ::sqlite3_column_count(righe) - 1;
     std::vector<bool> date;
@@ -204,7 +204,7 @@ int leggi_righe(sqlite3_stmt* righe, Tabella& tabella) {
         const char* dichiarato = ::sqlite3_column_decltype(righe, c);
         date.push_back(dichiarato != nullptr && LCase(dichiarato).starts_with("date"));
         tabella.aggiungi_colonna(::sqlite3_column_name(righe, c),
-                                 date.back() ? Tabella::Tipo::data : Tabella::Tipo::intero);
+                                 date.back() ? Table::Tipo::data : Table::Tipo::intero);
     }
     std::vector<Giorni> giorni(decise.size());
     std::int64_t ultima = 0;
@@ -265,7 +265,7 @@ bool in_uso_altrui(const std::string& file) {
     return false;
 }
 
-int leggi_sqlite(const std::string& file, std::string_view nome, Tabella& tabella) {
+int leggi_sqlite(const std::string& file, std::string_view nome, Table& tabella) {
     if (!intestazione(file)) return errore_formato;
     const Apertura apertura(file);
     if (apertura.esito() != SQLITE_OK) return da_sqlite(apertura.esito());

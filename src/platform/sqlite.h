@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/tabella.h"
+#include "platform/table.h"
 
 namespace platform {
 
@@ -14,6 +14,6 @@ int verifica_sqlite(const std::string& file);
 /// place, it would damage it.
 bool in_uso_altrui(const std::string& file);
 /// Reads a whole table in stored order; days stand there as yyyy-mm-dd. 0 or DAO's number.
-int leggi_sqlite(const std::string& file, std::string_view nome, Tabella& tabella);
+int leggi_sqlite(const std::string& file, std::string_view nome, Table& tabella);
 
 }  // namespace platform

@@ -28,30 +28,30 @@ std::string quotato(const std::string& nome) {
     return testo + '"';
 }
 
-const char* dichiarato(Tabella::Tipo tipo) {
+const char* dichiarato(Table::Tipo tipo) {
     switch (tipo) {
-        case Tabella::Tipo::testo:
+        case Table::Tipo::testo:
             return "TEXT";
-        case Tabella::Tipo::data:
+        case Table::Tipo::data:
             return "DATE";
         default:
             return "INTEGER";
     }
 }
 
-void lega_valore(sqlite3_stmt* riga, const Tabella& t, std::size_t colonna, std::size_t quale) {
+void lega_valore(sqlite3_stmt* riga, const Table& t, std::size_t colonna, std::size_t quale) {
     const int posto = static_cast<int>(colonna) + 1;
     if (t.nullo(colonna, quale)) {
         ::sqlite3_bind_null(riga, posto);
         return;
     }
     const std::int32_t grezzo = t.grezzo(colonna, quale);
-    if (t.tipo(colonna) == Tabella::Tipo::intero) {
+    if (t.tipo(colonna) == Table::Tipo::intero) {
         ::sqlite3_bind_int(riga, posto, grezzo);
         return;
     }
     std::string testo;
-    if (t.tipo(colonna) == Tabella::Tipo::testo) {
+    if (t.tipo(colonna) == Table::Tipo::testo) {
         testo = t.testi(colonna)[static_cast<std::size_t>(grezzo)];
     } else {
         const Data d = da_seriale(grezzo);
@@ -64,7 +64,7 @@ void lega_valore(sqlite3_stmt* riga, const Tabella& t, std::size_t colonna, std:
 }
 
 bool scrivi_foglio(sqlite3* db, const Foglio& foglio) {
-    const Tabella& t = foglio.tabella;
+    const Table& t = foglio.tabella;
     std::string colonne;
     std::string posti;
     for (std::size_t c = 0; c < t.colonne(); ++c) {

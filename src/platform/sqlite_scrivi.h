@@ -4,14 +4,14 @@
 #include <string>
 #include <vector>
 
-#include "platform/tabella.h"
+#include "platform/table.h"
 
 namespace platform {
 
 /// A table under its name, with the field its index is on; empty for none.
 struct Foglio {
     std::string nome;
-    Tabella tabella;
+    Table tabella;
     std::string indice;
 };
 

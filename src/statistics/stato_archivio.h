@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "crossword/gioco.h"
+#include "platform/data.h"
 #include "platform/database.h"
-#include "platform/tabella.h"
 
 namespace statistics {
 

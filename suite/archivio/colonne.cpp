@@ -4,7 +4,7 @@
 #include <cmath>
 #include <set>
 
-#include "platform/tabella.h"
+#include "platform/data.h"
 
 namespace importazione {
 

@@ -16,7 +16,7 @@ using statistics::chiave_superenalotto;
 using statistics::inventate;
 
 using platform::Foglio;
-using platform::Tabella;
+using platform::Table;
 
 const std::array<std::string_view, ruote_tutte> sigle = {"BA", "CA", "FI", "GE", "MI", "NA",
                                                          "PA", "RM", "TO", "VE", "NAZ"};
@@ -58,26 +58,26 @@ bool numeri_dei_file(const std::map<Data, Estrazione>& estrazioni,
 }
 
 /// A column's number, which is there and can be drawn.
-std::optional<std::int16_t> corto(const Tabella& t, std::size_t colonna, std::size_t riga) {
+std::optional<std::int16_t> corto(const Table& t, std::size_t colonna, std::size_t riga) {
     if (t.nullo(colonna, riga)) return std::nullopt;
     const std::int32_t n = t.grezzo(colonna, riga);
     if (n < 1 || n > 90) return std::nullopt;
     return static_cast<std::int16_t>(n);
 }
 
-bool colonne_di_tipo(const Tabella& t, std::string_view tipi) {
+bool colonne_di_tipo(const Table& t, std::string_view tipi) {
     if (t.colonne() != tipi.size()) return false;
     for (std::size_t i = 0; i < tipi.size(); ++i) {
         // A column of nothing but nulls has no type of its own.
-        const bool giusto = tipi[i] == 'd'   ? t.tipo(i) == Tabella::Tipo::data
-                            : tipi[i] == 't' ? t.tipo(i) == Tabella::Tipo::testo
-                                             : t.tipo(i) == Tabella::Tipo::intero;
+        const bool giusto = tipi[i] == 'd'   ? t.tipo(i) == Table::Tipo::data
+                            : tipi[i] == 't' ? t.tipo(i) == Table::Tipo::testo
+                                             : t.tipo(i) == Table::Tipo::intero;
         if (!giusto && t.righe() > 0) return false;
     }
     return true;
 }
 
-std::optional<std::size_t> ruota_di(const Tabella& t, std::size_t riga) {
+std::optional<std::size_t> ruota_di(const Table& t, std::size_t riga) {
     if (t.nullo(1, riga)) return std::nullopt;
     const std::string& sigla = t.testi(1)[static_cast<std::size_t>(t.grezzo(1, riga))];
     const auto dove = std::find(sigle.begin(), sigle.end(), sigla);
@@ -85,7 +85,7 @@ std::optional<std::size_t> ruota_di(const Tabella& t, std::size_t riga) {
     return static_cast<std::size_t>(dove - sigle.begin());
 }
 
-bool carica_ruote(const Tabella& t, bool con_numeri, std::map<Data, GiornoLotto>& lotto) {
+bool carica_ruote(const Table& t, bool con_numeri, std::map<Data, GiornoLotto>& lotto) {
     if (!colonne_di_tipo(t, "dtiiiiii")) return false;
     for (std::size_t r = 0; r < t.righe(); ++r) {
         const auto ruota = ruota_di(t, r);
@@ -103,7 +103,7 @@ bool carica_ruote(const Tabella& t, bool con_numeri, std::map<Data, GiornoLotto>
     return true;
 }
 
-bool carica_sestine(const Tabella& t, bool con_numeri, std::map<Data, Sestina>& sestine) {
+bool carica_sestine(const Table& t, bool con_numeri, std::map<Data, Sestina>& sestine) {
     if (!colonne_di_tipo(t, "diiiiiiiii")) return false;
     for (std::size_t r = 0; r < t.righe(); ++r) {
         Sestina s;
@@ -121,18 +121,18 @@ bool carica_sestine(const Tabella& t, bool con_numeri, std::map<Data, Sestina>& 
     return true;
 }
 
-Tabella tabella_ruote() {
-    Tabella t;
-    t.aggiungi_colonna("data", Tabella::Tipo::data);
-    t.aggiungi_colonna("RUOTA", Tabella::Tipo::testo);
+Table tabella_ruote() {
+    Table t;
+    t.aggiungi_colonna("data", Table::Tipo::data);
+    t.aggiungi_colonna("RUOTA", Table::Tipo::testo);
     for (int i = 1; i <= 5; ++i) {
-        t.aggiungi_colonna(std::to_string(i) + "°estratto", Tabella::Tipo::intero);
+        t.aggiungi_colonna(std::to_string(i) + "°estratto", Table::Tipo::intero);
     }
-    t.aggiungi_colonna("concorso", Tabella::Tipo::intero);
+    t.aggiungi_colonna("concorso", Table::Tipo::intero);
     return t;
 }
 
-void accoda_ruota(Tabella& t, const Data& data, std::size_t ruota, const Cinquina& cinquina,
+void accoda_ruota(Table& t, const Data& data, std::size_t ruota, const Cinquina& cinquina,
                   const std::optional<std::int32_t>& numero) {
     t.accoda(0, platform::seriale(data));
     t.accoda(1, sigle[ruota]);
@@ -140,19 +140,19 @@ void accoda_ruota(Tabella& t, const Data& data, std::size_t ruota, const Cinquin
     numero ? t.accoda(7, *numero) : t.accoda_nullo(7);
 }
 
-void accoda(Tabella& t, std::size_t colonna, const std::optional<std::int16_t>& numero) {
+void accoda(Table& t, std::size_t colonna, const std::optional<std::int16_t>& numero) {
     numero ? t.accoda(colonna, *numero) : t.accoda_nullo(colonna);
 }
 
-Tabella tabella_sestine(const std::map<Data, Sestina>& sestine,
-                        const std::map<Data, std::int32_t>& numeri) {
-    Tabella t;
-    t.aggiungi_colonna("data", Tabella::Tipo::data);
+Table tabella_sestine(const std::map<Data, Sestina>& sestine,
+                      const std::map<Data, std::int32_t>& numeri) {
+    Table t;
+    t.aggiungi_colonna("data", Table::Tipo::data);
     for (int i = 1; i <= 6; ++i) {
-        t.aggiungi_colonna(std::to_string(i) + "°estratto", Tabella::Tipo::intero);
+        t.aggiungi_colonna(std::to_string(i) + "°estratto", Table::Tipo::intero);
     }
     for (const char* nome : {"Jolly", "superstar", "concorso"}) {
-        t.aggiungi_colonna(nome, Tabella::Tipo::intero);
+        t.aggiungi_colonna(nome, Table::Tipo::intero);
     }
     for (const auto& [data, s] : sestine) {
         t.accoda(0, platform::seriale(data));
@@ -166,7 +166,7 @@ Tabella tabella_sestine(const std::map<Data, Sestina>& sestine,
 
 /// What is known of each game, by its name.
 std::map<std::string, std::string> informazioni(const std::string& file) {
-    Tabella t;
+    Table t;
     std::map<std::string, std::string> note;
     if (platform::leggi_sqlite(file, statistics::tabella_informazioni, t) != 0 ||
         !colonne_di_tipo(t, "tt"))
@@ -217,7 +217,7 @@ int carica(const std::string& file, Contenuto& contenuto) {
     const bool super_suoi = note[std::string(chiave_superenalotto)] == propri;
     for (const std::string_view nome : {std::string_view("archivio"), std::string_view("archivion"),
                                         in_attesa, std::string_view("archivios")}) {
-        Tabella t;
+        Table t;
         const int errore = platform::leggi_sqlite(file, nome, t);
         if (errore == platform::errore_tabella_assente && nome == in_attesa) continue;
         if (errore != 0) return errore;
@@ -242,16 +242,16 @@ bool salva(const std::string& file, const Contenuto& contenuto) {
         const bool completo = giorno.completo();
         for (std::size_t r = 0; r < ruote_tutte; ++r) {
             if (!giorno.ruote[r]) continue;
-            Tabella& t = !completo             ? incompleti.tabella
-                         : r < ruote_regionali ? regionali.tabella
-                                               : nazionali.tabella;
+            Table& t = !completo             ? incompleti.tabella
+                       : r < ruote_regionali ? regionali.tabella
+                                             : nazionali.tabella;
             const auto numero = completo ? std::optional(numeri_lotto.at(data)) : giorno.numero;
             accoda_ruota(t, data, r, *giorno.ruote[r], numero);
         }
     }
     Foglio note{std::string(statistics::tabella_informazioni), {}, ""};
-    note.tabella.aggiungi_colonna("chiave", Tabella::Tipo::testo);
-    note.tabella.aggiungi_colonna("valore", Tabella::Tipo::testo);
+    note.tabella.aggiungi_colonna("chiave", Table::Tipo::testo);
+    note.tabella.aggiungi_colonna("valore", Table::Tipo::testo);
     const auto annota = [&note](std::string_view gioco, bool invenzione, bool suoi) {
         note.tabella.accoda(0, gioco);
         note.tabella.accoda(1, invenzione ? inventate : suoi ? propri : correnti);

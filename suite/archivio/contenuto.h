@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/data.h"
 #include "platform/recordset.h"
-#include "platform/tabella.h"
 
 namespace importazione {
 

@@ -7,7 +7,7 @@
 
 namespace importazione {
 
-using platform::Tabella;
+using platform::Table;
 
 namespace {
 
@@ -33,7 +33,7 @@ public:
         }
     }
     /// Numbers of the columns from `da` on, all different and on the board.
-    void numeri(const Tabella& t, std::size_t riga, std::size_t da, std::size_t quanti,
+    void numeri(const Table& t, std::size_t riga, std::size_t da, std::size_t quanti,
                 const std::string& dove) {
         std::set<std::int32_t> diversi;
         for (std::size_t c = da; c < da + quanti; ++c) {
@@ -44,7 +44,7 @@ public:
         if (diversi.size() < quanti) difetto(dove + ": numero ripetuto");
     }
     /// Days and numbers must not go back, and go on together.
-    void ordine(const Tabella& t, std::size_t colonna_numero, std::size_t per_estrazione,
+    void ordine(const Table& t, std::size_t colonna_numero, std::size_t per_estrazione,
                 const std::string& nome) {
         for (std::size_t r = 0; r < t.righe(); ++r) {
             const std::string dove = nome + ", record " + std::to_string(r + 1);
@@ -67,12 +67,12 @@ private:
     std::size_t taciuti_ = 0;
 };
 
-bool ha_colonne(const Tabella& t, std::size_t quante) {
+bool ha_colonne(const Table& t, std::size_t quante) {
     if (t.colonne() != quante) return false;
     for (std::size_t c = 0; c < quante; ++c) {
-        if (t.tipo(c) != Tabella::Tipo::intero && c > 1) return false;
+        if (t.tipo(c) != Table::Tipo::intero && c > 1) return false;
     }
-    return t.tipo(0) == Tabella::Tipo::data || t.righe() == 0;
+    return t.tipo(0) == Table::Tipo::data || t.righe() == 0;
 }
 
 }  // namespace
@@ -92,7 +92,7 @@ std::vector<std::string> difetti(const std::string& file) {
     };
     for (const Forma& f : {Forma{"archivio", 8, 2, 5, ruote_regionali},
                            Forma{"archivion", 8, 2, 5, 1}, Forma{"archivios", 10, 1, 6, 1}}) {
-        Tabella t;
+        Table t;
         const int errore = platform::leggi_sqlite(file, f.nome, t);
         if (errore != 0) {
             esame.difetto(f.nome + ": " + std::string(platform::Err{errore}.Description()));

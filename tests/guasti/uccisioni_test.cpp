@@ -91,7 +91,7 @@ int uccidi_a_caso(const Libreria& libreria, Comune& comune, long microsecondi) {
     return comune[1];
 }
 
-TEST(Uccisioni, duecento_momenti_a_caso) {
+TEST(Uccisioni, DuecentoMomentiACaso) {
     const Libreria libreria;
     libreria.prepara();
     Comune comune;
@@ -117,7 +117,7 @@ TEST(Uccisioni, duecento_momenti_a_caso) {
     EXPECT_GT(colti.size(), 1U);
 }
 
-TEST(Uccisioni, a_search_for_a_layout_killed_on_its_way_leaves_the_system_as_it_was) {
+TEST(Uccisioni, ASearchForALayoutKilledOnItsWayLeavesTheSystemAsItWas) {
     const Libreria libreria;
     libreria.prepara();
     ASSERT_TRUE(salva(libreria, "a", 1) && elabora(libreria, "a", 1));
@@ -178,7 +178,7 @@ bool interi_ora(const Libreria& libreria) {
     ::_exit(0);
 }
 
-TEST(DueProgrammi, l_ultimo_che_scrive_vince_e_nulla_si_guasta) {
+TEST(DueProgrammi, LUltimoCheScriveVinceENullaSiGuasta) {
     const Libreria libreria;
     libreria.prepara();
     constexpr int giri = 60;
@@ -237,8 +237,8 @@ constexpr std::int32_t estrazioni_minime = 50;
 /// Puts archives of different lengths in one place, again and again.
 [[noreturn]] void importa_senza_fine(const std::string& archivio) {
     for (std::int32_t giro = 0;; ++giro) {
-        platform::Tabella tabella;
-        tabella.aggiungi_colonna("concorso", platform::Tabella::Tipo::intero);
+        platform::Table tabella;
+        tabella.aggiungi_colonna("concorso", platform::Table::Tipo::intero);
         for (std::int32_t i = 1; i <= estrazioni_minime + giro % 10; ++i) tabella.accoda(0, i);
         platform::scrivi_sqlite(archivio, {{"archivio", std::move(tabella), "concorso"}});
     }
@@ -246,7 +246,7 @@ constexpr std::int32_t estrazioni_minime = 50;
 
 /// True when the archive is one of those, whole.
 bool archivio_intero(const std::string& archivio) {
-    platform::Tabella tabella;
+    platform::Table tabella;
     return platform::verifica_sqlite(archivio) == 0 &&
            platform::leggi_sqlite(archivio, "archivio", tabella) == 0 &&
            tabella.righe() >= static_cast<std::size_t>(estrazioni_minime);
@@ -261,7 +261,7 @@ bool ancora(int giro) {
                               : std::time(nullptr) - inizio < std::strtol(secondi, nullptr, 10);
 }
 
-TEST(Insieme, due_programmi_e_un_importatore_uccisi_di_continuo) {
+TEST(Insieme, DueProgrammiEUnImportatoreUccisiDiContinuo) {
     const Libreria libreria;
     libreria.prepara();
     const std::string archivio = libreria.programma() + "/drawit.sqlite";

@@ -18,9 +18,9 @@ namespace {
 namespace fs = std::filesystem;
 
 /// An archive as the file that stands in for a missing Jet file.
-class SqliteTest : public testing::Test {
+class Sqlite : public testing::Test {
 protected:
-    SqliteTest() { support::scrivi_sqlite(file_, attese_); }
+    Sqlite() { support::scrivi_sqlite(file_, attese_); }
 
     support::Cartella cartella_;
     const support::Estrazioni attese_ = support::da_csv();
@@ -28,7 +28,7 @@ protected:
     const std::string mdb_ = cartella_.file("drawit.mdb");
 };
 
-TEST_F(SqliteTest, a_file_that_another_writes_exclusively_is_told) {
+TEST_F(Sqlite, AFileThatAnotherWritesExclusivelyIsTold) {
     sqlite3* altro = nullptr;
     ASSERT_EQ(sqlite3_open(file_.c_str(), &altro), SQLITE_OK);
     Database db = apri(mdb_);
@@ -43,14 +43,14 @@ TEST_F(SqliteTest, a_file_that_another_writes_exclusively_is_told) {
     sqlite3_close(altro);
 }
 
-TEST_F(SqliteTest, reading_changes_no_byte_and_leaves_nothing_beside_it) {
+TEST_F(Sqlite, ReadingChangesNoByteAndLeavesNothingBesideIt) {
     const std::string prima = support::contenuto(file_);
     support::tutte(apri(apri(mdb_), "archivio"));
     EXPECT_EQ(support::contenuto(file_), prima);
     EXPECT_EQ(std::distance(fs::directory_iterator(cartella_.programma()), {}), 1);
 }
 
-TEST_F(SqliteTest, a_journal_left_by_a_killed_writer_is_rolled_back) {
+TEST_F(Sqlite, AJournalLeftByAKilledWriterIsRolledBack) {
     const pid_t figlio = ::fork();
     if (figlio == 0) {
         sqlite3* db = nullptr;
@@ -65,7 +65,7 @@ TEST_F(SqliteTest, a_journal_left_by_a_killed_writer_is_rolled_back) {
     EXPECT_EQ(support::tutte(apri(apri(mdb_), "archivio")), attese_.archivio);
 }
 
-TEST_F(SqliteTest, files_that_are_no_database_are_told) {
+TEST_F(Sqlite, FilesThatAreNoDatabaseAreTold) {
     const std::string file = cartella_.file("x.sqlite");
     const std::string intero = support::contenuto(file_);
     for (const std::string& dati :
@@ -76,7 +76,7 @@ TEST_F(SqliteTest, files_that_are_no_database_are_told) {
     }
 }
 
-TEST_F(SqliteTest, a_truncated_file_is_never_read_short) {
+TEST_F(Sqlite, ATruncatedFileIsNeverReadShort) {
     const std::string intero = support::contenuto(file_);
     for (std::size_t quanti = 100; quanti < intero.size(); quanti += 1000) {
         support::scrivi_file(cartella_.file("x.sqlite"), intero.substr(0, quanti));
@@ -88,7 +88,7 @@ TEST_F(SqliteTest, a_truncated_file_is_never_read_short) {
     }
 }
 
-TEST_F(SqliteTest, a_page_that_leads_round_in_circles_is_told) {
+TEST_F(Sqlite, APageThatLeadsRoundInCirclesIsTold) {
     std::string dati = support::contenuto(file_);
     // The first two pages below the root of a table of many pages become one.
     const auto due = [&](std::size_t i) {
@@ -111,7 +111,7 @@ TEST_F(SqliteTest, a_page_that_leads_round_in_circles_is_told) {
     EXPECT_EQ(db.OpenRecordset("archivio", rs).Number, 3049);
 }
 
-TEST_F(SqliteTest, damaged_files_are_answered_whatever_they_hold) {
+TEST_F(Sqlite, DamagedFilesAreAnsweredWhateverTheyHold) {
     const std::string intero = support::contenuto(file_);
     Rnd rnd;
     int riuscite = 0;
@@ -139,7 +139,7 @@ TEST_F(SqliteTest, damaged_files_are_answered_whatever_they_hold) {
     EXPECT_GT(fallite, 10);
 }
 
-TEST_F(SqliteTest, values_that_do_not_fit_their_column_are_null) {
+TEST_F(Sqlite, ValuesThatDoNotFitTheirColumnAreNull) {
     support::esegui_sql(cartella_.file("v.sqlite"),
                         "CREATE TABLE t(a, b, c DATE, d TEXT);"
                         "INSERT INTO t VALUES(NULL,'x','2004-06-12','2004-06-12'),"
@@ -153,13 +153,13 @@ TEST_F(SqliteTest, values_that_do_not_fit_their_column_are_null) {
                                                   {"2", "<null>", "<null>", "<null>"}}));
 }
 
-TEST_F(SqliteTest, a_table_whose_name_needs_quotes_is_read) {
+TEST_F(Sqlite, ATableWhoseNameNeedsQuotesIsRead) {
     support::esegui_sql(cartella_.file("q.sqlite"),
                         "CREATE TABLE \"a\"\"b\"(n); INSERT INTO \"a\"\"b\" VALUES(1);");
     EXPECT_EQ(apri(apri(cartella_.file("q.mdb")), "A\"B").RecordCount(), 1);
 }
 
-TEST_F(SqliteTest, what_no_page_of_the_file_holds_is_refused) {
+TEST_F(Sqlite, WhatNoPageOfTheFileHoldsIsRefused) {
     // A kilobyte that would be read as gigabytes.
     support::esegui_sql(
         cartella_.file("g.sqlite"),
@@ -174,20 +174,20 @@ TEST_F(SqliteTest, what_no_page_of_the_file_holds_is_refused) {
         Recordset rs;
         EXPECT_EQ(copia.OpenRecordset(nome, rs).Number, 3049) << nome;
     }
-    Tabella virtuale;
+    Table virtuale;
     EXPECT_EQ(leggi_sqlite(cartella_.file("g.sqlite"), "v", virtuale), 3078);
 }
 
-TEST_F(SqliteTest, a_table_stops_growing_at_its_bound) {
-    Tabella t;
-    t.aggiungi_colonna("testo", Tabella::Tipo::testo);
+TEST_F(Sqlite, ATableStopsGrowingAtItsBound) {
+    Table t;
+    t.aggiungi_colonna("testo", Table::Tipo::testo);
     const std::string lungo(1 << 20, 'x');
     int righe = 0;
     for (; !t.piena() && righe < 1000; ++righe) t.accoda(0, lungo + std::to_string(righe));
     EXPECT_LE(righe, 33);
     // A text that stands there already takes no more room.
-    Tabella u;
-    u.aggiungi_colonna("testo", Tabella::Tipo::testo);
+    Table u;
+    u.aggiungi_colonna("testo", Table::Tipo::testo);
     for (int i = 0; i < 1000; ++i) u.accoda(0, lungo);
     EXPECT_FALSE(u.piena());
 }

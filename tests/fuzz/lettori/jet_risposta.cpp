@@ -33,7 +33,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t quanti) {
     static const std::string file = testa_di_jet(suite);
     platform::ambiente().lettore_jet.programma = programma;
     ingresso.riempi(dati, quanti);
-    platform::Tabella tabella;
+    platform::Table tabella;
     if (platform::leggi_jet(file, "archivio", tabella) != 0) return 0;
     for (std::size_t c = 0; c < tabella.colonne(); ++c)
         fuzz::esigi(tabella.nome(c).size() <= quanti);

@@ -36,7 +36,7 @@ private:
 };
 
 /// Filled once, column by column or row by row, then only read.
-class Tabella {
+class Table {
 public:
     enum class Tipo : std::uint8_t { intero, testo, data };
 

@@ -1,4 +1,4 @@
-#include "platform/tabella.h"
+#include "platform/table.h"
 
 #include <algorithm>
 #include <array>
@@ -46,7 +46,7 @@ std::optional<Data> Valore::data() const {
     return std::nullopt;
 }
 
-void Tabella::aggiungi_colonna(std::string nome, Tipo tipo) {
+void Table::aggiungi_colonna(std::string nome, Tipo tipo) {
     Colonna colonna;
     colonna.nome = std::move(nome);
     colonna.tipo = tipo;
@@ -55,11 +55,11 @@ void Tabella::aggiungi_colonna(std::string nome, Tipo tipo) {
     colonne_.push_back(std::move(colonna));
 }
 
-void Tabella::riserva(std::size_t righe) {
+void Table::riserva(std::size_t righe) {
     for (Colonna& colonna : colonne_) colonna.valori.reserve(righe);
 }
 
-void Tabella::accoda_nullo(std::size_t colonna) {
+void Table::accoda_nullo(std::size_t colonna) {
     Colonna& c = colonne_[colonna];
     byte_ += sizeof(std::int32_t);
     c.valori.push_back(0);
@@ -67,12 +67,12 @@ void Tabella::accoda_nullo(std::size_t colonna) {
     c.nulli.back() = true;
 }
 
-void Tabella::accoda(std::size_t colonna, std::int32_t valore) {
+void Table::accoda(std::size_t colonna, std::int32_t valore) {
     byte_ += sizeof(std::int32_t);
     colonne_[colonna].valori.push_back(valore);
 }
 
-void Tabella::accoda(std::size_t colonna, std::string_view testo) {
+void Table::accoda(std::size_t colonna, std::string_view testo) {
     Colonna& c = colonne_[colonna];
     auto posto = c.posti.find(testo);
     byte_ += sizeof(std::int32_t);
@@ -85,7 +85,7 @@ void Tabella::accoda(std::size_t colonna, std::string_view testo) {
     c.valori.push_back(posto->second);
 }
 
-std::optional<std::size_t> Tabella::colonna(std::string_view nome) const {
+std::optional<std::size_t> Table::colonna(std::string_view nome) const {
     const std::string cercato = LCase(nome);
     for (std::size_t i = 0; i < colonne_.size(); ++i) {
         if (LCase(colonne_[i].nome) == cercato) return i;
@@ -93,7 +93,7 @@ std::optional<std::size_t> Tabella::colonna(std::string_view nome) const {
     return std::nullopt;
 }
 
-Valore Tabella::valore(std::size_t colonna, std::size_t riga) const {
+Valore Table::valore(std::size_t colonna, std::size_t riga) const {
     if (nullo(colonna, riga)) return {};
     const std::int32_t numero = grezzo(colonna, riga);
     switch (tipo(colonna)) {
@@ -106,7 +106,7 @@ Valore Tabella::valore(std::size_t colonna, std::size_t riga) const {
     }
 }
 
-std::vector<std::uint32_t> Tabella::in_ordine(std::size_t colonna) const {
+std::vector<std::uint32_t> Table::in_ordine(std::size_t colonna) const {
     // Ranks stand for the texts, so that every comparison is one of numbers.
     const std::vector<std::string>& diversi = testi(colonna);
     std::vector<std::int32_t> rango(diversi.size());
