@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Rules that the compiler does not see: no Qt below the forms, sources formatted.
+# Rules that the compiler does not see: no Qt below the forms, tests named, sources formatted.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -14,6 +14,10 @@ done
 sistema='#include <(arpa|net|netinet|sys|linux|xcb|X11)/|#include <(aio|dirent|dlfcn|fcntl|fts|ftw|glob|grp|langinfo|netdb|poll|pthread|pwd|sched|signal|spawn|syslog|termios|unistd|wordexp)\.h>|::(sigaction|localtime_r|realpath)\('
 grep -rnE "$sistema" src suite --include='*.cpp' --include='*.h' |
   grep -vE '^src/platform/(posix|leggi_mdb)/' && { echo "system header outside platform/posix"; status=1; }
+# Tests have names of one style.
+nome='[A-Z][A-Za-z0-9]*'
+grep -rPzo "\bTEST(_F|_P)?\((?!\s*$nome,\s*$nome\))[^)]*\)" tests --include='*.cpp' --include='*.h' |
+  tr '\0' '\n' | grep . && { echo "a test's name is not TEST(Subject, WhatHolds)"; status=1; }
 # By folder: an unpacked archive of the sources has no list of its files.
 faults=$(find src suite packaging tests bench \( -name '*.cpp' -o -name '*.h' \) -print0 |
   xargs -0 -n 16 -P "$(nproc)" clang-format --dry-run --Werror 2>&1) || {

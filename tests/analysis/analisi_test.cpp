@@ -98,7 +98,7 @@ void confronta(const Giocate& giocate, int estratti, const Analisi& a) {
     }
 }
 
-TEST(Analisi, come_contando_ogni_insieme_su_sistemi_a_caso) {
+TEST(Analisi, ComeContandoOgniInsiemeSuSistemiACaso) {
     Caso caso(1);  // NOLINT: the same systems every run
     for (int prova = 0; prova < 300; ++prova) {
         const int numeri = 3 + prova % 4;
@@ -114,7 +114,7 @@ TEST(Analisi, come_contando_ogni_insieme_su_sistemi_a_caso) {
     }
 }
 
-TEST(Analisi, tutte_le_estrazioni_del_gioco) {
+TEST(Analisi, TutteLeEstrazioniDelGioco) {
     Caso caso(2);  // NOLINT: the same systems every run
     for (int numeri = 3; numeri <= 6; ++numeri) {
         const Giocate giocate = prepara(prova::righe_a_caso(caso, 20, 4, 9, numeri, 2), numeri);
@@ -130,7 +130,7 @@ TEST(Analisi, tutte_le_estrazioni_del_gioco) {
     }
 }
 
-TEST(Analisi, una_combinazione_sola) {
+TEST(Analisi, UnaCombinazioneSola) {
     const Analisi a = analizzato(prepara({{4, 17, 23, 38, 61, 90}}, 6), 6);
     // The numbers of the game's own tables.
     EXPECT_EQ(a.distribuzione.estrazioni(6), 1U);
@@ -143,7 +143,7 @@ TEST(Analisi, una_combinazione_sola) {
     EXPECT_NEAR(a.medie.combinazioni[5], 498.0 / 622614630, 1e-15);
 }
 
-TEST(Analisi, ogni_tabella_su_una_linea_vince_come_la_sua_tavola) {
+TEST(Analisi, OgniTabellaSuUnaLineaVinceComeLaSuaTavola) {
     int tabelle = 0;
     for (const auto& voce : std::filesystem::directory_iterator(SUITE_DIR "/ridotti")) {
         const auto nome = development::leggi_nome(voce.path().string());
@@ -181,7 +181,7 @@ TEST(Analisi, ogni_tabella_su_una_linea_vince_come_la_sua_tavola) {
     EXPECT_EQ(tabelle, 136);
 }
 
-TEST(Analisi, cinque_piu_uno_come_contando) {
+TEST(Analisi, CinquePiuUnoComeContando) {
     Caso caso(3);  // NOLINT: the same systems every run
     for (int prova = 0; prova < 60; ++prova) {
         const int in_gioco = 7 + prova::a_caso(caso, 7);
@@ -213,7 +213,7 @@ TEST(Analisi, cinque_piu_uno_come_contando) {
     }
 }
 
-TEST(Analisi, estrazioni_a_caso_vanno_d_accordo) {
+TEST(Analisi, EstrazioniACasoVannoDAccordo) {
     const char* richieste = std::getenv("TABELLINO_ESTRAZIONI");
     const int prove = richieste != nullptr ? std::atoi(richieste) : 2000;
     // Few numbers in play keep the walk short where nobody asked for more draws.
@@ -243,7 +243,7 @@ TEST(Analisi, estrazioni_a_caso_vanno_d_accordo) {
     }
 }
 
-TEST(Analisi, si_ferma_dovunque) {
+TEST(Analisi, SiFermaDovunque) {
     Caso caso(5);  // NOLINT: the same system every run
     const Giocate giocate = prepara(prova::righe_a_caso(caso, 30, 6, 9, 6, 1), 6);
     int passi = 0;
@@ -263,7 +263,7 @@ TEST(Analisi, si_ferma_dovunque) {
     }
 }
 
-TEST(Medie, quanto_torna_di_ogni_euro) {
+TEST(Medie, QuantoTornaDiOgniEuro) {
     const Medie medie = calcola_medie(1000, 5, 5);
     EXPECT_NEAR(medie.combinazioni[5], 1000.0 / 43949268, 1e-12);
     EXPECT_EQ(medie.cinque_piu_uno, 0);

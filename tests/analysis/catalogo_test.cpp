@@ -19,7 +19,7 @@ std::size_t posto(const Catalogo& c, const std::string& nome) {
     return static_cast<std::size_t>(dove - c.tabelle().begin());
 }
 
-TEST(Catalogo, ha_tutte_le_tabelle_dette_e_poi_le_economiche) {
+TEST(Catalogo, HaTutteLeTabelleDetteEPoiLeEconomiche) {
     const Catalogo c(spedite, Gioco(), 9);
     std::vector<std::string> nomi;
     for (const auto& t : c.tabelle()) nomi.push_back(t.nome);
@@ -41,7 +41,7 @@ TEST(Catalogo, ha_tutte_le_tabelle_dette_e_poi_le_economiche) {
     EXPECT_GE(undici.risparmio(undici.tabelle()[posto(undici, "cr1101")]), 12);
 }
 
-TEST(Catalogo, vincite_e_prova_di_una_tabella) {
+TEST(Catalogo, VinciteEProvaDiUnaTabella) {
     const Catalogo c(spedite, Gioco::lotto(3), 7);
     const std::size_t quale = posto(c, "tr0701");
     const auto vincite = c.vincite(quale);
@@ -54,7 +54,7 @@ TEST(Catalogo, vincite_e_prova_di_una_tabella) {
     EXPECT_EQ(c.prova(c.tabelle().size()), "");
 }
 
-TEST(Catalogo, una_detta_che_non_vale_si_dice_e_una_guasta_non_c_e) {
+TEST(Catalogo, UnaDettaCheNonValeSiDiceEUnaGuastaNonCE) {
     const support::Cartella cartella;
     const std::string ridotti = cartella.radice() + "/ridotti";
     std::ofstream(ridotti + "/tr0501.rid") << "1,2,3\r\n";

@@ -21,7 +21,7 @@ const Gioco enalotto = Gioco::superenalotto();
 
 }  // namespace
 
-TEST(Confronto, dice_quanto_piu_spesso_e_a_che_prezzo) {
+TEST(Confronto, DiceQuantoPiuSpessoEAChePrezzo) {
     const Misura prima = misura({{1, 2, 3, 4, 5, 6}, {1, 2, 3, 4, 5, 6}});
     const Misura dopo = misura({{1, 2, 3, 4, 5, 6}, {7, 8, 9, 10, 11, 12}});
     const Tavola t = tavola_confronto(prima, dopo, enalotto, 3, {0.5, true});
@@ -36,7 +36,7 @@ TEST(Confronto, dice_quanto_piu_spesso_e_a_che_prezzo) {
     EXPECT_TRUE(t.note[0].starts_with("Per una vincita da 3 punti o meglio si spendono in media"));
 }
 
-TEST(Confronto, senza_ripetizioni_dice_quanto_costano_le_combinazioni_in_piu) {
+TEST(Confronto, SenzaRipetizioniDiceQuantoCostanoLeCombinazioniInPiu) {
     const Misura prima = misura({{1, 2, 3, 4, 5, 6}, {1, 2, 3, 4, 5, 6}});
     const Misura dopo = misura({{1, 2, 3, 4, 5, 6}, {7, 8, 9, 10, 11, 12}});
     const Tavola t = tavola_confronto(prima, dopo, enalotto, 3, {0.5, false});
@@ -47,7 +47,7 @@ TEST(Confronto, senza_ripetizioni_dice_quanto_costano_le_combinazioni_in_piu) {
               "0,50 euro in più.");
 }
 
-TEST(Confronto, una_frase_per_ogni_esito) {
+TEST(Confronto, UnaFrasePerOgniEsito) {
     Disposizione d;
     d.prima = misura({{1, 2, 3, 4, 5, 6}});
     d.dopo = misura({{1, 2, 3, 4, 5, 6}, {7, 8, 9, 10, 11, 12}});

@@ -92,7 +92,7 @@ void conta_di_nuovo(const RichiestaDisposizione& r, const Disposizione& d) {
 
 }  // namespace
 
-TEST(Disposizione, cinquecento_sistemi_a_caso_tengono_tutto_e_non_peggiorano) {
+TEST(Disposizione, CinquecentoSistemiACasoTengonoTuttoENonPeggiorano) {
     Caso caso(1);  // NOLINT: the same systems every run
     std::map<Disposta, int> esiti;
     int provati = 0;
@@ -119,7 +119,7 @@ TEST(Disposizione, cinquecento_sistemi_a_caso_tengono_tutto_e_non_peggiorano) {
     EXPECT_GT(esiti[Disposta::uguale], 0);
 }
 
-TEST(Disposizione, lo_stesso_seme_fa_lo_stesso_cruciverba) {
+TEST(Disposizione, LoStessoSemeFaLoStessoCruciverba) {
     RichiestaDisposizione r = richiesta(piccolo(), 20000);
     const Disposizione prima = disponi(r);
     const Disposizione dopo = disponi(r);
@@ -130,7 +130,7 @@ TEST(Disposizione, lo_stesso_seme_fa_lo_stesso_cruciverba) {
     EXPECT_NE(disponi(r).matrice, prima.matrice);
 }
 
-TEST(Disposizione, vince_di_piu_di_quanto_e_servito_a_mostrarlo) {
+TEST(Disposizione, VinceDiPiuDiQuantoEServitoAMostrarlo) {
     const Disposizione d = disponi(richiesta(piccolo(18), 200000));
     ASSERT_EQ(d.esito, Disposta::migliorata);
     EXPECT_GT(d.dopo.almeno(3), 1.1 * d.prima.almeno(3));
@@ -138,7 +138,7 @@ TEST(Disposizione, vince_di_piu_di_quanto_e_servito_a_mostrarlo) {
     EXPECT_LT(d.passi, 201000U);
 }
 
-TEST(Disposizione, fermata_tiene_il_meglio_trovato_e_annullata_lascia_tutto) {
+TEST(Disposizione, FermataTieneIlMeglioTrovatoEAnnullataLasciaTutto) {
     for (const Ordine ordine : {Ordine::basta, Ordine::annulla}) {
         for (const int quando : {1, 2, 5, 40, 200}) {
             const RichiestaDisposizione r = richiesta(piccolo(), 0);
@@ -155,7 +155,7 @@ TEST(Disposizione, fermata_tiene_il_meglio_trovato_e_annullata_lascia_tutto) {
     }
 }
 
-TEST(Disposizione, l_andamento_cresce_fino_a_quanto_si_conta_alla_fine) {
+TEST(Disposizione, LAndamentoCresceFinoAQuantoSiContaAllaFine) {
     const RichiestaDisposizione r = richiesta(piccolo(18), 50000);
     Andamento ultimo;
     int volte_dette = 0;
@@ -174,7 +174,7 @@ TEST(Disposizione, l_andamento_cresce_fino_a_quanto_si_conta_alla_fine) {
     EXPECT_LE(ultimo.migliore, d.dopo.almeno(3));
 }
 
-TEST(Disposizione, rifiuta_cio_che_non_puo_disporre) {
+TEST(Disposizione, RifiutaCioCheNonPuoDisporre) {
     systems::Sistema s = piccolo();
     s.matrice.scrivi(3, 3, 0);
     EXPECT_EQ(disponi(richiesta(s, 100)).esito, Disposta::incompleta);
@@ -205,7 +205,7 @@ TEST(Disposizione, rifiuta_cio_che_non_puo_disporre) {
     EXPECT_EQ(disponi(r).esito, Disposta::senza_tabelle);
 }
 
-TEST(Disposizione, con_tutte_le_caselle_ferme_resta_com_era) {
+TEST(Disposizione, ConTutteLeCaselleFermeRestaComEra) {
     RichiestaDisposizione r = richiesta(piccolo(), 0);
     r.ferme.assign(49, true);
     const Disposizione d = disponi(r);
@@ -214,7 +214,7 @@ TEST(Disposizione, con_tutte_le_caselle_ferme_resta_com_era) {
     EXPECT_GT(d.prima.almeno(3), 0);
 }
 
-TEST(Disposizione, le_tabelle_che_mancano_non_contano) {
+TEST(Disposizione, LeTabelleCheMancanoNonContano) {
     systems::Sistema s = piccolo();
     s.tipo_righe = 7;  // of which lines of seven have no table
     const RichiestaDisposizione r = richiesta(s, 3000);
@@ -223,7 +223,7 @@ TEST(Disposizione, le_tabelle_che_mancano_non_contano) {
     EXPECT_LE(d.dopo.combinazioni, 67U);
 }
 
-TEST(Disposizione, pareggia_porta_i_numeri_piu_alla_pari) {
+TEST(Disposizione, PareggiaPortaINumeriPiuAllaPari) {
     Caso caso(9);  // NOLINT: the same crossword every run
     systems::Sistema s = piccolo(20, 8);
     RichiestaDisposizione r = richiesta(s, 60000);
@@ -235,7 +235,7 @@ TEST(Disposizione, pareggia_porta_i_numeri_piu_alla_pari) {
     EXPECT_GT(libere.dopo.almeno(3), fisse.prima.almeno(3));
 }
 
-TEST(Disposizione, con_i_secondi_finisce_quando_lo_dice_l_orologio) {
+TEST(Disposizione, ConISecondiFinisceQuandoLoDiceLOrologio) {
     int chiesto = 0;
     const platform::Ripristina orologio(platform::ambiente().orologio,
                                         [&] { return static_cast<double>(++chiesto); });

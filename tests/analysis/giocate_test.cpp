@@ -20,7 +20,7 @@ protected:
     Giocate giocate;
 };
 
-TEST_F(Giocato, ranghi_dei_numeri_in_gioco_nell_ordine_del_file) {
+TEST_F(Giocato, RanghiDeiNumeriInGiocoNellOrdineDelFile) {
     ASSERT_EQ(leggi("4,17,23,38,61,90\r\n1,4,17,23,38,61\r\n"), Lettura::letta);
     EXPECT_EQ(giocate.in_gioco, (std::vector<std::uint8_t>{1, 4, 17, 23, 38, 61, 90}));
     EXPECT_EQ(giocate.combinazioni, (std::vector<Ranghi>{{1, 2, 3, 4, 5, 6}, {0, 1, 2, 3, 4, 5}}));
@@ -28,14 +28,14 @@ TEST_F(Giocato, ranghi_dei_numeri_in_gioco_nell_ordine_del_file) {
     EXPECT_EQ(giocate.guaste, 0);
 }
 
-TEST_F(Giocato, le_ripetute_stanno_a_parte) {
+TEST_F(Giocato, LeRipetuteStannoAParte) {
     ASSERT_EQ(leggi("1,2,3\r\n1,2,4\r\n1,2,3\r\n1,2,3\r\n", 3), Lettura::letta);
     EXPECT_EQ(giocate.combinazioni.size(), 2U);
     EXPECT_EQ(giocate.ripetute.size(), 2U);
     EXPECT_EQ(giocate.righe(), 4U);
 }
 
-TEST_F(Giocato, righe_guaste_si_saltano_e_si_contano) {
+TEST_F(Giocato, RigheGuasteSiSaltanoESiContano) {
     ASSERT_EQ(leggi("1,2,3,4,5,6\r\n1,2,3,4,5,91\r\n1,2,3,4,5,5\r\n0,2,3,4,5,6\r\n"
                     "2,1,3,4,5,6\r\n-1,2,3,4,5,6\r\n7,8,9,10,11,99999\r\n1,2,3,4,5,7\r\n1,2\r\n"),
               Lettura::letta);
@@ -43,7 +43,7 @@ TEST_F(Giocato, righe_guaste_si_saltano_e_si_contano) {
     EXPECT_EQ(giocate.guaste, 7);
 }
 
-TEST_F(Giocato, assente_vuoto_e_senza_combinazioni) {
+TEST_F(Giocato, AssenteVuotoESenzaCombinazioni) {
     EXPECT_EQ(leggi_giocate(cartella.file("altro.col"), 6, giocate), Lettura::assente);
     EXPECT_EQ(leggi_giocate(cartella.programma(), 6, giocate), Lettura::assente);
     EXPECT_EQ(leggi("1,2,3,4,5,6\r\n", 7), Lettura::assente);
@@ -53,7 +53,7 @@ TEST_F(Giocato, assente_vuoto_e_senza_combinazioni) {
     EXPECT_EQ(leggi(std::string(100000, '\0')), Lettura::vuota);
 }
 
-TEST_F(Giocato, troppe_combinazioni_si_rifiutano_a_memoria_misurata) {
+TEST_F(Giocato, TroppeCombinazioniSiRifiutanoAMemoriaMisurata) {
     std::string testo;
     for (std::size_t i = 0; i <= combinazioni_massime; ++i) testo += "1,2,3\r\n";
     EXPECT_EQ(leggi(testo, 3), Lettura::troppo_grande);
@@ -64,7 +64,7 @@ TEST_F(Giocato, troppe_combinazioni_si_rifiutano_a_memoria_misurata) {
     EXPECT_EQ(leggi_giocate(vuoto, 6, giocate, [] { return false; }), Lettura::troppo_grande);
 }
 
-TEST_F(Giocato, si_ferma_quando_richiesto) {
+TEST_F(Giocato, SiFermaQuandoRichiesto) {
     std::string testo;
     for (int i = 0; i < 20000; ++i) testo += "1,2,3,4,5,6\r\n";
     cartella.scrivi("s.col", testo);
@@ -74,7 +74,7 @@ TEST_F(Giocato, si_ferma_quando_richiesto) {
     EXPECT_EQ(passi, 3);
 }
 
-TEST_F(Giocato, un_file_che_cambia_mentre_si_legge) {
+TEST_F(Giocato, UnFileCheCambiaMentreSiLegge) {
     std::string testo;
     for (int i = 0; i < 5000; ++i) testo += "1,2,3,4,5,6\r\n";
     cartella.scrivi("s.col", testo);

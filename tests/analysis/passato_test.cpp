@@ -29,7 +29,7 @@ protected:
     platform::Database database;
 };
 
-TEST_F(Passato, superenalotto_in_ordine_con_il_jolly) {
+TEST_F(Passato, SuperenalottoInOrdineConIlJolly) {
     archivio({{},
               {},
               {{"2010-12-31", "70", "8", "33", "21", "44", "90", "15", "3", "1234"},
@@ -45,7 +45,7 @@ TEST_F(Passato, superenalotto_in_ordine_con_il_jolly) {
     EXPECT_EQ(tutte[1].jolly, 15);
 }
 
-TEST_F(Passato, lotto_per_ruota_e_per_tutte) {
+TEST_F(Passato, LottoPerRuotaEPerTutte) {
     archivio({{{"2001-01-03", "BA", "1", "2", "3", "4", "5", "3"},
                {"2001-01-03", "RM", "6", "7", "8", "9", "10", "3"},
                {"2001-01-05", "BA", "11", "12", "13", "14", "15", "4"},
@@ -63,7 +63,7 @@ TEST_F(Passato, lotto_per_ruota_e_per_tutte) {
     EXPECT_TRUE(leggi(Gioco::lotto(5), "GE").empty());
 }
 
-TEST_F(Passato, numeri_che_non_sono_del_gioco_restano_vuoti) {
+TEST_F(Passato, NumeriCheNonSonoDelGiocoRestanoVuoti) {
     archivio({{},
               {},
               {{"2010-12-31", "0", "91", "-5", "21", "<null>", "90", "<null>", "3", "1"},
@@ -75,13 +75,13 @@ TEST_F(Passato, numeri_che_non_sono_del_gioco_restano_vuoti) {
     EXPECT_EQ(tutte[0].jolly, 0);
 }
 
-TEST_F(Passato, senza_archivio_nessuna_estrazione) {
+TEST_F(Passato, SenzaArchivioNessunaEstrazione) {
     std::vector<Estrazione> tutte(3);
     EXPECT_FALSE(leggi_passato(database, Gioco::superenalotto(), "", tutte).ok());
     EXPECT_TRUE(tutte.empty());
 }
 
-TEST_F(Passato, la_posizione_di_chi_legge_gia_non_si_muove) {
+TEST_F(Passato, LaPosizioneDiChiLeggeGiaNonSiMuove) {
     archivio({{},
               {},
               {{"2010-12-31", "70", "8", "33", "21", "44", "90", "15", "3", "1234"},

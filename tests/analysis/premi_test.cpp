@@ -9,7 +9,7 @@ using crossword::Gioco;
 
 namespace {
 
-TEST(Premi, testi_ammessi) {
+TEST(Premi, TestiAmmessi) {
     EXPECT_EQ(leggi_premio("25"), 25.0);
     EXPECT_EQ(leggi_premio("25,4"), 25.4);
     EXPECT_EQ(leggi_premio("0,05"), 0.05);
@@ -24,7 +24,7 @@ TEST(Premi, testi_ammessi) {
     EXPECT_EQ(testo_premio(0), "");
 }
 
-TEST(Premi, quelli_degli_altri_giochi_restano) {
+TEST(Premi, QuelliDegliAltriGiochiRestano) {
     const support::Cartella cartella;
     Premi sei;
     sei.premio[3] = 25.4;
@@ -42,7 +42,7 @@ TEST(Premi, quelli_degli_altri_giochi_restano) {
     EXPECT_EQ(leggi_premi(cartella.programma(), Gioco::lotto(4)).premio[2], 0);
 }
 
-TEST(Premi, un_file_guasto_non_fa_danno) {
+TEST(Premi, UnFileGuastoNonFaDanno) {
     const support::Cartella cartella;
     const auto letti = [&](const std::string& contenuto) {
         cartella.scrivi("premi.dat", contenuto);
@@ -57,7 +57,7 @@ TEST(Premi, un_file_guasto_non_fa_danno) {
     EXPECT_EQ(leggi_premi(cartella.programma() + "/manca", Gioco::superenalotto()).premio[3], 0);
 }
 
-TEST(Premi, categorie_di_ogni_gioco) {
+TEST(Premi, CategorieDiOgniGioco) {
     EXPECT_EQ(categorie(Gioco::superenalotto()).size(), 6U);
     EXPECT_EQ(categorie(Gioco::superenalotto())[1].nome, "5 + 1");
     EXPECT_EQ(categorie(Gioco::lotto(3)).front().nome, "terno");

@@ -24,7 +24,7 @@ Analisi una_sestina() {
     return analisi_di({{1, 2, 3, 4, 5, 6}}, enalotto);
 }
 
-TEST(Relazione, percento_mai_arrotondato_a_tutto) {
+TEST(Relazione, PercentoMaiArrotondatoATutto) {
     EXPECT_EQ(percento(0, 4), "0 %");
     EXPECT_EQ(percento(4, 4), "100 %");
     EXPECT_EQ(percento(1, 3), "33,33 %");
@@ -33,7 +33,7 @@ TEST(Relazione, percento_mai_arrotondato_a_tutto) {
     EXPECT_EQ(percento(1, 0), "");
 }
 
-TEST(Relazione, una_sestina_in_tutte_le_estrazioni) {
+TEST(Relazione, UnaSestinaInTutteLeEstrazioni) {
     const Tavola t = tavola_estrazioni(una_sestina(), enalotto);
     EXPECT_EQ(t.titolo, "Tutte le 622.614.630 estrazioni possibili");
     ASSERT_EQ(t.righe.size(), 7U);
@@ -51,7 +51,7 @@ TEST(Relazione, una_sestina_in_tutte_le_estrazioni) {
               "1 su 103.769.105. Qui sopra stanno fra i 5 punti.");
 }
 
-TEST(Relazione, garanzie_in_parole) {
+TEST(Relazione, GaranzieInParole) {
     const Tavola t = tavola_garanzie(una_sestina(), enalotto);
     EXPECT_EQ(t.righe, (Righe{{"1", "almeno 1 punto", "almeno 1 combinazione", "6"},
                               {"2", "almeno 2 punti", "almeno 1 combinazione", "15"},
@@ -61,7 +61,7 @@ TEST(Relazione, garanzie_in_parole) {
                               {"6", "almeno 6 punti", "almeno 1 combinazione", "1"}}));
 }
 
-TEST(Relazione, buchi_ed_esempi_nel_lotto) {
+TEST(Relazione, BuchiEdEsempiNelLotto) {
     const Gioco terzine = Gioco::lotto(3);
     // Two that share nothing: a pair with a number of each side is a hole.
     const Analisi a = analisi_di({{1, 2, 3}, {7, 8, 9}}, terzine);
@@ -81,14 +81,14 @@ TEST(Relazione, buchi_ed_esempi_nel_lotto) {
               (std::vector<std::string>{"2", "0", "9", "6", ""}));
 }
 
-TEST(Relazione, niente_garantito_si_dice) {
+TEST(Relazione, NienteGarantitoSiDice) {
     const Gioco gioco = Gioco::lotto(5);
     const Analisi a = analisi_di({{1, 2, 3, 4, 5}}, gioco);
     const Tavola buchi = tavola_buchi(a, gioco);
     for (const auto& riga : buchi.righe) EXPECT_EQ(riga[2], "nessuno") << riga[0];
 }
 
-TEST(Relazione, il_ritorno_sotto_uno_e_detto) {
+TEST(Relazione, IlRitornoSottoUnoEDetto) {
     const Analisi a = una_sestina();
     Premi premi;
     EXPECT_EQ(frase_ritorno(a, premi, 1),
@@ -108,13 +108,13 @@ TEST(Relazione, il_ritorno_sotto_uno_e_detto) {
     EXPECT_EQ(t.note[0], "Spesa per estrazione: 1,00 euro.");
 }
 
-TEST(Relazione, riassunto_in_una_riga) {
+TEST(Relazione, RiassuntoInUnaRiga) {
     EXPECT_EQ(riassunto(una_sestina(), enalotto),
               "Analisi: 3 punti o meglio nel 0,3146 % delle estrazioni; con 6 numeri usciti almeno "
               "6 punti");
 }
 
-TEST(Relazione, righe_guaste_sono_dette) {
+TEST(Relazione, RigheGuasteSonoDette) {
     const Analisi a = analisi_di({{1, 2, 3, 4, 5, 6}, {6, 5, 4, 3, 2, 1}}, enalotto);
     EXPECT_EQ(tavola_sistema(a, enalotto).note,
               std::vector<std::string>{
@@ -127,7 +127,7 @@ Estrazione estrazione(int concorso, const std::string& data, const std::string& 
     return {concorso, data, ruota, numeri, jolly};
 }
 
-TEST(Relazione, passato_di_tutte_le_ruote) {
+TEST(Relazione, PassatoDiTutteLeRuote) {
     const Gioco gioco = Gioco::lotto(3);
     Giocate giocate;
     ASSERT_EQ(prepara_giocate(std::vector<std::array<std::int16_t, 6>>{{1, 2, 3}}, 3, giocate),
@@ -161,7 +161,7 @@ TEST(Relazione, passato_di_tutte_le_ruote) {
               (Righe{{"2020", "4", "1", "25 %", "terno"}, {"2021", "5", "1", "20 %", "ambo"}}));
 }
 
-TEST(Relazione, passato_del_superenalotto_con_il_jolly) {
+TEST(Relazione, PassatoDelSuperenalottoConIlJolly) {
     Giocate giocate;
     ASSERT_EQ(
         prepara_giocate(std::vector<std::array<std::int16_t, 6>>{{1, 2, 3, 4, 5, 6}}, 6, giocate),
@@ -180,7 +180,7 @@ TEST(Relazione, passato_del_superenalotto_con_il_jolly) {
                                         "4 punti", "3 punti"}));
 }
 
-TEST(Relazione, archivio_vuoto) {
+TEST(Relazione, ArchivioVuoto) {
     Storico s;
     const Tavola t = tavola_categorie(s, {}, enalotto);
     EXPECT_EQ(t.note, std::vector<std::string>{"L'archivio non ha estrazioni da esaminare."});
@@ -189,7 +189,7 @@ TEST(Relazione, archivio_vuoto) {
               std::vector<std::string>{"Nessuna estrazione ha una vincita."});
 }
 
-TEST(Relazione, testo_incolonnato) {
+TEST(Relazione, TestoIncolonnato) {
     const Tavola una{
         "Città", {"Nome", "Quanti"}, {{"però", "7"}, {"no", "1.000"}}, {"una nota che va a capo"}};
     EXPECT_EQ(

@@ -57,7 +57,7 @@ std::uint64_t gruppi_coperti(const Giocate& giocate, int t) {
 
 }  // namespace
 
-TEST(Ricerca, due_caselle_sono_in_linea_quando_l_una_sbarra_l_altra) {
+TEST(Ricerca, DueCaselleSonoInLineaQuandoLUnaSbarraLAltra) {
     for (const auto& [colonne, righe] : {std::pair{5, 5}, {6, 6}, {7, 7}, {8, 6}, {15, 15}}) {
         for (const Gioco gioco : {Gioco::superenalotto(), Gioco::lotto(3)}) {
             const Schema schema(integrale(gioco, Matrice(colonne, righe)), tabelle);
@@ -77,7 +77,7 @@ TEST(Ricerca, due_caselle_sono_in_linea_quando_l_una_sbarra_l_altra) {
     }
 }
 
-TEST(Ricerca, lo_schema_gioca_le_righe_delle_tabelle_per_rango) {
+TEST(Ricerca, LoSchemaGiocaLeRigheDelleTabellePerRango) {
     Caso caso(3);  // NOLINT: the same systems every run
     for (int prova = 0; prova < 60; ++prova) {
         const auto s = prova::sistema(caso, 9, 12);
@@ -113,7 +113,7 @@ TEST(Ricerca, lo_schema_gioca_le_righe_delle_tabelle_per_rango) {
     }
 }
 
-TEST(Ricerca, le_stime_seguono_gli_scambi_come_fatte_di_nuovo) {
+TEST(Ricerca, LeStimeSeguonoGliScambiComeFatteDiNuovo) {
     Caso caso(4);  // NOLINT: the same systems every run
     for (int prova = 0; prova < 40; ++prova) {
         const auto s = prova::sistema(caso, 9, 12);
@@ -133,7 +133,7 @@ TEST(Ricerca, le_stime_seguono_gli_scambi_come_fatte_di_nuovo) {
     }
 }
 
-TEST(Ricerca, un_milione_di_passi_sotto_la_regola) {
+TEST(Ricerca, UnMilioneDiPassiSottoLaRegola) {
     Caso caso(6);  // NOLINT: the same crosswords every run
     const std::vector<std::array<int, 3>> misure = {{5, 5, 9},  {6, 6, 12},   {7, 7, 14},
                                                     {9, 6, 10}, {15, 15, 40}, {15, 15, 90}};
@@ -165,7 +165,7 @@ TEST(Ricerca, un_milione_di_passi_sotto_la_regola) {
     EXPECT_GT(fatti, 100000U);
 }
 
-TEST(Ricerca, numbers_of_a_group_take_the_places_of_that_group_only) {
+TEST(Ricerca, NumbersOfAGroupTakeThePlacesOfThatGroupOnly) {
     Caso caso(12);  // NOLINT: the same crosswords every run
     crossword::Classi classi{};
     for (std::size_t n = 1; n < classi.size(); ++n) {
@@ -189,7 +189,7 @@ TEST(Ricerca, numbers_of_a_group_take_the_places_of_that_group_only) {
     }
 }
 
-TEST(Ricerca, dove_nessuno_scambio_e_lecito_restano_le_catene) {
+TEST(Ricerca, DoveNessunoScambioELecitoRestanoLeCatene) {
     // A Latin square without diagonals, but for its seventh row: every swap breaks a line.
     Matrice m(6, 7);
     for (int i = 0; i < 42; ++i) {
@@ -206,7 +206,7 @@ TEST(Ricerca, dove_nessuno_scambio_e_lecito_restano_le_catene) {
     EXPECT_TRUE(regolare(matrice(ricerca.celle(), 6, 7)));
 }
 
-TEST(Ricerca, quando_la_stima_cala_il_conto_cresce) {
+TEST(Ricerca, QuandoLaStimaCalaIlContoCresce) {
     Caso caso(8);  // NOLINT: the same crosswords every run
     for (int prova = 0; prova < 10; ++prova) {
         const auto m = prova::cruciverba(caso, 7, 7, prova::numeri_a_caso(caso, 16));

@@ -40,7 +40,7 @@ Giocate giocate_di(const std::vector<Riga>& righe, int numeri) {
     return giocate;
 }
 
-TEST(Storico, ogni_estrazione_come_lo_spoglio) {
+TEST(Storico, OgniEstrazioneComeLoSpoglio) {
     const support::Cartella cartella;
     Caso caso(1);  // NOLINT: the same systems every run
     for (int prova = 0; prova < 20; ++prova) {
@@ -73,7 +73,7 @@ TEST(Storico, ogni_estrazione_come_lo_spoglio) {
     }
 }
 
-TEST(Storico, i_fatti_notevoli) {
+TEST(Storico, IFattiNotevoli) {
     // Wins are 3 hits or more; the draws name their best result.
     const Mappe mappe(giocate_di({{1, 2, 3, 4, 5, 6}, {1, 2, 3, 4, 5, 7}}, 6));
     const auto estrazione = [](std::array<std::uint8_t, 6> numeri, std::uint8_t jolly) {
@@ -111,7 +111,7 @@ TEST(Storico, i_fatti_notevoli) {
     EXPECT_EQ(s.esiti[8].migliore(), 0);
 }
 
-TEST(Storico, nessuna_estrazione_e_arresto) {
+TEST(Storico, NessunaEstrazioneEArresto) {
     const Mappe mappe(giocate_di({{1, 2, 3}}, 3));
     Storico s;
     ASSERT_TRUE(calcola_storico(mappe, {}, 2, 2, s));
@@ -123,7 +123,7 @@ TEST(Storico, nessuna_estrazione_e_arresto) {
     EXPECT_EQ(passi, 3);
 }
 
-TEST(Storico, non_piu_di_dieci_migliori) {
+TEST(Storico, NonPiuDiDieciMigliori) {
     const Mappe mappe(giocate_di({{1, 2, 3}}, 3));
     Estrazione e;
     e.numeri = {1, 2, 80, 81, 82, 0};

@@ -23,7 +23,7 @@ Classi pari_e_dispari() {
 
 }  // namespace
 
-TEST(Classi, other_numbers_of_the_same_groups_on_each_line_are_the_same) {
+TEST(Classi, OtherNumbersOfTheSameGroupsOnEachLineAreTheSame) {
     const Classi classi = pari_e_dispari();
     const Matrice m = griglia({1, 2, 4, 3});
     EXPECT_TRUE(stesse_classi(m, m, classi));
@@ -31,14 +31,14 @@ TEST(Classi, other_numbers_of_the_same_groups_on_each_line_are_the_same) {
     EXPECT_TRUE(stesse_classi(m, griglia({90, 89, 3, 2}), classi));
 }
 
-TEST(Classi, a_row_or_a_column_with_more_of_one_group_is_another) {
+TEST(Classi, ARowOrAColumnWithMoreOfOneGroupIsAnother) {
     const Classi classi = pari_e_dispari();
     EXPECT_FALSE(stesse_classi(griglia({1, 2, 4, 3}), griglia({1, 3, 4, 2}), classi));
     EXPECT_FALSE(stesse_classi(griglia({1, 3, 2, 4}), griglia({1, 2, 3, 4}), classi));
     EXPECT_FALSE(stesse_classi(griglia({1, 2, 3, 4}), griglia({1, 3, 2, 4}), classi));
 }
 
-TEST(Classi, other_sizes_and_empty_cells_are_never_the_same) {
+TEST(Classi, OtherSizesAndEmptyCellsAreNeverTheSame) {
     const Classi classi{};
     EXPECT_TRUE(stesse_classi(griglia({1, 2, 3, 4}), griglia({4, 3, 2, 1}), classi));
     EXPECT_FALSE(stesse_classi(Matrice(2, 3), griglia({1, 2, 3, 4}), classi));

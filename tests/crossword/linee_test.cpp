@@ -82,7 +82,7 @@ std::set<std::pair<int, int>> caselle(int lato_x, int lato_y, int r, int c) {
     return trovate;
 }
 
-TEST(NumeriSulleLinee, come_la_definizione_in_ogni_casella_di_ogni_misura) {
+TEST(NumeriSulleLinee, ComeLaDefinizioneInOgniCasellaDiOgniMisura) {
     for (int c = 5; c <= 15; ++c) {
         for (int r = 5; r <= 15; ++r) {
             // Three numberings, so that grids of more than 90 cells hide nothing.
@@ -99,7 +99,7 @@ TEST(NumeriSulleLinee, come_la_definizione_in_ogni_casella_di_ogni_misura) {
     }
 }
 
-TEST(NumeriSulleLinee, nella_sei_per_sei_riga_colonna_e_diagonale_soltanto) {
+TEST(NumeriSulleLinee, NellaSeiPerSeiRigaColonnaEDiagonaleSoltanto) {
     std::set<std::pair<int, int>> attese;
     for (int i = 0; i < 6; ++i) {
         attese.insert({2, i});
@@ -110,7 +110,7 @@ TEST(NumeriSulleLinee, nella_sei_per_sei_riga_colonna_e_diagonale_soltanto) {
     EXPECT_EQ(caselle(6, 6, 2, 2), attese);
 }
 
-TEST(NumeriSulleLinee, nella_sette_per_sette_anche_la_diagonale_adiacente) {
+TEST(NumeriSulleLinee, NellaSettePerSetteAncheLaDiagonaleAdiacente) {
     std::set<std::pair<int, int>> attese;
     for (int i = 0; i < 7; ++i) {
         attese.insert({3, i});
@@ -122,7 +122,7 @@ TEST(NumeriSulleLinee, nella_sette_per_sette_anche_la_diagonale_adiacente) {
     EXPECT_EQ(caselle(7, 7, 2, 3), attese);
 }
 
-TEST(NumeriSulleLinee, nella_sei_per_otto_nessuna_diagonale) {
+TEST(NumeriSulleLinee, NellaSeiPerOttoNessunaDiagonale) {
     std::set<std::pair<int, int>> attese;
     for (int y = 0; y < 8; ++y) attese.insert({2, y});
     for (int x = 0; x < 6; ++x) attese.insert({x, 2});
@@ -130,7 +130,7 @@ TEST(NumeriSulleLinee, nella_sei_per_otto_nessuna_diagonale) {
     EXPECT_EQ(caselle(6, 8, 2, 2), attese);
 }
 
-TEST(NumeriSulleLinee, una_casella_su_piu_linee_le_subisce_tutte) {
+TEST(NumeriSulleLinee, UnaCasellaSuPiuLineeLeSubisceTutte) {
     // The middle cell of a 7 x 7 grid lies on both long diagonals.
     const auto viste = caselle(7, 7, 3, 3);
     EXPECT_EQ(viste.size(), 24U);
@@ -138,7 +138,7 @@ TEST(NumeriSulleLinee, una_casella_su_piu_linee_le_subisce_tutte) {
     EXPECT_TRUE(viste.contains({6, 0}));
 }
 
-TEST(NumeriSulleLinee, il_numero_della_casella_stessa_resta_permesso) {
+TEST(NumeriSulleLinee, IlNumeroDellaCasellaStessaRestaPermesso) {
     Matrice m(7, 7);
     m.scrivi(3, 2, 18);
     EXPECT_FALSE(numeri_sulle_linee(m, 2, 3).test(18));
@@ -146,12 +146,12 @@ TEST(NumeriSulleLinee, il_numero_della_casella_stessa_resta_permesso) {
     EXPECT_TRUE(numeri_sulle_linee(m, 2, 3).test(18));
 }
 
-TEST(NumeriSulleLinee, una_casella_vuota_segna_lo_zero) {
+TEST(NumeriSulleLinee, UnaCasellaVuotaSegnaLoZero) {
     EXPECT_TRUE(numeri_sulle_linee(Matrice(6, 6), 0, 0).test(0));
     EXPECT_FALSE(numeri_sulle_linee(numerata(6, 6), 0, 0).test(0));
 }
 
-TEST(NumeriSulleLinee, numeri_guasti_e_caselle_inesistenti_non_fanno_danno) {
+TEST(NumeriSulleLinee, NumeriGuastiECaselleInesistentiNonFannoDanno) {
     Matrice m(7, 7);
     m.scrivi(1, 0, 91);
     m.scrivi(2, 0, -1);
@@ -161,7 +161,7 @@ TEST(NumeriSulleLinee, numeri_guasti_e_caselle_inesistenti_non_fanno_danno) {
     EXPECT_TRUE(numeri_sulle_linee(Matrice(), 0, 0).none());
 }
 
-TEST(LineeSviluppo, come_la_definizione_in_ogni_misura_e_gioco) {
+TEST(LineeSviluppo, ComeLaDefinizioneInOgniMisuraEGioco) {
     for (const Gioco gioco : {Gioco::superenalotto(), Gioco::lotto()}) {
         for (int c = 5; c <= 15; ++c) {
             for (int r = 5; r <= 15; ++r) {
@@ -202,30 +202,30 @@ constexpr auto o = Gruppo::orizzontali;
 constexpr auto v = Gruppo::verticali;
 constexpr auto d = Gruppo::diagonali;
 
-TEST(LineeSviluppo, venti_nella_sette_per_sette_del_superenalotto) {
+TEST(LineeSviluppo, VentiNellaSettePerSetteDelSuperenalotto) {
     const auto linee = linee_sviluppo(numerata(7, 7), Gioco());
     EXPECT_EQ(linee.size(), 20U);
     EXPECT_EQ(gruppi(linee), (Gruppi{{o, 7}, {d, 3}, {v, 7}, {d, 3}}));
 }
 
-TEST(LineeSviluppo, sedici_nella_sette_per_sette_del_lotto) {
+TEST(LineeSviluppo, SediciNellaSettePerSetteDelLotto) {
     const auto linee = linee_sviluppo(numerata(7, 7), Gioco::lotto());
     EXPECT_EQ(linee.size(), 16U);
     EXPECT_EQ(gruppi(linee), (Gruppi{{o, 7}, {d, 1}, {v, 7}, {d, 1}}));
 }
 
-TEST(LineeSviluppo, nessuna_adiacente_nella_sei_per_sei) {
+TEST(LineeSviluppo, NessunaAdiacenteNellaSeiPerSei) {
     EXPECT_EQ(gruppi(linee_sviluppo(numerata(6, 6), Gioco())),
               (Gruppi{{o, 6}, {d, 1}, {v, 6}, {d, 1}}));
 }
 
-TEST(LineeSviluppo, rettangolare_righe_da_sei_e_colonne_da_otto) {
+TEST(LineeSviluppo, RettangolareRigheDaSeiEColonneDaOtto) {
     const auto linee = linee_sviluppo(numerata(6, 8), Gioco());
     EXPECT_EQ(gruppi(linee), (Gruppi{{o, 8}, {v, 6}}));
     for (const Linea& linea : linee) EXPECT_EQ(linea.numeri.size(), linea.gruppo == o ? 6U : 8U);
 }
 
-TEST(LineeSviluppo, diagonali_intere_e_adiacenti_con_i_loro_numeri) {
+TEST(LineeSviluppo, DiagonaliIntereEAdiacentiConILoroNumeri) {
     Matrice m(7, 7);
     for (int y = 0; y < 7; ++y) {
         for (int x = 0; x < 7; ++x) m.scrivi(x, y, static_cast<std::int16_t>(10 * x + y + 1));
@@ -245,7 +245,7 @@ TEST(LineeSviluppo, diagonali_intere_e_adiacenti_con_i_loro_numeri) {
     EXPECT_EQ(ordinati(19), (Numeri{17, 26, 35, 44, 53, 62}));
 }
 
-TEST(LineeSviluppo, numeri_che_non_sono_byte_non_passano_per_altri) {
+TEST(LineeSviluppo, NumeriCheNonSonoByteNonPassanoPerAltri) {
     Matrice m(6, 6);
     m.scrivi(0, 0, 300);
     m.scrivi(1, 0, -1);
@@ -254,7 +254,7 @@ TEST(LineeSviluppo, numeri_che_non_sono_byte_non_passano_per_altri) {
               (std::vector<std::uint8_t>{0, 0, 255, 0, 0, 0}));
 }
 
-TEST(Sbarre, dicono_su_quali_linee_sta_un_numero) {
+TEST(Sbarre, DiconoSuQualiLineeStaUnNumero) {
     Matrice m(6, 6);
     m.scrivi(0, 3, 10);
     m.scrivi(2, 0, 20);
@@ -269,7 +269,7 @@ TEST(Sbarre, dicono_su_quali_linee_sta_un_numero) {
     EXPECT_EQ(sbarre(m, 2, 2)[40], nessuna);
 }
 
-TEST(Posa, un_numero_che_sta_su_una_linea_non_entra) {
+TEST(Posa, UnNumeroCheStaSuUnaLineaNonEntra) {
     Matrice m(7, 7);
     ASSERT_TRUE(posa(m, 0, 0, 5));
     const Matrice prima = m;
@@ -285,7 +285,7 @@ TEST(Posa, un_numero_che_sta_su_una_linea_non_entra) {
     EXPECT_EQ(m(2, 1), 5);
 }
 
-TEST(LineeSviluppo, una_matrice_cancellata_non_ha_linee) {
+TEST(LineeSviluppo, UnaMatriceCancellataNonHaLinee) {
     EXPECT_TRUE(linee_sviluppo(Matrice(), Gioco()).empty());
     EXPECT_TRUE(linee_sviluppo(Matrice(), Gioco::lotto()).empty());
 }

@@ -6,7 +6,7 @@ using namespace crossword;
 
 namespace {
 
-TEST(Matrice, nasce_vuota_nelle_misure_chieste) {
+TEST(Matrice, NasceVuotaNelleMisureChieste) {
     const Matrice m(8, 6);
     EXPECT_EQ(m.ubound(1), 7);
     EXPECT_EQ(m.ubound(2), 5);
@@ -17,7 +17,7 @@ TEST(Matrice, nasce_vuota_nelle_misure_chieste) {
     }
 }
 
-TEST(Matrice, il_primo_indice_e_la_colonna) {
+TEST(Matrice, IlPrimoIndiceELaColonna) {
     Matrice m(8, 6);
     EXPECT_TRUE(m.scrivi(7, 5, 90));
     EXPECT_TRUE(m.scrivi(1, 2, 12));
@@ -27,7 +27,7 @@ TEST(Matrice, il_primo_indice_e_la_colonna) {
     EXPECT_EQ(m(2, 1), 0);
 }
 
-TEST(Matrice, fuori_dalla_griglia_si_legge_zero_e_non_si_scrive) {
+TEST(Matrice, FuoriDallaGrigliaSiLeggeZeroENonSiScrive) {
     Matrice m(6, 6);
     for (const auto& [x, y] : {std::pair{-1, 0}, {0, -1}, {6, 0}, {0, 6}, {1 << 30, 1 << 30}}) {
         EXPECT_FALSE(m.scrivi(x, y, 5));
@@ -37,7 +37,7 @@ TEST(Matrice, fuori_dalla_griglia_si_legge_zero_e_non_si_scrive) {
     EXPECT_EQ(m, Matrice(6, 6));
 }
 
-TEST(Matrice, misure_fuori_limite_danno_una_matrice_cancellata) {
+TEST(Matrice, MisureFuoriLimiteDannoUnaMatriceCancellata) {
     for (const auto& [c, r] : {std::pair{0, 6}, {6, 0}, {-1, 6}, {257, 6}, {6, 257}}) {
         const Matrice m(c, r);
         EXPECT_EQ(m, Matrice());
@@ -48,12 +48,12 @@ TEST(Matrice, misure_fuori_limite_danno_una_matrice_cancellata) {
     EXPECT_EQ(Matrice(256, 256).ubound(1), 255);
 }
 
-TEST(Matrice, quadrata_con_misure_uguali) {
+TEST(Matrice, QuadrataConMisureUguali) {
     EXPECT_TRUE(Matrice(7, 7).quadrata());
     EXPECT_FALSE(Matrice(6, 8).quadrata());
 }
 
-TEST(CruciverbaCompleto, una_sola_casella_vuota_lo_nega) {
+TEST(CruciverbaCompleto, UnaSolaCasellaVuotaLoNega) {
     Matrice m(6, 8);
     for (int x = 0; x < 6; ++x) {
         for (int y = 0; y < 8; ++y) {
@@ -66,7 +66,7 @@ TEST(CruciverbaCompleto, una_sola_casella_vuota_lo_nega) {
     EXPECT_FALSE(cruciverba_completo(m));
 }
 
-TEST(NumeriInGioco, sette_quarantacinque_sette_sono_due) {
+TEST(NumeriInGioco, SetteQuarantacinqueSetteSonoDue) {
     Matrice m(6, 6);
     m.scrivi(0, 0, 7);
     m.scrivi(1, 0, 45);
@@ -74,7 +74,7 @@ TEST(NumeriInGioco, sette_quarantacinque_sette_sono_due) {
     EXPECT_EQ(numeri_in_gioco(m), (std::vector<int>{7, 45}));
 }
 
-TEST(NumeriInGioco, in_ordine_e_senza_la_casella_vuota) {
+TEST(NumeriInGioco, InOrdineESenzaLaCasellaVuota) {
     Matrice m(6, 6);
     EXPECT_TRUE(numeri_in_gioco(m).empty());
     m.scrivi(5, 5, 1);
@@ -83,7 +83,7 @@ TEST(NumeriInGioco, in_ordine_e_senza_la_casella_vuota) {
     EXPECT_EQ(numeri_in_gioco(m), (std::vector<int>{1, 10, 90}));
 }
 
-TEST(NumeriInGioco, numeri_di_un_file_guasto_non_contano) {
+TEST(NumeriInGioco, NumeriDiUnFileGuastoNonContano) {
     Matrice m(6, 6);
     m.scrivi(0, 0, 91);
     m.scrivi(1, 0, -3);
@@ -91,7 +91,7 @@ TEST(NumeriInGioco, numeri_di_un_file_guasto_non_contano) {
     EXPECT_TRUE(numeri_in_gioco(m).empty());
 }
 
-TEST(TestoLista, allineato_a_destra) {
+TEST(TestoLista, AllineatoADestra) {
     EXPECT_EQ(testo_lista(7), "   7");
     EXPECT_EQ(testo_lista(9), "   9");
     EXPECT_EQ(testo_lista(10), "  10");

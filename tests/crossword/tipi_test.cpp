@@ -129,30 +129,30 @@ void controlla_testi(Gioco gioco, const std::map<int, Testi>& attesi) {
     }
 }
 
-TEST(TipiSistema, sestine) {
+TEST(TipiSistema, Sestine) {
     controlla_testi(Gioco(), sestine);
 }
-TEST(TipiSistema, terzine) {
+TEST(TipiSistema, Terzine) {
     controlla_testi(Gioco::lotto(3), terzine);
 }
-TEST(TipiSistema, quartine) {
+TEST(TipiSistema, Quartine) {
     controlla_testi(Gioco::lotto(4), quartine);
 }
-TEST(TipiSistema, cinquine) {
+TEST(TipiSistema, Cinquine) {
     controlla_testi(Gioco::lotto(5), cinquine);
 }
 
-TEST(TipiSistema, la_sette_per_sette_offre_alle_diagonali_il_solo_integrale) {
+TEST(TipiSistema, LaSettePerSetteOffreAlleDiagonaliIlSoloIntegrale) {
     EXPECT_EQ(tipi_sistema(Gioco(), Elenco::diagonali, 7), Testi{"Integrale"});
     EXPECT_EQ(tipi_sistema(Gioco(), Elenco::orizzontali, 7).size(), 2U);
 }
 
-TEST(TipiSistema, le_diagonali_non_passano_i_quattro_tipi) {
+TEST(TipiSistema, LeDiagonaliNonPassanoIQuattroTipi) {
     EXPECT_EQ(tipi_sistema(Gioco(), Elenco::diagonali, 15),
               (Testi{"Integrale", "Autoridotto [N-1]", "Autoridotto [N-2]", "Autoridotto [N-3]"}));
 }
 
-TEST(TipiSistema, fuori_dalle_misure_elenco_vuoto) {
+TEST(TipiSistema, FuoriDalleMisureElencoVuoto) {
     for (const auto quale : {Elenco::orizzontali, Elenco::verticali, Elenco::diagonali}) {
         for (const int n : {-2147483647, -1, 0, 5, 16, 2147483647}) {
             EXPECT_TRUE(tipi_sistema(Gioco(), quale, n).empty()) << n;
@@ -228,7 +228,7 @@ int righe_spedite(const Gioco& gioco, int n, int tipo) {
         std::count(std::istreambuf_iterator<char>(f), std::istreambuf_iterator<char>(), '\n'));
 }
 
-TEST(MatsisConteggi, ogni_numero_di_ogni_gioco_e_zero_altrove) {
+TEST(MatsisConteggi, OgniNumeroDiOgniGiocoEZeroAltrove) {
     for (const Attesi& attesi : giochi) {
         Matsis matsis;
         matsis.INIZIZLAIZZA_MATSIS(attesi.gioco);
@@ -243,7 +243,7 @@ TEST(MatsisConteggi, ogni_numero_di_ogni_gioco_e_zero_altrove) {
     }
 }
 
-TEST(MatsisConteggi, integrale_e_il_coefficiente_binomiale) {
+TEST(MatsisConteggi, IntegraleEIlCoefficienteBinomiale) {
     for (const Attesi& attesi : giochi) {
         Matsis matsis;
         matsis.INIZIZLAIZZA_MATSIS(attesi.gioco);
@@ -254,7 +254,7 @@ TEST(MatsisConteggi, integrale_e_il_coefficiente_binomiale) {
     }
 }
 
-TEST(MatsisConteggi, uguali_alle_righe_delle_tabelle_spedite) {
+TEST(MatsisConteggi, UgualiAlleRigheDelleTabelleSpedite) {
     for (const Attesi& attesi : giochi) {
         for (const auto& [n, conti] : *attesi.conti) {
             for (std::size_t t = 0; t < conti.size(); ++t) {
@@ -268,7 +268,7 @@ TEST(MatsisConteggi, uguali_alle_righe_delle_tabelle_spedite) {
     }
 }
 
-TEST(MatsisConteggi, il_numero_in_testa_a_un_tipo_e_il_conteggio) {
+TEST(MatsisConteggi, IlNumeroInTestaAUnTipoEIlConteggio) {
     for (const Attesi& attesi : giochi) {
         for (const auto& [n, testi] : *attesi.testi) {
             for (std::size_t t = 1; t < testi.size(); ++t) {
@@ -282,7 +282,7 @@ TEST(MatsisConteggi, il_numero_in_testa_a_un_tipo_e_il_conteggio) {
     }
 }
 
-TEST(MatsisConteggi, valori_senza_voce_nella_lista_restano) {
+TEST(MatsisConteggi, ValoriSenzaVoceNellaListaRestano) {
     Matsis matsis;
     matsis.INIZIZLAIZZA_MATSIS(Gioco::lotto(4));
     EXPECT_EQ(matsis(8 - 5, 2), 14);
@@ -291,7 +291,7 @@ TEST(MatsisConteggi, valori_senza_voce_nella_lista_restano) {
     EXPECT_EQ(matsis(7 - 5, 3), 9);
 }
 
-TEST(MatsisConteggi, scrive_i_suoi_posti_e_lascia_gli_altri) {
+TEST(MatsisConteggi, ScriveISuoiPostiELasciaGliAltri) {
     Matsis matsis;
     matsis.INIZIZLAIZZA_MATSIS(Gioco());
     matsis.INIZIZLAIZZA_MATSIS(Gioco::lotto(3));
@@ -306,7 +306,7 @@ TEST(MatsisConteggi, scrive_i_suoi_posti_e_lascia_gli_altri) {
     EXPECT_EQ(matsis(10, 0), 455);
 }
 
-TEST(MatsisConteggi, una_forma_che_non_esiste_non_scrive) {
+TEST(MatsisConteggi, UnaFormaCheNonEsisteNonScrive) {
     Matsis matsis;
     for (const int forma : {-1, 0, 2, 6}) matsis.INIZIZLAIZZA_MATSIS(Gioco::lotto(forma));
     for (int i = 0; i < 11; ++i) {
@@ -314,7 +314,7 @@ TEST(MatsisConteggi, una_forma_che_non_esiste_non_scrive) {
     }
 }
 
-TEST(MatsisConteggi, niente_fuori_dagli_undici_per_otto_posti) {
+TEST(MatsisConteggi, NienteFuoriDagliUndiciPerOttoPosti) {
     Matsis matsis;
     matsis.INIZIZLAIZZA_MATSIS(Gioco());
     EXPECT_TRUE(matsis(10, 7).has_value());
@@ -329,21 +329,21 @@ protected:
     Matsis matsis;
 };
 
-TEST_F(Diagonali, testo_della_sei_per_sei_con_due_spazi) {
+TEST_F(Diagonali, TestoDellaSeiPerSeiConDueSpazi) {
     EXPECT_EQ(testo_diagonali(matsis, 6, 0), "2 Sist. da  1");
 }
 
-TEST_F(Diagonali, testo_con_le_adiacenti) {
+TEST_F(Diagonali, TestoConLeAdiacenti) {
     EXPECT_EQ(testo_diagonali(matsis, 7, 0), "2 Sist. da 7  -  4 Sist. da 1");
     EXPECT_EQ(testo_diagonali(matsis, 15, 0), "2 Sist. da 5005  -  4 Sist. da 3003");
     EXPECT_EQ(testo_diagonali(matsis, 9, 3), "2 Sist. da 1  -  4 Sist. da 1");
 }
 
-TEST_F(Diagonali, le_sei_per_sei_sono_due) {
+TEST_F(Diagonali, LeSeiPerSeiSonoDue) {
     EXPECT_EQ(combinazioni_diagonali(matsis, 6, 0), 2);
 }
 
-TEST_F(Diagonali, due_intere_e_quattro_adiacenti) {
+TEST_F(Diagonali, DueIntereEQuattroAdiacenti) {
     for (int n = 7; n <= 15; ++n) {
         for (int t = 0; t < 4; ++t) {
             const auto& lunghe = conti_sestine.at(n);
@@ -356,14 +356,14 @@ TEST_F(Diagonali, due_intere_e_quattro_adiacenti) {
     }
 }
 
-TEST_F(Diagonali, i_totali_delle_griglie_intere) {
+TEST_F(Diagonali, ITotaliDelleGriglieIntere) {
     // Rows and columns at N, then the diagonals.
     EXPECT_EQ(6 * 1 * 2 + combinazioni_diagonali(matsis, 6, 0).value_or(0), 14);
     EXPECT_EQ(7 * 7 * 2 + combinazioni_diagonali(matsis, 7, 0).value_or(0), 116);
     EXPECT_EQ(15 * 5005 * 2 + combinazioni_diagonali(matsis, 15, 0).value_or(0), 172172);
 }
 
-TEST_F(Diagonali, senza_posto_in_tabella_niente) {
+TEST_F(Diagonali, SenzaPostoInTabellaNiente) {
     for (const auto& [n, t] : {std::pair{5, 0}, {7, -1}, {7, 8}, {17, 0}, {-9, 0}}) {
         EXPECT_FALSE(testo_diagonali(matsis, n, t).has_value()) << n << ' ' << t;
         EXPECT_FALSE(combinazioni_diagonali(matsis, n, t).has_value()) << n << ' ' << t;

@@ -15,7 +15,7 @@ std::uint64_t scoperti_di(const std::vector<Maschera>& righe, const Desiderio& d
     return buchi({d.n, d.k, righe}, {d.p, d.t}, 0).quanti;
 }
 
-TEST(Coperture, limiti_dei_conteggi_e_di_schonheim) {
+TEST(Coperture, LimitiDeiConteggiEDiSchonheim) {
     EXPECT_EQ(limite_inferiore({15, 6, 6, 5}), 91);
     EXPECT_EQ(limite_inferiore({13, 6, 6, 4}), 5);
     EXPECT_EQ(limite_inferiore({15, 5, 4, 4}), 273);
@@ -24,7 +24,7 @@ TEST(Coperture, limiti_dei_conteggi_e_di_schonheim) {
     EXPECT_EQ(limite_inferiore({7, 6, 6, 3}), 1);
 }
 
-TEST(Coperture, cio_che_non_si_puo_chiedere_ha_il_suo_perche) {
+TEST(Coperture, CioCheNonSiPuoChiedereHaIlSuoPerche) {
     const auto dice = [](const Desiderio& d, const char* parte) {
         EXPECT_NE(impossibile(d).find(parte), std::string::npos) << impossibile(d);
     };
@@ -44,7 +44,7 @@ TEST(Coperture, cio_che_non_si_puo_chiedere_ha_il_suo_perche) {
     dice({30, 15, 15, 5}, "la ricerca è troppo grande");
 }
 
-TEST(Coperture, le_righe_si_ordinano_come_nei_file) {
+TEST(Coperture, LeRigheSiOrdinanoComeNeiFile) {
     const auto riga = [](std::initializer_list<int> posizioni) {
         Maschera m = 0;
         for (const int p : posizioni) m |= bit_di(p);
@@ -55,7 +55,7 @@ TEST(Coperture, le_righe_si_ordinano_come_nei_file) {
     EXPECT_FALSE(riga_precede(riga({2, 3}), riga({2, 3})));
 }
 
-TEST(Coperture, gli_stessi_passi_danno_la_stessa_tabella) {
+TEST(Coperture, GliStessiPassiDannoLaStessaTabella) {
     const Desiderio d{10, 6, 6, 5};
     Cercatore uno(d, 7);
     Cercatore due(d, 7);
@@ -75,7 +75,7 @@ struct Nota {
     std::size_t righe;
 };
 
-TEST(Coperture, trova_le_misure_note_delle_tabelle_piccole) {
+TEST(Coperture, TrovaLeMisureNoteDelleTabellePiccole) {
     for (const Nota& nota : {Nota{{9, 6, 6, 5}, 7}, Nota{{8, 6, 6, 5}, 4}, Nota{{10, 6, 6, 4}, 3},
                              Nota{{9, 6, 4, 4}, 12}, Nota{{8, 5, 4, 4}, 20}, Nota{{7, 3, 2, 2}, 7},
                              Nota{{10, 4, 2, 2}, 9}, Nota{{7, 6, 6, 3}, 1}}) {
@@ -90,7 +90,7 @@ TEST(Coperture, trova_le_misure_note_delle_tabelle_piccole) {
     }
 }
 
-TEST(Coperture, con_le_righe_contate_conta_giusti_i_sorteggi_scoperti) {
+TEST(Coperture, ConLeRigheContateContaGiustiISorteggiScoperti) {
     const Desiderio d{9, 6, 4, 4, 11};
     Cercatore cercatore(d, 3);
     cercatore.passi(20000);
@@ -107,7 +107,7 @@ TEST(Coperture, con_le_righe_contate_conta_giusti_i_sorteggi_scoperti) {
     EXPECT_LE(larga.migliore().size(), 20U);
 }
 
-TEST(Coperture, riparte_da_una_tabella) {
+TEST(Coperture, RiparteDaUnaTabella) {
     const Desiderio d{9, 5, 4, 4};
     Cercatore prima(d, 1);
     prima.passi(200);
@@ -124,7 +124,7 @@ TEST(Coperture, riparte_da_una_tabella) {
     EXPECT_EQ(scoperti_di(monca.migliore(), d), 0U);
 }
 
-TEST(Coperture, ogni_gruppo_divide_le_righe_e_ne_da_di_buone) {
+TEST(Coperture, OgniGruppoDivideLeRigheENeDaDiBuone) {
     Sorte sorte(5);
     const Desiderio d{9, 5, 4, 3};
     for (int giro = 0; giro < 60; ++giro) {
@@ -148,7 +148,7 @@ TEST(Coperture, ogni_gruppo_divide_le_righe_e_ne_da_di_buone) {
     }
 }
 
-TEST(Coperture, su_piu_fili_dice_ogni_tabella_migliore_e_finisce_al_limite) {
+TEST(Coperture, SuPiuFiliDiceOgniTabellaMiglioreEFinisceAlLimite) {
     const Desiderio d{7, 3, 2, 2};
     std::vector<std::size_t> dette;
     Condotta condotta;

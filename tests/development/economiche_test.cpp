@@ -82,7 +82,7 @@ int prima_linea(Gioco gioco) {
     return std::max(gioco.lato_minimo(), gioco.numeri() + 1);
 }
 
-TEST(Economiche, ogni_garanzia_di_ogni_lunghezza_ha_la_sua_tabella_provata_per_esteso) {
+TEST(Economiche, OgniGaranziaDiOgniLunghezzaHaLaSuaTabellaProvataPerEsteso) {
     int quante = 0;
     for (const Gioco gioco : giochi) {
         for (int n = prima_linea(gioco); n <= Gioco::lato_massimo; ++n) {
@@ -111,7 +111,7 @@ TEST(Economiche, ogni_garanzia_di_ogni_lunghezza_ha_la_sua_tabella_provata_per_e
     EXPECT_EQ(presenti, quante);
 }
 
-TEST(Economiche, nessuna_costa_piu_della_tabella_detta_con_la_stessa_garanzia) {
+TEST(Economiche, NessunaCostaPiuDellaTabellaDettaConLaStessaGaranzia) {
     Economiche economiche;
     int confrontate = 0;
     for (const Gioco gioco : giochi) {
@@ -133,7 +133,7 @@ TEST(Economiche, nessuna_costa_piu_della_tabella_detta_con_la_stessa_garanzia) {
     EXPECT_GE(confrontate, 85);
 }
 
-TEST(Economiche, le_misure_note_sono_raggiunte) {
+TEST(Economiche, LeMisureNoteSonoRaggiunte) {
     Economiche economiche;
     struct Nota {
         int n;
@@ -168,7 +168,7 @@ TEST(Economiche, le_misure_note_sono_raggiunte) {
     EXPECT_LE(economiche.una(spedite, Gioco::lotto(5), 15, 33)->righe, 55);
 }
 
-TEST(Economiche, il_numero_dice_la_garanzia) {
+TEST(Economiche, IlNumeroDiceLaGaranzia) {
     const Gioco s = Gioco::superenalotto();
     EXPECT_EQ(garanzia_del_numero(s, 56), (Garanzia{6, 5}));
     EXPECT_EQ(garanzia_del_numero(s, 33), (Garanzia{3, 3}));
@@ -181,7 +181,7 @@ TEST(Economiche, il_numero_dice_la_garanzia) {
     EXPECT_EQ(garanzia_del_numero(Gioco::lotto(5), 45), (Garanzia{5, 4}));
 }
 
-TEST(Economiche, il_nome_ha_il_numero_in_due_cifre) {
+TEST(Economiche, IlNomeHaIlNumeroInDueCifre) {
     EXPECT_EQ(nome_tabella(Gioco(), 15, 21), "cr1521.rid");
     EXPECT_EQ(nome_tabella(Gioco::lotto(3), 9, 10), "tr0910.rid");
     const auto parti = leggi_nome_economico("/un/posto/CR1521.RID");
@@ -208,7 +208,7 @@ protected:
 /// Terzine of 5 numbers: any two drawn are in one.
 constexpr const char* ambi_di_5 = "1,2,3\r\n1,2,4\r\n1,2,5\r\n1,4,5\r\n2,3,4\r\n3,4,5\r\n";
 
-TEST_F(CartellaEconomiche, per_garanzia_e_la_meno_cara_prima) {
+TEST_F(CartellaEconomiche, PerGaranziaELaMenoCaraPrima) {
     metti("tr0522.rid", ambi_di_5);
     metti("tr0574.rid", std::string(ambi_di_5) + "1,3,5\r\n");
     metti("tr0523.rid", "1,2,3\r\n3,4,5\r\n");
@@ -228,7 +228,7 @@ TEST_F(CartellaEconomiche, per_garanzia_e_la_meno_cara_prima) {
     EXPECT_EQ(tutte[3], (Economica{73, 1, {5, 3}}));
 }
 
-TEST_F(CartellaEconomiche, una_tabella_guasta_non_si_offre_e_una_rifatta_si_riprova) {
+TEST_F(CartellaEconomiche, UnaTabellaGuastaNonSiOffreEUnaRifattaSiRiprova) {
     metti("tr0522.rid", "1,2,3\r\n1,2,9\r\n");
     metti("tr0571.rid", "");
     metti("tr0572.rid", "1,2,3\r\n1,2,3\r\n");
@@ -244,7 +244,7 @@ TEST_F(CartellaEconomiche, una_tabella_guasta_non_si_offre_e_una_rifatta_si_ripr
     EXPECT_FALSE(economiche.una(ridotti(), Gioco::lotto(3), 5, 1));
 }
 
-TEST(Economiche, la_voce_dice_colonne_quota_e_garanzia) {
+TEST(Economiche, LaVoceDiceColonneQuotaEGaranzia) {
     EXPECT_EQ(testo_economica({56, 150, {6, 5}}, Gioco(), 15),
               "150 Sestine (3 %) - Min.1(5) con 6 estratti");
     EXPECT_EQ(testo_economica({36, 1, {6, 3}}, Gioco(), 9),
@@ -255,7 +255,7 @@ TEST(Economiche, la_voce_dice_colonne_quota_e_garanzia) {
               "9 Numeri - 4 Terzine (4,76 %) - Garanzia 1 Ambo con 3 Estratti");
 }
 
-TEST(Economiche, la_garanzia_migliore_e_la_piu_alta_con_meno_estratti) {
+TEST(Economiche, LaGaranziaMiglioreELaPiuAltaConMenoEstratti) {
     const Tabella cinque = integrale(6, 5);
     EXPECT_EQ(garanzia_migliore(cinque, Gioco::lotto(5)), (Garanzia{5, 5}));
     EXPECT_EQ(garanzia_migliore({15, 6, {0b111111}}, Gioco()), std::nullopt);
@@ -270,7 +270,7 @@ std::string con_virgola(double valore, int decimali) {
     return testo;
 }
 
-TEST(Economiche, la_guida_confronta_le_tabelle_come_sono) {
+TEST(Economiche, LaGuidaConfrontaLeTabelleComeSono) {
     const std::string pagina = contenuto(SOURCE_DIR "/suite/guida/pagine/economiche.html");
     for (const char* nome : {"cr1201", "cr1256", "cr1246"}) {
         const Lettura letta =

@@ -26,7 +26,7 @@ protected:
     std::vector<std::string> cestinati;
 };
 
-TEST_F(EliminaTemporanei, i_file_di_lavoro_spariscono_senza_cestino) {
+TEST_F(EliminaTemporanei, IFileDiLavoroSparisconoSenzaCestino) {
     for (const char* nome : {"temp.col", "TEMP.LOT", "temp.mdb", "Temp.ldb", "temp-99999999.nuovo",
                              "temp-99999999-3.nuovo"}) {
         cartella.scrivi(nome, "x");
@@ -36,7 +36,7 @@ TEST_F(EliminaTemporanei, i_file_di_lavoro_spariscono_senza_cestino) {
     EXPECT_TRUE(fs::is_empty(cartella.programma()));
 }
 
-TEST_F(EliminaTemporanei, il_file_di_un_programma_al_lavoro_resta) {
+TEST_F(EliminaTemporanei, IlFileDiUnProgrammaAlLavoroResta) {
     const platform::Lavoro tenuto(cartella.programma());
     const std::string lasciato = "temp-" + std::to_string(::getppid()) + "-0.nuovo";
     cartella.scrivi(lasciato, "x");
@@ -46,7 +46,7 @@ TEST_F(EliminaTemporanei, il_file_di_un_programma_al_lavoro_resta) {
     EXPECT_TRUE(cestinati.empty());
 }
 
-TEST_F(EliminaTemporanei, il_sistema_tempo_di_un_giocatore_va_nel_cestino) {
+TEST_F(EliminaTemporanei, IlSistemaTempoDiUnGiocatoreVaNelCestino) {
     for (const char* nome : {"tempo.sen", "tempo.col", "Temp", "temp.sel", "temp-x.nuovo"}) {
         cartella.scrivi(nome, "x");
     }
@@ -58,7 +58,7 @@ TEST_F(EliminaTemporanei, il_sistema_tempo_di_un_giocatore_va_nel_cestino) {
                                         cartella.file("tempo.sen")}));
 }
 
-TEST_F(EliminaTemporanei, senza_cestino_un_file_del_giocatore_resta) {
+TEST_F(EliminaTemporanei, SenzaCestinoUnFileDelGiocatoreResta) {
     cartella.scrivi("tempo.sen", "x");
     elimina(false);
     elimina_temporanei(cartella.programma(), {});
@@ -66,7 +66,7 @@ TEST_F(EliminaTemporanei, senza_cestino_un_file_del_giocatore_resta) {
     EXPECT_EQ(cartella.leggi("tempo.sen"), "x");
 }
 
-TEST_F(EliminaTemporanei, gli_altri_file_e_le_cartelle_restano) {
+TEST_F(EliminaTemporanei, GliAltriFileELeCartelleRestano) {
     for (const char* nome : {"atemp.col", "tem.col", "a.sen", "rip.dat"}) {
         cartella.scrivi(nome, "x");
     }
@@ -88,7 +88,7 @@ protected:
     support::Cartella cartella;
 };
 
-TEST_F(CompletaSviluppo, il_nuovo_prende_il_posto_del_vecchio) {
+TEST_F(CompletaSviluppo, IlNuovoPrendeIlPostoDelVecchio) {
     support::Disco disco;
     EXPECT_TRUE(completa());
     EXPECT_EQ(cartella.leggi("a.col"), "nuovo");
@@ -96,25 +96,25 @@ TEST_F(CompletaSviluppo, il_nuovo_prende_il_posto_del_vecchio) {
     EXPECT_GE(disco.sync, 1);
 }
 
-TEST_F(CompletaSviluppo, anche_senza_un_vecchio) {
+TEST_F(CompletaSviluppo, AncheSenzaUnVecchio) {
     fs::remove(cartella.file("a.col"));
     EXPECT_TRUE(completa());
     EXPECT_EQ(cartella.leggi("a.col"), "nuovo");
 }
 
-TEST_F(CompletaSviluppo, il_nome_in_altre_lettere_e_lo_stesso_file) {
+TEST_F(CompletaSviluppo, IlNomeInAltreLettereELoStessoFile) {
     fs::rename(cartella.file("a.col"), cartella.file("A.COL"));
     EXPECT_TRUE(completa());
     EXPECT_EQ(cartella.leggi("A.COL"), "nuovo");
     EXPECT_FALSE(cartella.esiste("a.col"));
 }
 
-TEST_F(CompletaSviluppo, di_misura_sbagliata_non_ne_resta_nessuno) {
+TEST_F(CompletaSviluppo, DiMisuraSbagliataNonNeRestaNessuno) {
     EXPECT_FALSE(completa(6));
     EXPECT_FALSE(cartella.esiste("a.col"));
 }
 
-TEST_F(CompletaSviluppo, se_il_disco_rifiuta_il_vecchio_va_via_lo_stesso) {
+TEST_F(CompletaSviluppo, SeIlDiscoRifiutaIlVecchioVaViaLoStesso) {
     {
         support::Disco disco;
         disco.rename_fallisce = true;
@@ -128,7 +128,7 @@ TEST_F(CompletaSviluppo, se_il_disco_rifiuta_il_vecchio_va_via_lo_stesso) {
     EXPECT_FALSE(cartella.esiste("a.col"));
 }
 
-TEST_F(CompletaSviluppo, una_cartella_di_quel_nome_resta) {
+TEST_F(CompletaSviluppo, UnaCartellaDiQuelNomeResta) {
     fs::remove(cartella.file("a.col"));
     fs::create_directory(cartella.file("a.col"));
     EXPECT_FALSE(completa());
@@ -144,7 +144,7 @@ bool elabora_tutto(const Richiesta& richiesta, const std::string& finale) {
            completa_sviluppo(lavoro.file_temporaneo(), finale, lavoro.byte_scritti());
 }
 
-TEST_F(SviluppoGuasto, il_disco_pieno_lascia_soltanto_linee_intere) {
+TEST_F(SviluppoGuasto, IlDiscoPienoLasciaSoltantoLineeIntere) {
     spedite();
     richiesta.matrice = cruciverba(6, 8);
     EXPECT_EQ(sviluppa(), Conclusione::completa);
@@ -160,7 +160,7 @@ TEST_F(SviluppoGuasto, il_disco_pieno_lascia_soltanto_linee_intere) {
     }
 }
 
-TEST_F(SviluppoGuasto, un_disco_che_perde_le_righe_e_guasto) {
+TEST_F(SviluppoGuasto, UnDiscoChePerdeLeRigheEGuasto) {
     spedite();
     richiesta.matrice = cruciverba(6, 8);
     support::Disco disco;
@@ -169,7 +169,7 @@ TEST_F(SviluppoGuasto, un_disco_che_perde_le_righe_e_guasto) {
     EXPECT_EQ(sviluppa(), Conclusione::guasta);
 }
 
-TEST_F(SviluppoGuasto, una_cartella_al_posto_del_file_temporaneo_e_un_guasto) {
+TEST_F(SviluppoGuasto, UnaCartellaAlPostoDelFileTemporaneoEUnGuasto) {
     spedite();
     richiesta.matrice = cruciverba(6, 6);
     fs::create_directories(cartella.file("temp.col/dentro"));
@@ -177,7 +177,7 @@ TEST_F(SviluppoGuasto, una_cartella_al_posto_del_file_temporaneo_e_un_guasto) {
     EXPECT_EQ(lavoro.sviluppa(), Conclusione::guasta);
 }
 
-TEST_F(SviluppoGuasto, chi_muore_a_meta_lascia_il_vecchio_o_il_nuovo_intero) {
+TEST_F(SviluppoGuasto, ChiMuoreAMetaLasciaIlVecchioOIlNuovoIntero) {
     tabella("cr0600.rid", "1,2,3,4,5,6\r\n");
     tabella("cr0800.rid", "1,2,3,4,5,6\r\n3,4,5,6,7,8\r\n");
     richiesta.matrice = cruciverba(6, 8);
@@ -208,7 +208,7 @@ TEST_F(SviluppoGuasto, chi_muore_a_meta_lascia_il_vecchio_o_il_nuovo_intero) {
     EXPECT_EQ(std::distance(fs::directory_iterator(cartella.programma()), {}), 1);
 }
 
-TEST_F(SviluppoGuasto, un_nuovo_lavoro_non_risente_di_quello_fallito) {
+TEST_F(SviluppoGuasto, UnNuovoLavoroNonRisenteDiQuelloFallito) {
     spedite();
     richiesta.matrice = cruciverba(6, 6);
     cartella.scrivi("temp.col", "1,2,3\r\n");

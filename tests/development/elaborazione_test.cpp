@@ -10,7 +10,7 @@ using namespace support;
 
 namespace {
 
-TEST(OrdinaControlli, ordina_tutto_o_la_parte_chiesta) {
+TEST(OrdinaControlli, OrdinaTuttoOLaParteChiesta) {
     std::vector<std::uint8_t> v{77, 3, 90, 12, 8, 41, 40};
     ordina_controlli(v, 2, 4);
     EXPECT_EQ(v, (std::vector<std::uint8_t>{77, 3, 8, 12, 90, 41, 40}));
@@ -18,7 +18,7 @@ TEST(OrdinaControlli, ordina_tutto_o_la_parte_chiesta) {
     EXPECT_EQ(v, (std::vector<std::uint8_t>{3, 8, 12, 40, 41, 77, 90}));
 }
 
-TEST(OrdinaControlli, limiti_impossibili_non_fanno_danno) {
+TEST(OrdinaControlli, LimitiImpossibiliNonFannoDanno) {
     std::vector<std::uint8_t> v{3, 2, 1};
     ordina_controlli(v, 2, 1);
     ordina_controlli(v, 7, 9);
@@ -30,7 +30,7 @@ TEST(OrdinaControlli, limiti_impossibili_non_fanno_danno) {
     EXPECT_TRUE(vuoto.empty());
 }
 
-TEST_F(Sviluppo, le_posizioni_contano_nella_linea_ordinata) {
+TEST_F(Sviluppo, LePosizioniContanoNellaLineaOrdinata) {
     tabella("cr0700.rid", "1,2,3,4,5,6\r\n2,3,4,5,6,7\r\n");
     Elaborazione lavoro(richiesta, {});
     EXPECT_TRUE(lavoro.elabora({90, 12, 3, 77, 40, 8, 41}, 0));
@@ -39,7 +39,7 @@ TEST_F(Sviluppo, le_posizioni_contano_nella_linea_ordinata) {
     EXPECT_EQ(lavoro.byte_scritti(), 35);
 }
 
-TEST_F(Sviluppo, le_linee_si_accodano_nel_file_temporaneo_del_gioco) {
+TEST_F(Sviluppo, LeLineeSiAccodanoNelFileTemporaneoDelGioco) {
     tabella("tr0500.rid", "1,2,3\r\n");
     richiesta.gioco = Gioco::lotto(3);
     Elaborazione lavoro(richiesta, {});
@@ -49,14 +49,14 @@ TEST_F(Sviluppo, le_linee_si_accodano_nel_file_temporaneo_del_gioco) {
     EXPECT_EQ(cartella.leggi("temp.lot"), "1,2,3\r\n10,20,30\r\n");
 }
 
-TEST_F(Sviluppo, una_linea_di_sei_integrale_da_una_riga_con_la_sua_fine) {
+TEST_F(Sviluppo, UnaLineaDiSeiIntegraleDaUnaRigaConLaSuaFine) {
     spedite();
     Elaborazione lavoro(richiesta, {});
     EXPECT_TRUE(lavoro.elabora({90, 61, 38, 23, 17, 4}, 0));
     EXPECT_EQ(cartella.leggi("temp.col"), "4,17,23,38,61,90\r\n");
 }
 
-TEST_F(Sviluppo, venti_linee_nella_sette_per_sette_sedici_nel_lotto) {
+TEST_F(Sviluppo, VentiLineeNellaSettePerSetteSediciNelLotto) {
     tabella("cr0600.rid", "1,2,3,4,5,6");
     tabella("cr0700.rid", "1,2,3,4,5,6");
     tabella("cn0700.rid", "1,2,3,4,5");
@@ -70,7 +70,7 @@ TEST_F(Sviluppo, venti_linee_nella_sette_per_sette_sedici_nel_lotto) {
     EXPECT_EQ(righe_di(testo).size(), 16U);
 }
 
-TEST_F(Sviluppo, la_sei_per_sei_non_ha_adiacenti) {
+TEST_F(Sviluppo, LaSeiPerSeiNonHaAdiacenti) {
     spedite();
     richiesta.matrice = cruciverba(6, 6);
     EXPECT_EQ(sviluppa(), Conclusione::completa);
@@ -78,7 +78,7 @@ TEST_F(Sviluppo, la_sei_per_sei_non_ha_adiacenti) {
     EXPECT_EQ(testo, sviluppo_semplice(richiesta));
 }
 
-TEST_F(Sviluppo, sei_per_otto_righe_da_sei_e_colonne_da_otto) {
+TEST_F(Sviluppo, SeiPerOttoRigheDaSeiEColonneDaOtto) {
     spedite();
     richiesta.matrice = cruciverba(6, 8);
     EXPECT_EQ(sviluppa(), Conclusione::completa);
@@ -86,7 +86,7 @@ TEST_F(Sviluppo, sei_per_otto_righe_da_sei_e_colonne_da_otto) {
     EXPECT_EQ(testo, sviluppo_semplice(richiesta));
 }
 
-TEST_F(Sviluppo, ogni_gruppo_con_il_suo_tipo_e_nel_suo_ordine) {
+TEST_F(Sviluppo, OgniGruppoConIlSuoTipoENelSuoOrdine) {
     tabella("cr0701.rid", "1,2,3,4,5,6");
     tabella("cr0702.rid", "2,3,4,5,6,7");
     tabella("cr0703.rid", "1,3,4,5,6,7");
@@ -110,7 +110,7 @@ TEST_F(Sviluppo, ogni_gruppo_con_il_suo_tipo_e_nel_suo_ordine) {
     EXPECT_EQ(uscite[19], "14,20,26,32,38,44\r");
 }
 
-TEST_F(Sviluppo, integrale_di_quindici_per_quindici_come_il_conto_semplice) {
+TEST_F(Sviluppo, IntegraleDiQuindiciPerQuindiciComeIlContoSemplice) {
     spedite();
     richiesta.matrice = cruciverba(15, 15);
     EXPECT_EQ(sviluppa(), Conclusione::completa);
@@ -128,7 +128,7 @@ TEST_F(Sviluppo, integrale_di_quindici_per_quindici_come_il_conto_semplice) {
     EXPECT_EQ(byte, std::ssize(unica));
 }
 
-TEST_F(Sviluppo, ogni_forma_del_lotto_come_il_conto_semplice) {
+TEST_F(Sviluppo, OgniFormaDelLottoComeIlContoSemplice) {
     spedite();
     for (const int forma : {3, 4, 5}) {
         for (const auto& [c, r] : {std::pair{5, 5}, {7, 7}, {9, 12}, {15, 15}}) {
@@ -144,7 +144,7 @@ TEST_F(Sviluppo, ogni_forma_del_lotto_come_il_conto_semplice) {
     }
 }
 
-TEST_F(Sviluppo, due_righe_degli_stessi_numeri_contano_una_volta_o_due) {
+TEST_F(Sviluppo, DueRigheDegliStessiNumeriContanoUnaVoltaODue) {
     spedite();
     richiesta.matrice = cruciverba(6, 8);
     for (int x = 0; x < 6; ++x) {
@@ -163,7 +163,7 @@ TEST_F(Sviluppo, due_righe_degli_stessi_numeri_contano_una_volta_o_due) {
     EXPECT_EQ(std::count(uniche.begin(), uniche.end(), "80,81,82,83,84,85\r"), 1);
 }
 
-TEST_F(Sviluppo, senza_la_tabella_delle_righe_restano_le_altre_linee) {
+TEST_F(Sviluppo, SenzaLaTabellaDelleRigheRestanoLeAltreLinee) {
     tabella("cr0800.rid", "1,2,3,4,5,6\r\n");
     richiesta.matrice = cruciverba(6, 8);
     EXPECT_EQ(sviluppa(), Conclusione::completa);
@@ -171,7 +171,7 @@ TEST_F(Sviluppo, senza_la_tabella_delle_righe_restano_le_altre_linee) {
     EXPECT_EQ(righe_di(testo).front(), "1,8,15,22,29,36\r");
 }
 
-TEST_F(Sviluppo, senza_nessuna_tabella_nessun_file) {
+TEST_F(Sviluppo, SenzaNessunaTabellaNessunFile) {
     richiesta.matrice = cruciverba(7, 7);
     EXPECT_EQ(sviluppa(), Conclusione::senza_file);
     EXPECT_FALSE(cartella.esiste("temp.col"));
@@ -180,7 +180,7 @@ TEST_F(Sviluppo, senza_nessuna_tabella_nessun_file) {
     EXPECT_FALSE(cartella.esiste("a.col"));
 }
 
-TEST_F(Sviluppo, un_tipo_non_scelto_non_ha_tabella) {
+TEST_F(Sviluppo, UnTipoNonSceltoNonHaTabella) {
     tabella("cr060-1.rid", "1,2,3,4,5,6\r\n");
     tabella("cr0600.rid", "1,2,3,4,5,6\r\n");
     richiesta.matrice = cruciverba(6, 6);
@@ -189,7 +189,7 @@ TEST_F(Sviluppo, un_tipo_non_scelto_non_ha_tabella) {
     EXPECT_EQ(righe, 8);
 }
 
-TEST_F(Sviluppo, una_posizione_sbagliata_lascia_cadere_il_resto_di_quella_linea) {
+TEST_F(Sviluppo, UnaPosizioneSbagliataLasciaCadereIlRestoDiQuellaLinea) {
     tabella("cr0600.rid", "1,2,3,4,5,6\r\n1,2,3,4,5,7\r\n1,2,3,4,5,6\r\n");
     tabella("cr0800.rid", "1,2,3,4,5,6\r\n3,4,5,6,7,8\r\n1,2,3");
     richiesta.matrice = cruciverba(6, 8);
@@ -197,7 +197,7 @@ TEST_F(Sviluppo, una_posizione_sbagliata_lascia_cadere_il_resto_di_quella_linea)
     EXPECT_EQ(righe, 8 * 1 + 6 * 2);
 }
 
-TEST_F(Sviluppo, una_tabella_senza_righe_da_un_file_vuoto) {
+TEST_F(Sviluppo, UnaTabellaSenzaRigheDaUnFileVuoto) {
     tabella("cr0600.rid", "");
     richiesta.matrice = cruciverba(6, 6);
     EXPECT_EQ(sviluppa(), Conclusione::completa);
@@ -205,7 +205,7 @@ TEST_F(Sviluppo, una_tabella_senza_righe_da_un_file_vuoto) {
     EXPECT_EQ(byte, 0);
 }
 
-TEST_F(Sviluppo, numeri_guasti_non_escono_dalla_memoria) {
+TEST_F(Sviluppo, NumeriGuastiNonEsconoDallaMemoria) {
     tabella("cr0600.rid", "1,2,3,4,5,6\r\n1,2,3,4,5,6\r\n1,2,3,4,5,6\r\n");
     richiesta.matrice = cruciverba(6, 6);
     for (int x = 0; x < 6; ++x) {
@@ -217,7 +217,7 @@ TEST_F(Sviluppo, numeri_guasti_non_escono_dalla_memoria) {
     EXPECT_EQ(righe_di(testo)[3], "0,0,0,0,0,0\r");
 }
 
-TEST_F(Sviluppo, tabelle_e_cruciverba_a_caso_non_fanno_danno) {
+TEST_F(Sviluppo, TabelleECruciverbaACasoNonFannoDanno) {
     std::mt19937 caso(5);
     const std::string lettere = "0123456789,,,,\r\n";
     for (int giro = 0; giro < 60; ++giro) {
@@ -237,7 +237,7 @@ TEST_F(Sviluppo, tabelle_e_cruciverba_a_caso_non_fanno_danno) {
     }
 }
 
-TEST_F(Sviluppo, le_misure_piu_grandi_di_un_file_guasto_finiscono) {
+TEST_F(Sviluppo, LeMisurePiuGrandiDiUnFileGuastoFiniscono) {
     tabella("cr25600.rid", "1,2,3,4,5,255\r\n");
     richiesta.matrice = crossword::Matrice(256, 256);
     EXPECT_EQ(sviluppa(), Conclusione::completa);
@@ -246,7 +246,7 @@ TEST_F(Sviluppo, le_misure_piu_grandi_di_un_file_guasto_finiscono) {
     EXPECT_EQ(sviluppa(), Conclusione::senza_file);
 }
 
-TEST_F(Sviluppo, avanza_ogni_duecentocinquanta_righe_e_a_ogni_linea) {
+TEST_F(Sviluppo, AvanzaOgniDuecentocinquantaRigheEAOgniLinea) {
     spedite();
     richiesta.matrice = cruciverba(10, 6);
     std::vector<std::int32_t> passi;
@@ -264,7 +264,7 @@ TEST_F(Sviluppo, avanza_ogni_duecentocinquanta_righe_e_a_ogni_linea) {
     EXPECT_EQ(passi, attesi);
 }
 
-TEST_F(Sviluppo, si_ferma_a_ogni_passo_e_non_tocca_lo_sviluppo_di_prima) {
+TEST_F(Sviluppo, SiFermaAOgniPassoENonToccaLoSviluppoDiPrima) {
     spedite();
     richiesta.matrice = cruciverba(10, 6);
     cartella.scrivi("a.col", "vecchio");
@@ -278,7 +278,7 @@ TEST_F(Sviluppo, si_ferma_a_ogni_passo_e_non_tocca_lo_sviluppo_di_prima) {
     EXPECT_EQ(cartella.leggi("a.col"), "vecchio");
 }
 
-TEST_F(Sviluppo, una_linea_vuota_non_si_sviluppa) {
+TEST_F(Sviluppo, UnaLineaVuotaNonSiSviluppa) {
     Elaborazione lavoro(richiesta, {});
     EXPECT_FALSE(lavoro.elabora({}, 0));
     EXPECT_FALSE(cartella.esiste("temp.col"));

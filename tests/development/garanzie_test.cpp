@@ -30,7 +30,7 @@ std::string errore(std::string_view testo, int n, int k) {
     return std::to_string(lettura.errori[0].riga) + ": " + lettura.errori[0].testo;
 }
 
-TEST(NomeTabella, segue_lo_schema) {
+TEST(NomeTabella, SegueLoSchema) {
     const auto sestine = leggi_nome("/un/posto/cr0904.rid");
     ASSERT_TRUE(sestine.has_value());
     EXPECT_EQ(sestine->prefisso, "cr");
@@ -46,7 +46,7 @@ TEST(NomeTabella, segue_lo_schema) {
     }
 }
 
-TEST(NomeTabella, fino_a_sessantaquattro_numeri_e_due_cifre_di_tipo) {
+TEST(NomeTabella, FinoASessantaquattroNumeriEDueCifreDiTipo) {
     ASSERT_TRUE(leggi_nome("cr6400.rid").has_value());
     EXPECT_EQ(leggi_nome("cr6400.rid")->n, 64);
     EXPECT_EQ(leggi_nome("cr09012.rid")->tipo, 12);
@@ -55,7 +55,7 @@ TEST(NomeTabella, fino_a_sessantaquattro_numeri_e_due_cifre_di_tipo) {
     }
 }
 
-TEST(NomeTabella, integrali_di_ogni_gioco) {
+TEST(NomeTabella, IntegraliDiOgniGioco) {
     const auto nomi = nomi_integrali();
     ASSERT_EQ(nomi.size(), 43U);
     EXPECT_EQ(nomi.front().testo(), "cr0600");
@@ -64,14 +64,14 @@ TEST(NomeTabella, integrali_di_ogni_gioco) {
     EXPECT_EQ(nomi.back().testo(), "cn1500");
 }
 
-TEST(Integrale, righe_in_ordine_lessicografico) {
+TEST(Integrale, RigheInOrdineLessicografico) {
     EXPECT_EQ(testo_tabella(integrale(5, 4)),
               "1,2,3,4\r\n1,2,3,5\r\n1,2,4,5\r\n1,3,4,5\r\n2,3,4,5\r\n");
     EXPECT_EQ(integrale(15, 6).righe.size(), 5005U);
     EXPECT_EQ(testo_tabella(integrale(6, 6)), "1,2,3,4,5,6\r\n");
 }
 
-TEST(LetturaRigorosa, misure_dal_contenuto_quando_il_nome_non_le_da) {
+TEST(LetturaRigorosa, MisureDalContenutoQuandoIlNomeNonLeDa) {
     const Lettura lettura = leggi_rigorosa("1,2,3\r\n2,4,64\r\n", 0, 0);
     EXPECT_TRUE(lettura.errori.empty());
     EXPECT_TRUE(lettura.avvisi.empty());
@@ -81,11 +81,11 @@ TEST(LetturaRigorosa, misure_dal_contenuto_quando_il_nome_non_le_da) {
     EXPECT_EQ(posizioni(lettura.tabella.righe[1]), "2,4,64");
 }
 
-TEST(LetturaRigorosa, ogni_fine_di_riga) {
+TEST(LetturaRigorosa, OgniFineDiRiga) {
     EXPECT_EQ(leggi_rigorosa("1,2\n1,3\r2,3\r\n", 3, 2).tabella.righe.size(), 3U);
 }
 
-TEST(LetturaRigorosa, errori_con_la_loro_riga) {
+TEST(LetturaRigorosa, ErroriConLaLoroRiga) {
     EXPECT_EQ(errore("", 9, 3), "1: il file è vuoto");
     EXPECT_EQ(errore("1,2,3\r\n1,2,4\r\n1,2,3\r\n", 9, 3), "3: ripete la riga 1");
     EXPECT_EQ(errore("1,2,3\r\n0,2,4\r\n", 9, 3), "2: la posizione 0 non sta fra 1 e 9");
@@ -110,7 +110,7 @@ TEST(LetturaRigorosa, errori_con_la_loro_riga) {
               "1: più di 20 posizioni in una riga");
 }
 
-TEST(LetturaRigorosa, fino_a_venti_posizioni_in_una_riga) {
+TEST(LetturaRigorosa, FinoAVentiPosizioniInUnaRiga) {
     const Lettura lettura =
         leggi_rigorosa("1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20\r\n", 0, 0);
     EXPECT_TRUE(lettura.errori.empty());
@@ -118,7 +118,7 @@ TEST(LetturaRigorosa, fino_a_venti_posizioni_in_una_riga) {
     EXPECT_EQ(lettura.tabella.n, 20);
 }
 
-TEST(LetturaRigorosa, dice_un_carattere_che_si_vede_e_il_codice_degli_altri) {
+TEST(LetturaRigorosa, DiceUnCarattereCheSiVedeEIlCodiceDegliAltri) {
     EXPECT_EQ(errore("1,2,!\r\n", 9, 3), "1: carattere non ammesso: !");
     EXPECT_EQ(errore("1,2,~\r\n", 9, 3), "1: carattere non ammesso: ~");
     EXPECT_EQ(errore("1,2,/\r\n", 9, 3), "1: carattere non ammesso: /");
@@ -127,7 +127,7 @@ TEST(LetturaRigorosa, dice_un_carattere_che_si_vede_e_il_codice_degli_altri) {
     EXPECT_EQ(errore("1,2,\xe8\r\n", 9, 3), "1: carattere non ammesso: codice 232");
 }
 
-TEST(LetturaRigorosa, venti_errori_si_dicono_tutti_senza_parlare_di_altri) {
+TEST(LetturaRigorosa, VentiErroriSiDiconoTuttiSenzaParlareDiAltri) {
     std::string testo;
     for (int i = 0; i < 20; ++i) testo += "niente\n";
     const Lettura lettura = leggi_rigorosa(testo + "1,2,3\n", 9, 3);
@@ -138,7 +138,7 @@ TEST(LetturaRigorosa, venti_errori_si_dicono_tutti_senza_parlare_di_altri) {
     EXPECT_EQ(oltre.errori.back().testo, "altri errori da qui in poi, non elencati");
 }
 
-TEST(LetturaRigorosa, senza_l_ultima_fine_di_riga_avvisa_e_legge) {
+TEST(LetturaRigorosa, SenzaLUltimaFineDiRigaAvvisaELegge) {
     const Lettura lettura = leggi_rigorosa("1,2,3\r\n1,2,4", 9, 3);
     EXPECT_TRUE(lettura.errori.empty());
     ASSERT_EQ(lettura.avvisi.size(), 1U);
@@ -146,7 +146,7 @@ TEST(LetturaRigorosa, senza_l_ultima_fine_di_riga_avvisa_e_legge) {
     EXPECT_EQ(lettura.tabella.righe.size(), 2U);
 }
 
-TEST(LetturaRigorosa, si_ferma_dopo_venti_errori) {
+TEST(LetturaRigorosa, SiFermaDopoVentiErrori) {
     std::string testo;
     for (int i = 0; i < 1000; ++i) testo += "niente\n";
     const Lettura lettura = leggi_rigorosa(testo, 9, 3);
@@ -154,7 +154,7 @@ TEST(LetturaRigorosa, si_ferma_dopo_venti_errori) {
     EXPECT_EQ(lettura.errori.back().riga, 21);
 }
 
-TEST(Garanzia, si_legge_da_un_testo) {
+TEST(Garanzia, SiLeggeDaUnTesto) {
     EXPECT_EQ(leggi_garanzia("6:4"), (Garanzia{6, 4, 1, false}));
     EXPECT_EQ(leggi_garanzia("4:4:3"), (Garanzia{4, 4, 3, false}));
     for (const char* altra : {"", "4", "3:4", "4:0", "4:4:0", "4:4:1:1", "a:b", "4:4:", "4:-1",
@@ -163,7 +163,7 @@ TEST(Garanzia, si_legge_da_un_testo) {
     }
 }
 
-TEST(Garanzia, dichiarata_solo_dai_nomi_delle_liste) {
+TEST(Garanzia, DichiarataSoloDaiNomiDelleListe) {
     EXPECT_EQ(garanzia_dichiarata(*leggi_nome("cr1104")), (Garanzia{4, 4, 3, false}));
     EXPECT_EQ(garanzia_dichiarata(*leggi_nome("cr1403")), (Garanzia{6, 3, 1, false}));
     EXPECT_EQ(garanzia_dichiarata(*leggi_nome("qt0501")), (Garanzia{4, 3, 1, false}));
@@ -174,7 +174,7 @@ TEST(Garanzia, dichiarata_solo_dai_nomi_delle_liste) {
     }
 }
 
-TEST(Garanzia, dichiarata_dalla_linea_piu_corta_di_ogni_famiglia) {
+TEST(Garanzia, DichiarataDallaLineaPiuCortaDiOgniFamiglia) {
     for (const char* nessuna : {"tr0400", "qt0400", "tr0401", "qt1002", "cn0501", "cn0603"}) {
         EXPECT_FALSE(garanzia_dichiarata(*leggi_nome(nessuna)).has_value()) << nessuna;
     }
@@ -183,7 +183,7 @@ TEST(Garanzia, dichiarata_dalla_linea_piu_corta_di_ogni_famiglia) {
     EXPECT_EQ(garanzia_dichiarata(*leggi_nome("cn1500")), (Garanzia{5, 5, 1, false}));
 }
 
-TEST(ElencoGaranzie, ogni_numero_fino_al_suo_limite) {
+TEST(ElencoGaranzie, OgniNumeroFinoAlSuoLimite) {
     const auto legge = [](const std::string& riga) {
         return leggi_elenco("table,p,t,rows,or_one_row_higher\n" + riga + "\n").voci.size() == 1;
     };
@@ -195,7 +195,7 @@ TEST(ElencoGaranzie, ogni_numero_fino_al_suo_limite) {
     }
 }
 
-TEST(ElencoGaranzie, righe_guaste_col_numero) {
+TEST(ElencoGaranzie, RigheGuasteColNumero) {
     const ElencoGaranzie elenco = leggi_elenco(
         "table,p,t,rows,or_one_row_higher\ncr0904,4,4,1,0\ncr0904,6,5,1,1\ncr0904,4,4,1\n"
         "boh,4,4,1,0\ncr0904,4,5,1,0\ncr0904,4,4,1,2\ncr0904,7,4,1,0\n");
@@ -207,14 +207,14 @@ TEST(ElencoGaranzie, righe_guaste_col_numero) {
     EXPECT_EQ(leggi_elenco("altro\n").errori.size(), 1U);
 }
 
-TEST(Binomiale, valori) {
+TEST(Binomiale, Valori) {
     EXPECT_EQ(binomiale(15, 6), 5005U);
     EXPECT_EQ(binomiale(5, 6), 0U);
     EXPECT_EQ(binomiale(5, 0), 1U);
     EXPECT_EQ(binomiale(64, 32), 1832624140942590534U);
 }
 
-TEST(Vincite, le_due_strade_danno_lo_stesso) {
+TEST(Vincite, LeDueStradeDannoLoStesso) {
     for (const char* nome : {"cr0904", "cr1503", "tr0701", "qt0802", "cn0703"}) {
         const Tabella t = tabella(nome);
         const auto tutte = tutte_le_vincite(t);
@@ -234,7 +234,7 @@ TEST(Vincite, le_due_strade_danno_lo_stesso) {
     }
 }
 
-TEST(Vincite, fino_al_primo_numero_di_estratti_che_da_una_riga_intera) {
+TEST(Vincite, FinoAlPrimoNumeroDiEstrattiCheDaUnaRigaIntera) {
     const auto tutte = tutte_le_vincite(tabella("cr0904"));
     ASSERT_FALSE(tutte.empty());
     EXPECT_EQ(tutte.front().p, 1);
@@ -242,7 +242,7 @@ TEST(Vincite, fino_al_primo_numero_di_estratti_che_da_una_riga_intera) {
     for (std::size_t i = 0; i + 1 < tutte.size(); ++i) EXPECT_LT(tutte[i].garantito(), 6);
 }
 
-TEST(Vincite, oltre_venti_posizioni_fino_a_sei_estratti) {
+TEST(Vincite, OltreVentiPosizioniFinoASeiEstratti) {
     const Tabella t = leggi_rigorosa("1,2,3\r\n4,5,21\r\n", 0, 0).tabella;
     std::uint64_t ultimo = 0;
     const auto tutte = tutte_le_vincite(t, [&](std::uint64_t fatti, std::uint64_t totale) {
@@ -256,7 +256,7 @@ TEST(Vincite, oltre_venti_posizioni_fino_a_sei_estratti) {
     EXPECT_GT(ultimo, 0U);
 }
 
-TEST(Vincite, livelli_e_minimi_a_mano) {
+TEST(Vincite, LivelliEMinimiAMano) {
     const Tabella t = leggi_rigorosa("1,2\n3,4\n", 4, 2).tabella;
     const Vincite v = vincite(t, 2);
     EXPECT_EQ(v.migliore, (std::vector<std::uint64_t>{0, 4, 2}));
@@ -273,7 +273,7 @@ TEST(Vincite, livelli_e_minimi_a_mano) {
     EXPECT_FALSE(vincite(t, 5).vale({5, 1, 1, false}));
 }
 
-TEST(Buchi, in_ordine_e_contati_oltre_il_limite) {
+TEST(Buchi, InOrdineEContatiOltreIlLimite) {
     const Tabella t = leggi_rigorosa("1,2\n3,4\n", 4, 2).tabella;
     const Buchi mancati = buchi(t, {2, 2, 1, false}, 3);
     EXPECT_EQ(mancati.quanti, 4U);
@@ -288,7 +288,7 @@ TEST(Buchi, in_ordine_e_contati_oltre_il_limite) {
 /// In these designs every subset is covered once, so a missing row leaves exactly its own.
 class DisegnoStretto : public testing::TestWithParam<const char*> {};
 
-TEST_P(DisegnoStretto, senza_una_riga_qualsiasi_la_garanzia_manca) {
+TEST_P(DisegnoStretto, SenzaUnaRigaQualsiasiLaGaranziaManca) {
     const Tabella intera = tabella(GetParam());
     const Garanzia garanzia = *garanzia_dichiarata(*leggi_nome(GetParam()));
     EXPECT_EQ(buchi(intera, garanzia, 9).quanti, 0U);

@@ -13,7 +13,7 @@ using namespace support;
 
 namespace {
 
-TEST(CombinazioniViste, ognuna_e_nuova_una_volta_sola) {
+TEST(CombinazioniViste, OgnunaENuovaUnaVoltaSola) {
     CombinazioniViste viste(3);
     EXPECT_TRUE(viste.aggiungi(7));
     EXPECT_TRUE(viste.aggiungi(8));
@@ -23,7 +23,7 @@ TEST(CombinazioniViste, ognuna_e_nuova_una_volta_sola) {
     EXPECT_FALSE(viste.aggiungi(8));
 }
 
-TEST(CombinazioniViste, come_il_conto_piu_semplice_fino_all_ultimo_posto) {
+TEST(CombinazioniViste, ComeIlContoPiuSempliceFinoAllUltimoPosto) {
     std::mt19937_64 caso(3);
     for (const std::size_t quante : {1U, 2U, 31U, 250U, 5000U}) {
         CombinazioniViste viste(quante);
@@ -56,7 +56,7 @@ protected:
     }
 };
 
-TEST_F(SenzaRipetizioni, ogni_combinazione_al_posto_della_prima_volta) {
+TEST_F(SenzaRipetizioni, OgniCombinazioneAlPostoDellaPrimaVolta) {
     tabella("cr0600.rid", "1,2,3,4,5,6\r\n");
     const std::vector<int> ripetuta{80, 81, 82, 83, 84, 85};
     const std::vector<int> altra{1, 2, 3, 4, 5, 6};
@@ -69,7 +69,7 @@ TEST_F(SenzaRipetizioni, ogni_combinazione_al_posto_della_prima_volta) {
     EXPECT_EQ(byte, std::ssize(testo));
 }
 
-TEST_F(SenzaRipetizioni, il_primo_numero_e_l_ultimo_distinguono) {
+TEST_F(SenzaRipetizioni, IlPrimoNumeroELUltimoDistinguono) {
     tabella("cr0600.rid", "1,2,3,4,5,6\r\n");
     righe_del_cruciverba({{1, 2, 3, 4, 5, 6},
                           {11, 2, 3, 4, 5, 6},
@@ -83,7 +83,7 @@ TEST_F(SenzaRipetizioni, il_primo_numero_e_l_ultimo_distinguono) {
     EXPECT_EQ(righe, 6);
 }
 
-TEST_F(SenzaRipetizioni, le_righe_ripetute_di_una_tabella_contano_una_volta) {
+TEST_F(SenzaRipetizioni, LeRigheRipetuteDiUnaTabellaContanoUnaVolta) {
     tabella("cr0700.rid", "1,2,3,4,5,6\r\n2,3,4,5,6,7\r\n1,2,3,4,5,6\r\n1,2,3,4,5,7\r\n");
     richiesta.matrice = cruciverba(7, 6);
     richiesta.tipo_colonne = -1;
@@ -93,7 +93,7 @@ TEST_F(SenzaRipetizioni, le_righe_ripetute_di_una_tabella_contano_una_volta) {
     EXPECT_EQ(righe, 18);
 }
 
-TEST_F(SenzaRipetizioni, senza_combinazioni_ripetute_il_file_e_lo_stesso) {
+TEST_F(SenzaRipetizioni, SenzaCombinazioniRipetuteIlFileELoStesso) {
     spedite();
     richiesta.matrice = cruciverba(6, 8);
     richiesta.senza_ripetizioni = false;
@@ -104,7 +104,7 @@ TEST_F(SenzaRipetizioni, senza_combinazioni_ripetute_il_file_e_lo_stesso) {
     EXPECT_EQ(testo, con);
 }
 
-TEST_F(SenzaRipetizioni, come_il_conto_semplice_anche_su_numeri_che_nessuno_mette) {
+TEST_F(SenzaRipetizioni, ComeIlContoSempliceAncheSuNumeriCheNessunoMette) {
     tabella("cr0600.rid", "1,2,3,4,5,6\r\n");
     tabella("cr0800.rid", "1,2,3,4,5,6\r\n3,4,5,6,7,8\r\n1,2,3,4,7,8\r\n");
     std::mt19937 caso(5);
@@ -123,7 +123,7 @@ TEST_F(SenzaRipetizioni, come_il_conto_semplice_anche_su_numeri_che_nessuno_mett
     }
 }
 
-TEST_F(SenzaRipetizioni, avanza_con_tutte_le_combinazioni_non_soltanto_le_nuove) {
+TEST_F(SenzaRipetizioni, AvanzaConTutteLeCombinazioniNonSoltantoLeNuove) {
     std::string stessa;
     for (int i = 0; i < 100; ++i) stessa += "1,2,3,4,5,6\r\n";
     tabella("cr0600.rid", stessa);
@@ -141,7 +141,7 @@ TEST_F(SenzaRipetizioni, avanza_con_tutte_le_combinazioni_non_soltanto_le_nuove)
     EXPECT_EQ(passi, (std::vector<std::int32_t>{100, 200, 250, 300, 400, 500, 600}));
 }
 
-TEST_F(SenzaRipetizioni, il_disco_pieno_e_un_guasto_in_ogni_punto) {
+TEST_F(SenzaRipetizioni, IlDiscoPienoEUnGuastoInOgniPunto) {
     tabella("cr0600.rid", "1,2,3,4,5,6\r\n");
     richiesta.matrice = cruciverba(6, 6);
     EXPECT_EQ(sviluppa(), Conclusione::completa);
@@ -153,13 +153,13 @@ TEST_F(SenzaRipetizioni, il_disco_pieno_e_un_guasto_in_ogni_punto) {
     }
 }
 
-TEST_F(SenzaRipetizioni, senza_tabelle_non_nasce_un_file) {
+TEST_F(SenzaRipetizioni, SenzaTabelleNonNasceUnFile) {
     richiesta.matrice = cruciverba(6, 6);
     EXPECT_EQ(sviluppa(), Conclusione::senza_file);
     EXPECT_FALSE(cartella.esiste("temp.col"));
 }
 
-TEST_F(SenzaRipetizioni, una_tabella_vuota_da_un_file_vuoto) {
+TEST_F(SenzaRipetizioni, UnaTabellaVuotaDaUnFileVuoto) {
     tabella("cr0600.rid", "");
     richiesta.matrice = cruciverba(6, 6);
     EXPECT_EQ(sviluppa(), Conclusione::completa);

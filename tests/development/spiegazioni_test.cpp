@@ -14,7 +14,7 @@ namespace {
 
 const std::string spedite = SUITE_DIR "/ridotti";
 
-TEST(Spiegazioni, cio_che_la_tabella_garantisce) {
+TEST(Spiegazioni, CioCheLaTabellaGarantisce) {
     Spiegazioni s;
     EXPECT_EQ(s.di(spedite, Gioco::superenalotto(), 7, 1),
               "1 sestina, 14,3 % dell'integrale: con 4 estratti su 7 almeno una da 3, con 5 almeno "
@@ -27,7 +27,7 @@ TEST(Spiegazioni, cio_che_la_tabella_garantisce) {
     EXPECT_EQ(s.di(spedite, Gioco::lotto(9), 5, 1), "");
 }
 
-TEST(Spiegazioni, ogni_tipo_ha_la_sua_garanzia_provata) {
+TEST(Spiegazioni, OgniTipoHaLaSuaGaranziaProvata) {
     Spiegazioni s;
     for (const Gioco gioco :
          {Gioco::superenalotto(), Gioco::lotto(3), Gioco::lotto(4), Gioco::lotto(5)}) {
@@ -55,7 +55,7 @@ TEST(Spiegazioni, ogni_tipo_ha_la_sua_garanzia_provata) {
     }
 }
 
-TEST(Spiegazioni, dalla_tabella_che_sta_nel_disco) {
+TEST(Spiegazioni, DallaTabellaCheStaNelDisco) {
     const support::Cartella cartella;
     const std::string ridotti = cartella.radice() + "/ridotti";
     const auto scrivi = [&](const std::string& righe) {

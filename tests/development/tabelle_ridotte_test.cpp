@@ -147,7 +147,7 @@ Trovato enumera(const std::vector<std::vector<int>>& righe, int n, int p, int t)
 
 class TabellaRidotta : public testing::TestWithParam<Attesa> {};
 
-TEST_P(TabellaRidotta, righe_e_garanzia) {
+TEST_P(TabellaRidotta, RigheEGaranzia) {
     const Attesa& attesa = GetParam();
     const std::string nome = attesa.nome;
     const int n = lunghezza(nome);
@@ -190,7 +190,7 @@ INSTANTIATE_TEST_SUITE_P(Tutte, TabellaRidotta, testing::ValuesIn(attese),
                              return std::string(parametro.param.nome);
                          });
 
-TEST(GaranzieUlteriori, ogni_riga_dell_elenco_vale) {
+TEST(GaranzieUlteriori, OgniRigaDellElencoVale) {
     std::ifstream elenco(SUITE_DIR "/ridotti/garanzie.csv");
     std::string riga;
     ASSERT_TRUE(std::getline(elenco, riga));
@@ -217,20 +217,20 @@ TEST(GaranzieUlteriori, ogni_riga_dell_elenco_vale) {
     EXPECT_EQ(quante, 170);
 }
 
-TEST(GaranzieUlteriori, due_cinque_o_un_sei_e_ogni_quaterna_due_volte) {
+TEST(GaranzieUlteriori, DueCinqueOUnSeiEOgniQuaternaDueVolte) {
     const auto righe = righe_di("cr1501");
     EXPECT_EQ(enumera(righe, 15, 6, 5).minime, 1U);
     EXPECT_EQ(enumera(righe, 15, 6, 5).minime_o_superiore, 2U);
     EXPECT_EQ(enumera(righe, 15, 4, 4).minime, 2U);
 }
 
-TEST(GaranzieUlteriori, otto_quartine_su_nove_numeri_danno_anche_due_su_due) {
+TEST(GaranzieUlteriori, OttoQuartineSuNoveNumeriDannoAncheDueSuDue) {
     const auto righe = righe_di("qt0901");
     EXPECT_GE(enumera(righe, 9, 3, 2).minime, 1U);
     EXPECT_GE(enumera(righe, 9, 2, 2).minime, 1U);
 }
 
-TEST(GaranzieUlteriori, la_tabella_di_295_contiene_il_disegno_di_291) {
+TEST(GaranzieUlteriori, LaTabellaDi295ContieneIlDisegnoDi291) {
     const auto righe = righe_di("cn1503");
     std::vector<unsigned> della_tabella;
     for (const auto& riga : righe) della_tabella.push_back(insieme(riga));

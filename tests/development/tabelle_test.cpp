@@ -11,7 +11,7 @@ using crossword::Gioco;
 
 namespace {
 
-TEST(NomeTabella, esempi_di_ogni_gioco) {
+TEST(NomeTabella, EsempiDiOgniGioco) {
     EXPECT_EQ(nome_tabella(Gioco(), 6, 0), "cr0600.rid");
     EXPECT_EQ(nome_tabella(Gioco(), 9, 4), "cr0904.rid");
     EXPECT_EQ(nome_tabella(Gioco::lotto(3), 15, 1), "tr1501.rid");
@@ -19,12 +19,12 @@ TEST(NomeTabella, esempi_di_ogni_gioco) {
     EXPECT_EQ(nome_tabella(Gioco::lotto(5), 8, 3), "cn0803.rid");
 }
 
-TEST(NomeTabella, zero_davanti_soltanto_sotto_dieci) {
+TEST(NomeTabella, ZeroDavantiSoltantoSottoDieci) {
     EXPECT_EQ(nome_tabella(Gioco(), 9, 0), "cr0900.rid");
     EXPECT_EQ(nome_tabella(Gioco(), 10, 0), "cr1000.rid");
 }
 
-TEST(NomeTabella, vuoto_per_una_forma_che_non_esiste) {
+TEST(NomeTabella, VuotoPerUnaFormaCheNonEsiste) {
     for (const int forma : {-1, 0, 2, 6}) EXPECT_EQ(nome_tabella(Gioco::lotto(forma), 10, 0), "");
 }
 
@@ -38,7 +38,7 @@ protected:
     support::Cartella cartella;
 };
 
-TEST_F(LeggiTabella, righe_di_posizioni) {
+TEST_F(LeggiTabella, RigheDiPosizioni) {
     const TabellaPosizioni t = leggi("1,2,3\r\n1,2,5\r\n3,4,5\r\n");
     EXPECT_TRUE(t.letta);
     EXPECT_EQ(t.k, 3);
@@ -46,7 +46,7 @@ TEST_F(LeggiTabella, righe_di_posizioni) {
     EXPECT_EQ(t.posizioni, (Posizioni{1, 2, 3, 1, 2, 5, 3, 4, 5}));
 }
 
-TEST_F(LeggiTabella, virgole_e_fini_di_riga_separano_allo_stesso_modo) {
+TEST_F(LeggiTabella, VirgoleEFiniDiRigaSeparanoAlloStessoModo) {
     const Posizioni attese{1, 2, 3, 1, 2, 5};
     EXPECT_EQ(leggi("1,2,3\n1,2,5\n").posizioni, attese);
     EXPECT_EQ(leggi("1,2,3,1,2,5").posizioni, attese);
@@ -54,7 +54,7 @@ TEST_F(LeggiTabella, virgole_e_fini_di_riga_separano_allo_stesso_modo) {
     EXPECT_EQ(leggi(" 1 , 2,3\r\n\"1\",2 ,5\r\n").posizioni, attese);
 }
 
-TEST_F(LeggiTabella, una_tabella_che_manca_non_e_letta) {
+TEST_F(LeggiTabella, UnaTabellaCheMancaNonELetta) {
     const TabellaPosizioni t = leggi_tabella(cartella.file("manca.rid"), 6, 6);
     EXPECT_FALSE(t.letta);
     EXPECT_EQ(t.righe(), 0U);
@@ -63,13 +63,13 @@ TEST_F(LeggiTabella, una_tabella_che_manca_non_e_letta) {
     EXPECT_FALSE(leggi_tabella("", 6, 6).letta);
 }
 
-TEST_F(LeggiTabella, un_file_vuoto_e_letto_e_non_ha_righe) {
+TEST_F(LeggiTabella, UnFileVuotoELettoENonHaRighe) {
     const TabellaPosizioni t = leggi("");
     EXPECT_TRUE(t.letta);
     EXPECT_EQ(t.righe(), 0U);
 }
 
-TEST_F(LeggiTabella, una_posizione_fuori_misura_ferma_e_le_righe_prima_restano) {
+TEST_F(LeggiTabella, UnaPosizioneFuoriMisuraFermaELeRighePrimaRestano) {
     for (const char* guasta : {"0", "6", "-1", "256", "1e9", "x", "", "99999999999999999999"}) {
         const std::string riga = std::string("1,") + guasta + ",3\r\n";
         EXPECT_EQ(leggi("1,2,3\r\n" + riga + "3,4,5\r\n").posizioni, (Posizioni{1, 2, 3}))
@@ -77,20 +77,20 @@ TEST_F(LeggiTabella, una_posizione_fuori_misura_ferma_e_le_righe_prima_restano) 
     }
 }
 
-TEST_F(LeggiTabella, una_riga_corta_alla_fine_cade) {
+TEST_F(LeggiTabella, UnaRigaCortaAllaFineCade) {
     EXPECT_EQ(leggi("1,2,3\r\n1,2").posizioni, (Posizioni{1, 2, 3}));
     EXPECT_EQ(leggi("1,2,3\r\n1\r\n").posizioni, (Posizioni{1, 2, 3}));
     EXPECT_EQ(leggi("1,2").righe(), 0U);
 }
 
-TEST_F(LeggiTabella, quante_posizioni_non_positive_niente) {
+TEST_F(LeggiTabella, QuantePosizioniNonPositiveNiente) {
     for (const int k : {0, -1}) {
         EXPECT_EQ(leggi("1,2,3\r\n", k).righe(), 0U);
         EXPECT_TRUE(leggi("1,2,3\r\n", k).posizioni.empty());
     }
 }
 
-TEST_F(LeggiTabella, byte_a_caso_danno_solo_righe_intere_e_posizioni_buone) {
+TEST_F(LeggiTabella, ByteACasoDannoSoloRigheIntereEPosizioniBuone) {
     std::mt19937 caso(7);
     const std::string lettere = "0123456789,,,\r\n\n\" -.eE\t";
     for (int giro = 0; giro < 400; ++giro) {

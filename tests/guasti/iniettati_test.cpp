@@ -55,7 +55,7 @@ std::string rinunce(const Lavoro& lavoro) {
     return "";
 }
 
-TEST_F(Iniettati, i_lavori_riescono_senza_guasti) {
+TEST_F(Iniettati, ILavoriRiesconoSenzaGuasti) {
     for (const Lavoro& lavoro : lavori()) {
         const Attesa a = attesa(libreria_, lavoro);
         EXPECT_EQ(a.prima == a.dopo, lavoro.nome == "elaboration once more") << lavoro.nome;
@@ -65,7 +65,7 @@ TEST_F(Iniettati, i_lavori_riescono_senza_guasti) {
     EXPECT_EQ(libreria_.stato().at(libreria_.qui("a").sviluppo()), sviluppo_atteso(5));
 }
 
-TEST_F(Iniettati, la_morte_prima_di_ogni_chiamata) {
+TEST_F(Iniettati, LaMortePrimaDiOgniChiamata) {
     for (const Lavoro& lavoro : lavori()) {
         const Attesa a = attesa(libreria_, lavoro);
         const Licenza licenza{false, lavoro.sostituisce_coppia || lavoro.cambia_il_sistema, {}};
@@ -100,7 +100,7 @@ TEST_F(Iniettati, la_morte_prima_di_ogni_chiamata) {
     }
 }
 
-TEST_F(Iniettati, il_disco_pieno_dopo_ogni_tratto) {
+TEST_F(Iniettati, IlDiscoPienoDopoOgniTratto) {
     for (const bool perde : {false, true}) {
         for (const Lavoro& lavoro : lavori()) {
             const Attesa a = attesa(libreria_, lavoro);
@@ -124,7 +124,7 @@ TEST_F(Iniettati, il_disco_pieno_dopo_ogni_tratto) {
     }
 }
 
-TEST_F(Iniettati, un_disco_che_non_sincronizza_o_non_rinomina) {
+TEST_F(Iniettati, UnDiscoCheNonSincronizzaONonRinomina) {
     for (const bool rinomina : {false, true}) {
         for (const Lavoro& lavoro : lavori()) {
             const Attesa a = attesa(libreria_, lavoro);
@@ -184,7 +184,7 @@ bool blocca(const Libreria& libreria) {
     return true;
 }
 
-TEST_F(Iniettati, una_cartella_in_sola_lettura) {
+TEST_F(Iniettati, UnaCartellaInSolaLettura) {
     for (const Lavoro& lavoro : lavori()) {
         const Attesa a = attesa(libreria_, lavoro);
         Riga& r = riga("read-only folder",
@@ -252,7 +252,7 @@ void accetta_meno_righe(const Libreria& libreria, const Attesa& attesa, Licenza&
     licenza.sparite.insert(a.sviluppo());
 }
 
-TEST_F(Iniettati, un_file_che_sparisce_fra_la_prova_e_l_apertura) {
+TEST_F(Iniettati, UnFileCheSparisceFraLaProvaELApertura) {
     for (const Lavoro& lavoro : lavori()) {
         const Attesa a = attesa(libreria_, lavoro);
         Riga& r = riga("vanishing file",
@@ -311,7 +311,7 @@ private:
     pid_t figlio_ = -1;
 };
 
-TEST_F(Iniettati, i_file_bloccati_da_un_altro_programma) {
+TEST_F(Iniettati, IFileBloccatiDaUnAltroProgramma) {
     for (const Lavoro& lavoro : lavori()) {
         const Attesa a = attesa(libreria_, lavoro);
         prova(
@@ -324,7 +324,7 @@ TEST_F(Iniettati, i_file_bloccati_da_un_altro_programma) {
     }
 }
 
-TEST_F(Iniettati, un_nodo_di_dispositivo_non_viene_mai_sostituito) {
+TEST_F(Iniettati, UnNodoDiDispositivoNonVieneMaiSostituito) {
     const std::string nome = libreria_.programma() + "/a.sen";
     Riga& r = riga("device in a file's place", "a node made for the test, and a pipe",
                    "saving, elaboration, duplicating, importing, renaming, deleting");
@@ -366,7 +366,7 @@ private:
     bool montato_ = false;
 };
 
-TEST_F(Iniettati, un_disco_di_un_mebibyte_a_novantasette_misure) {
+TEST_F(Iniettati, UnDiscoDiUnMebibyteANovantasetteMisure) {
     constexpr std::int64_t spazio = 1 << 20;
     libreria_.prepara();
     const systems::Coppia origine = libreria_.la("c");
@@ -457,7 +457,7 @@ const std::vector<std::pair<const char*, Lettura>>& letture() {
     return tutte;
 }
 
-TEST_F(Iniettati, chi_legge_un_file_che_sparisce_lo_trova_assente) {
+TEST_F(Iniettati, ChiLeggeUnFileCheSparisceLoTrovaAssente) {
     std::string classifica = "#2004-06-12#\r\n";
     for (int i = 1; i <= 90; ++i) classifica += std::to_string(i) + ",5,1\r\n";
     for (const auto& [nome, legge] : letture()) {

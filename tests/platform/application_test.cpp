@@ -91,14 +91,14 @@ protected:
     Variabile dati_;
 };
 
-TEST(Radice, is_found_by_cutting_text) {
+TEST(Radice, IsFoundByCuttingText) {
     EXPECT_EQ(radice("/a/b/cruciverba"), "/a/b/");
     EXPECT_EQ(radice("/a/CRUCIVERBA"), "/a/");
     EXPECT_EQ(radice("/suite/giochi/altro"), "/suite/gi");
     EXPECT_EQ(radice("breve"), "");
 }
 
-TEST(ApplicationTest, tells_its_version_and_names_its_files) {
+TEST(Application, TellsItsVersionAndNamesItsFiles) {
     Application app;
     app.Major = 2;
     app.Minor = 10;
@@ -108,17 +108,17 @@ TEST(ApplicationTest, tells_its_version_and_names_its_files) {
     EXPECT_EQ(app.file("cst"), "/x/cruciverba/cst");
 }
 
-TEST(ApplicationTest, knows_the_folder_of_the_executable) {
+TEST(Application, KnowsTheFolderOfTheExecutable) {
     const std::string cartella = cartella_eseguibile();
     EXPECT_EQ(cartella, fs::read_symlink("/proc/self/exe").parent_path().string());
 }
 
-TEST_F(TrovaCartella, a_writable_cruciverba_holds_everything_itself) {
+TEST_F(TrovaCartella, AWritableCruciverbaHoldsEverythingItself) {
     EXPECT_EQ(trova_cartella(cartella_.programma(), condivisi()), cartella_.programma());
     EXPECT_FALSE(esiste_cartella(utente()));
 }
 
-TEST_F(TrovaCartella, an_executable_elsewhere_uses_the_folder_of_the_user) {
+TEST_F(TrovaCartella, AnExecutableElsewhereUsesTheFolderOfTheUser) {
     EXPECT_EQ(trova(), utente() + "/cruciverba");
     EXPECT_EQ(trova_cartella(cartella_.radice(), condivisi()), utente() + "/cruciverba");
     EXPECT_EQ(trova_cartella(cartella_.radice() + "/manca/cruciverba", condivisi()),
@@ -126,7 +126,7 @@ TEST_F(TrovaCartella, an_executable_elsewhere_uses_the_folder_of_the_user) {
     EXPECT_EQ(trova_cartella("", condivisi()), utente() + "/cruciverba");
 }
 
-TEST_F(TrovaCartella, a_cruciverba_that_cannot_be_written_is_not_used) {
+TEST_F(TrovaCartella, ACruciverbaThatCannotBeWrittenIsNotUsed) {
     fs::permissions(cartella_.radice(), fs::perms::all);
     fs::permissions(cartella_.programma(), fs::perms::owner_read | fs::perms::owner_exec |
                                                fs::perms::others_read | fs::perms::others_exec);
@@ -145,7 +145,7 @@ TEST_F(TrovaCartella, a_cruciverba_that_cannot_be_written_is_not_used) {
     fs::permissions(cartella_.programma(), fs::perms::owner_all);
 }
 
-TEST_F(TrovaCartella, without_a_data_folder_it_lies_below_the_home) {
+TEST_F(TrovaCartella, WithoutADataFolderItLiesBelowTheHome) {
     const Variabile casa("HOME", cartella_.radice() + "/io");
     // Relative to the working folder, where a faulty program would make it.
     const std::string relativa = "relativa" + fs::path(cartella_.radice()).filename().string();
@@ -156,14 +156,14 @@ TEST_F(TrovaCartella, without_a_data_folder_it_lies_below_the_home) {
     EXPECT_FALSE(fs::exists(relativa));
 }
 
-TEST_F(TrovaCartella, the_first_start_copies_tables_and_skins) {
+TEST_F(TrovaCartella, TheFirstStartCopiesTablesAndSkins) {
     const std::string trovata = trova();
     EXPECT_TRUE(esiste_cartella(trovata));
     EXPECT_TRUE(completa());
     EXPECT_EQ(radice(trovata), utente() + "/");
 }
 
-TEST_F(TrovaCartella, a_later_start_copies_nothing) {
+TEST_F(TrovaCartella, ALaterStartCopiesNothing) {
     trova();
     Kill(utente() + "/ridotti/sn0600.rid");
     metti(utente() + "/skin/skn.dat", "2");
@@ -172,14 +172,14 @@ TEST_F(TrovaCartella, a_later_start_copies_nothing) {
     EXPECT_EQ(leggi(utente() + "/skin/skn.dat"), "2");
 }
 
-TEST_F(TrovaCartella, a_sample_that_the_player_deleted_stays_away) {
+TEST_F(TrovaCartella, ASampleThatThePlayerDeletedStaysAway) {
     const std::string trovata = trova();
     Kill(trovata + "/esempio.sen");
     trova();
     EXPECT_FALSE(esiste_file(trovata + "/esempio.sen"));
 }
 
-TEST_F(TrovaCartella, the_root_leads_to_the_installed_guide) {
+TEST_F(TrovaCartella, TheRootLeadsToTheInstalledGuide) {
     trova();
     EXPECT_FALSE(fs::is_symlink(utente() + "/guida"));
     fs::create_directories(cartella_.radice() + "/libexec");
@@ -193,7 +193,7 @@ TEST_F(TrovaCartella, the_root_leads_to_the_installed_guide) {
     EXPECT_EQ(leggi(utente() + "/guida"), "vera");
 }
 
-TEST_F(TrovaCartella, a_link_to_a_guide_that_moved_is_renewed) {
+TEST_F(TrovaCartella, ALinkToAGuideThatMovedIsRenewed) {
     metti(condivisi() + "/guida", "vera");
     trova();
     Kill(utente() + "/guida");
@@ -202,7 +202,7 @@ TEST_F(TrovaCartella, a_link_to_a_guide_that_moved_is_renewed) {
     EXPECT_EQ(leggi(utente() + "/guida"), "vera");
 }
 
-TEST_F(TrovaCartella, a_guide_of_the_suite_stays) {
+TEST_F(TrovaCartella, AGuideOfTheSuiteStays) {
     metti(condivisi() + "/guida", "vera");
     fs::create_directories(utente());
     metti(utente() + "/guida", "della suite");
@@ -211,7 +211,7 @@ TEST_F(TrovaCartella, a_guide_of_the_suite_stays) {
     EXPECT_EQ(leggi(utente() + "/guida"), "della suite");
 }
 
-TEST_F(TrovaCartella, the_first_start_leaves_what_the_suite_put_there) {
+TEST_F(TrovaCartella, TheFirstStartLeavesWhatTheSuitePutThere) {
     fs::create_directories(utente() + "/archivio");
     metti(utente() + "/archivio/drawit.mdb", "archivio nuovo");
     trova();
@@ -219,7 +219,7 @@ TEST_F(TrovaCartella, the_first_start_leaves_what_the_suite_put_there) {
     EXPECT_EQ(leggi(utente() + "/skin/skn.dat"), "1");
 }
 
-TEST_F(TrovaCartella, works_without_shared_files) {
+TEST_F(TrovaCartella, WorksWithoutSharedFiles) {
     EXPECT_EQ(trova_cartella("/usr/bin", cartella_.radice() + "/manca"), utente() + "/cruciverba");
     EXPECT_TRUE(esiste_cartella(utente() + "/cruciverba"));
     EXPECT_TRUE(esiste_cartella(utente() + "/ridotti"));
@@ -262,7 +262,7 @@ private:
     }
 };
 
-TEST_F(TrovaCartella, a_first_start_cut_short_by_a_full_disk_is_taken_up_again) {
+TEST_F(TrovaCartella, AFirstStartCutShortByAFullDiskIsTakenUpAgain) {
     for (const std::int64_t spazio : {0, 5, 13, 100000, 300000}) {
         Disco disco;
         disco.spazio = spazio;
@@ -278,7 +278,7 @@ TEST_F(TrovaCartella, a_first_start_cut_short_by_a_full_disk_is_taken_up_again) 
     }
 }
 
-TEST_F(TrovaCartella, a_first_start_killed_at_any_step_is_taken_up_again) {
+TEST_F(TrovaCartella, AFirstStartKilledAtAnyStepIsTakenUpAgain) {
     int uccisi = 0;
     for (int vita = 1;; ++vita) {
         const pid_t figlio = ::fork();
@@ -303,12 +303,12 @@ TEST_F(TrovaCartella, a_first_start_killed_at_any_step_is_taken_up_again) {
 }
 
 /// Two programs: this one and one that runs in a child process.
-class PrevInstanceTest : public testing::Test {
+class PrevInstance : public testing::Test {
 protected:
-    PrevInstanceTest() : runtime_("XDG_RUNTIME_DIR", cartella_.radice() + "/runtime") {
+    PrevInstance() : runtime_("XDG_RUNTIME_DIR", cartella_.radice() + "/runtime") {
         fs::create_directories(cartella_.radice() + "/runtime");
     }
-    ~PrevInstanceTest() override { EXPECT_TRUE(fs::is_empty(cartella_.radice() + "/runtime")); }
+    ~PrevInstance() override { EXPECT_TRUE(fs::is_empty(cartella_.radice() + "/runtime")); }
 
     /// What another process is told that starts on `percorso`.
     static bool altra(const std::string& percorso) {
@@ -327,7 +327,7 @@ protected:
     Variabile runtime_;
 };
 
-TEST_F(PrevInstanceTest, a_second_program_on_the_folder_sees_the_first) {
+TEST_F(PrevInstance, ASecondProgramOnTheFolderSeesTheFirst) {
     Application app;
     app.Path = cartella_.programma();
     EXPECT_FALSE(altra(app.Path));
@@ -336,14 +336,14 @@ TEST_F(PrevInstanceTest, a_second_program_on_the_folder_sees_the_first) {
     EXPECT_TRUE(altra(app.Path));
 }
 
-TEST_F(PrevInstanceTest, the_instance_itself_may_ask_again) {
+TEST_F(PrevInstance, TheInstanceItselfMayAskAgain) {
     Application app;
     app.Path = cartella_.programma();
     EXPECT_FALSE(app.PrevInstance());
     EXPECT_FALSE(app.PrevInstance());
 }
 
-TEST_F(PrevInstanceTest, the_same_folder_by_another_path_is_the_same) {
+TEST_F(PrevInstance, TheSameFolderByAnotherPathIsTheSame) {
     Application app;
     app.Path = cartella_.programma();
     EXPECT_FALSE(app.PrevInstance());
@@ -351,7 +351,7 @@ TEST_F(PrevInstanceTest, the_same_folder_by_another_path_is_the_same) {
     EXPECT_TRUE(altra(cartella_.radice() + "/via/cruciverba"));
 }
 
-TEST_F(PrevInstanceTest, a_turn_on_a_folder_is_one_programs_until_it_ends) {
+TEST_F(PrevInstance, ATurnOnAFolderIsOneProgramsUntilItEnds) {
     const std::string qui = cartella_.programma();
     const auto altro_turno = [](const std::string& dove) {
         const pid_t figlio = ::fork();
@@ -374,7 +374,7 @@ TEST_F(PrevInstanceTest, a_turn_on_a_folder_is_one_programs_until_it_ends) {
     EXPECT_TRUE(altro_turno(qui));
 }
 
-TEST_F(PrevInstanceTest, another_folder_has_its_own_instance) {
+TEST_F(PrevInstance, AnotherFolderHasItsOwnInstance) {
     Application app;
     app.Path = cartella_.programma();
     EXPECT_FALSE(app.PrevInstance());
@@ -382,7 +382,7 @@ TEST_F(PrevInstanceTest, another_folder_has_its_own_instance) {
     EXPECT_FALSE(altra(cartella_.radice() + "/manca"));
 }
 
-TEST_F(PrevInstanceTest, a_program_that_ended_or_was_killed_bars_nobody) {
+TEST_F(PrevInstance, AProgramThatEndedOrWasKilledBarsNobody) {
     {
         Application app;
         app.Path = cartella_.programma();
@@ -434,7 +434,7 @@ private:
     platform::Ripristina<platform::Syscalls*> posto_{platform::ambiente().chiamate, this};
 };
 
-TEST_F(PrevInstanceTest, on_a_disk_of_the_network_a_second_program_sees_the_first) {
+TEST_F(PrevInstance, OnADiskOfTheNetworkASecondProgramSeesTheFirst) {
     const SenzaFlock disco;
     Application app;
     app.Path = cartella_.programma();
@@ -444,7 +444,7 @@ TEST_F(PrevInstanceTest, on_a_disk_of_the_network_a_second_program_sees_the_firs
     EXPECT_TRUE(turno.preso());
 }
 
-TEST_F(PrevInstanceTest, a_disk_without_locks_bars_nobody) {
+TEST_F(PrevInstance, ADiskWithoutLocksBarsNobody) {
     SenzaFlock disco;
     disco.nessuno = true;
     Application app;
@@ -454,7 +454,7 @@ TEST_F(PrevInstanceTest, a_disk_without_locks_bars_nobody) {
     EXPECT_FALSE(Turno(app.Path, std::chrono::hours(1)).preso());
 }
 
-TEST_F(PrevInstanceTest, a_turn_leaves_nothing_and_that_of_a_killed_program_is_taken_over) {
+TEST_F(PrevInstance, ATurnLeavesNothingAndThatOfAKilledProgramIsTakenOver) {
     const std::string qui = cartella_.programma();
     EXPECT_TRUE(Turno(qui).preso());
     EXPECT_TRUE(fs::is_empty(qui));
@@ -471,7 +471,7 @@ TEST_F(PrevInstanceTest, a_turn_leaves_nothing_and_that_of_a_killed_program_is_t
     EXPECT_TRUE(fs::is_empty(qui));
 }
 
-TEST_F(PrevInstanceTest, leaves_nothing_in_the_program_folder) {
+TEST_F(PrevInstance, LeavesNothingInTheProgramFolder) {
     Application app;
     app.Path = cartella_.programma();
     EXPECT_FALSE(app.PrevInstance());

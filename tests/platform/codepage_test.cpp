@@ -6,14 +6,14 @@ using namespace platform;
 
 namespace {
 
-TEST(Codepage, ascii_stays_as_it_is_both_ways) {
+TEST(Codepage, AsciiStaysAsItIsBothWays) {
     std::string testo;
     for (char c = 0; c < 127; ++c) testo.push_back(c);
     EXPECT_EQ(da_cp1252(testo), testo);
     EXPECT_EQ(a_cp1252(testo), testo);
 }
 
-TEST(Codepage, every_assigned_byte_comes_back) {
+TEST(Codepage, EveryAssignedByteComesBack) {
     int non_assegnati = 0;
     for (int i = 0; i < 256; ++i) {
         const std::string byte(1, static_cast<char>(i));
@@ -28,20 +28,20 @@ TEST(Codepage, every_assigned_byte_comes_back) {
     EXPECT_EQ(non_assegnati, 5);
 }
 
-TEST(Codepage, knows_the_letters_and_signs_of_western_europe) {
+TEST(Codepage, KnowsTheLettersAndSignsOfWesternEurope) {
     EXPECT_EQ(da_cp1252("citt\xE0 \x80 1\xB0"), "città € 1°");
     EXPECT_EQ(a_cp1252("città € 1°"), "citt\xE0 \x80 1\xB0");
     EXPECT_EQ(a_cp1252("“”–…Ÿ"), "\x93\x94\x96\x85\x9F");
 }
 
-TEST(Codepage, what_it_lacks_becomes_one_question_mark) {
+TEST(Codepage, WhatItLacksBecomesOneQuestionMark) {
     EXPECT_EQ(a_cp1252("a日b"), "a?b");
     EXPECT_EQ(a_cp1252("a😀b"), "a?b");
     // The control characters at the places of the signs are no part of it either.
     EXPECT_EQ(a_cp1252("\u0080"), "?");
 }
 
-TEST(Codepage, what_is_no_utf8_becomes_question_marks) {
+TEST(Codepage, WhatIsNoUtf8BecomesQuestionMarks) {
     EXPECT_EQ(a_cp1252("a\xFF"), "a?");
     EXPECT_EQ(a_cp1252("\xE0"), "?");
     EXPECT_EQ(a_cp1252("\xE2\x82"), "?");
@@ -51,20 +51,20 @@ TEST(Codepage, what_is_no_utf8_becomes_question_marks) {
     EXPECT_EQ(a_cp1252("\xFA\x80\x80\x80"), "????");
 }
 
-TEST(Codepage, an_overlong_form_smuggles_in_no_quote_or_line_end) {
+TEST(Codepage, AnOverlongFormSmugglesInNoQuoteOrLineEnd) {
     EXPECT_EQ(a_cp1252("\xC0\xA2"), "?");
     EXPECT_EQ(a_cp1252("\xC0\x8A"), "?");
     EXPECT_EQ(a_cp1252("\xE0\x80\xA2"), "?");
     EXPECT_EQ(a_cp1252("\xF0\x80\x80\xA2"), "?");
 }
 
-TEST(Codepage, a_null_is_a_character_like_others) {
+TEST(Codepage, ANullIsACharacterLikeOthers) {
     const std::string testo("a\0b", 3);
     EXPECT_EQ(da_cp1252(testo), testo);
     EXPECT_EQ(a_cp1252(testo), testo);
 }
 
-TEST(Codepage, what_is_shown_holds_no_control) {
+TEST(Codepage, WhatIsShownHoldsNoControl) {
     EXPECT_EQ(mostrabile("Città \xE2\x82\xAC \xF0\x9F\x8D\x80 \xEF\xBF\xBD"),
               "Città \xE2\x82\xAC \xF0\x9F\x8D\x80 \xEF\xBF\xBD");
     EXPECT_EQ(mostrabile("a\x1b[2J\n\t\x7f"), "a\\x1B[2J\\x0A\\x09\\x7F");

@@ -41,7 +41,7 @@ protected:
     platform::Ripristina<platform::LettoreJet> lettore_{platform::ambiente().lettore_jet};
 };
 
-TEST_F(DatabaseTest, both_engines_give_the_same_rows) {
+TEST_F(DatabaseTest, BothEnginesGiveTheSameRows) {
     ASSERT_EQ(attese_.archivio.size(), 1000U);
     for (const std::string& nome : {jet_, sqlite_}) {
         const Database db = apri(nome);
@@ -51,7 +51,7 @@ TEST_F(DatabaseTest, both_engines_give_the_same_rows) {
     }
 }
 
-TEST_F(DatabaseTest, both_engines_have_the_columns_that_are_read_by_name) {
+TEST_F(DatabaseTest, BothEnginesHaveTheColumnsThatAreReadByName) {
     for (const std::string& nome : {jet_, sqlite_}) {
         const Database db = apri(nome);
         const Recordset lotto = apri(db, "archivio");
@@ -71,7 +71,7 @@ TEST_F(DatabaseTest, both_engines_have_the_columns_that_are_read_by_name) {
     }
 }
 
-TEST_F(DatabaseTest, a_table_is_found_without_case) {
+TEST_F(DatabaseTest, ATableIsFoundWithoutCase) {
     for (const std::string& nome : {jet_, sqlite_}) {
         const Database db = apri(nome);
         EXPECT_EQ(apri(db, "ARCHIVION").RecordCount(), 50);
@@ -79,7 +79,7 @@ TEST_F(DatabaseTest, a_table_is_found_without_case) {
     }
 }
 
-TEST_F(DatabaseTest, a_table_that_is_not_there_is_told_and_the_target_stays) {
+TEST_F(DatabaseTest, ATableThatIsNotThereIsToldAndTheTargetStays) {
     for (const std::string& nome : {jet_, sqlite_}) {
         Database db = apri(nome);
         Recordset rs = apri(db, "archivion");
@@ -91,7 +91,7 @@ TEST_F(DatabaseTest, a_table_that_is_not_there_is_told_and_the_target_stays) {
     }
 }
 
-TEST_F(DatabaseTest, the_query_of_a_table_is_ordered_and_is_no_table) {
+TEST_F(DatabaseTest, TheQueryOfATableIsOrderedAndIsNoTable) {
     for (const std::string& nome : {jet_, sqlite_}) {
         const Database db = apri(nome);
         for (const Query& query :
@@ -103,7 +103,7 @@ TEST_F(DatabaseTest, the_query_of_a_table_is_ordered_and_is_no_table) {
     }
 }
 
-TEST_F(DatabaseTest, the_query_of_a_wheel_gives_its_rows) {
+TEST_F(DatabaseTest, TheQueryOfAWheelGivesItsRows) {
     support::Righe torino;
     for (const auto& riga : attese_.archivio) {
         if (riga[1] == "TO") torino.push_back(riga);
@@ -120,7 +120,7 @@ TEST_F(DatabaseTest, the_query_of_a_wheel_gives_its_rows) {
     }
 }
 
-TEST_F(DatabaseTest, the_query_of_a_concorso_gives_its_row) {
+TEST_F(DatabaseTest, TheQueryOfAConcorsoGivesItsRow) {
     for (const std::string& nome : {jet_, sqlite_}) {
         const Database db = apri(nome);
         const auto estrazione = [&db](std::int32_t concorso) {
@@ -131,7 +131,7 @@ TEST_F(DatabaseTest, the_query_of_a_concorso_gives_its_row) {
     }
 }
 
-TEST_F(DatabaseTest, a_descending_file_is_put_in_order_where_the_query_says_so) {
+TEST_F(DatabaseTest, ADescendingFileIsPutInOrderWhereTheQuerySaysSo) {
     const Database db = apri(support::fixture_jet + "descending.mdb");
     Recordset tabella = apri(db, "archivios");
     EXPECT_EQ(support::record(tabella), attese_.archivios.back());
@@ -142,7 +142,7 @@ TEST_F(DatabaseTest, a_descending_file_is_put_in_order_where_the_query_says_so) 
     EXPECT_EQ(support::record(tabella), attese_.archivios[16]);
 }
 
-TEST_F(DatabaseTest, a_walk_back_by_draws_meets_every_row_of_the_index) {
+TEST_F(DatabaseTest, AWalkBackByDrawsMeetsEveryRowOfTheIndex) {
     for (const std::string& nome : {jet_, sqlite_}) {
         Recordset rs = apri(apri(nome), "archivio");
         rs.Index("concorso");
@@ -158,7 +158,7 @@ TEST_F(DatabaseTest, a_walk_back_by_draws_meets_every_row_of_the_index) {
     }
 }
 
-TEST_F(DatabaseTest, unknown_fields_and_other_types_in_a_query_are_told) {
+TEST_F(DatabaseTest, UnknownFieldsAndOtherTypesInAQueryAreTold) {
     Database db = apri(sqlite_);
     Recordset rs;
     const auto errore = [&](const std::string& ordine, const Query::Condizione& dove) {
@@ -172,21 +172,21 @@ TEST_F(DatabaseTest, unknown_fields_and_other_types_in_a_query_are_told) {
     EXPECT_EQ(rs.MoveFirst().Number, 91);
 }
 
-TEST_F(DatabaseTest, the_jet_file_goes_before_the_other) {
+TEST_F(DatabaseTest, TheJetFileGoesBeforeTheOther) {
     support::scrivi_file(cartella_.file("sqlite/drawit.mdb"), "non è un database");
     EXPECT_EQ(errore_apertura(sqlite_), 3343);
     fs::remove(cartella_.file("sqlite/drawit.mdb"));
     EXPECT_EQ(errore_apertura(sqlite_), 0);
 }
 
-TEST_F(DatabaseTest, file_names_are_found_without_case) {
+TEST_F(DatabaseTest, FileNamesAreFoundWithoutCase) {
     fs::rename(jet_, cartella_.file("jet/DrawIt.MDB"));
     EXPECT_EQ(errore_apertura(jet_), 0);
     fs::rename(cartella_.file("sqlite/drawit.sqlite"), cartella_.file("sqlite/DRAWIT.SQLITE"));
     EXPECT_EQ(errore_apertura(sqlite_), 0);
 }
 
-TEST_F(DatabaseTest, a_missing_file_is_told_and_the_target_stays) {
+TEST_F(DatabaseTest, AMissingFileIsToldAndTheTargetStays) {
     Database db = apri(sqlite_);
     EXPECT_EQ(OpenDatabase(cartella_.file("altro.mdb"), false, true, db).Number, 3024);
     EXPECT_EQ(apri(db, "archivion").RecordCount(), 50);
@@ -194,7 +194,7 @@ TEST_F(DatabaseTest, a_missing_file_is_told_and_the_target_stays) {
     EXPECT_EQ(errore_apertura(""), 3024);
 }
 
-TEST_F(DatabaseTest, what_is_no_regular_file_is_not_found) {
+TEST_F(DatabaseTest, WhatIsNoRegularFileIsNotFound) {
     fs::create_directory(cartella_.file("cartella.mdb"));
     EXPECT_EQ(errore_apertura(cartella_.file("cartella.mdb")), 3024);
     ASSERT_EQ(::mkfifo(cartella_.file("tubo.mdb").c_str(), 0600), 0);
@@ -219,7 +219,7 @@ private:
     platform::Ripristina<platform::Syscalls*> posto_{platform::ambiente().chiamate, this};
 };
 
-TEST_F(DatabaseTest, the_reason_of_a_refused_file_is_told) {
+TEST_F(DatabaseTest, TheReasonOfARefusedFileIsTold) {
     const std::vector<std::pair<int, int>> casi = {{EACCES, 3051},  {EPERM, 3051}, {EBUSY, 3356},
                                                    {ETXTBSY, 3356}, {EIO, 3043},   {ENOENT, 3024}};
     for (const auto& [errore, numero] : casi) {
@@ -229,7 +229,7 @@ TEST_F(DatabaseTest, the_reason_of_a_refused_file_is_told) {
     }
 }
 
-TEST_F(DatabaseTest, a_file_without_permission_is_told) {
+TEST_F(DatabaseTest, AFileWithoutPermissionIsTold) {
     if (::geteuid() == 0) GTEST_SKIP() << "root may read everything";
     for (const std::string& nome : {jet_, cartella_.file("sqlite/drawit.sqlite")}) {
         fs::permissions(nome, fs::perms::none);
@@ -237,7 +237,7 @@ TEST_F(DatabaseTest, a_file_without_permission_is_told) {
     }
 }
 
-TEST_F(DatabaseTest, a_file_that_cannot_be_written_is_read) {
+TEST_F(DatabaseTest, AFileThatCannotBeWrittenIsRead) {
     for (const char* nome : {"jet/drawit.mdb", "sqlite/drawit.sqlite"})
         fs::permissions(cartella_.file(nome), fs::perms::owner_read);
     EXPECT_EQ(apri(apri(jet_), "archivion").RecordCount(), 50);
@@ -291,7 +291,7 @@ bool blocca_tratto(int fd, short tipo, off_t da, off_t quanti) {
     return ::fcntl(fd, F_SETLK, &blocco) == 0;
 }
 
-TEST_F(DatabaseTest, a_file_held_exclusively_by_another_is_told) {
+TEST_F(DatabaseTest, AFileHeldExclusivelyByAnotherIsTold) {
     {
         const Altro altro(jet_, [](int fd) { return ::flock(fd, LOCK_EX) == 0; });
         EXPECT_EQ(errore_apertura(jet_), 3356);
@@ -303,7 +303,7 @@ TEST_F(DatabaseTest, a_file_held_exclusively_by_another_is_told) {
     EXPECT_EQ(errore_apertura(jet_), 0);
 }
 
-TEST_F(DatabaseTest, a_file_shared_with_another_is_opened) {
+TEST_F(DatabaseTest, AFileSharedWithAnotherIsOpened) {
     {
         const Altro altro(jet_, [](int fd) { return ::flock(fd, LOCK_SH) == 0; });
         EXPECT_EQ(errore_apertura(jet_), 0);
@@ -318,7 +318,7 @@ TEST_F(DatabaseTest, a_file_shared_with_another_is_opened) {
     EXPECT_EQ(errore_apertura(jet_), 0);
 }
 
-TEST_F(DatabaseTest, an_exclusive_opening_keeps_others_out_until_it_is_closed) {
+TEST_F(DatabaseTest, AnExclusiveOpeningKeepsOthersOutUntilItIsClosed) {
     Database sola;
     ASSERT_EQ(OpenDatabase(jet_, true, true, sola).Number, 0);
     EXPECT_EQ(errore_apertura(jet_), 3356);
@@ -331,7 +331,7 @@ TEST_F(DatabaseTest, an_exclusive_opening_keeps_others_out_until_it_is_closed) {
     EXPECT_EQ(errore_apertura(jet_), 0);
 }
 
-TEST_F(DatabaseTest, closing_ends_the_recordsets_of_this_opening_only) {
+TEST_F(DatabaseTest, ClosingEndsTheRecordsetsOfThisOpeningOnly) {
     Database db = apri(sqlite_);
     Recordset rs = apri(db, "archivion");
     Database altra = apri(sqlite_);
@@ -345,7 +345,7 @@ TEST_F(DatabaseTest, closing_ends_the_recordsets_of_this_opening_only) {
     EXPECT_EQ(Database().OpenRecordset("archivion", rs).Number, 91);
 }
 
-TEST_F(DatabaseTest, a_handle_that_is_replaced_leaves_its_recordsets_alone) {
+TEST_F(DatabaseTest, AHandleThatIsReplacedLeavesItsRecordsetsAlone) {
     Database db = apri(sqlite_);
     Recordset rs = apri(db, "archivion");
     db = apri(jet_);
@@ -353,7 +353,7 @@ TEST_F(DatabaseTest, a_handle_that_is_replaced_leaves_its_recordsets_alone) {
     EXPECT_EQ(support::record(rs), attese_.archivion.back());
 }
 
-TEST_F(DatabaseTest, a_table_is_read_when_it_is_first_opened_and_kept) {
+TEST_F(DatabaseTest, ATableIsReadWhenItIsFirstOpenedAndKept) {
     Database db = apri(sqlite_);
     const std::string file = cartella_.file("sqlite/drawit.sqlite");
     support::esegui_sql(file, "DELETE FROM archivion");
@@ -366,7 +366,7 @@ TEST_F(DatabaseTest, a_table_is_read_when_it_is_first_opened_and_kept) {
     EXPECT_EQ(apri(apri(jet_), "archivion").RecordCount(), 50);
 }
 
-TEST_F(DatabaseTest, a_later_opening_sees_what_was_written_since) {
+TEST_F(DatabaseTest, ALaterOpeningSeesWhatWasWrittenSince) {
     EXPECT_EQ(apri(apri(sqlite_), "archivion").RecordCount(), 50);
     support::esegui_sql(cartella_.file("sqlite/drawit.sqlite"),
                         "DELETE FROM archivion WHERE concorso > 90");

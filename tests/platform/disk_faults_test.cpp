@@ -178,7 +178,7 @@ protected:
     support::Cartella cartella_;
 };
 
-TEST_F(DiskFaults, a_device_that_fills_after_any_byte_leaves_old_or_new) {
+TEST_F(DiskFaults, ADeviceThatFillsAfterAnyByteLeavesOldOrNew) {
     const auto quanto = static_cast<std::int64_t>(dati_nuovi.size());
     for (const Passo& passo : passi) {
         for (const bool esisteva : {true, false}) {
@@ -201,7 +201,7 @@ TEST_F(DiskFaults, a_device_that_fills_after_any_byte_leaves_old_or_new) {
     }
 }
 
-TEST_F(DiskFaults, short_writes_and_signals_change_nothing) {
+TEST_F(DiskFaults, ShortWritesAndSignalsChangeNothing) {
     per_tutti([](Guasti& g) { g.pezzo = 3; }, Esito::ok, "short");
     per_tutti([](Guasti& g) { g.segnali = true; }, Esito::ok, "signals");
     per_tutti(
@@ -212,17 +212,17 @@ TEST_F(DiskFaults, short_writes_and_signals_change_nothing) {
         Esito::ok, "both");
 }
 
-TEST_F(DiskFaults, a_file_that_cannot_be_opened_is_told) {
+TEST_F(DiskFaults, AFileThatCannotBeOpenedIsTold) {
     per_tutti([](Guasti& g) { g.errore_open = EROFS; }, Esito::errore, "open");
     per_tutti([](Guasti& g) { g.errore_open = EDQUOT; }, Esito::disco_pieno, "open, quota");
 }
 
-TEST_F(DiskFaults, a_failing_write_or_close_is_told) {
+TEST_F(DiskFaults, AFailingWriteOrCloseIsTold) {
     per_tutti([](Guasti& g) { g.errore_write = EIO; }, Esito::errore, "write");
     per_tutti([](Guasti& g) { g.errore_write = EDQUOT; }, Esito::disco_pieno, "write, quota");
 }
 
-TEST_F(DiskFaults, a_failing_sync_or_rename_is_told) {
+TEST_F(DiskFaults, AFailingSyncOrRenameIsTold) {
     for (const Passo& passo : passi) {
         if (passo.accoda) {
             continue;  // neither synced nor renamed
@@ -257,7 +257,7 @@ TEST_F(DiskFaults, a_failing_sync_or_rename_is_told) {
     }
 }
 
-TEST_F(DiskFaults, a_failing_close_leaves_the_old_file) {
+TEST_F(DiskFaults, AFailingCloseLeavesTheOldFile) {
     for (const Passo& passo : passi) {
         prepara(true);
         Esito esito = Esito::ok;
@@ -274,7 +274,7 @@ TEST_F(DiskFaults, a_failing_close_leaves_the_old_file) {
     }
 }
 
-TEST_F(DiskFaults, data_lost_without_a_word_are_noticed_by_the_size) {
+TEST_F(DiskFaults, DataLostWithoutAWordAreNoticedByTheSize) {
     for (const std::int64_t spazio : {0, 1, 500}) {
         prepara(true);
         Esito esito = Esito::ok;
@@ -291,7 +291,7 @@ TEST_F(DiskFaults, data_lost_without_a_word_are_noticed_by_the_size) {
     }
 }
 
-TEST_F(DiskFaults, publishing_syncs_before_it_renames) {
+TEST_F(DiskFaults, PublishingSyncsBeforeItRenames) {
     prepara(true);
     cartella_.scrivi("temp.col", dati_nuovi);
     const auto quanto = static_cast<std::int64_t>(dati_nuovi.size());
@@ -313,7 +313,7 @@ TEST_F(DiskFaults, publishing_syncs_before_it_renames) {
     EXPECT_EQ(cartella_.leggi("temp.col"), dati_nuovi);
 }
 
-TEST_F(DiskFaults, a_kill_before_any_call_of_a_replacement_leaves_old_or_new) {
+TEST_F(DiskFaults, AKillBeforeAnyCallOfAReplacementLeavesOldOrNew) {
     for (const char* nome : {"sostituisci", "scrivi", "FileCopy"}) {
         const auto passo = std::find_if(passi.begin(), passi.end(),
                                         [&](const Passo& p) { return !strcmp(p.nome, nome); });
@@ -385,7 +385,7 @@ protected:
     bool montato_ = false;
 };
 
-TEST_F(DiscoPiccolo, a_replacement_is_whole_or_has_not_been_at_every_size) {
+TEST_F(DiscoPiccolo, AReplacementIsWholeOrHasNotBeenAtEverySize) {
     const std::string vecchio(20000, 'v');
     for (const std::size_t pezzo : {std::size_t{511}, std::size_t{4096}, std::size_t{65536},
                                     std::numeric_limits<std::size_t>::max()}) {
@@ -412,7 +412,7 @@ TEST_F(DiscoPiccolo, a_replacement_is_whole_or_has_not_been_at_every_size) {
     }
 }
 
-TEST_F(DiscoPiccolo, an_append_is_whole_or_has_not_been_at_every_size) {
+TEST_F(DiscoPiccolo, AnAppendIsWholeOrHasNotBeenAtEverySize) {
     const std::string vecchio(20000, 'v');
     int riuscite = 0;
     int fallite = 0;
@@ -429,7 +429,7 @@ TEST_F(DiscoPiccolo, an_append_is_whole_or_has_not_been_at_every_size) {
     EXPECT_GT(fallite, 10);
 }
 
-TEST_F(DiscoPiccolo, a_new_file_is_whole_or_not_there_at_every_size) {
+TEST_F(DiscoPiccolo, ANewFileIsWholeOrNotThereAtEverySize) {
     int riuscite = 0;
     int fallite = 0;
     per_ogni_misura(grandezza, [&](std::size_t misura) {
@@ -446,7 +446,7 @@ TEST_F(DiscoPiccolo, a_new_file_is_whole_or_not_there_at_every_size) {
     EXPECT_GT(fallite, 10);
 }
 
-TEST_F(DiscoPiccolo, a_copy_that_finds_no_room_is_told_and_stays_half_written_when_asked) {
+TEST_F(DiscoPiccolo, ACopyThatFindsNoRoomIsToldAndStaysHalfWrittenWhenAsked) {
     const std::string dati(grandezza + 5000, 'n');
     const std::string fuori = cartella_.radice() + "/fuori.col";
     ASSERT_EQ(scrivi(fuori, dati), Esito::ok);

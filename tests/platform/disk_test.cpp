@@ -22,7 +22,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class DiskTest : public testing::Test {
+class Disk : public testing::Test {
 protected:
     [[nodiscard]] std::string f(const std::string& nome) const { return cartella_.file(nome); }
     [[nodiscard]] std::vector<std::string> tutti() const {
@@ -37,7 +37,7 @@ protected:
     support::Cartella cartella_;
 };
 
-TEST_F(DiskTest, a_name_in_another_case_is_found_in_every_component) {
+TEST_F(Disk, ANameInAnotherCaseIsFoundInEveryComponent) {
     fs::create_directories(f("Sotto/Ancora"));
     cartella_.scrivi("Sotto/Ancora/Prova.SEN", "x");
     EXPECT_EQ(nome_su_disco(f("sOTTO/aNCORA/pROVA.sen")), f("Sotto/Ancora/Prova.SEN"));
@@ -48,12 +48,12 @@ TEST_F(DiskTest, a_name_in_another_case_is_found_in_every_component) {
     EXPECT_EQ(dimensione_file(f("sotto/ancora/prova.sen")), 1);
 }
 
-TEST_F(DiskTest, accented_letters_match_without_case_too) {
+TEST_F(Disk, AccentedLettersMatchWithoutCaseToo) {
     cartella_.scrivi("Città È.sen", "x");
     EXPECT_TRUE(esiste_file(f("CITTÀ è.SEN")));
 }
 
-TEST_F(DiskTest, a_name_that_is_not_there_stays_as_it_is) {
+TEST_F(Disk, ANameThatIsNotThereStaysAsItIs) {
     EXPECT_EQ(nome_su_disco(f("Nuovo.sen")), f("Nuovo.sen"));
     EXPECT_EQ(nome_su_disco("/manca/del/Tutto"), "/manca/del/Tutto");
     EXPECT_EQ(nome_su_disco("Relativo"), "Relativo");
@@ -62,7 +62,7 @@ TEST_F(DiskTest, a_name_that_is_not_there_stays_as_it_is) {
     EXPECT_EQ(nome_su_disco("/TMP/Manca"), "/tmp/Manca");
 }
 
-TEST_F(DiskTest, of_two_names_that_differ_in_case_the_exact_one_is_meant) {
+TEST_F(Disk, OfTwoNamesThatDifferInCaseTheExactOneIsMeant) {
     cartella_.scrivi("a.sen", "1");
     cartella_.scrivi("A.sen", "2");
     EXPECT_EQ(leggi_tutto(f("a.sen")), "1");
@@ -70,7 +70,7 @@ TEST_F(DiskTest, of_two_names_that_differ_in_case_the_exact_one_is_meant) {
     EXPECT_EQ(leggi_tutto(f("A.SEN")), "2");
 }
 
-TEST_F(DiskTest, impossible_names_hit_no_file) {
+TEST_F(Disk, ImpossibleNamesHitNoFile) {
     cartella_.scrivi("a", "x");
     const std::string nullo = f("a") + std::string(1, '\0') + ".sen";
     const std::string lungo = f(std::string(300, 'a'));
@@ -97,7 +97,7 @@ TEST_F(DiskTest, impossible_names_hit_no_file) {
     EXPECT_EQ(cartella_.leggi("a"), "x");
 }
 
-TEST_F(DiskTest, a_file_is_no_folder_and_a_folder_no_file) {
+TEST_F(Disk, AFileIsNoFolderAndAFolderNoFile) {
     cartella_.scrivi("a", "x");
     EXPECT_TRUE(esiste_file(f("a")));
     EXPECT_FALSE(esiste_cartella(f("a")));
@@ -108,7 +108,7 @@ TEST_F(DiskTest, a_file_is_no_folder_and_a_folder_no_file) {
     EXPECT_FALSE(esiste_file(f("manca")));
 }
 
-TEST_F(DiskTest, folders_are_made_with_those_above_them) {
+TEST_F(Disk, FoldersAreMadeWithThoseAboveThem) {
     EXPECT_TRUE(crea_cartella(f("Uno/due/tre")));
     EXPECT_TRUE(crea_cartella(f("Uno/due/tre")));
     EXPECT_TRUE(crea_cartella(f("uno/DUE/quattro/")));
@@ -119,7 +119,7 @@ TEST_F(DiskTest, folders_are_made_with_those_above_them) {
     EXPECT_FALSE(crea_cartella(f("file/sotto")));
 }
 
-TEST_F(DiskTest, a_folder_is_writable_when_files_can_be_made_in_it) {
+TEST_F(Disk, AFolderIsWritableWhenFilesCanBeMadeInIt) {
     EXPECT_TRUE(cartella_scrivibile(cartella_.programma()));
     EXPECT_FALSE(cartella_scrivibile(f("manca")));
     cartella_.scrivi("file", "x");
@@ -127,7 +127,7 @@ TEST_F(DiskTest, a_folder_is_writable_when_files_can_be_made_in_it) {
     EXPECT_FALSE(cartella_scrivibile(""));
 }
 
-TEST_F(DiskTest, a_file_has_a_creation_date) {
+TEST_F(Disk, AFileHasACreationDate) {
     const std::int64_t prima = ::time(nullptr);
     cartella_.scrivi("Prova.sen", "x");
     const auto data = data_creazione(f("prova.sen"));
@@ -144,7 +144,7 @@ std::string data_annotata(const std::string& nome) {
     return {testo.data(), n > 0 ? static_cast<std::size_t>(n) : 0};
 }
 
-TEST_F(DiskTest, a_replaced_file_keeps_its_creation_date_and_a_copy_has_its_own) {
+TEST_F(Disk, AReplacedFileKeepsItsCreationDateAndACopyHasItsOwn) {
     cartella_.scrivi("a.sen", "1");
     if (::setxattr(f("a.sen").c_str(), "user.prova", "1", 1, 0) != 0) {
         GTEST_SKIP() << "this disk keeps no attributes";
@@ -169,7 +169,7 @@ TEST_F(DiskTest, a_replaced_file_keeps_its_creation_date_and_a_copy_has_its_own)
     EXPECT_GT(data_creazione(f("c.sen")), 86400);
 }
 
-TEST_F(DiskTest, a_noted_date_that_is_none_does_not_count) {
+TEST_F(Disk, ANotedDateThatIsNoneDoesNotCount) {
     cartella_.scrivi("a.sen", "1");
     const auto nascita = data_creazione(f("a.sen"));
     for (const std::string annotata : {"", "x", "12x", "99999999999999999999999999999999"}) {
@@ -181,7 +181,7 @@ TEST_F(DiskTest, a_noted_date_that_is_none_does_not_count) {
     }
 }
 
-TEST(DiskDate, is_text_of_day_month_and_two_digit_year) {
+TEST(DiskDate, IsTextOfDayMonthAndTwoDigitYear) {
     ::setenv("TZ", "UTC", 1);
     ::tzset();
     EXPECT_EQ(testo_data_ora(1087040415), "12/06/04 11.40.15");
@@ -191,7 +191,7 @@ TEST(DiskDate, is_text_of_day_month_and_two_digit_year) {
     EXPECT_LE(testo_data_ora(std::int64_t{1} << 62).size(), 40U);
 }
 
-TEST(DiskPattern, knows_star_and_question_mark_without_case) {
+TEST(DiskPattern, KnowsStarAndQuestionMarkWithoutCase) {
     EXPECT_TRUE(corrisponde("Prova.SEN", "*.sen"));
     EXPECT_TRUE(corrisponde(".sen", "*.sen"));
     EXPECT_FALSE(corrisponde("prova.sen2", "*.sen"));
@@ -207,13 +207,13 @@ TEST(DiskPattern, knows_star_and_question_mark_without_case) {
     EXPECT_TRUE(corrisponde("aaab", "*ab"));
 }
 
-TEST(DiskPattern, a_question_mark_stands_for_one_letter_not_one_byte) {
+TEST(DiskPattern, AQuestionMarkStandsForOneLetterNotOneByte) {
     EXPECT_TRUE(corrisponde("è.sen", "?.sen"));
     EXPECT_TRUE(corrisponde("caffè.sen", "*?.SEN"));
     EXPECT_FALSE(corrisponde("è.sen", "??.sen"));
 }
 
-TEST(DiskPattern, of_many_stars_ends) {
+TEST(DiskPattern, OfManyStarsEnds) {
     EXPECT_FALSE(corrisponde(std::string(255, 'a'), std::string(100, '*') + "b"));
     std::string stelle;
     for (int i = 0; i < 100; ++i) {
@@ -222,7 +222,7 @@ TEST(DiskPattern, of_many_stars_ends) {
     EXPECT_FALSE(corrisponde(std::string(255, 'a'), stelle + "b"));
 }
 
-TEST_F(DiskTest, a_directory_lists_regular_files_in_order_of_name) {
+TEST_F(Disk, ADirectoryListsRegularFilesInOrderOfName) {
     for (const char* nome :
          {"b.sen", "B2.sen", "A.sen", "c.SEN", "a.sen", ".sen", "10.sen", "2.sen", "x.sel"}) {
         cartella_.scrivi(nome, "");
@@ -240,7 +240,7 @@ TEST_F(DiskTest, a_directory_lists_regular_files_in_order_of_name) {
     EXPECT_TRUE(Dir(f("manca"), "*").empty());
 }
 
-TEST_F(DiskTest, kill_deletes_one_file_without_case) {
+TEST_F(Disk, KillDeletesOneFileWithoutCase) {
     cartella_.scrivi("Prova.sen", "x");
     cartella_.scrivi("Prova.col", "x");
     EXPECT_EQ(Kill(f("pROVA.SEN")), Esito::ok);
@@ -248,14 +248,14 @@ TEST_F(DiskTest, kill_deletes_one_file_without_case) {
     EXPECT_EQ(Kill(f("prova.sen")), Esito::assente);
 }
 
-TEST_F(DiskTest, kill_takes_a_link_and_leaves_what_it_leads_to) {
+TEST_F(Disk, KillTakesALinkAndLeavesWhatItLeadsTo) {
     cartella_.scrivi("a", "x");
     fs::create_symlink("a", f("link"));
     EXPECT_EQ(Kill(f("link")), Esito::ok);
     EXPECT_EQ(tutti(), Nomi{"a"});
 }
 
-TEST_F(DiskTest, name_renames_without_case_and_never_overwrites) {
+TEST_F(Disk, NameRenamesWithoutCaseAndNeverOverwrites) {
     cartella_.scrivi("Vecchio.sen", "v");
     cartella_.scrivi("Altro.sen", "a");
     EXPECT_EQ(Name(f("vecchio.SEN"), f("altro.SEN")), Esito::errore);
@@ -268,7 +268,7 @@ TEST_F(DiskTest, name_renames_without_case_and_never_overwrites) {
     EXPECT_EQ(tutti(), (Nomi{"Altro.sen", "Nuovo.sen"}));
 }
 
-TEST_F(DiskTest, name_gives_a_file_the_new_case_of_its_own_name) {
+TEST_F(Disk, NameGivesAFileTheNewCaseOfItsOwnName) {
     cartella_.scrivi("prova.sen", "v");
     EXPECT_EQ(Name(f("prova.sen"), cartella_.radice() + "/CRUCIVERBA/Prova.SEN"), Esito::ok);
     EXPECT_EQ(tutti(), Nomi{"Prova.SEN"});
@@ -276,7 +276,7 @@ TEST_F(DiskTest, name_gives_a_file_the_new_case_of_its_own_name) {
     EXPECT_EQ(cartella_.leggi("Prova.SEN"), "v");
 }
 
-TEST_F(DiskTest, a_copy_has_the_same_content) {
+TEST_F(Disk, ACopyHasTheSameContent) {
     const std::string dati(1'000'000, 'q');
     cartella_.scrivi("Da.col", dati);
     EXPECT_EQ(FileCopy(f("da.COL"), f("A.col")), Esito::ok);
@@ -285,7 +285,7 @@ TEST_F(DiskTest, a_copy_has_the_same_content) {
     EXPECT_FALSE(cartella_.esiste("b"));
 }
 
-TEST_F(DiskTest, a_copy_onto_another_file_replaces_it_under_its_own_case) {
+TEST_F(Disk, ACopyOntoAnotherFileReplacesItUnderItsOwnCase) {
     cartella_.scrivi("da.col", "nuovo");
     cartella_.scrivi("Arrivo.COL", "vecchio e lungo");
     EXPECT_EQ(FileCopy(f("da.col"), f("arrivo.col")), Esito::ok);
@@ -293,7 +293,7 @@ TEST_F(DiskTest, a_copy_onto_another_file_replaces_it_under_its_own_case) {
     EXPECT_EQ(tutti(), (Nomi{"Arrivo.COL", "da.col"}));
 }
 
-TEST_F(DiskTest, a_copy_onto_itself_in_another_case_leaves_the_file) {
+TEST_F(Disk, ACopyOntoItselfInAnotherCaseLeavesTheFile) {
     cartella_.scrivi("da.col", "dati");
     struct stat prima {};
     struct stat dopo {};
@@ -306,7 +306,7 @@ TEST_F(DiskTest, a_copy_onto_itself_in_another_case_leaves_the_file) {
     EXPECT_EQ(tutti(), Nomi{"da.col"});
 }
 
-TEST_F(DiskTest, appending_makes_the_file_and_adds_to_it) {
+TEST_F(Disk, AppendingMakesTheFileAndAddsToIt) {
     EXPECT_EQ(aggiungi(f("Temp.col"), "1,2\r\n"), Esito::ok);
     EXPECT_EQ(aggiungi(f("tEMP.col"), "3,4\r\n"), Esito::ok);
     EXPECT_EQ(aggiungi(f("tEMP.col"), ""), Esito::ok);
@@ -314,7 +314,7 @@ TEST_F(DiskTest, appending_makes_the_file_and_adds_to_it) {
     EXPECT_EQ(tutti(), Nomi{"Temp.col"});
 }
 
-TEST_F(DiskTest, writing_makes_the_file_or_empties_it_first) {
+TEST_F(Disk, WritingMakesTheFileOrEmptiesItFirst) {
     EXPECT_EQ(scrivi(f("Cst"), "lungo"), Esito::ok);
     EXPECT_EQ(cartella_.leggi("Cst"), "lungo");
     EXPECT_EQ(scrivi(f("cST"), "x"), Esito::ok);
@@ -324,7 +324,7 @@ TEST_F(DiskTest, writing_makes_the_file_or_empties_it_first) {
     EXPECT_EQ(tutti(), Nomi{"Cst"});
 }
 
-TEST_F(DiskTest, replacing_keeps_the_case_on_disk_and_leaves_no_working_file) {
+TEST_F(Disk, ReplacingKeepsTheCaseOnDiskAndLeavesNoWorkingFile) {
     EXPECT_EQ(sostituisci(f("Prova.sen"), "uno"), Esito::ok);
     EXPECT_EQ(sostituisci(cartella_.radice() + "/Cruciverba/PROVA.sen", "due"), Esito::ok);
     EXPECT_EQ(cartella_.leggi("Prova.sen"), "due");
@@ -332,7 +332,7 @@ TEST_F(DiskTest, replacing_keeps_the_case_on_disk_and_leaves_no_working_file) {
     EXPECT_EQ(sostituisci(f("manca/x"), "due"), Esito::assente);
 }
 
-TEST_F(DiskTest, replacing_a_link_renews_what_it_leads_to) {
+TEST_F(Disk, ReplacingALinkRenewsWhatItLeadsTo) {
     fs::create_directories(cartella_.radice() + "/altrove");
     const std::string meta = cartella_.radice() + "/altrove/meta";
     std::ofstream(meta) << "m";
@@ -366,7 +366,7 @@ private:
     std::error_code fatto_;
 };
 
-TEST_F(DiskTest, a_copy_bears_the_word_of_what_was_copied) {
+TEST_F(Disk, ACopyBearsTheWordOfWhatWasCopied) {
     cartella_.scrivi("a.col", "vecchio");
     if (!annota(f("a.col"), "prima")) GTEST_SKIP() << "this disk keeps no words";
     cartella_.scrivi("temp.col", "nuovo");
@@ -380,7 +380,7 @@ TEST_F(DiskTest, a_copy_bears_the_word_of_what_was_copied) {
     EXPECT_EQ(annotazione(f("b.col")), "prima");
 }
 
-TEST_F(DiskTest, a_finished_file_reaches_a_link_to_another_disk) {
+TEST_F(Disk, AFinishedFileReachesALinkToAnotherDisk) {
     if (fs::status("/dev/shm").type() != fs::file_type::directory) GTEST_SKIP() << "no other disk";
     const std::string meta = "/dev/shm/tabellino-prova-" + std::to_string(::getpid());
     std::ofstream(meta) << "vecchio";
@@ -396,14 +396,14 @@ TEST_F(DiskTest, a_finished_file_reaches_a_link_to_another_disk) {
     fs::remove(meta);
 }
 
-TEST_F(DiskTest, a_link_that_leads_nowhere_gives_way) {
+TEST_F(Disk, ALinkThatLeadsNowhereGivesWay) {
     fs::create_symlink("manca", f("rotto"));
     EXPECT_EQ(sostituisci(f("rotto"), "nuovo"), Esito::ok);
     EXPECT_FALSE(fs::is_symlink(f("rotto")));
     EXPECT_EQ(tutti(), Nomi{"rotto"});
 }
 
-TEST_F(DiskTest, a_replaced_file_keeps_its_mode) {
+TEST_F(Disk, AReplacedFileKeepsItsMode) {
     for (const mode_t modo : {0600U, 0640U, 0444U}) {
         cartella_.scrivi("a.sen", "1");
         ASSERT_EQ(::chmod(f("a.sen").c_str(), modo), 0);
@@ -422,7 +422,7 @@ TEST_F(DiskTest, a_replaced_file_keeps_its_mode) {
     }
 }
 
-TEST_F(DiskTest, a_word_goes_with_the_content_and_with_no_other) {
+TEST_F(Disk, AWordGoesWithTheContentAndWithNoOther) {
     cartella_.scrivi("A.col", "1");
     if (!annota(f("a.col"), "parola")) GTEST_SKIP() << "this disk keeps no attributes";
     EXPECT_EQ(annotazione(f("a.COL")), "parola");
@@ -439,7 +439,7 @@ TEST_F(DiskTest, a_word_goes_with_the_content_and_with_no_other) {
     EXPECT_EQ(tutti(), (Nomi{"A.col", "c.col"}));
 }
 
-TEST_F(DiskTest, publishing_moves_a_file_of_the_told_size_only) {
+TEST_F(Disk, PublishingMovesAFileOfTheToldSizeOnly) {
     cartella_.scrivi("temp.col", "12345");
     cartella_.scrivi("Finale.col", "vecchio");
     EXPECT_EQ(pubblica(f("temp.col"), f("finale.col"), 6), Esito::disco_pieno);
@@ -451,7 +451,7 @@ TEST_F(DiskTest, publishing_moves_a_file_of_the_told_size_only) {
     EXPECT_EQ(pubblica(f("temp.col"), f("finale.col"), 5), Esito::assente);
 }
 
-TEST_F(DiskTest, a_leftover_working_file_of_another_life_is_not_touched) {
+TEST_F(Disk, ALeftoverWorkingFileOfAnotherLifeIsNotTouched) {
     const std::string resto = "temp-" + std::to_string(::getpid()) + "-0.nuovo";
     cartella_.scrivi(resto, "resto");
     EXPECT_EQ(sostituisci(f("a"), "x"), Esito::ok);
@@ -459,7 +459,7 @@ TEST_F(DiskTest, a_leftover_working_file_of_another_life_is_not_touched) {
     EXPECT_EQ(cartella_.leggi("a"), "x");
 }
 
-TEST_F(DiskTest, working_names_are_known_again_and_players_names_are_not) {
+TEST_F(Disk, WorkingNamesAreKnownAgainAndPlayersNamesAreNot) {
     EXPECT_TRUE(e_nome_di_lavoro("temp-12.nuovo"));
     EXPECT_TRUE(e_nome_di_lavoro("temp-12-3.nuovo"));
     for (const char* nome :
@@ -469,7 +469,7 @@ TEST_F(DiskTest, working_names_are_known_again_and_players_names_are_not) {
     }
 }
 
-TEST_F(DiskTest, a_whole_file_is_read_up_to_the_limit) {
+TEST_F(Disk, AWholeFileIsReadUpToTheLimit) {
     cartella_.scrivi("A.rid", "12345");
     EXPECT_EQ(leggi_tutto(f("a.RID")), "12345");
     EXPECT_EQ(leggi_tutto(f("a.rid"), 5), "12345");
@@ -495,7 +495,7 @@ void nessuno_tocca(const std::string& nome, const std::string& sorgente) {
     EXPECT_FALSE(esiste_file(nome)) << nome;
 }
 
-TEST_F(DiskTest, folders_pipes_and_sockets_are_neither_written_nor_waited_for) {
+TEST_F(Disk, FoldersPipesAndSocketsAreNeitherWrittenNorWaitedFor) {
     cartella_.scrivi("sorgente", "s");
     fs::create_directories(f("cartella"));
     ASSERT_EQ(::mkfifo(f("fifo").c_str(), 0600), 0);
@@ -514,7 +514,7 @@ TEST_F(DiskTest, folders_pipes_and_sockets_are_neither_written_nor_waited_for) {
     EXPECT_TRUE(fs::is_fifo(f("fifo")));
 }
 
-TEST_F(DiskTest, device_nodes_are_left_alone) {
+TEST_F(Disk, DeviceNodesAreLeftAlone) {
     // A node of its own, so that a faulty program run as root harms no real device.
     if (::mknod(f("nulla").c_str(), S_IFCHR | 0600, static_cast<dev_t>((1 << 8) | 3)) != 0) {
         GTEST_SKIP() << "device nodes cannot be made here";
@@ -525,7 +525,7 @@ TEST_F(DiskTest, device_nodes_are_left_alone) {
     EXPECT_EQ(tutti(), (Nomi{"nulla", "sorgente"}));
 }
 
-TEST_F(DiskTest, nothing_is_written_through_a_link) {
+TEST_F(Disk, NothingIsWrittenThroughALink) {
     cartella_.scrivi("meta", "m");
     cartella_.scrivi("sorgente", "s");
     fs::create_symlink("meta", f("link"));

@@ -100,7 +100,7 @@ protected:
     std::string prima_;
 };
 
-TEST_F(Installazione, a_first_start_with_one_passing_error_is_completed_by_the_next) {
+TEST_F(Installazione, AFirstStartWithOnePassingErrorIsCompletedByTheNext) {
     int volte = 1;
     {
         const ErroreDiPassaggio conta(0);
@@ -121,7 +121,7 @@ TEST_F(Installazione, a_first_start_with_one_passing_error_is_completed_by_the_n
     }
 }
 
-TEST_F(Installazione, a_new_version_fills_what_is_absent_and_renews_what_is_ours) {
+TEST_F(Installazione, ANewVersionFillsWhatIsAbsentAndRenewsWhatIsOurs) {
     avvia();
     Kill(mio("ridotti/cr0700.rid"));
     nuova_versione("ridotti/cr0600.rid", "1,2,3,4,5,6\r\n1,2,3,4,5,7\r\n");
@@ -132,7 +132,7 @@ TEST_F(Installazione, a_new_version_fills_what_is_absent_and_renews_what_is_ours
     EXPECT_TRUE(completa());
 }
 
-TEST_F(Installazione, a_new_version_leaves_what_the_player_changed) {
+TEST_F(Installazione, ANewVersionLeavesWhatThePlayerChanged) {
     avvia();
     metti(mio("ridotti/cr0600.rid"), "mia");
     metti(mio("skin/skn.dat"), "3");
@@ -153,7 +153,7 @@ TEST_F(Installazione, a_new_version_leaves_what_the_player_changed) {
     }
 }
 
-TEST_F(Installazione, a_file_that_the_player_put_back_is_the_suites_again) {
+TEST_F(Installazione, AFileThatThePlayerPutBackIsTheSuitesAgain) {
     avvia();
     metti(mio("skin/skin1_2.skn"), "mia");
     nuova_versione("skin/skin1_2.skn", "due");
@@ -166,7 +166,7 @@ TEST_F(Installazione, a_file_that_the_player_put_back_is_the_suites_again) {
     EXPECT_EQ(leggi(mio("skin/skin1_2.skn")), "tre");
 }
 
-TEST_F(Installazione, a_folder_of_a_version_without_record_is_renewed_by_the_list_of_its_files) {
+TEST_F(Installazione, AFolderOfAVersionWithoutRecordIsRenewedByTheListOfItsFiles) {
     avvia();
     // What the record of that version would be, shipped with the next.
     fs::copy_file(mio("dotazione"), condivisi("precedenti"));
@@ -182,7 +182,7 @@ TEST_F(Installazione, a_folder_of_a_version_without_record_is_renewed_by_the_lis
     EXPECT_FALSE(esiste_file(mio("cruciverba/esempio.sen")));
 }
 
-TEST_F(Installazione, a_new_sample_comes_but_never_to_half_of_the_players_own_system) {
+TEST_F(Installazione, ANewSampleComesButNeverToHalfOfThePlayersOwnSystem) {
     avvia();
     metti(mio("cruciverba/Doppio.sen"), "mio");
     nuova_versione("cruciverba/nuovo.sel", "5,3");
@@ -196,7 +196,7 @@ TEST_F(Installazione, a_new_sample_comes_but_never_to_half_of_the_players_own_sy
     EXPECT_FALSE(esiste_file(mio("cruciverba/doppio.col")));
 }
 
-TEST_F(Installazione, an_archive_that_another_program_left_a_log_beside_is_not_touched) {
+TEST_F(Installazione, AnArchiveThatAnotherProgramLeftALogBesideIsNotTouched) {
     for (const char* fine : {"-wal", "-journal"}) {
         fs::remove_all(mio(""));
         metti(condivisi("archivio/drawit.sqlite"), "inventati");
@@ -208,7 +208,7 @@ TEST_F(Installazione, an_archive_that_another_program_left_a_log_beside_is_not_t
     }
 }
 
-TEST_F(Installazione, a_link_that_the_player_put_in_the_place_of_a_file_stays) {
+TEST_F(Installazione, ALinkThatThePlayerPutInThePlaceOfAFileStays) {
     avvia();
     metti(cartella_.radice() + "/altrove/drawit.sqlite", "inventati");
     Kill(mio("archivio/drawit.sqlite"));
@@ -220,7 +220,7 @@ TEST_F(Installazione, a_link_that_the_player_put_in_the_place_of_a_file_stays) {
     EXPECT_EQ(leggi(cartella_.radice() + "/altrove/drawit.sqlite"), "inventati");
 }
 
-TEST_F(Installazione, the_link_to_the_guide_follows_the_suite_and_the_players_own_stays) {
+TEST_F(Installazione, TheLinkToTheGuideFollowsTheSuiteAndThePlayersOwnStays) {
     metti(condivisi("guida"), "una");
     avvia();
     EXPECT_EQ(leggi(mio("guida")), "una");
@@ -278,7 +278,7 @@ protected:
     }
 };
 
-TEST_F(SolaLettura, the_users_own_root_is_filled_from_the_suite_of_the_program) {
+TEST_F(SolaLettura, TheUsersOwnRootIsFilledFromTheSuiteOfTheProgram) {
     EXPECT_TRUE(da_altri([this] {
         const std::string qui = suite("cruciverba");
         return trova_cartella(qui, qui + "/../share/tabellino") == mio("cruciverba");
@@ -297,7 +297,7 @@ TEST_F(SolaLettura, the_users_own_root_is_filled_from_the_suite_of_the_program) 
     }));
 }
 
-TEST_F(SolaLettura, a_suite_without_tables_gives_the_rest) {
+TEST_F(SolaLettura, ASuiteWithoutTablesGivesTheRest) {
     fs::permissions(suite("ridotti"), fs::perms::owner_all);
     fs::remove_all(suite("ridotti"));
     EXPECT_TRUE(da_altri([this] {

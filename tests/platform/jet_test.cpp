@@ -51,9 +51,9 @@ std::vector<std::size_t> pagine_piu_numerose(const std::string& dati) {
     return migliori;
 }
 
-class JetTest : public testing::Test {
+class Jet : public testing::Test {
 protected:
-    JetTest() { support::lettore_costruito(); }
+    Jet() { support::lettore_costruito(); }
 
     /// Error number of opening a file of these bytes and all its tables.
     int leggi(const std::string& dati) const {
@@ -84,9 +84,9 @@ protected:
 };
 
 /// One of the files that hold the same rows otherwise.
-class JetFixtureTest : public JetTest, public testing::WithParamInterface<const char*> {};
+class JetFixture : public Jet, public testing::WithParamInterface<const char*> {};
 
-TEST_P(JetFixtureTest, every_row_equals_the_csv) {
+TEST_P(JetFixture, EveryRowEqualsTheCsv) {
     const std::string quale = GetParam();
     support::Estrazioni attese = support::da_csv(quale == "before-1900" ? "-1871" : "");
     if (quale == "archivion-empty" || quale == "all-empty") attese.archivion.clear();
@@ -107,7 +107,7 @@ TEST_P(JetFixtureTest, every_row_equals_the_csv) {
     EXPECT_EQ(support::tutte(apri(db, "archivios")), attese.archivios);
 }
 
-TEST_P(JetFixtureTest, damaged_copies_are_answered_whatever_they_hold) {
+TEST_P(JetFixture, DamagedCopiesAreAnsweredWhateverTheyHold) {
     const std::string intero = support::contenuto(fixture_jet + GetParam() + ".mdb");
     Rnd rnd;
     const auto dove = [&] {
@@ -143,7 +143,7 @@ TEST_P(JetFixtureTest, damaged_copies_are_answered_whatever_they_hold) {
     ambiente().lettore_jet = {};
 }
 
-INSTANTIATE_TEST_SUITE_P(fixtures, JetFixtureTest,
+INSTANTIATE_TEST_SUITE_P(fixtures, JetFixture,
                          testing::Values("drawit", "no-index", "index-tail", "concorso-int",
                                          "text-always", "ref-maps", "interleaved", "deleted",
                                          "tdef-by-name", "short-date", "descending",
@@ -154,7 +154,7 @@ INSTANTIATE_TEST_SUITE_P(fixtures, JetFixtureTest,
                              return nome;
                          });
 
-TEST_F(JetTest, every_type_of_value_is_read_and_null_is_not_empty) {
+TEST_F(Jet, EveryTypeOfValueIsReadAndNullIsNotEmpty) {
     const Recordset rs = apri(apri(fixture_jet + "campi.mdb"), "campi");
     EXPECT_EQ(support::tutte(rs),
               (support::Righe{
@@ -164,7 +164,7 @@ TEST_F(JetTest, every_type_of_value_is_read_and_null_is_not_empty) {
                   {"0", "1", "2", "3", "4", "<null>", "2004-06-12", "€ 日本"}}));
 }
 
-TEST_F(JetTest, files_that_are_no_jet_database_are_told) {
+TEST_F(Jet, FilesThatAreNoJetDatabaseAreTold) {
     for (const std::string& dati :
          {std::string(), std::string(1, '\0'), std::string(65536, '\0'),
           std::string("<!DOCTYPE html>"), "\x7f" + intero_.substr(1), intero_.substr(0, 2000),
@@ -173,7 +173,7 @@ TEST_F(JetTest, files_that_are_no_jet_database_are_told) {
     }
 }
 
-TEST_F(JetTest, a_truncated_file_is_never_read_short) {
+TEST_F(Jet, ATruncatedFileIsNeverReadShort) {
     for (const std::size_t meno : {std::size_t{1}, std::size_t{1096}, pagina - 1})
         EXPECT_EQ(leggi(intero_.substr(0, intero_.size() - meno)), 3343);
     // No index page stands behind the rows here, so that every cut loses some.
@@ -189,7 +189,7 @@ TEST_F(JetTest, a_truncated_file_is_never_read_short) {
     EXPECT_GT(danneggiati, 5);
 }
 
-TEST_F(JetTest, a_table_with_another_count_of_rows_is_refused) {
+TEST_F(Jet, ATableWithAnotherCountOfRowsIsRefused) {
     int provate = 0;
     for (std::size_t p = 0; p < intero_.size(); p += pagina) {
         const std::size_t righe = due(intero_, p + 16);
@@ -204,7 +204,7 @@ TEST_F(JetTest, a_table_with_another_count_of_rows_is_refused) {
     EXPECT_EQ(provate, 3);
 }
 
-TEST_F(JetTest, a_record_that_outgrew_its_page_keeps_its_place) {
+TEST_F(Jet, ARecordThatOutgrewItsPageKeepsItsPlace) {
     std::string dati = intero_;
     const auto pagine = pagine_piu_numerose(dati);
     const std::size_t da = pagine.front();
@@ -225,14 +225,14 @@ TEST_F(JetTest, a_record_that_outgrew_its_page_keeps_its_place) {
     EXPECT_EQ(support::tutte(apri(apri(nome_), "archivio")), support::da_csv().archivio);
 }
 
-TEST_F(JetTest, a_reader_that_is_not_there_is_told) {
+TEST_F(Jet, AReaderThatIsNotThereIsTold) {
     ambiente().lettore_jet.programma = cartella_.file("nessuno");
     EXPECT_EQ(leggi(intero_), 3170);
     ambiente().lettore_jet.programma.clear();
     EXPECT_EQ(leggi(intero_), 3170);
 }
 
-TEST_F(JetTest, the_reader_is_beside_the_program_or_where_it_is_installed) {
+TEST_F(Jet, TheReaderIsBesideTheProgramOrWhereItIsInstalled) {
     const std::string usr = cartella_.file("usr");
     const std::string bin = usr + "/bin";
     const std::string accanto = bin + "/leggi_mdb";
@@ -246,7 +246,7 @@ TEST_F(JetTest, the_reader_is_beside_the_program_or_where_it_is_installed) {
     EXPECT_EQ(trova_lettore(bin), accanto);
 }
 
-TEST_F(JetTest, a_reader_that_dies_or_talks_nonsense_counts_as_a_damaged_file) {
+TEST_F(Jet, AReaderThatDiesOrTalksNonsenseCountsAsADamagedFile) {
     for (const char* comandi :
          {"kill -9 $$", "exit 0", "exit 1", "printf F", "printf 'F\\001\\000\\000\\000'",
           "printf 'F\\000\\000\\000\\000F'", "printf E", "printf 'E\\003'", "printf boh",
@@ -258,14 +258,14 @@ TEST_F(JetTest, a_reader_that_dies_or_talks_nonsense_counts_as_a_damaged_file) {
     }
 }
 
-TEST_F(JetTest, a_reader_that_promises_rows_takes_no_memory_for_them) {
+TEST_F(Jet, AReaderThatPromisesRowsTakesNoMemoryForThem) {
     // 60,000 columns of no name and as many rows as there can be, then a mebibyte of nulls: at a
     // row for each byte the table would take a quarter of a terabyte.
     lettore_finto("printf 'T\\377\\377\\377\\377\\140\\352'; exec head -c 1240000 /dev/zero");
     EXPECT_EQ(leggi(intero_), 3049);
 }
 
-TEST_F(JetTest, a_reader_that_says_nothing_is_stopped) {
+TEST_F(Jet, AReaderThatSaysNothingIsStopped) {
     lettore_finto("exec tail -f /dev/null");
     ambiente().lettore_jet.attesa_muta = std::chrono::milliseconds(50);
     EXPECT_EQ(leggi(intero_), 3234);
@@ -274,7 +274,7 @@ TEST_F(JetTest, a_reader_that_says_nothing_is_stopped) {
     EXPECT_EQ(verifica_jet(nome_), 0);
 }
 
-TEST_F(JetTest, a_reader_that_never_ends_talking_is_stopped) {
+TEST_F(Jet, AReaderThatNeverEndsTalkingIsStopped) {
     lettore_finto("while :; do echo R; done");
     ambiente().lettore_jet.attesa_totale = std::chrono::milliseconds(100);
     EXPECT_EQ(leggi(intero_), 3234);
@@ -284,7 +284,7 @@ TEST_F(JetTest, a_reader_that_never_ends_talking_is_stopped) {
     EXPECT_EQ(leggi(intero_), 3049);
 }
 
-TEST_F(JetTest, a_file_found_damaged_is_not_tried_again) {
+TEST_F(Jet, AFileFoundDamagedIsNotTriedAgain) {
     lettore_finto("[ $# -eq 1 ] && exec '" + ambiente().lettore_jet.programma +
                   "' \"$1\"; kill -9 $$");
     support::scrivi_file(nome_, intero_);
@@ -296,7 +296,7 @@ TEST_F(JetTest, a_file_found_damaged_is_not_tried_again) {
     EXPECT_EQ(apri(apri(nome_), "archivios").RecordCount(), 200);
 }
 
-TEST_F(JetTest, a_disk_that_was_too_slow_once_is_asked_again) {
+TEST_F(Jet, ADiskThatWasTooSlowOnceIsAskedAgain) {
     // The first answer comes, the next one does not, as of a disk that goes to sleep.
     lettore_finto("[ $# -eq 1 ] && exec '" + ambiente().lettore_jet.programma +
                   "' \"$1\"; exec tail -f /dev/null");
@@ -309,7 +309,7 @@ TEST_F(JetTest, a_disk_that_was_too_slow_once_is_asked_again) {
     EXPECT_EQ(db.OpenRecordset("archivio", rs).Number, 0);
 }
 
-TEST_F(JetTest, no_process_and_no_descriptor_is_left_behind) {
+TEST_F(Jet, NoProcessAndNoDescriptorIsLeftBehind) {
     const auto aperti = [] {
         return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
     };
@@ -324,7 +324,7 @@ TEST_F(JetTest, no_process_and_no_descriptor_is_left_behind) {
     EXPECT_EQ(errno, ECHILD);
 }
 
-TEST_F(JetTest, the_surroundings_do_not_change_what_is_read) {
+TEST_F(Jet, TheSurroundingsDoNotChangeWhatIsRead) {
     ::setenv("MDBICONV", "ASCII", 1);
     ::setenv("MDB_ICONV", "ASCII", 1);
     struct sigaction ignora {};
@@ -338,7 +338,7 @@ TEST_F(JetTest, the_surroundings_do_not_change_what_is_read) {
     ::unsetenv("MDB_ICONV");
 }
 
-TEST_F(JetTest, the_reader_limits_its_own_memory_time_and_files) {
+TEST_F(Jet, TheReaderLimitsItsOwnMemoryTimeAndFiles) {
     const std::string tubo = cartella_.file("tubo");
     ASSERT_EQ(::mkfifo(tubo.c_str(), 0600), 0);
     std::string programma = ambiente().lettore_jet.programma;

@@ -75,7 +75,7 @@ protected:
     support::Cartella cartella_;
 };
 
-TEST_F(LavoroTest, goes_with_its_owner_unless_published) {
+TEST_F(LavoroTest, GoesWithItsOwnerUnlessPublished) {
     {
         Lavoro lavoro(cartella_.programma());
         ASSERT_EQ(lavoro.esito(), Esito::ok);
@@ -93,7 +93,7 @@ TEST_F(LavoroTest, goes_with_its_owner_unless_published) {
     EXPECT_EQ(Lavoro(f("manca")).esito(), Esito::assente);
 }
 
-TEST_F(LavoroTest, nobody_sweeps_what_its_owner_holds) {
+TEST_F(LavoroTest, NobodySweepsWhatItsOwnerHolds) {
     Lavoro lavoro(cartella_.programma());
     lavoro.file().chiudi();
     cartella_.scrivi("temp-1-0.nuovo", "left by a program of another machine");
@@ -115,7 +115,7 @@ TEST_F(LavoroTest, nobody_sweeps_what_its_owner_holds) {
     EXPECT_TRUE(cartella_.esiste("tempo.sen"));
 }
 
-TEST_F(LavoroTest, what_a_killed_program_leaves_is_swept) {
+TEST_F(LavoroTest, WhatAKilledProgramLeavesIsSwept) {
     int tubo[2];
     ASSERT_EQ(::pipe(tubo), 0);
     const pid_t figlio = ::fork();
@@ -136,7 +136,7 @@ TEST_F(LavoroTest, what_a_killed_program_leaves_is_swept) {
     ::close(tubo[1]);
 }
 
-TEST_F(LavoroTest, on_a_disk_without_locks_only_what_is_old_is_swept) {
+TEST_F(LavoroTest, OnADiskWithoutLocksOnlyWhatIsOldIsSwept) {
     Povero disco;
     disco.errore_flock = ENOLCK;
     disco.errore_fcntl = ENOLCK;
@@ -148,7 +148,7 @@ TEST_F(LavoroTest, on_a_disk_without_locks_only_what_is_old_is_swept) {
     EXPECT_EQ(sostituisci(f("a"), "x"), Esito::ok);
 }
 
-TEST_F(LavoroTest, a_disk_without_the_one_kind_of_lock_has_the_other) {
+TEST_F(LavoroTest, ADiskWithoutTheOneKindOfLockHasTheOther) {
     Povero disco;
     disco.errore_flock = ENOLCK;
     const Lavoro lavoro(cartella_.programma());
@@ -161,7 +161,7 @@ TEST_F(LavoroTest, a_disk_without_the_one_kind_of_lock_has_the_other) {
     ::close(fd);
 }
 
-TEST_F(LavoroTest, a_rename_spares_a_file_that_came_to_be_meanwhile) {
+TEST_F(LavoroTest, ARenameSparesAFileThatCameToBeMeanwhile) {
     for (const int errore : {0, EINVAL, ENOSYS}) {
         for (const int errore_link : {0, EPERM}) {
             cartella_.scrivi("a", "mio");
@@ -184,7 +184,7 @@ TEST_F(LavoroTest, a_rename_spares_a_file_that_came_to_be_meanwhile) {
     }
 }
 
-TEST_F(LavoroTest, a_name_takes_its_new_case_on_a_disk_that_knows_no_case) {
+TEST_F(LavoroTest, ANameTakesItsNewCaseOnADiskThatKnowsNoCase) {
     Povero disco;
     disco.senza_caso = true;
     cartella_.scrivi("prova.sen", "x");

@@ -39,20 +39,20 @@ protected:
     Recordset query_;
 };
 
-TEST_F(RecordsetTest, opening_stands_on_the_first_record) {
+TEST_F(RecordsetTest, OpeningStandsOnTheFirstRecord) {
     EXPECT_EQ(nome(t_), "a");
     EXPECT_FALSE(t_.bof());
     EXPECT_FALSE(t_.eof());
 }
 
-TEST_F(RecordsetTest, the_ends_are_first_and_last) {
+TEST_F(RecordsetTest, TheEndsAreFirstAndLast) {
     EXPECT_TRUE(t_.MoveLast().ok());
     EXPECT_EQ(nome(t_), "");
     EXPECT_TRUE(t_.MoveFirst().ok());
     EXPECT_EQ(nome(t_), "a");
 }
 
-TEST_F(RecordsetTest, next_goes_to_the_end_once_and_fails_there) {
+TEST_F(RecordsetTest, NextGoesToTheEndOnceAndFailsThere) {
     t_.MoveLast();
     EXPECT_TRUE(t_.MoveNext().ok());
     EXPECT_TRUE(t_.eof());
@@ -64,7 +64,7 @@ TEST_F(RecordsetTest, next_goes_to_the_end_once_and_fails_there) {
     EXPECT_EQ(nome(t_), "");
 }
 
-TEST_F(RecordsetTest, previous_goes_before_the_first_once_and_fails_there) {
+TEST_F(RecordsetTest, PreviousGoesBeforeTheFirstOnceAndFailsThere) {
     EXPECT_TRUE(t_.MovePrevious().ok());
     EXPECT_TRUE(t_.bof());
     EXPECT_FALSE(t_.eof());
@@ -75,7 +75,7 @@ TEST_F(RecordsetTest, previous_goes_before_the_first_once_and_fails_there) {
     EXPECT_EQ(nome(t_), "a");
 }
 
-TEST_F(RecordsetTest, a_move_counts_from_the_current_record) {
+TEST_F(RecordsetTest, AMoveCountsFromTheCurrentRecord) {
     EXPECT_TRUE(t_.Move(2).ok());
     EXPECT_EQ(nome(t_), "c");
     EXPECT_TRUE(t_.Move(-1).ok());
@@ -84,7 +84,7 @@ TEST_F(RecordsetTest, a_move_counts_from_the_current_record) {
     EXPECT_EQ(nome(t_), "b");
 }
 
-TEST_F(RecordsetTest, a_move_before_the_first_record_stops_there_without_an_error) {
+TEST_F(RecordsetTest, AMoveBeforeTheFirstRecordStopsThereWithoutAnError) {
     t_.MoveLast();
     EXPECT_TRUE(t_.Move(-199).ok());
     EXPECT_TRUE(t_.bof());
@@ -93,14 +93,14 @@ TEST_F(RecordsetTest, a_move_before_the_first_record_stops_there_without_an_erro
     EXPECT_EQ(nome(t_), "a");
 }
 
-TEST_F(RecordsetTest, a_move_past_the_last_record_stops_there_without_an_error) {
+TEST_F(RecordsetTest, AMovePastTheLastRecordStopsThereWithoutAnError) {
     EXPECT_TRUE(t_.Move(2147483647).ok());
     EXPECT_TRUE(t_.eof());
     EXPECT_TRUE(t_.Move(-2147483647 - 1).ok());
     EXPECT_TRUE(t_.bof());
 }
 
-TEST_F(RecordsetTest, a_move_that_starts_at_an_end_must_come_back) {
+TEST_F(RecordsetTest, AMoveThatStartsAtAnEndMustComeBack) {
     t_.Move(5);
     EXPECT_EQ(t_.Move(1).Number, 3021);
     EXPECT_EQ(t_.Move(0).Number, 3021);
@@ -113,7 +113,7 @@ TEST_F(RecordsetTest, a_move_that_starts_at_an_end_must_come_back) {
     EXPECT_EQ(nome(t_), "b");
 }
 
-TEST_F(RecordsetTest, without_records_both_ends_are_true_and_every_step_fails) {
+TEST_F(RecordsetTest, WithoutRecordsBothEndsAreTrueAndEveryStepFails) {
     EXPECT_TRUE(vuota_.eof());
     EXPECT_TRUE(vuota_.bof());
     EXPECT_EQ(vuota_.RecordCount(), 0);
@@ -127,7 +127,7 @@ TEST_F(RecordsetTest, without_records_both_ends_are_true_and_every_step_fails) {
     EXPECT_EQ(apri(db_, platform::Query{"vuota", "n"}).RecordCount(), 0);
 }
 
-TEST_F(RecordsetTest, a_table_knows_its_count_and_a_query_what_was_reached) {
+TEST_F(RecordsetTest, ATableKnowsItsCountAndAQueryWhatWasReached) {
     EXPECT_EQ(t_.RecordCount(), 5);
     EXPECT_EQ(query_.RecordCount(), 1);
     query_.Move(2);
@@ -140,7 +140,7 @@ TEST_F(RecordsetTest, a_table_knows_its_count_and_a_query_what_was_reached) {
     EXPECT_EQ(query_.RecordCount(), 5);
 }
 
-TEST_F(RecordsetTest, fields_are_found_by_ordinal_or_by_name_without_case) {
+TEST_F(RecordsetTest, FieldsAreFoundByOrdinalOrByNameWithoutCase) {
     EXPECT_EQ(t_.Fields(1).Value(), Valore(10));
     EXPECT_EQ(t_.Fields("N").Value(), Valore(10));
     EXPECT_EQ(t_.Fields("GIORNO").Value(), Valore(Data{1999, 1, 5}));
@@ -151,14 +151,14 @@ TEST_F(RecordsetTest, fields_are_found_by_ordinal_or_by_name_without_case) {
     EXPECT_EQ(campo.Value(), Valore(std::string("a")));
 }
 
-TEST_F(RecordsetTest, a_field_of_nothing_reads_as_an_error) {
+TEST_F(RecordsetTest, AFieldOfNothingReadsAsAnError) {
     Valore v(7);
     EXPECT_EQ(t_.Fields(9).Value(v).Number, 91);
     EXPECT_EQ(v, Valore(7));
     EXPECT_TRUE(t_.Fields(9).Value().nullo());
 }
 
-TEST_F(RecordsetTest, a_bound_field_follows_the_current_record) {
+TEST_F(RecordsetTest, ABoundFieldFollowsTheCurrentRecord) {
     const Field n = t_.Fields("n");
     EXPECT_EQ(n.Value(), Valore(10));
     t_.MoveNext();
@@ -167,7 +167,7 @@ TEST_F(RecordsetTest, a_bound_field_follows_the_current_record) {
     EXPECT_EQ(n.Value(), Valore(20));
 }
 
-TEST_F(RecordsetTest, null_empty_number_text_and_day_are_told_apart) {
+TEST_F(RecordsetTest, NullEmptyNumberTextAndDayAreToldApart) {
     EXPECT_EQ(t_.Fields("nome").Value(), Valore(std::string("a")));
     EXPECT_EQ(t_.Fields("giorno").Value(), Valore(Data{1999, 1, 5}));
     t_.MoveNext();
@@ -181,7 +181,7 @@ TEST_F(RecordsetTest, null_empty_number_text_and_day_are_told_apart) {
     EXPECT_EQ(t_.Fields("giorno").Value(), Valore(Data{1899, 12, 30}));
 }
 
-TEST_F(RecordsetTest, an_index_orders_a_table_and_goes_to_its_first_record) {
+TEST_F(RecordsetTest, AnIndexOrdersATableAndGoesToItsFirstRecord) {
     t_.MoveLast();
     EXPECT_TRUE(t_.Index("N").ok());
     EXPECT_EQ(nome(t_), "a");
@@ -194,7 +194,7 @@ TEST_F(RecordsetTest, an_index_orders_a_table_and_goes_to_its_first_record) {
     EXPECT_EQ(query_.Index("n").Number, 3251);
 }
 
-TEST_F(RecordsetTest, nulls_come_first_in_an_index_and_are_not_found) {
+TEST_F(RecordsetTest, NullsComeFirstInAnIndexAndAreNotFound) {
     support::esegui_sql(cartella_.file("b.sqlite"),
                         "CREATE TABLE t(n INTEGER); INSERT INTO t VALUES(0),(-5),(NULL),(3);");
     Recordset rs = apri(apri(cartella_.file("b.mdb")), "t");
@@ -206,7 +206,7 @@ TEST_F(RecordsetTest, nulls_come_first_in_an_index_and_are_not_found) {
     EXPECT_EQ(rs.Fields(0).Value(), Valore(-5));
 }
 
-TEST_F(RecordsetTest, a_seek_finds_the_first_of_equal_keys) {
+TEST_F(RecordsetTest, ASeekFindsTheFirstOfEqualKeys) {
     t_.Index("n");
     EXPECT_TRUE(t_.Seek("=", 20).ok());
     EXPECT_EQ(nome(t_), "b");
@@ -216,7 +216,7 @@ TEST_F(RecordsetTest, a_seek_finds_the_first_of_equal_keys) {
     EXPECT_EQ(nome(t_), "<null>");
 }
 
-TEST_F(RecordsetTest, a_seek_that_finds_nothing_leaves_no_current_record) {
+TEST_F(RecordsetTest, ASeekThatFindsNothingLeavesNoCurrentRecord) {
     t_.Index("n");
     EXPECT_TRUE(t_.Seek("=", 25).ok());
     EXPECT_FALSE(t_.eof());
@@ -235,7 +235,7 @@ TEST_F(RecordsetTest, a_seek_that_finds_nothing_leaves_no_current_record) {
     EXPECT_EQ(lettura(vuota_), 3021);
 }
 
-TEST_F(RecordsetTest, a_seek_needs_an_index_of_numbers_and_the_equals_sign) {
+TEST_F(RecordsetTest, ASeekNeedsAnIndexOfNumbersAndTheEqualsSign) {
     EXPECT_EQ(t_.Seek("=", 10).Number, 3019);
     EXPECT_EQ(query_.Seek("=", 10).Number, 3251);
     t_.Index("n");
@@ -244,7 +244,7 @@ TEST_F(RecordsetTest, a_seek_needs_an_index_of_numbers_and_the_equals_sign) {
     EXPECT_EQ(t_.Seek("=", 10).Number, 3464);
 }
 
-TEST_F(RecordsetTest, copies_share_one_current_record) {
+TEST_F(RecordsetTest, CopiesShareOneCurrentRecord) {
     Recordset altra = t_;
     altra.MoveNext();
     EXPECT_EQ(nome(t_), "b");
@@ -253,7 +253,7 @@ TEST_F(RecordsetTest, copies_share_one_current_record) {
     EXPECT_EQ(nome(t_), "b");
 }
 
-TEST_F(RecordsetTest, a_closed_recordset_answers_every_use_with_an_error) {
+TEST_F(RecordsetTest, AClosedRecordsetAnswersEveryUseWithAnError) {
     const Field campo = t_.Fields(0);
     Valore v;
     Field altro;
@@ -273,7 +273,7 @@ TEST_F(RecordsetTest, a_closed_recordset_answers_every_use_with_an_error) {
     EXPECT_EQ(nome(query_), "a");
 }
 
-TEST_F(RecordsetTest, a_handle_without_a_recordset_answers_with_an_error) {
+TEST_F(RecordsetTest, AHandleWithoutARecordsetAnswersWithAnError) {
     Recordset nulla;
     EXPECT_EQ(nulla.MoveNext().Number, 91);
     EXPECT_EQ(nulla.Close().Number, 91);
@@ -281,7 +281,7 @@ TEST_F(RecordsetTest, a_handle_without_a_recordset_answers_with_an_error) {
     EXPECT_TRUE(nulla.bof());
 }
 
-TEST(ErrTest, every_error_has_a_description_and_none_has_none) {
+TEST(Err, EveryErrorHasADescriptionAndNoneHasNone) {
     EXPECT_TRUE(Err{}.ok());
     EXPECT_EQ(Err{}.Description(), "");
     EXPECT_EQ(Err{3024}.Description(), "Impossibile trovare il file.");
@@ -291,7 +291,7 @@ TEST(ErrTest, every_error_has_a_description_and_none_has_none) {
     EXPECT_EQ(Err{12345}.Description(), "Errore non previsto.");
 }
 
-TEST(ValoreTest, a_number_is_read_from_numbers_and_from_texts_that_are_one) {
+TEST(Valore, ANumberIsReadFromNumbersAndFromTextsThatAreOne) {
     EXPECT_EQ(Valore(7).intero(), 7);
     EXPECT_EQ(Valore(std::string(" 12 ")).intero(), 12);
     EXPECT_EQ(Valore(std::string("12a")).intero(), std::nullopt);
@@ -300,7 +300,7 @@ TEST(ValoreTest, a_number_is_read_from_numbers_and_from_texts_that_are_one) {
     EXPECT_EQ(Valore().intero(), std::nullopt);
 }
 
-TEST(ValoreTest, a_text_is_read_from_all_but_null) {
+TEST(Valore, ATextIsReadFromAllButNull) {
     EXPECT_EQ(Valore(-7).testo(), "-7");
     EXPECT_EQ(Valore(std::string(" x")).testo(), " x");
     EXPECT_EQ(Valore(Data{204, 6, 2}).testo(), "02/06/0204");
@@ -308,7 +308,7 @@ TEST(ValoreTest, a_text_is_read_from_all_but_null) {
     EXPECT_EQ(Valore(5).data(), std::nullopt);
 }
 
-TEST(DataTest, days_count_from_the_end_of_1899) {
+TEST(Data, DaysCountFromTheEndOf1899) {
     EXPECT_EQ(seriale({1899, 12, 30}), 0);
     EXPECT_EQ(seriale({1900, 3, 1}), 61);
     EXPECT_EQ(seriale({1871, 1, 7}), -10584);
@@ -316,7 +316,7 @@ TEST(DataTest, days_count_from_the_end_of_1899) {
     EXPECT_EQ(da_seriale(38150), (Data{2004, 6, 12}));
 }
 
-TEST(DataTest, a_day_is_read_from_its_iso_text_only) {
+TEST(Data, ADayIsReadFromItsIsoTextOnly) {
     EXPECT_EQ(da_iso("2004-02-29"), (Data{2004, 2, 29}));
     EXPECT_EQ(da_iso("2004-06-12 20:30:00"), (Data{2004, 6, 12}));
     EXPECT_EQ(da_iso("2004-06-12T20:30"), (Data{2004, 6, 12}));

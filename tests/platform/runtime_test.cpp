@@ -11,7 +11,7 @@ namespace {
 
 constexpr double infinito = std::numeric_limits<double>::infinity();
 
-TEST(Val, takes_the_longest_numeric_prefix) {
+TEST(Val, TakesTheLongestNumericPrefix) {
     EXPECT_EQ(Val("12"), 12);
     EXPECT_EQ(Val("-3.25x"), -3.25);
     EXPECT_EQ(Val("+7"), 7);
@@ -22,31 +22,31 @@ TEST(Val, takes_the_longest_numeric_prefix) {
     EXPECT_EQ(Val("1E-2x"), 0.01);
 }
 
-TEST(Val, stops_at_a_comma_and_at_a_second_point) {
+TEST(Val, StopsAtACommaAndAtASecondPoint) {
     EXPECT_EQ(Val("0,50"), 0);
     EXPECT_EQ(Val("86.086.00"), 86.086);
     EXPECT_EQ(Val("..5"), 0);
 }
 
-TEST(Val, ignores_blanks_anywhere) {
+TEST(Val, IgnoresBlanksAnywhere) {
     EXPECT_EQ(Val("  1 2\t3\r\n4"), 1234);
     EXPECT_EQ(Val(" - 5"), -5);
 }
 
-TEST(Val, is_zero_without_a_number) {
+TEST(Val, IsZeroWithoutANumber) {
     for (const char* testo :
          {"", " ", "abc", "-", "+.", "e5", "\"4\"", "#2004-06-12#", "nan", "inf"}) {
         EXPECT_EQ(Val(testo), 0) << testo;
     }
 }
 
-TEST(Val, leaves_an_exponent_without_digits_alone) {
+TEST(Val, LeavesAnExponentWithoutDigitsAlone) {
     EXPECT_EQ(Val("2e"), 2);
     EXPECT_EQ(Val("2e+"), 2);
     EXPECT_EQ(Val("2ex"), 2);
 }
 
-TEST(Val, of_a_number_beyond_all_measure_fits_no_conversion) {
+TEST(Val, OfANumberBeyondAllMeasureFitsNoConversion) {
     EXPECT_EQ(Val("1e999"), infinito);
     EXPECT_EQ(Val("-1e999"), -infinito);
     EXPECT_EQ(Val(std::string(400, '9')), infinito);
@@ -55,13 +55,13 @@ TEST(Val, of_a_number_beyond_all_measure_fits_no_conversion) {
     EXPECT_FALSE(CLng(Val("1e999")));
 }
 
-TEST(Str, puts_a_blank_before_a_number_without_sign) {
+TEST(Str, PutsABlankBeforeANumberWithoutSign) {
     EXPECT_EQ(Str(0), " 0");
     EXPECT_EQ(Str(12), " 12");
     EXPECT_EQ(Str(-12), "-12");
 }
 
-TEST(Conversion, rounds_half_to_even) {
+TEST(Conversion, RoundsHalfToEven) {
     EXPECT_EQ(CInt(0.5), 0);
     EXPECT_EQ(CInt(1.5), 2);
     EXPECT_EQ(CInt(2.5), 2);
@@ -70,7 +70,7 @@ TEST(Conversion, rounds_half_to_even) {
     EXPECT_EQ(CInt(2.51), 3);
 }
 
-TEST(Conversion, fails_out_of_range) {
+TEST(Conversion, FailsOutOfRange) {
     EXPECT_EQ(CByte(255.4), 255);
     EXPECT_EQ(CByte(254.5), 254);
     EXPECT_EQ(CByte(-0.5), 0);
@@ -88,7 +88,7 @@ TEST(Conversion, fails_out_of_range) {
     EXPECT_FALSE(CLng(infinito));
 }
 
-TEST(Conversion, a_failed_one_leaves_its_target) {
+TEST(Conversion, AFailedOneLeavesItsTarget) {
     std::uint8_t n = 7;
     EXPECT_FALSE(assegna(n, CByte(300)));
     EXPECT_EQ(n, 7);
@@ -96,7 +96,7 @@ TEST(Conversion, a_failed_one_leaves_its_target) {
     EXPECT_EQ(n, 30);
 }
 
-TEST(Format, groups_thousands_with_points) {
+TEST(Format, GroupsThousandsWithPoints) {
     EXPECT_EQ(Format(172172, Modello::interi), "172.172");
     EXPECT_EQ(Format(999, Modello::interi), "999");
     EXPECT_EQ(Format(1000, Modello::interi), "1.000");
@@ -105,14 +105,14 @@ TEST(Format, groups_thousands_with_points) {
     EXPECT_EQ(Format(86086, Modello::decimali), "86.086,00");
 }
 
-TEST(Format, of_whole_numbers_shows_zero_as_empty) {
+TEST(Format, OfWholeNumbersShowsZeroAsEmpty) {
     EXPECT_EQ(Format(0, Modello::interi), "");
     EXPECT_EQ(Format(0.4, Modello::interi), "");
     EXPECT_EQ(Format(-0.4, Modello::interi), "");
     EXPECT_EQ(Format(0.5, Modello::interi), "1");
 }
 
-TEST(Format, without_forced_zero_begins_with_the_comma) {
+TEST(Format, WithoutForcedZeroBeginsWithTheComma) {
     EXPECT_EQ(Format(0.5, Modello::decimali), ",50");
     EXPECT_EQ(Format(0, Modello::decimali), ",00");
     EXPECT_EQ(Format(0.05, Modello::decimali), ",05");
@@ -120,20 +120,20 @@ TEST(Format, without_forced_zero_begins_with_the_comma) {
     EXPECT_EQ(Format(-0.5, Modello::decimali), "-,50");
 }
 
-TEST(Format, with_forced_zero_begins_with_a_digit) {
+TEST(Format, WithForcedZeroBeginsWithADigit) {
     EXPECT_EQ(Format(0.5, Modello::decimali_zero), "0,50");
     EXPECT_EQ(Format(0, Modello::decimali_zero), "0,00");
     EXPECT_EQ(Format(86.086, Modello::decimali_zero), "86,09");
     EXPECT_EQ(Format(1234.5, Modello::decimali_zero), "1.234,50");
 }
 
-TEST(Format, of_what_rounds_to_nothing_has_no_sign) {
+TEST(Format, OfWhatRoundsToNothingHasNoSign) {
     EXPECT_EQ(Format(-0.001, Modello::decimali), ",00");
     EXPECT_EQ(Format(-0.001, Modello::decimali_zero), "0,00");
     EXPECT_EQ(Format(-0.0, Modello::decimali_zero), "0,00");
 }
 
-TEST(Format, rounds_half_away_from_zero) {
+TEST(Format, RoundsHalfAwayFromZero) {
     EXPECT_EQ(Format(58.0 / 16, Modello::decimali), "3,63");
     EXPECT_EQ(Format(-58.0 / 16, Modello::decimali), "-3,63");
     EXPECT_EQ(Format(2.5, Modello::interi), "3");
@@ -142,14 +142,14 @@ TEST(Format, rounds_half_away_from_zero) {
     EXPECT_EQ(Format(0.995, Modello::decimali), "1,00");
 }
 
-TEST(Format, looks_at_fifteen_significant_digits) {
+TEST(Format, LooksAtFifteenSignificantDigits) {
     // 1.005 is a little less in binary, and half at fifteen digits.
     EXPECT_EQ(Format(1.005, Modello::decimali), "1,01");
     EXPECT_EQ(Format(0.285, Modello::decimali), ",29");
     EXPECT_EQ(Format(1.00499999999999, Modello::decimali), "1,00");
 }
 
-TEST(Format, takes_any_magnitude) {
+TEST(Format, TakesAnyMagnitude) {
     EXPECT_EQ(Format(1e15, Modello::interi), "1.000.000.000.000.000");
     EXPECT_EQ(Format(1e-300, Modello::decimali), ",00");
     EXPECT_EQ(Format(1e300, Modello::interi).size(), 301U + 100U);
@@ -157,7 +157,7 @@ TEST(Format, takes_any_magnitude) {
     EXPECT_EQ(Format(std::nan(""), Modello::decimali), "");
 }
 
-TEST(Significative, as_many_decimals_as_it_takes) {
+TEST(Significative, AsManyDecimalsAsItTakes) {
     EXPECT_EQ(Significative(0, 3), "0");
     EXPECT_EQ(Significative(1234.5, 3), "1.235");
     EXPECT_EQ(Significative(622614630, 3), "622.614.630");
@@ -169,7 +169,7 @@ TEST(Significative, as_many_decimals_as_it_takes) {
     EXPECT_EQ(Significative(HUGE_VAL, 2), "");
 }
 
-TEST(CStr, has_a_decimal_comma_and_no_padding) {
+TEST(CStr, HasADecimalCommaAndNoPadding) {
     EXPECT_EQ(CStr(86086), "86086");
     EXPECT_EQ(CStr(0.5), "0,5");
     EXPECT_EQ(CStr(-2.25), "-2,25");
@@ -181,7 +181,7 @@ TEST(CStr, has_a_decimal_comma_and_no_padding) {
     EXPECT_EQ(CStr(infinito), "");
 }
 
-TEST(LeggiNumero, cuts_the_first_point_only) {
+TEST(LeggiNumero, CutsTheFirstPointOnly) {
     EXPECT_EQ(leggi_numero("172.172"), 172172);
     EXPECT_EQ(leggi_numero("980"), 980);
     EXPECT_EQ(leggi_numero(""), 0);
@@ -190,26 +190,26 @@ TEST(LeggiNumero, cuts_the_first_point_only) {
     EXPECT_EQ(leggi_numero("-1.234"), -1234);
 }
 
-TEST(LeggiNumero, is_zero_beyond_32_bits) {
+TEST(LeggiNumero, IsZeroBeyond32Bits) {
     EXPECT_EQ(leggi_numero("2147483647"), 2147483647);
     EXPECT_EQ(leggi_numero("2147483648"), 0);
     EXPECT_EQ(leggi_numero("9.999999999"), 0);
     EXPECT_EQ(leggi_numero(std::string(500, '9')), 0);
 }
 
-TEST(Text, replace_changes_every_occurrence) {
+TEST(Text, ReplaceChangesEveryOccurrence) {
     EXPECT_EQ(Replace("1,2,3", ',', '.'), "1.2.3");
     EXPECT_EQ(Replace("", ',', '.'), "");
 }
 
-TEST(Text, trim_takes_blanks_at_both_ends) {
+TEST(Text, TrimTakesBlanksAtBothEnds) {
     EXPECT_EQ(Trim("  a b "), "a b");
     EXPECT_EQ(Trim("   "), "");
     EXPECT_EQ(Trim(""), "");
     EXPECT_EQ(Trim("a"), "a");
 }
 
-TEST(Text, lower_case_knows_the_accented_letters) {
+TEST(Text, LowerCaseKnowsTheAccentedLetters) {
     EXPECT_EQ(LCase("Sistema@1"), "sistema@1");
     EXPECT_EQ(LCase("ÀÈÉÌÒÙÇÑÖÞ"), "àèéìòùçñöþ");
     EXPECT_EQ(LCase("×÷ß"), "×÷ß");
@@ -217,7 +217,7 @@ TEST(Text, lower_case_knows_the_accented_letters) {
     EXPECT_EQ(LCase("šžœÿ"), "šžœÿ");
 }
 
-TEST(Text, lower_case_survives_bytes_that_are_no_utf8) {
+TEST(Text, LowerCaseSurvivesBytesThatAreNoUtf8) {
     EXPECT_EQ(LCase("\xC3"), "\xC3");
     EXPECT_EQ(LCase("\xC3"
                     "A\xC5"
@@ -227,14 +227,14 @@ TEST(Text, lower_case_survives_bytes_that_are_no_utf8) {
               "b");
 }
 
-TEST(Rnd, begins_as_the_classic_generator_does) {
+TEST(Rnd, BeginsAsTheClassicGeneratorDoes) {
     Rnd rnd;
     EXPECT_NEAR(rnd.prossimo() / 16777216.0, 0.7055475, 5e-8);
     EXPECT_NEAR(rnd.prossimo() / 16777216.0, 0.5334240, 5e-8);
     EXPECT_NEAR(rnd.prossimo() / 16777216.0, 0.5795186, 5e-8);
 }
 
-TEST(Rnd, follows_its_formula_over_the_whole_period) {
+TEST(Rnd, FollowsItsFormulaOverTheWholePeriod) {
     Rnd rnd;
     std::uint64_t x = 327680;
     for (int i = 0; i < 1 << 24; ++i) {
@@ -247,7 +247,7 @@ TEST(Rnd, follows_its_formula_over_the_whole_period) {
     EXPECT_EQ(x, 327680U);
 }
 
-TEST(Rnd, every_start_gives_the_same_sequence) {
+TEST(Rnd, EveryStartGivesTheSameSequence) {
     Rnd a;
     Rnd b;
     for (int i = 0; i < 100; ++i) {
@@ -255,7 +255,7 @@ TEST(Rnd, every_start_gives_the_same_sequence) {
     }
 }
 
-TEST(Rnd, draws_every_number_from_one_up_and_no_other) {
+TEST(Rnd, DrawsEveryNumberFromOneUpAndNoOther) {
     Rnd rnd;
     Rnd stesso;
     std::set<std::int32_t> viste;

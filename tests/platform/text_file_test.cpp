@@ -45,28 +45,28 @@ protected:
     TextReader lettore_;
 };
 
-TEST_F(TextReaderTest, a_field_ends_at_a_comma_or_at_the_line_end) {
+TEST_F(TextReaderTest, AFieldEndsAtACommaOrAtTheLineEnd) {
     apri("1,due\r\n3\n4\r5");
     for (const char* atteso : {"1", "due", "3", "4", "5", "<fine>"}) {
         EXPECT_EQ(campo(), atteso);
     }
 }
 
-TEST_F(TextReaderTest, blanks_around_a_field_are_trimmed) {
+TEST_F(TextReaderTest, BlanksAroundAFieldAreTrimmed) {
     apri("  a b \t, \"c\"  ,\t d\r\n");
     for (const char* atteso : {"a b", "c", "d", "<fine>"}) {
         EXPECT_EQ(campo(), atteso);
     }
 }
 
-TEST_F(TextReaderTest, quotes_are_stripped_and_keep_what_they_hold) {
+TEST_F(TextReaderTest, QuotesAreStrippedAndKeepWhatTheyHold) {
     apri("\"0,50\",\"Euro\"\r\n\" a \",\"\",\"x\r\ny\"z,8");
     for (const char* atteso : {"0,50", "Euro", " a ", "", "x\r\ny", "8", "<fine>"}) {
         EXPECT_EQ(campo(), atteso);
     }
 }
 
-TEST_F(TextReaderTest, a_quote_that_never_closes_takes_the_rest) {
+TEST_F(TextReaderTest, AQuoteThatNeverClosesTakesTheRest) {
     apri("1,\"abc,2\r\n3");
     EXPECT_EQ(campo(), "1");
     EXPECT_EQ(campo(), "abc,2\r\n3");
@@ -74,21 +74,21 @@ TEST_F(TextReaderTest, a_quote_that_never_closes_takes_the_rest) {
     EXPECT_TRUE(lettore_.eof());
 }
 
-TEST_F(TextReaderTest, a_trailing_comma_leaves_an_empty_field_that_ends_the_line) {
+TEST_F(TextReaderTest, ATrailingCommaLeavesAnEmptyFieldThatEndsTheLine) {
     apri("1,12,\r\n45,56,\r\n");
     for (const char* atteso : {"1", "12", "", "45", "56", "", "<fine>"}) {
         EXPECT_EQ(campo(), atteso);
     }
 }
 
-TEST_F(TextReaderTest, a_trailing_comma_at_the_end_of_the_file_leaves_no_field) {
+TEST_F(TextReaderTest, ATrailingCommaAtTheEndOfTheFileLeavesNoField) {
     apri("1,");
     EXPECT_EQ(numero(), 1);
     EXPECT_TRUE(lettore_.eof());
     EXPECT_EQ(campo(), "<fine>");
 }
 
-TEST_F(TextReaderTest, a_read_past_the_end_leaves_its_target) {
+TEST_F(TextReaderTest, AReadPastTheEndLeavesItsTarget) {
     apri("7\r\n");
     std::int32_t n = 0;
     EXPECT_TRUE(lettore_.intero(n));
@@ -105,14 +105,14 @@ TEST_F(TextReaderTest, a_read_past_the_end_leaves_its_target) {
     EXPECT_FALSE(lettore_.salta_riga());
 }
 
-TEST_F(TextReaderTest, an_empty_file_is_at_its_end) {
+TEST_F(TextReaderTest, AnEmptyFileIsAtItsEnd) {
     apri("");
     EXPECT_TRUE(lettore_.eof());
     EXPECT_EQ(lettore_.seek(), 1);
     EXPECT_EQ(riga(), "<fine>");
 }
 
-TEST_F(TextReaderTest, a_last_line_without_end_is_read_whole) {
+TEST_F(TextReaderTest, ALastLineWithoutEndIsReadWhole) {
     apri("1\r\n23");
     EXPECT_EQ(numero(), 1);
     EXPECT_FALSE(lettore_.eof());
@@ -120,14 +120,14 @@ TEST_F(TextReaderTest, a_last_line_without_end_is_read_whole) {
     EXPECT_TRUE(lettore_.eof());
 }
 
-TEST_F(TextReaderTest, a_field_that_is_no_number_reads_as_zero) {
+TEST_F(TextReaderTest, AFieldThatIsNoNumberReadsAsZero) {
     apri("abc,,\"4\",12x,-3,2.5\r\n,\r\n");
     for (const double atteso : {0.0, 0.0, 4.0, 12.0, -3.0, 2.5, 0.0, 0.0, -2.0}) {
         EXPECT_EQ(numero(), atteso);
     }
 }
 
-TEST_F(TextReaderTest, whole_numbers_out_of_range_leave_their_target_and_the_reading_goes_on) {
+TEST_F(TextReaderTest, WholeNumbersOutOfRangeLeaveTheirTargetAndTheReadingGoesOn) {
     apri("256,255,-1,32768,-32768,99999999999,1e999,2.5,3.5\r\n");
     std::uint8_t b = 9;
     EXPECT_FALSE(lettore_.intero(b));
@@ -151,7 +151,7 @@ TEST_F(TextReaderTest, whole_numbers_out_of_range_leave_their_target_and_the_rea
     EXPECT_EQ(l, 4);
 }
 
-TEST_F(TextReaderTest, quick_and_general_number_reading_agree) {
+TEST_F(TextReaderTest, QuickAndGeneralNumberReadingAgree) {
     const std::string dati = "1,12\r\n123456\n1234567,7 ,\r8,9\r\r\n 10,011\r\n3\r4,0";
     apri(dati);
     for (const double atteso :
@@ -160,7 +160,7 @@ TEST_F(TextReaderTest, quick_and_general_number_reading_agree) {
     }
 }
 
-TEST_F(TextReaderTest, numbers_read_together_are_those_read_one_by_one) {
+TEST_F(TextReaderTest, NumbersReadTogetherAreThoseReadOneByOne) {
     const std::string strano =
         "1,22,333,4444,70000,x,, 5 ,\"6\",-7,08\r\n9\n10\r11\r\n,1.5,12,\"a\r\nb\",13,14,1\r2,3";
     for (const std::size_t prima :
@@ -193,7 +193,7 @@ TEST_F(TextReaderTest, numbers_read_together_are_those_read_one_by_one) {
     }
 }
 
-TEST_F(TextReaderTest, numbers_read_together_past_the_end_leave_the_rest) {
+TEST_F(TextReaderTest, NumbersReadTogetherPastTheEndLeaveTheRest) {
     apri("1,2");
     std::vector<std::int16_t> record{7, 8, 9};
     EXPECT_TRUE(lettore_.interi(record));
@@ -202,14 +202,14 @@ TEST_F(TextReaderTest, numbers_read_together_past_the_end_leave_the_rest) {
     EXPECT_EQ(record, (std::vector<std::int16_t>{1, 2, 9}));
 }
 
-TEST_F(TextReaderTest, lines_end_with_any_of_the_three_ends) {
+TEST_F(TextReaderTest, LinesEndWithAnyOfTheThreeEnds) {
     apri("a,\"b\" \r\n\nc\r\rd\n\r\ne");
     for (const char* atteso : {"a,\"b\" ", "", "c", "", "d", "", "e", "<fine>"}) {
         EXPECT_EQ(riga(), atteso);
     }
 }
 
-TEST_F(TextReaderTest, skipping_a_line_leads_to_the_next_one) {
+TEST_F(TextReaderTest, SkippingALineLeadsToTheNextOne) {
     apri("1,2\r\n3\n4\r5");
     EXPECT_EQ(numero(), 1);
     EXPECT_TRUE(lettore_.salta_riga());
@@ -219,13 +219,13 @@ TEST_F(TextReaderTest, skipping_a_line_leads_to_the_next_one) {
     EXPECT_FALSE(lettore_.salta_riga());
 }
 
-TEST_F(TextReaderTest, texts_come_out_as_utf8) {
+TEST_F(TextReaderTest, TextsComeOutAsUtf8) {
     apri("\"citt\xE0\"\r\n\x80\r\n");
     EXPECT_EQ(campo(), "città");
     EXPECT_EQ(riga(), "€");
 }
 
-TEST_F(TextReaderTest, positions_taken_in_one_pass_are_line_starts_in_the_next) {
+TEST_F(TextReaderTest, PositionsTakenInOnePassAreLineStartsInTheNext) {
     std::string dati;
     for (int i = 0; i < 20000; ++i) {
         dati += std::to_string(i) + "," + std::to_string(i % 90 + 1) + "\r\n";
@@ -247,7 +247,7 @@ TEST_F(TextReaderTest, positions_taken_in_one_pass_are_line_starts_in_the_next) 
     }
 }
 
-TEST_F(TextReaderTest, seek_refuses_what_is_no_position) {
+TEST_F(TextReaderTest, SeekRefusesWhatIsNoPosition) {
     apri("123");
     EXPECT_TRUE(lettore_.seek(2));
     EXPECT_FALSE(lettore_.seek(0));
@@ -262,7 +262,7 @@ TEST_F(TextReaderTest, seek_refuses_what_is_no_position) {
     EXPECT_FALSE(lettore_.seek(1));
 }
 
-TEST_F(TextReaderTest, fields_across_the_edge_of_the_buffer_are_whole) {
+TEST_F(TextReaderTest, FieldsAcrossTheEdgeOfTheBufferAreWhole) {
     const std::string campi = "1234,\"due, tre\" ,56\r\n78\n9\r10,\r\n";
     const std::vector<std::string> attesi = {"1234", "due, tre", "56", "78", "9", "10", ""};
     for (std::size_t indietro = 0; indietro <= campi.size(); ++indietro) {
@@ -276,7 +276,7 @@ TEST_F(TextReaderTest, fields_across_the_edge_of_the_buffer_are_whole) {
     }
 }
 
-TEST_F(TextReaderTest, numbers_and_lines_across_the_edge_of_the_buffer_are_whole) {
+TEST_F(TextReaderTest, NumbersAndLinesAcrossTheEdgeOfTheBufferAreWhole) {
     const std::string righe = "123456,78\r\n90,1234567\r\n5\n";
     for (std::size_t indietro = 0; indietro <= righe.size(); ++indietro) {
         apri(std::string(blocco - indietro - 1, 'x') + "\n" + righe);
@@ -292,7 +292,7 @@ TEST_F(TextReaderTest, numbers_and_lines_across_the_edge_of_the_buffer_are_whole
     }
 }
 
-TEST_F(TextReaderTest, a_line_of_ten_megabytes_comes_whole) {
+TEST_F(TextReaderTest, ALineOfTenMegabytesComesWhole) {
     const std::string lunga(10'000'000, 'a');
     apri(lunga + "\r\nb");
     EXPECT_TRUE(riga() == lunga);
@@ -304,7 +304,7 @@ TEST_F(TextReaderTest, a_line_of_ten_megabytes_comes_whole) {
     EXPECT_EQ(riga(), "b");
 }
 
-TEST_F(TextReaderTest, of_an_endless_line_the_memory_holds_a_part_only) {
+TEST_F(TextReaderTest, OfAnEndlessLineTheMemoryHoldsAPartOnly) {
     constexpr std::int64_t lunghezza = 20'000'000;
     const std::string nome = cartella_.file("f");
     cartella_.scrivi("f", "\"");
@@ -318,7 +318,7 @@ TEST_F(TextReaderTest, of_an_endless_line_the_memory_holds_a_part_only) {
     EXPECT_EQ(riga(), "7");
 }
 
-TEST_F(TextReaderTest, a_hole_of_four_gigabytes_is_the_end_of_the_file) {
+TEST_F(TextReaderTest, AHoleOfFourGigabytesIsTheEndOfTheFile) {
     const std::string nome = cartella_.file("f");
     cartella_.scrivi("f", "1,2\r\n");
     ASSERT_EQ(::truncate(nome.c_str(), std::int64_t{1} << 32), 0);
@@ -342,7 +342,7 @@ TEST_F(TextReaderTest, a_hole_of_four_gigabytes_is_the_end_of_the_file) {
     EXPECT_EQ(numero(), 1);
 }
 
-TEST_F(TextReaderTest, of_a_head_no_more_is_there_than_told) {
+TEST_F(TextReaderTest, OfAHeadNoMoreIsThereThanTold) {
     cartella_.scrivi("f", "12,34,56\r\n78");
     ASSERT_TRUE(lettore_.apri(cartella_.file("f"), 5));
     EXPECT_EQ(numero(), 12);
@@ -352,7 +352,7 @@ TEST_F(TextReaderTest, of_a_head_no_more_is_there_than_told) {
     for (const int n : {12, 34, 56, 78}) EXPECT_EQ(numero(), n);
 }
 
-TEST_F(TextReaderTest, any_bytes_are_read_to_their_end) {
+TEST_F(TextReaderTest, AnyBytesAreReadToTheirEnd) {
     std::string dati;
     std::uint32_t x = 1;
     for (int i = 0; i < 200000; ++i) {
@@ -376,7 +376,7 @@ TEST_F(TextReaderTest, any_bytes_are_read_to_their_end) {
     EXPECT_EQ(lettore_.seek(), static_cast<std::int64_t>(dati.size()) + 1);
 }
 
-TEST_F(TextReaderTest, a_file_that_is_not_there_reads_as_ended) {
+TEST_F(TextReaderTest, AFileThatIsNotThereReadsAsEnded) {
     EXPECT_FALSE(lettore_.apri(cartella_.file("manca")));
     EXPECT_FALSE(lettore_.aperto());
     EXPECT_TRUE(lettore_.eof());
@@ -385,20 +385,20 @@ TEST_F(TextReaderTest, a_file_that_is_not_there_reads_as_ended) {
     EXPECT_EQ(riga(), "<fine>");
 }
 
-TEST_F(TextReaderTest, folders_pipes_and_devices_do_not_open) {
+TEST_F(TextReaderTest, FoldersPipesAndDevicesDoNotOpen) {
     EXPECT_FALSE(lettore_.apri(cartella_.programma()));
     ASSERT_EQ(::mkfifo(cartella_.file("fifo").c_str(), 0600), 0);
     EXPECT_FALSE(lettore_.apri(cartella_.file("fifo")));
     EXPECT_FALSE(lettore_.apri("/dev/zero"));
 }
 
-TEST_F(TextReaderTest, names_are_matched_without_case) {
+TEST_F(TextReaderTest, NamesAreMatchedWithoutCase) {
     cartella_.scrivi("Prova.SEN", "5");
     ASSERT_TRUE(lettore_.apri(cartella_.file("pROVA.sen")));
     EXPECT_EQ(numero(), 5);
 }
 
-TEST_F(TextReaderTest, opening_anew_begins_at_the_start) {
+TEST_F(TextReaderTest, OpeningAnewBeginsAtTheStart) {
     apri("1,2");
     EXPECT_EQ(numero(), 1);
     apri("3");
@@ -429,7 +429,7 @@ private:
     int chiamate_ = 0;
 };
 
-TEST_F(TextReaderTest, short_and_interrupted_reads_change_nothing) {
+TEST_F(TextReaderTest, ShortAndInterruptedReadsChangeNothing) {
     Capricci capricci(std::numeric_limits<std::int64_t>::max());
     auto posto = std::make_optional<platform::Ripristina<platform::Syscalls*>>(
         platform::ambiente().chiamate, &capricci);
@@ -440,7 +440,7 @@ TEST_F(TextReaderTest, short_and_interrupted_reads_change_nothing) {
     posto.reset();
 }
 
-TEST_F(TextReaderTest, a_disk_that_cannot_be_read_further_ends_the_file) {
+TEST_F(TextReaderTest, ADiskThatCannotBeReadFurtherEndsTheFile) {
     Capricci capricci(6);
     auto posto = std::make_optional<platform::Ripristina<platform::Syscalls*>>(
         platform::ambiente().chiamate, &capricci);
@@ -453,27 +453,27 @@ TEST_F(TextReaderTest, a_disk_that_cannot_be_read_further_ends_the_file) {
     posto.reset();
 }
 
-TEST(RecordTest, quotes_strings_and_leaves_numbers_bare) {
+TEST(Record, QuotesStringsAndLeavesNumbersBare) {
     EXPECT_EQ(Record().scrivi(1200).scrivi(2).scrivi("2").scrivi(-1).testo(),
               "1200,2,\"2\",-1\r\n");
     EXPECT_EQ(Record().scrivi("0,50").scrivi("Euro").testo(), "\"0,50\",\"Euro\"\r\n");
     EXPECT_EQ(Record().scrivi("").testo(), "\"\"\r\n");
 }
 
-TEST(RecordTest, writes_dates_between_number_signs) {
+TEST(Record, WritesDatesBetweenNumberSigns) {
     EXPECT_EQ(Record().data(2004, 6, 12).testo(), "#2004-06-12#\r\n");
     EXPECT_EQ(Record().scrivi(1).data(999, 12, 1).testo(), "1,#0999-12-01#\r\n");
 }
 
-TEST(RecordTest, an_empty_record_is_a_line_end) {
+TEST(Record, AnEmptyRecordIsALineEnd) {
     EXPECT_EQ(Record().testo(), "\r\n");
 }
 
-TEST(RecordTest, writes_single_bytes_and_no_escapes) {
+TEST(Record, WritesSingleBytesAndNoEscapes) {
     EXPECT_EQ(Record().scrivi("città \"x\"").testo(), "\"citt\xE0 \"x\"\"\r\n");
 }
 
-TEST_F(TextReaderTest, what_a_record_writes_is_read_back) {
+TEST_F(TextReaderTest, WhatARecordWritesIsReadBack) {
     apri(Record().scrivi("0,50").scrivi("perché").scrivi(-32768).data(2004, 6, 12).testo());
     EXPECT_EQ(campo(), "0,50");
     EXPECT_EQ(campo(), "perché");

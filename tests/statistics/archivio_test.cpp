@@ -28,7 +28,7 @@ protected:
     Archivio archivio_;
 };
 
-TEST_F(ArchivioTest, a_wheel_is_asked_for_by_its_code) {
+TEST_F(ArchivioTest, AWheelIsAskedForByItsCode) {
     metti({5, 5, 5});
     ASSERT_TRUE(archivio_.apri(file(), true).ok());
     const auto ruote_di = [this](const platform::Query& query) {
@@ -43,7 +43,7 @@ TEST_F(ArchivioTest, a_wheel_is_asked_for_by_its_code) {
     EXPECT_FALSE(ruote_di(statistics::query_ruota("NAZIONALE")).contains("TO"));
 }
 
-TEST(Wheel, is_known_by_its_place) {
+TEST(Wheel, IsKnownByItsPlace) {
     EXPECT_EQ(statistics::codice_ruota(0), "BA");
     EXPECT_EQ(statistics::codice_ruota(9), "VE");
     EXPECT_EQ(statistics::codice_ruota(10), "NAZIONALE");
@@ -51,7 +51,7 @@ TEST(Wheel, is_known_by_its_place) {
     EXPECT_EQ(statistics::codice_ruota(-1), "");
 }
 
-TEST_F(ArchivioTest, reads_the_six_numbers_by_name) {
+TEST_F(ArchivioTest, ReadsTheSixNumbersByName) {
     metti({5, 5, 5});
     ASSERT_TRUE(archivio_.apri(file(), false).ok());
     LettoreArchivio lettore(archivio_);
@@ -79,7 +79,7 @@ TEST_F(ArchivioTest, reads_the_six_numbers_by_name) {
     for (const int fuori : {0, 6}) EXPECT_EQ(lettore.campi_estratti(fuori), std::nullopt);
 }
 
-TEST_F(ArchivioTest, a_wheel_has_five_numbers_and_no_jolly) {
+TEST_F(ArchivioTest, AWheelHasFiveNumbersAndNoJolly) {
     metti({5, 5, 5});
     ASSERT_TRUE(archivio_.apri(file(), true).ok());
     ASSERT_TRUE(
@@ -99,7 +99,7 @@ TEST_F(ArchivioTest, a_wheel_has_five_numbers_and_no_jolly) {
     EXPECT_EQ(lettore.superstar(), std::nullopt);
 }
 
-TEST_F(ArchivioTest, moves_before_the_first_record_and_on_to_it) {
+TEST_F(ArchivioTest, MovesBeforeTheFirstRecordAndOnToIt) {
     metti({5, 5, 5});
     ASSERT_TRUE(archivio_.apri(file(), false).ok());
     LettoreArchivio lettore(archivio_);
@@ -111,7 +111,7 @@ TEST_F(ArchivioTest, moves_before_the_first_record_and_on_to_it) {
     EXPECT_EQ(archivio_.campo_concorso.Value(), Valore(1));
 }
 
-TEST_F(ArchivioTest, a_failed_opening_leaves_the_handles) {
+TEST_F(ArchivioTest, AFailedOpeningLeavesTheHandles) {
     metti({5, 5, 5});
     ASSERT_TRUE(archivio_.apri(file(), false).ok());
     EXPECT_EQ(archivio_.apri(cartella_.radice() + "/altrove/drawit.mdb", true).Number,
@@ -120,7 +120,7 @@ TEST_F(ArchivioTest, a_failed_opening_leaves_the_handles) {
     EXPECT_EQ(archivio_.campo_concorso.Value(), Valore(1));
 }
 
-TEST_F(ArchivioTest, the_next_opening_brings_the_table_back_after_a_query) {
+TEST_F(ArchivioTest, TheNextOpeningBringsTheTableBackAfterAQuery) {
     metti({5, 5, 5});
     ASSERT_TRUE(archivio_.apri(file(), false).ok());
     ASSERT_TRUE(
@@ -130,7 +130,7 @@ TEST_F(ArchivioTest, the_next_opening_brings_the_table_back_after_a_query) {
     EXPECT_FALSE(archivio_.draws.Fields("Jolly").Value().nullo());
 }
 
-TEST_F(ArchivioTest, closing_ends_every_read) {
+TEST_F(ArchivioTest, ClosingEndsEveryRead) {
     metti({5, 5, 5});
     ASSERT_TRUE(archivio_.apri(file(), false).ok());
     archivio_.chiudi();

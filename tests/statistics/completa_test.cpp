@@ -31,7 +31,7 @@ protected:
     int posate_ = 0;
 };
 
-TEST_F(Completa, without_mstat_it_counts_frequencies_writes_the_file_and_starts_empty) {
+TEST_F(Completa, WithoutMstatItCountsFrequenciesWritesTheFileAndStartsEmpty) {
     matrice_ = piena_;
     ASSERT_EQ(completa(), EsitoRiempimento::completa);
     EXPECT_TRUE(cartella_.esiste("mstat.dat"));
@@ -42,7 +42,7 @@ TEST_F(Completa, without_mstat_it_counts_frequencies_writes_the_file_and_starts_
     EXPECT_EQ(leggi_data(cartella_.file("mstat.dat")), records_.back().data);
 }
 
-TEST_F(Completa, with_a_current_mstat_the_numbers_laid_are_kept) {
+TEST_F(Completa, WithACurrentMstatTheNumbersLaidAreKept) {
     ASSERT_EQ(completa(), EsitoRiempimento::completa);
     const std::string scritto = cartella_.leggi("mstat.dat");
     const std::int16_t primo = s_.statistica()[1].numero;
@@ -55,7 +55,7 @@ TEST_F(Completa, with_a_current_mstat_the_numbers_laid_are_kept) {
     EXPECT_EQ(cartella_.leggi("mstat.dat"), scritto);
 }
 
-TEST_F(Completa, a_full_grid_is_only_copied) {
+TEST_F(Completa, AFullGridIsOnlyCopied) {
     ASSERT_EQ(completa(), EsitoRiempimento::completa);
     matrice_ = piena_;
     posate_ = 0;
@@ -64,7 +64,7 @@ TEST_F(Completa, a_full_grid_is_only_copied) {
     EXPECT_EQ(matrice_, piena_);
 }
 
-TEST_F(Completa, a_later_draw_makes_the_file_out_of_date) {
+TEST_F(Completa, ALaterDrawMakesTheFileOutOfDate) {
     ASSERT_EQ(completa(), EsitoRiempimento::completa);
     records_.push_back(records_.front());
     records_.back().data = {2099, 1, 1};
@@ -74,7 +74,7 @@ TEST_F(Completa, a_later_draw_makes_the_file_out_of_date) {
     EXPECT_EQ(leggi_data(cartella_.file("mstat.dat")), (Data{2099, 1, 1}));
 }
 
-TEST_F(Completa, what_cannot_be_had_leaves_the_crossword) {
+TEST_F(Completa, WhatCannotBeHadLeavesTheCrossword) {
     matrice_ = piena_;
     records_.resize(100);
     EXPECT_EQ(completa(), EsitoRiempimento::abbandonata);
@@ -86,7 +86,7 @@ TEST_F(Completa, what_cannot_be_had_leaves_the_crossword) {
     EXPECT_EQ(posate_, 0);
 }
 
-TEST(NumeriScelti, the_list_goes_column_after_column_and_keeps_repetitions) {
+TEST(NumeriScelti, TheListGoesColumnAfterColumnAndKeepsRepetitions) {
     Matrice m(6, 6);
     m.scrivi(1, 0, 30);
     m.scrivi(0, 3, 20);

@@ -63,7 +63,7 @@ std::string barrate(int colonne, int righe, int x, int y, int r, int c) {
     return s;
 }
 
-TEST(VincoliCella, on_6_columns_the_neighbours_of_the_diagonals_do_not_count_and_on_7_they_do) {
+TEST(VincoliCella, On6ColumnsTheNeighboursOfTheDiagonalsDoNotCountAndOn7TheyDo) {
     EXPECT_EQ(barrate(6, 6, 5, 1, 4, 2), "");  // below the anti-diagonal
     EXPECT_EQ(barrate(7, 7, 6, 1, 5, 2), "33 ");
     EXPECT_EQ(barrate(6, 6, 4, 0, 3, 1), "");  // above the anti-diagonal
@@ -76,14 +76,14 @@ TEST(VincoliCella, on_6_columns_the_neighbours_of_the_diagonals_do_not_count_and
     EXPECT_EQ(barrate(6, 6, 5, 0, 4, 1), "33 ");
 }
 
-TEST(VincoliCella, on_a_grid_that_is_not_square_no_diagonal_counts) {
+TEST(VincoliCella, OnAGridThatIsNotSquareNoDiagonalCounts) {
     EXPECT_EQ(barrate(8, 7, 5, 5, 1, 1), "");
     EXPECT_EQ(barrate(7, 8, 6, 0, 4, 2), "");
     EXPECT_EQ(barrate(7, 8, 2, 0, 4, 2), "33 ");
     EXPECT_EQ(barrate(7, 8, 6, 4, 4, 2), "33 ");
 }
 
-TEST(VincoliCella, every_cell_of_every_size_equals_the_second_computation) {
+TEST(VincoliCella, EveryCellOfEverySizeEqualsTheSecondComputation) {
     support::Sorte sorte(9);
     for (const auto& [colonne, righe] :
          {std::pair{5, 5}, {6, 6}, {7, 7}, {8, 8}, {6, 9}, {9, 6}, {15, 15}}) {
@@ -105,7 +105,7 @@ TEST(VincoliCella, every_cell_of_every_size_equals_the_second_computation) {
     }
 }
 
-TEST(VincoliCella, below_the_cell_on_the_anti_diagonal_the_place_of_the_number_is_barred_too) {
+TEST(VincoliCella, BelowTheCellOnTheAntiDiagonalThePlaceOfTheNumberIsBarredToo) {
     Graduatoria t = graduata(4);
     Matrice m(6, 6);
     m.scrivi(1, 4, 33);
@@ -121,7 +121,7 @@ TEST(VincoliCella, below_the_cell_on_the_anti_diagonal_the_place_of_the_number_i
     EXPECT_TRUE(t[33].libero);
 }
 
-TEST(VincoliCella, a_line_holds_two_numbers_of_a_band_at_level_1_and_three_at_level_2) {
+TEST(VincoliCella, ALineHoldsTwoNumbersOfABandAtLevel1AndThreeAtLevel2) {
     for (const int livello_iniziale : {1, 2}) {
         for (int quanti = 1; quanti <= 3; ++quanti) {
             Graduatoria t = graduata(0);
@@ -137,7 +137,7 @@ TEST(VincoliCella, a_line_holds_two_numbers_of_a_band_at_level_1_and_three_at_le
     }
 }
 
-TEST(VincoliCella, a_tail_number_on_a_line_raises_the_level_and_is_counted_twice) {
+TEST(VincoliCella, ATailNumberOnALineRaisesTheLevelAndIsCountedTwice) {
     Graduatoria t = graduata(0);
     for (std::size_t i = 71; i <= 90; ++i) t[i].libero = true;
     Matrice m(8, 7);
@@ -151,7 +151,7 @@ TEST(VincoliCella, a_tail_number_on_a_line_raises_the_level_and_is_counted_twice
     for (std::size_t i = 81; i <= 90; ++i) EXPECT_EQ(t[i].libero, i != 85) << i;
 }
 
-TEST(VincoliCella, at_level_2_one_tail_number_on_a_line_is_no_reason_and_two_are) {
+TEST(VincoliCella, AtLevel2OneTailNumberOnALineIsNoReasonAndTwoAre) {
     Graduatoria t = graduata(0);
     for (std::size_t i = 71; i <= 90; ++i) t[i].libero = true;
     Matrice m(8, 7);
@@ -165,7 +165,7 @@ TEST(VincoliCella, at_level_2_one_tail_number_on_a_line_is_no_reason_and_two_are
     EXPECT_TRUE(t[81].libero);
 }
 
-TEST(SegnaNumero, an_empty_cell_names_entry_0_and_an_unknown_number_none) {
+TEST(SegnaNumero, AnEmptyCellNamesEntry0AndAnUnknownNumberNone) {
     Graduatoria t = graduata(3);
     t[0].libero = true;
     Ricerca ricerca(t, Matrice(6, 6));
@@ -196,7 +196,7 @@ EsitoRiempimento confronta(const Matrice& m, Graduatoria t) {
     return esito;
 }
 
-TEST(RiempiGriglia, empty_grids_of_every_size_equal_the_second_computation) {
+TEST(RiempiGriglia, EmptyGridsOfEverySizeEqualTheSecondComputation) {
     int complete = 0;
     for (int colonne = 5; colonne <= 15; ++colonne) {
         for (int righe = 5; righe <= 15; ++righe) {
@@ -208,7 +208,7 @@ TEST(RiempiGriglia, empty_grids_of_every_size_equal_the_second_computation) {
     EXPECT_EQ(complete, 121);
 }
 
-TEST(RiempiGriglia, started_grids_equal_the_second_computation_where_it_would_never_end_too) {
+TEST(RiempiGriglia, StartedGridsEqualTheSecondComputationWhereItWouldNeverEndToo) {
     support::Sorte sorte(13);
     int complete = 0;
     constexpr int prove = 300;
@@ -225,7 +225,7 @@ TEST(RiempiGriglia, started_grids_equal_the_second_computation_where_it_would_ne
     EXPECT_LT(complete, prove - prove / 10);
 }
 
-TEST(RiempiGriglia, pinned_grid_of_the_plain_ranking) {
+TEST(RiempiGriglia, PinnedGridOfThePlainRanking) {
     Graduatoria t = graduata(0);
     Ricerca ricerca(t, Matrice(6, 6));
     EXPECT_EQ(ricerca.riempi_griglia({}), EsitoRiempimento::completa);
@@ -254,7 +254,7 @@ Matrice chiusa(int riga, int code) {
     return m;
 }
 
-TEST(RiempiGriglia, a_search_that_would_never_end_stops_and_leaves_what_was_laid) {
+TEST(RiempiGriglia, ASearchThatWouldNeverEndStopsAndLeavesWhatWasLaid) {
     Graduatoria t = graduata(0);
     auto e = elenco(t);
     semplice::Ricerca altra(e, griglia(chiusa(1, 2)));
@@ -266,7 +266,7 @@ TEST(RiempiGriglia, a_search_that_would_never_end_stops_and_leaves_what_was_laid
     EXPECT_EQ(support::testo(ricerca.griglia()), support::testo(altra.g));
 }
 
-TEST(RiempiGriglia, a_cell_closed_to_the_seventy_takes_the_first_of_the_tail) {
+TEST(RiempiGriglia, ACellClosedToTheSeventyTakesTheFirstOfTheTail) {
     Graduatoria t = graduata(0);
     Ricerca ricerca(t, chiusa(0, 0));
     ricerca.riempi_griglia({});
@@ -274,7 +274,7 @@ TEST(RiempiGriglia, a_cell_closed_to_the_seventy_takes_the_first_of_the_tail) {
     confronta(chiusa(0, 0), graduata(0));
 }
 
-TEST(RiempiGriglia, barred_from_the_tail_the_search_takes_numbers_already_placed) {
+TEST(RiempiGriglia, BarredFromTheTailTheSearchTakesNumbersAlreadyPlaced) {
     // Of the seven bands one stays open, but its odd entries stand on the lines of the cell and
     // its even ones were placed before.
     Graduatoria t = graduata(0);
@@ -301,7 +301,7 @@ TEST(RiempiGriglia, barred_from_the_tail_the_search_takes_numbers_already_placed
     EXPECT_EQ(ricerca.griglia()(0, 0), 62);
 }
 
-TEST(RiempiGriglia, the_tail_used_up_ends_the_search) {
+TEST(RiempiGriglia, TheTailUsedUpEndsTheSearch) {
     // Without a band of their own the tail numbers never stand in each other's way.
     Graduatoria t = graduata(0);
     for (std::size_t i = 71; i <= 90; ++i) t[i].fascia = 0;
@@ -318,7 +318,7 @@ TEST(RiempiGriglia, the_tail_used_up_ends_the_search) {
     EXPECT_EQ(ricerca.griglia()(0, 20), 0);
 }
 
-TEST(RiempiGriglia, once_all_seventy_were_placed_at_the_end_of_a_row_they_may_come_again) {
+TEST(RiempiGriglia, OnceAllSeventyWerePlacedAtTheEndOfARowTheyMayComeAgain) {
     for (const std::size_t usate : {69U, 70U}) {
         Graduatoria t = graduata(0);
         for (std::size_t i = 1; i <= usate; ++i) t[i].usato = true;
@@ -332,7 +332,7 @@ TEST(RiempiGriglia, once_all_seventy_were_placed_at_the_end_of_a_row_they_may_co
     }
 }
 
-TEST(RiempiGriglia, a_broken_table_ends_the_search) {
+TEST(RiempiGriglia, ABrokenTableEndsTheSearch) {
     for (const int fascia : {-1, 10, 30000}) {
         Graduatoria t = graduata(0);
         t[1].fascia = static_cast<std::int16_t>(fascia);
@@ -352,7 +352,7 @@ TEST(RiempiGriglia, a_broken_table_ends_the_search) {
     EXPECT_EQ(altra.riempi_griglia({}), EsitoRiempimento::abbandonata);
 }
 
-TEST(RiempiGriglia, a_stop_is_obeyed) {
+TEST(RiempiGriglia, AStopIsObeyed) {
     Graduatoria t = graduata(0);
     Ricerca ricerca(t, Matrice(6, 6));
     EXPECT_EQ(ricerca.riempi_griglia([](int, int, int) { return false; }),

@@ -76,7 +76,7 @@ std::string prima_riga(const Graduatoria& t, const Matrice& m) {
     return posti;
 }
 
-TEST_F(Generatore, a_first_superenalotto_generation_takes_these_places) {
+TEST_F(Generatore, AFirstSuperenalottoGenerationTakesThesePlaces) {
     for (const std::uint32_t seme : {1U, 2U, 3U}) {
         rnd_ = {};
         ASSERT_EQ(genera(false, estrazioni(250, seme), 6, 6).conclusione,
@@ -85,7 +85,7 @@ TEST_F(Generatore, a_first_superenalotto_generation_takes_these_places) {
     }
 }
 
-TEST_F(Generatore, superenalotto_grids_equal_the_second_computation_in_every_size) {
+TEST_F(Generatore, SuperenalottoGridsEqualTheSecondComputationInEverySize) {
     prepara(false, 21);
     int complete = 0;
     for (int colonne = 6; colonne <= 15; ++colonne) {
@@ -99,7 +99,7 @@ TEST_F(Generatore, superenalotto_grids_equal_the_second_computation_in_every_siz
     EXPECT_EQ(complete, 100);
 }
 
-TEST_F(Generatore, one_grid_after_another_goes_on_in_the_same_sequence) {
+TEST_F(Generatore, OneGridAfterAnotherGoesOnInTheSameSequence) {
     prepara(false, 22);
     std::set<std::string> griglie;
     for (int i = 0; i < 5; ++i) {
@@ -109,7 +109,7 @@ TEST_F(Generatore, one_grid_after_another_goes_on_in_the_same_sequence) {
     EXPECT_EQ(griglie.size(), 5U);
 }
 
-TEST_F(Generatore, lotto_grids_equal_the_second_computation) {
+TEST_F(Generatore, LottoGridsEqualTheSecondComputation) {
     for (const std::uint32_t seme : {31U, 32U, 33U}) {
         prepara(true, seme);
         for (const auto& [colonne, righe] : {std::pair{5, 5},
@@ -129,7 +129,7 @@ TEST_F(Generatore, lotto_grids_equal_the_second_computation) {
     }
 }
 
-TEST_F(Generatore, whatever_the_classes_a_lotto_grid_is_given_up_only_where_no_draw_would_do) {
+TEST_F(Generatore, WhateverTheClassesALottoGridIsGivenUpOnlyWhereNoDrawWouldDo) {
     support::Sorte sorte(77);
     const std::array<std::pair<Classe, const char*>, 5> classi = {{{Classe::nessuna, ""},
                                                                    {Classe::ab, "ab"},
@@ -162,7 +162,7 @@ TEST_F(Generatore, whatever_the_classes_a_lotto_grid_is_given_up_only_where_no_d
     EXPECT_LT(abbandonate, prove - prove / 8);
 }
 
-TEST_F(Generatore, superenalotto_is_given_up_only_where_no_draw_would_do) {
+TEST_F(Generatore, SuperenalottoIsGivenUpOnlyWhereNoDrawWouldDo) {
     support::Sorte sorte(78);
     int abbandonate = 0;
     for (int prova = 0; prova < 40; ++prova) {
@@ -181,7 +181,7 @@ TEST_F(Generatore, superenalotto_is_given_up_only_where_no_draw_would_do) {
     EXPECT_LT(abbandonate, 35);
 }
 
-TEST_F(Generatore, pinned_grids_and_counts_of_random_draws) {
+TEST_F(Generatore, PinnedGridsAndCountsOfRandomDraws) {
     struct Fissata {
         bool lotto;
         int colonne;
@@ -218,7 +218,7 @@ std::map<std::string, int> classi_di_riga(const Graduatoria& t, const Matrice& m
     return conta;
 }
 
-TEST_F(Generatore, each_row_of_15_in_lotto_needs_more_of_class_b_than_its_quota) {
+TEST_F(Generatore, EachRowOf15InLottoNeedsMoreOfClassBThanItsQuota) {
     // With a class for every number there is enough of each to complete the grid.
     Graduatoria t{};
     for (int i = 1; i <= 90; ++i) {
@@ -238,7 +238,7 @@ TEST_F(Generatore, each_row_of_15_in_lotto_needs_more_of_class_b_than_its_quota)
     }
 }
 
-TEST_F(Generatore, tells_the_class_of_every_number_it_drew_from) {
+TEST_F(Generatore, TellsTheClassOfEveryNumberItDrewFrom) {
     for (const bool lotto : {false, true}) {
         prepara(lotto, 5);
         const int lato = lotto ? 5 : 6;
@@ -260,7 +260,7 @@ TEST_F(Generatore, tells_the_class_of_every_number_it_drew_from) {
     }
 }
 
-TEST_F(Generatore, superenalotto_rows_keep_the_quotas_of_all_classes_but_a) {
+TEST_F(Generatore, SuperenalottoRowsKeepTheQuotasOfAllClassesButA) {
     for (const int righe : {10, 11}) {
         prepara(false, 5);
         Matrice m(15, righe);
@@ -282,14 +282,14 @@ TEST_F(Generatore, superenalotto_rows_keep_the_quotas_of_all_classes_but_a) {
     }
 }
 
-TEST_F(Generatore, lotto_never_takes_a_number_without_a_class) {
+TEST_F(Generatore, LottoNeverTakesANumberWithoutAClass) {
     prepara(true, 6);
     Matrice m(6, 6);
     riempi_casuale_lotto(s_.statistica(), m, rnd_, {});
     for (int y = 0; y < 6; ++y) EXPECT_EQ(classi_di_riga(s_.statistica(), m, y)[""], 0);
 }
 
-TEST_F(Generatore, two_runs_differ_and_two_first_runs_are_the_same) {
+TEST_F(Generatore, TwoRunsDifferAndTwoFirstRunsAreTheSame) {
     genera(false, estrazioni(250, 1), 7, 7);
     const Matrice prima = matrice_;
     genera(false, estrazioni(250, 1), 7, 7);
@@ -299,7 +299,7 @@ TEST_F(Generatore, two_runs_differ_and_two_first_runs_are_the_same) {
     EXPECT_EQ(matrice_, prima);
 }
 
-TEST_F(Generatore, a_run_given_up_before_its_draws_takes_no_random_number) {
+TEST_F(Generatore, ARunGivenUpBeforeItsDrawsTakesNoRandomNumber) {
     for (const int quante : {0, 100, 299}) {
         const Generazione g = genera(true, estrazioni(quante, 1), 6, 6);
         EXPECT_EQ(g.conclusione, EsitoRiempimento::abbandonata);
@@ -311,12 +311,12 @@ TEST_F(Generatore, a_run_given_up_before_its_draws_takes_no_random_number) {
     EXPECT_EQ(prima_riga(s_.statistica(), matrice_), "64 49 53 27 28 70");
 }
 
-TEST_F(Generatore, a_superenalotto_archive_of_150_draws_still_generates) {
+TEST_F(Generatore, ASuperenalottoArchiveOf150DrawsStillGenerates) {
     EXPECT_EQ(genera(false, estrazioni(150, 1), 8, 8).conclusione, EsitoRiempimento::completa);
     EXPECT_TRUE(cruciverba_completo(matrice_));
 }
 
-TEST_F(Generatore, the_national_wheel_needs_100_draws) {
+TEST_F(Generatore, TheNationalWheelNeeds100Draws) {
     for (const auto& [quante, bastano] :
          {std::pair{0, false}, {99, false}, {100, true}, {300, true}}) {
         ArchivioFinto draws(estrazioni(quante, 1));
@@ -324,7 +324,7 @@ TEST_F(Generatore, the_national_wheel_needs_100_draws) {
     }
 }
 
-TEST_F(Generatore, lotto_forgets_its_ranking_and_superenalotto_keeps_its_own) {
+TEST_F(Generatore, LottoForgetsItsRankingAndSuperenalottoKeepsItsOwn) {
     genera(true, estrazioni(320, 1), 5, 5);
     EXPECT_EQ(s_.statistica(), Graduatoria{});
     genera(false, estrazioni(320, 1), 6, 6);
@@ -332,7 +332,7 @@ TEST_F(Generatore, lotto_forgets_its_ranking_and_superenalotto_keeps_its_own) {
     EXPECT_TRUE(cartella_.esiste("mstat.dat"));
 }
 
-TEST_F(Generatore, every_number_laid_is_told_after_it_stands_and_the_bar_counts_cells) {
+TEST_F(Generatore, EveryNumberLaidIsToldAfterItStandsAndTheBarCountsCells) {
     std::vector<std::int32_t> barre;
     int posate = 0;
     seguito_.barra = [&](std::int32_t massimo) { barre.push_back(massimo); };
@@ -346,7 +346,7 @@ TEST_F(Generatore, every_number_laid_is_told_after_it_stands_and_the_bar_counts_
     EXPECT_EQ(barre, (std::vector<std::int32_t>{1, 56}));
 }
 
-TEST_F(Generatore, a_stop_leaves_what_was_laid) {
+TEST_F(Generatore, AStopLeavesWhatWasLaid) {
     for (const bool lotto : {false, true}) {
         int posate = 0;
         seguito_.posata = [&](int, int, int) { return ++posate < 9; };
@@ -367,7 +367,7 @@ Graduatoria una_classe(Classe classe) {
     return t;
 }
 
-TEST_F(Generatore, a_cell_out_of_quota_for_good_is_found_before_its_draws) {
+TEST_F(Generatore, ACellOutOfQuotaForGoodIsFoundBeforeItsDraws) {
     // Two numbers of class c go in a row; three of "ab", until a is spent.
     for (const auto& [classe, quante] :
          {std::pair{Classe::c, 2}, {Classe::d, 2}, {Classe::ab, 3}, {Classe::nessuna, 0}}) {
@@ -383,13 +383,13 @@ TEST_F(Generatore, a_cell_out_of_quota_for_good_is_found_before_its_draws) {
     }
 }
 
-TEST_F(Generatore, class_b_alone_fills_any_grid_by_its_growing_quota) {
+TEST_F(Generatore, ClassBAloneFillsAnyGridByItsGrowingQuota) {
     Matrice m(12, 12);
     EXPECT_EQ(riempi_casuale_lotto(una_classe(Classe::b), m, rnd_, {}).conclusione,
               EsitoRiempimento::completa);
 }
 
-TEST_F(Generatore, a_cell_that_only_ab_can_fill_waits_for_the_quota_of_b_to_grow) {
+TEST_F(Generatore, ACellThatOnlyAbCanFillWaitsForTheQuotaOfBToGrow) {
     // Two numbers of class b: the row spends its quota of b on them and on two of "ab", and its
     // last cell has nothing but "ab" left.
     elenco_.assign(91, {});
@@ -408,7 +408,7 @@ TEST_F(Generatore, a_cell_that_only_ab_can_fill_waits_for_the_quota_of_b_to_grow
     EXPECT_GT(matrice_(4, 0), 2);
 }
 
-TEST_F(Generatore, a_cell_whose_lines_hold_every_number_is_given_up) {
+TEST_F(Generatore, ACellWhoseLinesHoldEveryNumberIsGivenUp) {
     // Only seven numbers exist: a row of eight cannot be filled.
     Graduatoria t{};
     for (std::size_t i = 1; i <= 90; ++i) {
@@ -425,14 +425,14 @@ TEST_F(Generatore, a_cell_whose_lines_hold_every_number_is_given_up) {
     EXPECT_EQ(m(7, 0), 0);
 }
 
-TEST_F(Generatore, an_empty_ranking_lays_nothing) {
+TEST_F(Generatore, AnEmptyRankingLaysNothing) {
     Matrice m(6, 6);
     EXPECT_EQ(riempi_casuale({}, m, rnd_, {}).conclusione, EsitoRiempimento::abbandonata);
     EXPECT_EQ(riempi_casuale_lotto({}, m, rnd_, {}).sorteggi, 0);
     EXPECT_EQ(m, Matrice(6, 6));
 }
 
-TEST_F(Generatore, the_last_two_rows_keep_themselves_for_class_b) {
+TEST_F(Generatore, TheLastTwoRowsKeepThemselvesForClassB) {
     // Half the numbers are b, so each row of five could do without; these two may not.
     Graduatoria t{};
     for (std::size_t i = 1; i <= 90; ++i) {

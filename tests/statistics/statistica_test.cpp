@@ -56,7 +56,7 @@ std::vector<support::Record> ripetuta(std::array<int, 6> numeri, int volte) {
     return std::vector<support::Record>(static_cast<std::size_t>(volte), con(numeri));
 }
 
-TEST_F(Statistiche, superenalotto_delays_equal_the_second_computation) {
+TEST_F(Statistiche, SuperenalottoDelaysEqualTheSecondComputation) {
     for (const int quante : {1, 2, 150, 198, 199, 200, 201, 320, 4251}) {
         const auto records = estrazioni(quante, 7);
         ASSERT_TRUE(ritardi(records)) << quante;
@@ -66,7 +66,7 @@ TEST_F(Statistiche, superenalotto_delays_equal_the_second_computation) {
     }
 }
 
-TEST_F(Statistiche, lotto_delays_and_classes_equal_the_second_computation) {
+TEST_F(Statistiche, LottoDelaysAndClassesEqualTheSecondComputation) {
     for (const int quante : {300, 301, 320, 7500}) {
         s_.azzera();
         const auto records = estrazioni(quante, 11);
@@ -78,7 +78,7 @@ TEST_F(Statistiche, lotto_delays_and_classes_equal_the_second_computation) {
     }
 }
 
-TEST_F(Statistiche, pinned_order_of_one_invented_archive) {
+TEST_F(Statistiche, PinnedOrderOfOneInventedArchive) {
     ASSERT_TRUE(ritardi(estrazioni(320, 7)));
     EXPECT_EQ(support::ordine(s_.statistica()),
               "45 51 79 52 75 41 12 11 61 27 76 31 89 71 64 43 82 42 5 22 77 60 66 21 36 28 "
@@ -88,7 +88,7 @@ TEST_F(Statistiche, pinned_order_of_one_invented_archive) {
     EXPECT_EQ(support::impronta(support::testo(s_.statistica())), 3915389877U);
 }
 
-TEST_F(Statistiche, a_number_of_the_last_draw_ranks_last_and_one_never_seen_first) {
+TEST_F(Statistiche, ANumberOfTheLastDrawRanksLastAndOneNeverSeenFirst) {
     auto records = ripetuta({1, 2, 3, 4, 5, 6}, 199);
     records.insert(records.begin(), con({7, 8, 9, 10, 11, 12}));
     records.insert(records.begin(), con({13, 14, 15, 16, 17, 18}));
@@ -105,26 +105,26 @@ TEST_F(Statistiche, a_number_of_the_last_draw_ranks_last_and_one_never_seen_firs
     }
 }
 
-TEST_F(Statistiche, a_window_beginning_before_the_first_draw_counts_one_failed_read) {
+TEST_F(Statistiche, AWindowBeginningBeforeTheFirstDrawCountsOneFailedRead) {
     ASSERT_TRUE(ritardi(ripetuta({1, 2, 3, 4, 5, 6}, 150)));
     EXPECT_EQ(valore_di(1), 200 - 151);
     EXPECT_EQ(valore_di(7), 200);
 }
 
-TEST_F(Statistiche, a_lotto_wheel_with_less_than_300_draws_is_given_up_and_ranks_nothing) {
+TEST_F(Statistiche, ALottoWheelWithLessThan300DrawsIsGivenUpAndRanksNothing) {
     EXPECT_FALSE(ritardi_lotto(estrazioni(299, 3)));
     EXPECT_EQ(s_.statistica(), Graduatoria{});
     EXPECT_TRUE(ritardi_lotto(estrazioni(300, 3)));
 }
 
-TEST_F(Statistiche, no_draws_at_all_is_given_up) {
+TEST_F(Statistiche, NoDrawsAtAllIsGivenUp) {
     EXPECT_FALSE(ritardi({}));
     EXPECT_FALSE(ritardi_lotto({}));
     EXPECT_FALSE(frequenze({}));
     EXPECT_FALSE(cartella_.esiste("mstat.dat"));
 }
 
-TEST_F(Statistiche, all_delays_equal_still_give_one_fixed_order) {
+TEST_F(Statistiche, AllDelaysEqualStillGiveOneFixedOrder) {
     ASSERT_TRUE(ritardi(ripetuta({0, 0, 0, 0, 0, 0}, 200)));
     EXPECT_EQ(support::ordine(s_.statistica()),
               "60 61 59 57 58 62 66 67 65 63 64 49 50 48 46 47 51 55 56 54 52 53 68 83 84 82 "
@@ -134,7 +134,7 @@ TEST_F(Statistiche, all_delays_equal_still_give_one_fixed_order) {
     for (int i = 1; i <= 90; ++i) EXPECT_EQ(voce(i).valore, 200);
 }
 
-TEST_F(Statistiche, the_sort_leaves_ties_as_the_second_computation_does) {
+TEST_F(Statistiche, TheSortLeavesTiesAsTheSecondComputationDoes) {
     support::Sorte caso(5);
     for (int prova = 0; prova < 400; ++prova) {
         const int da = 1 + caso.sotto(90);
@@ -153,7 +153,7 @@ TEST_F(Statistiche, the_sort_leaves_ties_as_the_second_computation_does) {
     }
 }
 
-TEST(OrdinaStatistica, the_half_of_an_odd_sum_goes_to_the_even_entry) {
+TEST(OrdinaStatistica, TheHalfOfAnOddSumGoesToTheEvenEntry) {
     // Always down would give 5 4 6 2 1 3, always up 4 5 2 6 1 3.
     Graduatoria t{};
     const std::array<int, 7> valori = {0, 1, 2, 1, 3, 3, 2};
@@ -167,7 +167,7 @@ TEST(OrdinaStatistica, the_half_of_an_odd_sum_goes_to_the_even_entry) {
     EXPECT_EQ(ordine, "456231");
 }
 
-TEST(OrdinaStatistica, whole_records_move) {
+TEST(OrdinaStatistica, WholeRecordsMove) {
     Graduatoria t{};
     t[1] = {10, 1, true, 3, false, Classe::c};
     t[2] = {20, 2, false, 4, true, Classe::ab};
@@ -176,7 +176,7 @@ TEST(OrdinaStatistica, whole_records_move) {
     EXPECT_EQ(t[2], (Voce{10, 1, true, 3, false, Classe::c}));
 }
 
-TEST_F(Statistiche, grading_gives_seven_bands_of_ten_and_one_of_twenty) {
+TEST_F(Statistiche, GradingGivesSevenBandsOfTenAndOneOfTwenty) {
     ASSERT_TRUE(ritardi(estrazioni(250, 1)));
     for (const auto& [i, fascia] : {std::pair{1, 1},
                                     {10, 1},
@@ -192,7 +192,7 @@ TEST_F(Statistiche, grading_gives_seven_bands_of_ten_and_one_of_twenty) {
     }
 }
 
-TEST_F(Statistiche, after_lotto_a_delay_below_6_has_no_class_and_the_twenty_ends_are_d) {
+TEST_F(Statistiche, AfterLottoADelayBelow6HasNoClassAndTheTwentyEndsAreD) {
     // Every draw brings the same five, and older draws leave each group of five one delay.
     std::vector<support::Record> records(300, con({0, 0, 0, 0, 0, 0}));
     int indietro = 0;
@@ -213,7 +213,7 @@ TEST_F(Statistiche, after_lotto_a_delay_below_6_has_no_class_and_the_twenty_ends
     }
 }
 
-TEST(Classifica, the_bounds_of_the_classes) {
+TEST(Classifica, TheBoundsOfTheClasses) {
     Graduatoria t{};
     const std::array<int, 7> valori = {5, 6, 14, 15, 27, 28, 300};
     for (std::size_t i = 0; i < 7; ++i) t.at(20 + i).valore = valori.at(i);
@@ -223,7 +223,7 @@ TEST(Classifica, the_bounds_of_the_classes) {
     for (std::size_t i = 0; i < 7; ++i) EXPECT_EQ(t.at(20 + i).classe, attese.at(i)) << i;
 }
 
-TEST_F(Statistiche, with_4040_draws_or_fewer_the_bar_has_a_maximum_of_1_and_no_draw_counts) {
+TEST_F(Statistiche, With4040DrawsOrFewerTheBarHasAMaximumOf1AndNoDrawCounts) {
     EXPECT_FALSE(frequenze(ripetuta({1, 2, 3, 4, 5, 6}, 4039)));
     EXPECT_EQ(s_.statistica(), Graduatoria{});
     ASSERT_TRUE(frequenze(ripetuta({1, 2, 3, 4, 5, 6}, 4040)));
@@ -235,7 +235,7 @@ TEST_F(Statistiche, with_4040_draws_or_fewer_the_bar_has_a_maximum_of_1_and_no_d
     EXPECT_EQ(barre_.back(), 2);
 }
 
-TEST_F(Statistiche, frequencies_are_never_cleared) {
+TEST_F(Statistiche, FrequenciesAreNeverCleared) {
     auto records = ripetuta({0, 0, 0, 0, 0, 0}, 4040);
     const auto contati = estrazioni(60, 2);
     records.insert(records.end(), contati.begin(), contati.end());
@@ -254,13 +254,13 @@ TEST_F(Statistiche, frequencies_are_never_cleared) {
     }
 }
 
-TEST_F(Statistiche, a_frequency_that_outgrows_16_bits_ends_the_work) {
+TEST_F(Statistiche, AFrequencyThatOutgrows16BitsEndsTheWork) {
     EXPECT_TRUE(frequenze(ripetuta({1, 1, 1, 1, 1, 1}, 4040 + 5461)));
     EXPECT_EQ(valore_di(1), 5461 * 6);
     EXPECT_FALSE(frequenze(ripetuta({1, 1, 1, 1, 1, 1}, 4041)));
 }
 
-TEST_F(Statistiche, an_empty_superstar_or_number_does_not_stop_a_read) {
+TEST_F(Statistiche, AnEmptySuperstarOrNumberDoesNotStopARead) {
     auto records = ripetuta({1, 2, 3, 4, 5, 6}, 200);
     records.back().superstar = std::nullopt;
     records.back().Jolly = std::nullopt;
@@ -270,7 +270,7 @@ TEST_F(Statistiche, an_empty_superstar_or_number_does_not_stop_a_read) {
     EXPECT_EQ(valore_di(6), 1);
 }
 
-TEST(LeggiEstrazione, jolly_first_numbers_then_superstar) {
+TEST(LeggiEstrazione, JollyFirstNumbersThenSuperstar) {
     auto r = con({11, 12, 13, 14, 15, 16});
     r.Jolly = 10;
     r.superstar = 17;
@@ -288,7 +288,7 @@ TEST(LeggiEstrazione, jolly_first_numbers_then_superstar) {
     EXPECT_TRUE(draws.alla_fine());
 }
 
-TEST_F(Statistiche, a_number_outside_0_to_90_ends_the_work) {
+TEST_F(Statistiche, ANumberOutside0To90EndsTheWork) {
     for (const int n : {-1, 91, 32767}) {
         auto records = ripetuta({1, 2, 3, 4, 5, 6}, 4100);
         records.back().numeri.at(4) = n;
@@ -301,14 +301,14 @@ TEST_F(Statistiche, a_number_outside_0_to_90_ends_the_work) {
     EXPECT_FALSE(ritardi_lotto(records));
 }
 
-TEST_F(Statistiche, the_bar_of_the_delays) {
+TEST_F(Statistiche, TheBarOfTheDelays) {
     ASSERT_TRUE(ritardi(estrazioni(320, 1)));
     ASSERT_TRUE(ritardi(estrazioni(4251, 1)));
     ASSERT_TRUE(ritardi_lotto(estrazioni(320, 1)));
     EXPECT_EQ(barre_, (std::vector<std::int32_t>{1, 211, 320}));
 }
 
-TEST_F(Statistiche, mstat_holds_the_date_and_ninety_lines_of_three_numbers) {
+TEST_F(Statistiche, MstatHoldsTheDateAndNinetyLinesOfThreeNumbers) {
     auto records = ripetuta({1, 2, 3, 4, 5, 6}, 250);
     records.back().data = {2004, 6, 12};
     ASSERT_TRUE(ritardi(records));
@@ -320,7 +320,7 @@ TEST_F(Statistiche, mstat_holds_the_date_and_ninety_lines_of_three_numbers) {
     EXPECT_EQ(cartella_.leggi("mstat.dat"), atteso);
 }
 
-TEST_F(Statistiche, mstat_is_rewritten_by_delays_over_frequencies) {
+TEST_F(Statistiche, MstatIsRewrittenByDelaysOverFrequencies) {
     auto records = ripetuta({1, 2, 3, 4, 5, 6}, 4045);
     ASSERT_TRUE(frequenze(records));
     EXPECT_TRUE(cartella_.leggi("mstat.dat").find("\r\n1,5,1\r\n") != std::string::npos);
@@ -332,14 +332,14 @@ TEST_F(Statistiche, mstat_is_rewritten_by_delays_over_frequencies) {
     EXPECT_NE(dopo.find("\r\n1,0,8\r\n"), std::string::npos);
 }
 
-TEST_F(Statistiche, mstat_that_cannot_be_written_ends_the_work) {
+TEST_F(Statistiche, MstatThatCannotBeWrittenEndsTheWork) {
     ArchivioFinto draws(estrazioni(250, 1));
     const std::string altrove = cartella_.file("assente/mstat.dat");
     EXPECT_FALSE(s_.statistica_ritardi(draws, altrove, {}));
     EXPECT_FALSE(platform::esiste_file(altrove));
 }
 
-TEST_F(Statistiche, mstat_reads_back_without_the_marks_that_it_does_not_hold) {
+TEST_F(Statistiche, MstatReadsBackWithoutTheMarksThatItDoesNotHold) {
     ASSERT_TRUE(ritardi(estrazioni(250, 1)));
     Graduatoria scritta = s_.statistica();
     Graduatoria letta{};
@@ -349,7 +349,7 @@ TEST_F(Statistiche, mstat_reads_back_without_the_marks_that_it_does_not_hold) {
     EXPECT_EQ(letta[0], Voce{});
 }
 
-TEST_F(Statistiche, mstat_accepts_spacing_and_refuses_what_breaks_off) {
+TEST_F(Statistiche, MstatAcceptsSpacingAndRefusesWhatBreaksOff) {
     std::string righe = "  #2004-06-12#  \n";
     for (int i = 1; i < 90; ++i) righe += " " + std::to_string(91 - i) + " ,\t5 , 2 \n";
     cartella_.scrivi("mstat.dat", righe);
@@ -366,7 +366,7 @@ TEST_F(Statistiche, mstat_accepts_spacing_and_refuses_what_breaks_off) {
     EXPECT_EQ(t, Graduatoria{});
 }
 
-TEST_F(Statistiche, the_date_of_mstat) {
+TEST_F(Statistiche, TheDateOfMstat) {
     for (const char* giusta : {"#2004-02-29#\r\n", "2004-02-29", "# 2004-02-29 21:30:00 #,1"}) {
         cartella_.scrivi("mstat.dat", giusta);
         EXPECT_EQ(leggi_data(file()), (Data{2004, 2, 29})) << giusta;
@@ -381,7 +381,7 @@ TEST_F(Statistiche, the_date_of_mstat) {
     EXPECT_FALSE(leggi_data(cartella_.file("assente")).has_value());
 }
 
-TEST_F(Statistiche, a_last_draw_without_a_date_is_written_as_none) {
+TEST_F(Statistiche, ALastDrawWithoutADateIsWrittenAsNone) {
     class SenzaData : public ArchivioFinto {
     public:
         using ArchivioFinto::ArchivioFinto;

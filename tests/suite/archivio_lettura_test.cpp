@@ -31,7 +31,7 @@ std::string motivo(const std::string& testo) {
 
 }  // namespace
 
-TEST(LeggiData, quattro_forme_e_nessuna_altra) {
+TEST(LeggiData, QuattroFormeENessunaAltra) {
     const Data d{1997, 12, 3};
     for (const char* testo : {"1997-12-03", "1997/12/03", "19971203", "03/12/1997", "3/12/1997",
                               "1997-12-03 20:00:00", "1997-12-03T20:00"}) {

@@ -55,7 +55,7 @@ protected:
     support::Cartella cartella_;
 };
 
-TEST_F(RidottiAdotta, prende_il_primo_numero_libero_e_le_liste_la_offrono) {
+TEST_F(RidottiAdotta, PrendeIlPrimoNumeroLiberoELeListeLaOffrono) {
     // In any order of rows.
     EXPECT_EQ(adotta({mia("3,4,5\n1,2,4\n1,2,5\n1,4,5\n2,3,4\n1,2,3\n")}), 0);
     EXPECT_EQ(uscita(), tabelle() +
@@ -76,7 +76,7 @@ TEST_F(RidottiAdotta, prende_il_primo_numero_libero_e_le_liste_la_offrono) {
     EXPECT_EQ(s.indice_in(crossword::Elenco::orizzontali, 2), 70);
 }
 
-TEST_F(RidottiAdotta, una_che_c_e_gia_e_rifiutata) {
+TEST_F(RidottiAdotta, UnaCheCEGiaERifiutata) {
     ASSERT_EQ(adotta({mia(ambi_di_5)}), 0);
     EXPECT_EQ(adotta({mia(ambi_di_5)}), 1);
     EXPECT_EQ(errori(),
@@ -84,7 +84,7 @@ TEST_F(RidottiAdotta, una_che_c_e_gia_e_rifiutata) {
     EXPECT_EQ(quante(), 1U);
 }
 
-TEST_F(RidottiAdotta, le_due_lunghezze_delle_diagonali_hanno_lo_stesso_numero) {
+TEST_F(RidottiAdotta, LeDueLunghezzeDelleDiagonaliHannoLoStessoNumero) {
     cartella_.con_tabelle();
     const auto della_suite = [&](const std::string& nome) {
         const std::string testo = adottata(nome);
@@ -106,7 +106,7 @@ TEST_F(RidottiAdotta, le_due_lunghezze_delle_diagonali_hanno_lo_stesso_numero) {
     EXPECT_TRUE(s.tabelle_mancanti().empty());
 }
 
-TEST_F(RidottiAdotta, quello_che_non_vale_e_rifiutato_col_perche) {
+TEST_F(RidottiAdotta, QuelloCheNonValeERifiutatoColPerche) {
     const auto rifiutata = [&](const std::vector<std::string>& parole, int codice) {
         EXPECT_EQ(adotta(parole), codice);
         EXPECT_EQ(quante(), 0U);
@@ -145,7 +145,7 @@ TEST_F(RidottiAdotta, quello_che_non_vale_e_rifiutato_col_perche) {
               "ridotti: la cartella delle tabelle non c'è: /non/esiste\n");
 }
 
-TEST_F(RidottiAdotta, finiti_i_numeri_lo_dice) {
+TEST_F(RidottiAdotta, FinitiINumeriLoDice) {
     for (int numero = 70; numero <= 99; ++numero) {
         std::ofstream(tabelle() + "/tr05" + std::to_string(numero) + ".rid") << "1,2,3\r\n";
     }

@@ -93,7 +93,7 @@ protected:
     support::Cartella cartella_;
 };
 
-TEST_F(RidottiCerca, trova_la_piu_piccola_e_la_prova) {
+TEST_F(RidottiCerca, TrovaLaPiuPiccolaELaProva) {
     const Risposta r = esegui(facile("mia.rid"));
     EXPECT_EQ(r.codice, 0);
     EXPECT_EQ(r.errori, "");
@@ -108,7 +108,7 @@ TEST_F(RidottiCerca, trova_la_piu_piccola_e_la_prova) {
     EXPECT_EQ(development::buchi(lettura.tabella, {2, 2}, 0).quanti, 0U);
 }
 
-TEST_F(RidottiCerca, con_le_righe_contate_dice_quanti_sorteggi_manca) {
+TEST_F(RidottiCerca, ConLeRigheContateDiceQuantiSorteggiManca) {
     const Risposta r = esegui({"--numeri", "8", "--combinazione", "3", "--garanzia", "2:2",
                                "--righe", "11", "--tempo", "0,2", "-o", cartella_.file("a.rid")});
     const auto lettura = letta("a.rid", 8, 3);
@@ -123,7 +123,7 @@ TEST_F(RidottiCerca, con_le_righe_contate_dice_quanti_sorteggi_manca) {
     EXPECT_FALSE(cartella_.esiste("b.rid"));
 }
 
-TEST_F(RidottiCerca, rifiuta_cio_che_non_ha_senso) {
+TEST_F(RidottiCerca, RifiutaCioCheNonHaSenso) {
     const auto con = [&](const std::string& nome, const std::string& valore) {
         std::vector<std::string> parole = facile("no.rid");
         const auto dove = std::find(parole.begin(), parole.end(), nome);
@@ -162,7 +162,7 @@ TEST_F(RidottiCerca, rifiuta_cio_che_non_ha_senso) {
     EXPECT_EQ(altrove.errori, "ridotti: non posso scrivere /non/esiste/mia.rid\n");
 }
 
-TEST_F(RidottiCerca, riparte_da_un_file_e_ne_dice_la_riga_sbagliata) {
+TEST_F(RidottiCerca, RiparteDaUnFileENeDiceLaRigaSbagliata) {
     ASSERT_EQ(esegui(facile("prima.rid")).codice, 0);
     std::vector<std::string> parole = facile("dopo.rid");
     parole.insert(parole.end(), {"--da", cartella_.file("prima.rid")});
@@ -178,7 +178,7 @@ TEST_F(RidottiCerca, riparte_da_un_file_e_ne_dice_la_riga_sbagliata) {
               cartella_.file("prima.rid") + ":1: la posizione 8 non sta fra 1 e 7\n");
 }
 
-TEST_F(RidottiCerca, fermata_lascia_la_migliore_intera) {
+TEST_F(RidottiCerca, FermataLasciaLaMiglioreIntera) {
     Corsa corsa(lunga("mia.rid"), cartella_.file("errori"));
     ASSERT_TRUE(corsa.riga());
     corsa.segnala(SIGINT);
@@ -190,7 +190,7 @@ TEST_F(RidottiCerca, fermata_lascia_la_migliore_intera) {
     EXPECT_EQ(development::buchi(lettura.tabella, {6, 5}, 0).quanti, 0U);
 }
 
-TEST_F(RidottiCerca, uccisa_lascia_una_tabella_intera_e_da_li_si_riparte) {
+TEST_F(RidottiCerca, UccisaLasciaUnaTabellaInteraEDaLiSiRiparte) {
     {
         Corsa corsa(lunga("mia.rid"), cartella_.file("errori"));
         // The first one is on the disk when the second is told.

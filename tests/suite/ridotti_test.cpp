@@ -65,7 +65,7 @@ protected:
     support::Cartella cartella_;
 };
 
-TEST_F(Ridotti, integrali_scrive_le_43_tabelle) {
+TEST_F(Ridotti, IntegraliScriveLe43Tabelle) {
     const std::string dove = cartella_.file("nuova/cartella");
     EXPECT_EQ(esegui({"integrali", dove}).codice, 0);
     int quante = 0;
@@ -78,14 +78,14 @@ TEST_F(Ridotti, integrali_scrive_le_43_tabelle) {
     EXPECT_EQ(contenuto(dove + "/cr0600.rid"), "1,2,3,4,5,6\r\n");
 }
 
-TEST_F(Ridotti, integrali_dice_quando_non_puo) {
+TEST_F(Ridotti, IntegraliDiceQuandoNonPuo) {
     const Risposta risposta = esegui({"integrali", tabella("file", "x") + "/sotto"});
     EXPECT_EQ(risposta.codice, 2);
     EXPECT_NE(risposta.errori.find("non posso creare la cartella"), std::string::npos);
     EXPECT_EQ(esegui({"integrali"}).codice, 2);
 }
 
-TEST_F(Ridotti, integrali_e_documento_rifiutano_le_opzioni_sconosciute) {
+TEST_F(Ridotti, IntegraliEDocumentoRifiutanoLeOpzioniSconosciute) {
     const Risposta risposta = esegui({"integrali", "--x"});
     EXPECT_EQ(risposta.codice, 2);
     EXPECT_EQ(risposta.errori, "ridotti: opzione sconosciuta: --x\n");
@@ -96,12 +96,12 @@ TEST_F(Ridotti, integrali_e_documento_rifiutano_le_opzioni_sconosciute) {
     EXPECT_EQ(esegui({"vincite", "--guida", "a"}).codice, 2);
 }
 
-TEST_F(Ridotti, la_suite_ha_il_comando_accanto_al_programma) {
+TEST_F(Ridotti, LaSuiteHaIlComandoAccantoAlProgramma) {
     EXPECT_EQ(std::filesystem::path(RIDOTTI).parent_path(), SUITE_DIR "/cruciverba");
     EXPECT_TRUE(std::filesystem::exists(RIDOTTI));
 }
 
-TEST_F(Ridotti, i_byte_di_controllo_non_arrivano_al_terminale) {
+TEST_F(Ridotti, IByteDiControlloNonArrivanoAlTerminale) {
     const std::string mia = tabella("a\x1b[2J\n.rid", "1,2\n\x1b]0;x\a\n");
     const Risposta risposta = esegui({"verifica", "--garanzia", "2:2", mia});
     EXPECT_EQ(risposta.codice, 2);
@@ -117,7 +117,7 @@ TEST_F(Ridotti, i_byte_di_controllo_non_arrivano_al_terminale) {
     EXPECT_NE(json.uscita.find("c\\u001b\\\\x9B\\u007f.rid"), std::string::npos) << json.uscita;
 }
 
-TEST_F(Ridotti, la_suite_ha_tutte_le_tabelle) {
+TEST_F(Ridotti, LaSuiteHaTutteLeTabelle) {
     int quante = 0;
     for (const auto& voce : std::filesystem::directory_iterator(SUITE_DIR "/ridotti")) {
         // Behind the length, the told types have a zero.
@@ -128,7 +128,7 @@ TEST_F(Ridotti, la_suite_ha_tutte_le_tabelle) {
     EXPECT_TRUE(std::filesystem::exists(SUITE_DIR "/ridotti/garanzie.csv"));
 }
 
-TEST_F(Ridotti, verifica_prova_quello_che_il_nome_dichiara) {
+TEST_F(Ridotti, VerificaProvaQuelloCheIlNomeDichiara) {
     const Risposta risposta = esegui({"verifica", spedita("cr0904"), spedita("cr1104")});
     EXPECT_EQ(risposta.codice, 0);
     EXPECT_EQ(risposta.uscita,
@@ -141,7 +141,7 @@ TEST_F(Ridotti, verifica_prova_quello_che_il_nome_dichiara) {
     EXPECT_EQ(risposta.errori, "");
 }
 
-TEST_F(Ridotti, verifica_elenca_i_buchi) {
+TEST_F(Ridotti, VerificaElencaIBuchi) {
     // The triples of seven numbers without the last: its three pairs are left out.
     std::string testo = contenuto(spedita("tr0701"));
     testo.resize(testo.rfind('\n', testo.size() - 2) + 1);
@@ -154,7 +154,7 @@ TEST_F(Ridotti, verifica_elenca_i_buchi) {
                   "indovinati (ambo): NON VALE, 3 casi scoperti\n  4,6\n  4,7\n  6,7\n");
 }
 
-TEST_F(Ridotti, verifica_con_una_garanzia_data) {
+TEST_F(Ridotti, VerificaConUnaGaranziaData) {
     const std::string mia = tabella("mia.rid", "1,2\n3,4\n");
     EXPECT_EQ(esegui({"verifica", "--garanzia", "3:2", mia}).codice, 0);
     EXPECT_EQ(esegui({"verifica", "--garanzia", "2:2", mia}).codice, 1);
@@ -172,7 +172,7 @@ TEST_F(Ridotti, verifica_con_una_garanzia_data) {
     EXPECT_NE(storta.errori.find("\"2:3\""), std::string::npos);
 }
 
-TEST_F(Ridotti, tabelle_guaste_con_la_riga) {
+TEST_F(Ridotti, TabelleGuasteConLaRiga) {
     const std::string buona = contenuto(spedita("tr0701"));
     const auto errore = [&](const std::string& testo) {
         const std::string file = tabella("tr0701.rid", testo);
@@ -191,7 +191,7 @@ TEST_F(Ridotti, tabelle_guaste_con_la_riga) {
     EXPECT_EQ(esegui({"verifica", cartella_.programma()}).codice, 2);
 }
 
-TEST_F(Ridotti, senza_ultima_fine_di_riga_avvisa_e_prova) {
+TEST_F(Ridotti, SenzaUltimaFineDiRigaAvvisaEProva) {
     std::string testo = contenuto(spedita("tr0701"));
     testo.resize(testo.size() - 2);
     const std::string file = tabella("tr0701.rid", testo);
@@ -201,14 +201,14 @@ TEST_F(Ridotti, senza_ultima_fine_di_riga_avvisa_e_prova) {
               file + ":7: avviso: manca la fine dell'ultima riga: il file può essere tronco\n");
 }
 
-TEST_F(Ridotti, il_codice_di_uscita_e_il_peggiore) {
+TEST_F(Ridotti, IlCodiceDiUscitaEIlPeggiore) {
     const std::string mia = tabella("mia.rid", "1,2\n3,4\n");
     const std::string guasta = tabella("guasta.rid", "2,1\n");
     EXPECT_EQ(esegui({"verifica", "--garanzia", "2:2", guasta, mia}).codice, 2);
     EXPECT_EQ(esegui({"verifica", "--garanzia", "2:2", spedita("tr0701"), mia}).codice, 1);
 }
 
-TEST_F(Ridotti, verifica_in_json) {
+TEST_F(Ridotti, VerificaInJson) {
     const std::string mia = tabella("mia.rid", "1,2\n3,4");
     EXPECT_EQ(esegui({"verifica", "--json", "--garanzia", "2:2", mia}).uscita,
               "[{\"file\":\"" + mia +
@@ -223,7 +223,7 @@ TEST_F(Ridotti, verifica_in_json) {
                   "ammesso: \\\\\"}],\"avvisi\":[]}]\n");
 }
 
-TEST_F(Ridotti, vincite_di_una_tabella_propria) {
+TEST_F(Ridotti, VinciteDiUnaTabellaPropria) {
     const std::string mia = tabella("mia.rid", "1,2\n3,4\n");
     EXPECT_EQ(esegui({"vincite", mia}).uscita,
               mia +
@@ -246,7 +246,7 @@ TEST_F(Ridotti, vincite_di_una_tabella_propria) {
     EXPECT_EQ(esegui({"vincite", mia, mia}).codice, 2);
 }
 
-TEST_F(Ridotti, vincite_dice_le_garanzie_dell_elenco) {
+TEST_F(Ridotti, VinciteDiceLeGaranzieDellElenco) {
     const Risposta risposta = esegui({"vincite", spedita("cr1501")});
     EXPECT_EQ(risposta.codice, 0);
     EXPECT_NE(risposta.uscita.find(
@@ -257,7 +257,7 @@ TEST_F(Ridotti, vincite_dice_le_garanzie_dell_elenco) {
               std::string::npos);
 }
 
-TEST_F(Ridotti, vincite_smentisce_un_elenco_falso) {
+TEST_F(Ridotti, VinciteSmentisceUnElencoFalso) {
     cartella_.scrivi("garanzie.csv", "table,p,t,rows,or_one_row_higher\ntr0701,2,2,2,0\nx\n");
     const std::string file = tabella("tr0701.rid", contenuto(spedita("tr0701")));
     const Risposta risposta = esegui({"vincite", file});
@@ -267,7 +267,7 @@ TEST_F(Ridotti, vincite_smentisce_un_elenco_falso) {
     EXPECT_NE(risposta.errori.find("garanzie.csv:3: "), std::string::npos);
 }
 
-TEST_F(Ridotti, vincite_in_json) {
+TEST_F(Ridotti, VinciteInJson) {
     const std::string mia = tabella("mia.rid", "1,2\n");
     EXPECT_EQ(
         esegui({"vincite", "--json", mia}).uscita,
@@ -280,7 +280,7 @@ TEST_F(Ridotti, vincite_in_json) {
             "\"garanzie\":[],\n\"errori\":[],\"avvisi\":[]}\n");
 }
 
-TEST_F(Ridotti, parole_sbagliate) {
+TEST_F(Ridotti, ParoleSbagliate) {
     EXPECT_EQ(esegui({}).codice, 2);
     EXPECT_EQ(esegui({"altro"}).errori,
               "ridotti: comando sconosciuto: altro; ridotti --aiuto li elenca\n");
@@ -294,7 +294,7 @@ TEST_F(Ridotti, parole_sbagliate) {
     EXPECT_EQ(esegui({"verifica", "--", "--json"}).errori, "--json: il file non esiste\n");
 }
 
-TEST_F(Ridotti, avanzamento_solo_sul_terminale) {
+TEST_F(Ridotti, AvanzamentoSoloSulTerminale) {
     const std::string mia = tabella("mia.rid", "1,2,3,4,5,24\n6,7,8,9,10,11\n");
     const int padrone = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
     ASSERT_GE(padrone, 0);
@@ -321,7 +321,7 @@ TEST_F(Ridotti, avanzamento_solo_sul_terminale) {
     EXPECT_EQ(esegui({"verifica", "--garanzia", "6:1", mia}).errori, "");
 }
 
-TEST_F(Ridotti, documento_e_quello_consegnato) {
+TEST_F(Ridotti, DocumentoEQuelloConsegnato) {
     const Risposta risposta =
         esegui({"documento", SUITE_DIR "/ridotti", SOURCE_DIR "/suite/ridotti/minimi"});
     EXPECT_EQ(risposta.codice, 0);
@@ -339,7 +339,7 @@ TEST_F(Ridotti, documento_e_quello_consegnato) {
     }
 }
 
-TEST_F(Ridotti, documento_non_stampa_garanzie_false) {
+TEST_F(Ridotti, DocumentoNonStampaGaranzieFalse) {
     cartella_.scrivi("tr0701.rid", "1,2,3\r\n");
     const Risposta risposta =
         esegui({"documento", cartella_.programma(), SOURCE_DIR "/suite/ridotti/minimi"});
@@ -350,7 +350,7 @@ TEST_F(Ridotti, documento_non_stampa_garanzie_false) {
     EXPECT_EQ(esegui({"documento"}).codice, 2);
 }
 
-TEST_F(Ridotti, documento_per_la_guida) {
+TEST_F(Ridotti, DocumentoPerLaGuida) {
     const Risposta risposta =
         esegui({"documento", "--guida", SUITE_DIR "/ridotti", SOURCE_DIR "/suite/ridotti/minimi"});
     EXPECT_EQ(risposta.codice, 0);
@@ -365,7 +365,7 @@ TEST_F(Ridotti, documento_per_la_guida) {
     }
 }
 
-TEST_F(Ridotti, disegni_minimi) {
+TEST_F(Ridotti, DisegniMinimi) {
     // "C14_5_4_229": all 4-subsets of 14 by 229 rows of 5; "L15_6_5_4_40": 4 out of any 5.
     int quanti = 0;
     for (const auto& voce :

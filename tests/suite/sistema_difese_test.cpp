@@ -22,7 +22,7 @@ std::vector<std::string> con(std::vector<std::string> parole, const std::string&
     return parole;
 }
 
-TEST_F(Sistema, lo_sviluppo_di_un_altro_cruciverba_non_si_usa) {
+TEST_F(Sistema, LoSviluppoDiUnAltroCruciverbaNonSiUsa) {
     const std::string file = pronto("a");
     // The player changes a type and saves: the development stays, and is of before.
     std::string testo = cartella.leggi("a.sen");
@@ -44,7 +44,7 @@ TEST_F(Sistema, lo_sviluppo_di_un_altro_cruciverba_non_si_usa) {
     EXPECT_EQ(comando({"analisi", file}).codice, 0);
 }
 
-TEST_F(Sistema, senza_marca_lo_tradiscono_i_numeri) {
+TEST_F(Sistema, SenzaMarcaLoTradisconoINumeri) {
     const std::string file = metti("a", Gioco(), 6, 6);
     cartella.scrivi("a.col", "1,2,3,4,5,90\r\n");
     for (const auto& parole : che_leggono_lo_sviluppo) {
@@ -55,7 +55,7 @@ TEST_F(Sistema, senza_marca_lo_tradiscono_i_numeri) {
     }
 }
 
-TEST_F(Sistema, un_conteggio_diverso_e_un_avviso) {
+TEST_F(Sistema, UnConteggioDiversoEUnAvviso) {
     const std::string file = pronto("a");
     const std::string tutto = cartella.leggi("a.col");
     cartella.scrivi("b.sen", cartella.leggi("a.sen"));
@@ -68,7 +68,7 @@ TEST_F(Sistema, un_conteggio_diverso_e_un_avviso) {
     EXPECT_EQ(comando.json({"esporta", cartella.file("b.sen")})[0]["avvisi"].lista.size(), 1U);
 }
 
-TEST_F(Sistema, lo_sviluppo_che_manca_o_e_guasto) {
+TEST_F(Sistema, LoSviluppoCheMancaOEGuasto) {
     const std::string file = metti("a", Gioco(), 6, 6);
     for (const auto& [contenuto, parte] : std::vector<std::pair<const char*, const char*>>{
              {nullptr, "manca lo sviluppo"},
@@ -85,7 +85,7 @@ TEST_F(Sistema, lo_sviluppo_che_manca_o_e_guasto) {
     }
 }
 
-TEST_F(Sistema, i_file_che_non_sono_sistemi) {
+TEST_F(Sistema, IFileCheNonSonoSistemi) {
     const std::string buono = support::leggi(metti("a", Gioco(), 6, 6));
     std::string zero = buono;
     zero.replace(zero.find("\r\n1,") + 2, 1, "0");
@@ -122,7 +122,7 @@ TEST_F(Sistema, i_file_che_non_sono_sistemi) {
     EXPECT_EQ(comando({"conta", cartella.file("m.sen")}).codice, 0);
 }
 
-TEST_F(Sistema, un_numero_due_volte_su_una_linea_e_un_avviso) {
+TEST_F(Sistema, UnNumeroDueVolteSuUnaLineaEUnAvviso) {
     std::string testo = support::leggi(metti("a", Gioco(), 6, 6));
     testo.replace(testo.find("\r\n1,2,") + 2, 4, "1,1,");
     cartella.scrivi("a.sen", testo);
@@ -132,7 +132,7 @@ TEST_F(Sistema, un_numero_due_volte_su_una_linea_e_un_avviso) {
                                 ": avviso: il numero 1 sta più di una volta sulla stessa linea\n");
 }
 
-TEST_F(Sistema, uno_guasto_non_ferma_gli_altri) {
+TEST_F(Sistema, UnoGuastoNonFermaGliAltri) {
     const std::string a = pronto("a");
     const std::string b = pronto("b", Gioco::lotto(3));
     cartella.scrivi("x.sen", "rotto");
@@ -153,7 +153,7 @@ TEST_F(Sistema, uno_guasto_non_ferma_gli_altri) {
     EXPECT_TRUE(detto.errori.starts_with("sistema: " + x + ": il file è guasto"));
 }
 
-TEST_F(Sistema, le_parole_sbagliate) {
+TEST_F(Sistema, LeParoleSbagliate) {
     const std::string a = pronto("a");
     const auto prima = fotografia(cartella.radice());
     for (const std::vector<std::string>& parole : std::vector<std::vector<std::string>>{
@@ -204,13 +204,13 @@ TEST_F(Sistema, le_parole_sbagliate) {
     }
 }
 
-TEST_F(Sistema, dopo_due_trattini_ogni_parola_e_un_file) {
+TEST_F(Sistema, DopoDueTrattiniOgniParolaEUnFile) {
     const Detto detto = comando({"conta", "--", "--quote"});
     EXPECT_EQ(detto.codice, 1);
     EXPECT_TRUE(detto.errori.starts_with("sistema: --quote: non è un sistema")) << detto.errori;
 }
 
-TEST_F(Sistema, i_byte_di_controllo_non_arrivano_al_terminale) {
+TEST_F(Sistema, IByteDiControlloNonArrivanoAlTerminale) {
     const std::string buono = support::leggi(metti("a", Gioco(), 6, 6));
     cartella.scrivi("e\x1b[2J\n.sen", buono);
     const std::string file = cartella.file("e\x1b[2J\n.sen");
@@ -221,7 +221,7 @@ TEST_F(Sistema, i_byte_di_controllo_non_arrivano_al_terminale) {
     EXPECT_EQ(comando.json({"conta", file})[0]["file"].testo, file);
 }
 
-TEST_F(Sistema, file_di_qualunque_byte) {
+TEST_F(Sistema, FileDiQualunqueByte) {
     const std::string sistema_buono = support::leggi(pronto("a"));
     const std::string sviluppo_buono = cartella.leggi("a.col");
     std::mt19937 caso(7);  // NOLINT: the same bytes every run
@@ -277,7 +277,7 @@ int programma(const std::string& parole, const std::string& altrove) {
     return WIFEXITED(stato) ? WEXITSTATUS(stato) : -1;
 }
 
-TEST_F(Sistema, il_programma_esce_con_i_suoi_codici) {
+TEST_F(Sistema, IlProgrammaEsceConISuoiCodici) {
     EXPECT_EQ(std::filesystem::path(SISTEMA).parent_path(), SUITE_DIR "/cruciverba");
     const std::string file =
         "--programma " + cartella.programma() + " -- " + metti("a", Gioco(), 6, 6);

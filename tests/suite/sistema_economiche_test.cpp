@@ -21,7 +21,7 @@ protected:
     }
 };
 
-TEST_F(SistemaEconomiche, conta_e_sviluppa_senza_che_siano_accese) {
+TEST_F(SistemaEconomiche, ContaESviluppaSenzaCheSianoAccese) {
     const std::string a = con_righe(56);
     const auto v = comando.json({"conta", a})[0];
     EXPECT_EQ(v["linee"]["orizzontali"]["indice"].intero(), 56);
@@ -35,7 +35,7 @@ TEST_F(SistemaEconomiche, conta_e_sviluppa_senza_che_siano_accese) {
     EXPECT_EQ(comando({"spoglio", "--numeri", "1,2,3,4,5,7", "--jolly", "6", a}).codice, 0);
 }
 
-TEST_F(SistemaEconomiche, senza_la_tabella_non_sviluppa_e_dice_quale) {
+TEST_F(SistemaEconomiche, SenzaLaTabellaNonSviluppaEDiceQuale) {
     const std::string a = con_righe(56);
     const std::string tabella = cartella.radice() + "/ridotti/cr0956.rid";
     std::ofstream(tabella) << "1,2,3\r\n";

@@ -32,7 +32,7 @@ std::vector<std::vector<std::int64_t>> combinazioni(const std::string& file) {
     return tutte;
 }
 
-TEST_F(Sistema, conta_dice_cio_che_dice_la_finestra) {
+TEST_F(Sistema, ContaDiceCioCheDiceLaFinestra) {
     const std::string file = pronto("a");
     const Valore v = comando.json({"conta", "--quote", "4", file})[0];
     EXPECT_EQ(v["file"].testo, file);
@@ -59,7 +59,7 @@ TEST_F(Sistema, conta_dice_cio_che_dice_la_finestra) {
     EXPECT_EQ(detto.errori, "");
 }
 
-TEST_F(Sistema, chi_non_e_mai_stato_sviluppato_costa_tutte_le_combinazioni) {
+TEST_F(Sistema, ChiNonEMaiStatoSviluppatoCostaTutteLeCombinazioni) {
     const Valore v = comando.json({"conta", metti("b", Gioco::lotto(4), 8, 5)})[0];
     EXPECT_EQ(v["totale"].intero(), 8 * 5 + 5 * 70);
     EXPECT_EQ(v["senza_ripetizioni"].testo, "null");
@@ -68,14 +68,14 @@ TEST_F(Sistema, chi_non_e_mai_stato_sviluppato_costa_tutte_le_combinazioni) {
     EXPECT_EQ(v["sviluppo"].testo, "assente");
 }
 
-TEST_F(Sistema, il_prezzo_e_quello_del_programma) {
+TEST_F(Sistema, IlPrezzoEQuelloDelProgramma) {
     cartella.scrivi("cst", "\"950\",\"Lire\"\r\n");
     const Valore v = comando.json({"conta", metti("a", Gioco(), 6, 6)})[0];
     EXPECT_EQ(v["importo"].testo, "13300.00");
     EXPECT_EQ(v["valuta"].testo, "Lire");
 }
 
-TEST_F(Sistema, senza_dirlo_non_scrive_nulla) {
+TEST_F(Sistema, SenzaDirloNonScriveNulla) {
     const std::string a = pronto("a");
     const std::string b = metti("b", Gioco::lotto(3), 6, 5);
     // What a session over the folder itself would make or take away.
@@ -90,7 +90,7 @@ TEST_F(Sistema, senza_dirlo_non_scrive_nulla) {
     EXPECT_EQ(fotografia(cartella.radice()), prima);
 }
 
-TEST_F(Sistema, sviluppa_accanto_come_il_programma) {
+TEST_F(Sistema, SviluppaAccantoComeIlProgramma) {
     for (const Gioco gioco : {Gioco(), Gioco::lotto(3), Gioco::lotto(5)}) {
         for (const bool ripetizioni : {false, true}) {
             const std::string file = metti("x", gioco, 7, 7, 85);
@@ -112,7 +112,7 @@ TEST_F(Sistema, sviluppa_accanto_come_il_programma) {
     }
 }
 
-TEST_F(Sistema, le_ripetizioni_si_possono_dire) {
+TEST_F(Sistema, LeRipetizioniSiPossonoDire) {
     // Two rows of the same numbers.
     std::string testo = support::leggi(metti("x", Gioco(), 6, 7));
     const std::size_t riga = testo.find("\r\n") + 2;
@@ -131,7 +131,7 @@ TEST_F(Sistema, le_ripetizioni_si_possono_dire) {
     EXPECT_EQ(comando.json({"sviluppa", file})[0]["giocate"].intero(), con["giocate"].intero());
 }
 
-TEST_F(Sistema, sviluppa_altrove) {
+TEST_F(Sistema, SviluppaAltrove) {
     const std::string a = metti("a", Gioco(), 7, 7);
     const std::string b = metti("b", Gioco::lotto(5), 7, 6);
     elabora("a", Gioco());
@@ -154,7 +154,7 @@ TEST_F(Sistema, sviluppa_altrove) {
     EXPECT_EQ(comando({"sviluppa", "-o", cartella.radice() + "/manca/a.col", a}).codice, 1);
 }
 
-TEST_F(Sistema, attraverso_un_collegamento_non_scrive) {
+TEST_F(Sistema, AttraversoUnCollegamentoNonScrive) {
     const std::string a = metti("a", Gioco(), 6, 6);
     const std::string altro = cartella.radice() + "/b.sen";
     std::filesystem::create_symlink(a, altro);
@@ -166,7 +166,7 @@ TEST_F(Sistema, attraverso_un_collegamento_non_scrive) {
     EXPECT_EQ(fotografia(cartella.radice()), prima);
 }
 
-TEST_F(Sistema, senza_la_tabella_non_si_sviluppa) {
+TEST_F(Sistema, SenzaLaTabellaNonSiSviluppa) {
     const std::string a = metti("a", Gioco(), 8, 8);
     std::filesystem::remove(cartella.radice() + "/ridotti/cr0700.rid");
     const Detto detto = comando({"sviluppa", "--scrivi", a});
@@ -175,7 +175,7 @@ TEST_F(Sistema, senza_la_tabella_non_si_sviluppa) {
     EXPECT_FALSE(cartella.esiste("a.col"));
 }
 
-TEST_F(Sistema, fermato_non_lascia_nulla) {
+TEST_F(Sistema, FermatoNonLasciaNulla) {
     const std::string a = metti("a", Gioco(), 15, 15);
     const auto prima = fotografia(cartella.radice());
     int volte = 0;
@@ -186,7 +186,7 @@ TEST_F(Sistema, fermato_non_lascia_nulla) {
     EXPECT_EQ(fotografia(cartella.radice()), prima);
 }
 
-TEST_F(Sistema, spoglio_con_i_numeri_detti) {
+TEST_F(Sistema, SpoglioConINumeriDetti) {
     const std::string file = pronto("a");
     const Valore v =
         comando.json({"spoglio", "--numeri", "1,2,3,4,5,7", "--jolly", "6", file})[0]["estrazioni"];
@@ -205,7 +205,7 @@ TEST_F(Sistema, spoglio_con_i_numeri_detti) {
     EXPECT_EQ(lotto.errori, "sistema: " + file + ": per il SuperEnalotto servono sei numeri\n");
 }
 
-TEST_F(Sistema, il_dettaglio_dice_le_schedine) {
+TEST_F(Sistema, IlDettaglioDiceLeSchedine) {
     const std::string file = pronto("a");
     const Valore v = comando.json({"spoglio", "--numeri", "1,2,3,8,9,10", "--dettaglio",
                                    "--pannelli", "3", file})[0]["estrazioni"][0];
@@ -232,7 +232,7 @@ TEST_F(Sistema, il_dettaglio_dice_le_schedine) {
     EXPECT_EQ(v["vincenti"].intero(), static_cast<std::int64_t>(vinte));
 }
 
-TEST_F(Sistema, un_concorso_si_trova_per_numero_e_per_data) {
+TEST_F(Sistema, UnConcorsoSiTrovaPerNumeroEPerData) {
     const std::string file = pronto("a", Gioco::lotto(3));
     const Valore tutte = comando.json({"spoglio", "--concorso", "12", file})[0]["estrazioni"];
     ASSERT_EQ(tutte.lista.size(), 11U);
@@ -260,7 +260,7 @@ TEST_F(Sistema, un_concorso_si_trova_per_numero_e_per_data) {
               std::string::npos);
 }
 
-TEST_F(Sistema, lo_storico_e_lo_spoglio_estrazione_per_estrazione) {
+TEST_F(Sistema, LoStoricoELoSpoglioEstrazionePerEstrazione) {
     for (const Gioco gioco : {Gioco(), Gioco::lotto(3), Gioco::lotto(4), Gioco::lotto(5)}) {
         const std::string file = pronto("a", gioco, 9, 9, 3);
         const Valore v = comando.json({"spoglio", "--storico", file})[0];
@@ -290,7 +290,7 @@ TEST_F(Sistema, lo_storico_e_lo_spoglio_estrazione_per_estrazione) {
     }
 }
 
-TEST_F(Sistema, esporta_lo_sviluppo) {
+TEST_F(Sistema, EsportaLoSviluppo) {
     const std::string file = pronto("a");
     const auto righe = combinazioni(cartella.file("a.col"));
     const Detto detto = comando({"esporta", file});
@@ -303,7 +303,7 @@ TEST_F(Sistema, esporta_lo_sviluppo) {
     for (std::size_t i = 0; i < righe.size(); ++i) EXPECT_EQ(interi(v[i]), righe[i]);
 }
 
-TEST_F(Sistema, le_schede_sono_quelle_del_programma) {
+TEST_F(Sistema, LeSchedeSonoQuelleDelProgramma) {
     const std::string file = pronto("a");
     const std::string lotto = pronto("l", Gioco::lotto(3), 5, 5);
     cartella.scrivi("col.dat", "\"3\"\r\n");
@@ -321,7 +321,7 @@ TEST_F(Sistema, le_schede_sono_quelle_del_programma) {
     EXPECT_EQ(comando({"esporta", file}).codice, 0);
 }
 
-TEST_F(Sistema, esporta_in_file) {
+TEST_F(Sistema, EsportaInFile) {
     const std::string a = pronto("a");
     const std::string b = pronto("b", Gioco::lotto(5));
     const std::string csv = comando({"esporta", a}).uscita;
@@ -343,7 +343,7 @@ TEST_F(Sistema, esporta_in_file) {
     }
 }
 
-TEST_F(Sistema, analisi_come_la_finestra) {
+TEST_F(Sistema, AnalisiComeLaFinestra) {
     cartella.scrivi("premi.dat", "");
     const std::string file = pronto("a", Gioco::lotto(4));
     const Detto detto = comando({"analisi", file});
@@ -378,7 +378,7 @@ TEST_F(Sistema, analisi_come_la_finestra) {
     EXPECT_EQ(v["storico"]["vincenti"].intero(), vincenti);
 }
 
-TEST_F(Sistema, il_prospetto_e_quello_del_sistema) {
+TEST_F(Sistema, IlProspettoEQuelloDelSistema) {
     const std::string a = pronto("a");
     const std::string b = metti("b", Gioco::lotto(5), 6, 8);
     std::vector<printing::Prospetto> stampati;
@@ -411,7 +411,7 @@ TEST_F(Sistema, il_prospetto_e_quello_del_sistema) {
     EXPECT_EQ(stampati[1].senza_ripetizioni, "");
 }
 
-TEST_F(Sistema, sostituisci_mette_altri_numeri_negli_stessi_posti) {
+TEST_F(Sistema, SostituisciMetteAltriNumeriNegliStessiPosti) {
     const std::string a = pronto("a");
     const std::string prima = cartella.leggi("a.sen");
     std::string nuovi;
@@ -453,7 +453,7 @@ systems::Sistema a_caso() {
     return s;
 }
 
-TEST_F(Sistema, migliora_scrive_gli_stessi_numeri_disposti_meglio) {
+TEST_F(Sistema, MiglioraScriveGliStessiNumeriDispostiMeglio) {
     const std::string a = cartella.file("a.sen");
     cartella.scrivi("a.sen", systems::testo_sistema(a_caso()));
     const std::string file = cartella.file("b.sen");
@@ -480,7 +480,7 @@ TEST_F(Sistema, migliora_scrive_gli_stessi_numeri_disposti_meglio) {
     EXPECT_EQ(v["dopo"]["estrazioni_possibili"].intero(), 622614630);
 }
 
-TEST_F(Sistema, migliora_non_scrive_dove_non_deve) {
+TEST_F(Sistema, MiglioraNonScriveDoveNonDeve) {
     const std::string a = cartella.file("a.sen");
     cartella.scrivi("a.sen", systems::testo_sistema(a_caso()));
     const std::string b = cartella.file("b.sen");
@@ -507,7 +507,7 @@ TEST_F(Sistema, migliora_non_scrive_dove_non_deve) {
     EXPECT_GT(dopo.size(), prima.size());
 }
 
-TEST_F(Sistema, sostituisci_non_copre_e_non_sbaglia) {
+TEST_F(Sistema, SostituisciNonCopreENonSbaglia) {
     const std::string a = pronto("a");
     const std::string b = pronto("b");
     const std::string altro = cartella.radice() + "/altro.sen";

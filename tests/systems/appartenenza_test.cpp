@@ -77,7 +77,7 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Giochi, Appartenenza, testing::Bool());
 
-TEST_P(Appartenenza, impronta_cambia_con_tutto_cio_che_cambia_le_combinazioni) {
+TEST_P(Appartenenza, ImprontaCambiaConTuttoCioCheCambiaLeCombinazioni) {
     const Sistema s = sistema(1);
     const std::string sua = impronta(s);
     EXPECT_EQ(sua.size(), 16U);
@@ -105,13 +105,13 @@ TEST_P(Appartenenza, impronta_cambia_con_tutto_cio_che_cambia_le_combinazioni) {
     EXPECT_EQ(impronta(altro), rettangolo);
 }
 
-TEST_P(Appartenenza, un_file_riletto_ha_la_stessa_impronta) {
+TEST_P(Appartenenza, UnFileRilettoHaLaStessaImpronta) {
     const Sistema s = sistema(3);
     ASSERT_TRUE(salva("a", s));
     EXPECT_EQ(impronta(leggi_sistema(cartella_.programma(), "a", gioco())), impronta(s));
 }
 
-TEST_P(Appartenenza, senza_segno_ci_si_fida) {
+TEST_P(Appartenenza, SenzaSegnoCiSiFida) {
     ASSERT_TRUE(salva("a", sistema(1)));
     EXPECT_TRUE(proprio("a"));
     std::ofstream(coppia("a").sviluppo()) << "1,2,3,4,5,6\r\n";
@@ -119,7 +119,7 @@ TEST_P(Appartenenza, senza_segno_ci_si_fida) {
     EXPECT_TRUE(proprio("manca"));
 }
 
-TEST_P(Appartenenza, uno_sviluppo_vecchio_si_riconosce_dopo_un_salvataggio) {
+TEST_P(Appartenenza, UnoSviluppoVecchioSiRiconosceDopoUnSalvataggio) {
     if (!con_attributi_) GTEST_SKIP() << "this disk keeps no attributes";
     const Sistema s = elabora("a", 1);
     EXPECT_TRUE(proprio("a"));
@@ -132,7 +132,7 @@ TEST_P(Appartenenza, uno_sviluppo_vecchio_si_riconosce_dopo_un_salvataggio) {
     EXPECT_FALSE(proprio("a"));
 }
 
-TEST_P(Appartenenza, anche_quello_di_una_versione_che_non_segnava) {
+TEST_P(Appartenenza, AncheQuelloDiUnaVersioneCheNonSegnava) {
     if (!con_attributi_) GTEST_SKIP() << "this disk keeps no attributes";
     ASSERT_TRUE(salva("a", sistema(1)));
     std::ofstream(coppia("a").sviluppo()) << "1,2,3,4,5,6\r\n";
@@ -159,7 +159,7 @@ TEST_P(Appartenenza, WhatCannotBeTakenAwayKeepsItsSystem) {
     EXPECT_FALSE(platform::esiste_file(coppia("a").sviluppo()));
 }
 
-TEST_P(Appartenenza, elaborando_un_sistema_cambiato_lo_sviluppo_vecchio_va_via_per_primo) {
+TEST_P(Appartenenza, ElaborandoUnSistemaCambiatoLoSviluppoVecchioVaViaPerPrimo) {
     const Sistema s = elabora("a", 1);
     EXPECT_TRUE(salva_per_elaborare(coppia("a"), s));
     EXPECT_TRUE(fs::exists(coppia("a").sviluppo()));
@@ -173,14 +173,14 @@ TEST_P(Appartenenza, elaborando_un_sistema_cambiato_lo_sviluppo_vecchio_va_via_p
     EXPECT_EQ(platform::leggi_tutto(coppia("a").sistema()), testo_sistema(s));
 }
 
-TEST_P(Appartenenza, nessuno_sviluppo_si_pubblica_accanto_a_un_altro_sistema) {
+TEST_P(Appartenenza, NessunoSviluppoSiPubblicaAccantoAUnAltroSistema) {
     elabora("a", 1);
     EXPECT_FALSE(sviluppa("a", sistema(2)));
     EXPECT_FALSE(fs::exists(coppia("a").sviluppo()));
     EXPECT_EQ(platform::Dir(cartella_.programma(), "temp*").size(), 0U);
 }
 
-TEST_P(Appartenenza, senza_attributi_tutto_va_come_prima) {
+TEST_P(Appartenenza, SenzaAttributiTuttoVaComePrima) {
     support::Disco disco;
     disco.senza_attributi = true;
     elabora("a", 1);
@@ -189,7 +189,7 @@ TEST_P(Appartenenza, senza_attributi_tutto_va_come_prima) {
     EXPECT_TRUE(proprio("a"));
 }
 
-TEST_P(Appartenenza, i_segni_vanno_con_le_copie_e_i_nomi) {
+TEST_P(Appartenenza, ISegniVannoConLeCopieEINomi) {
     if (!con_attributi_) GTEST_SKIP() << "this disk keeps no attributes";
     elabora("a", 1);
     ASSERT_TRUE(salva("b", sistema(2)));

@@ -35,7 +35,7 @@ std::vector<std::string> nomi(const std::vector<Voce>& voci) {
     return tutti;
 }
 
-TEST_F(Elenco, di_un_file_bucato_si_legge_la_testa_soltanto) {
+TEST_F(Elenco, DiUnFileBucatoSiLeggeLaTestaSoltanto) {
     for (const char* nome : {"a.sen", "b.sel"}) {
         cartella.scrivi(nome, "14,7,5");
         std::filesystem::resize_file(cartella.file(nome), std::uintmax_t{1} << 32);
@@ -49,7 +49,7 @@ TEST_F(Elenco, di_un_file_bucato_si_legge_la_testa_soltanto) {
     EXPECT_LE(disco.letti, 2 << 20);
 }
 
-TEST_F(Elenco, un_nome_che_non_e_utf8_si_trova_e_si_legge) {
+TEST_F(Elenco, UnNomeCheNonEUtf8SiTrovaESiLegge) {
     const std::string nome = "citt\xE0";
     cartella.scrivi(nome + ".sen", "14,7,5,\"6\",0,0,0,9\r\n");
     const auto voci = trova();
@@ -59,13 +59,13 @@ TEST_F(Elenco, un_nome_che_non_e_utf8_si_trova_e_si_legge) {
     EXPECT_EQ(leggi_conteggio(cartella.programma(), nome, {}), 9);
 }
 
-TEST_F(Elenco, una_cartella_vuota_non_ha_sistemi) {
+TEST_F(Elenco, UnaCartellaVuotaNonHaSistemi) {
     EXPECT_TRUE(trova().empty());
     EXPECT_TRUE(trova(Gioco::lotto()).empty());
     EXPECT_TRUE(trova_sistemi(cartella.file("manca"), cartella.programma(), Gioco()).empty());
 }
 
-TEST_F(Elenco, soltanto_i_sistemi_del_gioco) {
+TEST_F(Elenco, SoltantoISistemiDelGioco) {
     for (const char* nome : {"uno.sen", "due.sel", "tre.col", "quattro.lot", "temp.txt"}) {
         cartella.scrivi(nome, "0,5,5,\"2\",0,0,0,5,0\r\n");
     }
@@ -73,24 +73,24 @@ TEST_F(Elenco, soltanto_i_sistemi_del_gioco) {
     EXPECT_EQ(nomi(trova(Gioco::lotto())), (std::vector<std::string>{"due"}));
 }
 
-TEST_F(Elenco, il_nome_tiene_le_maiuscole_e_perde_quattro_caratteri) {
+TEST_F(Elenco, IlNomeTieneLeMaiuscoleEPerdeQuattroCaratteri) {
     cartella.scrivi("Mio.Sistema.SEN", "0,5,5\r\n");
     cartella.scrivi("perch\xC3\xA9.sen", "0,5,5\r\n");
     EXPECT_EQ(nomi(trova()), (std::vector<std::string>{"Mio.Sistema", "perch\xC3\xA9"}));
 }
 
-TEST_F(Elenco, le_cartelle_non_sono_sistemi) {
+TEST_F(Elenco, LeCartelleNonSonoSistemi) {
     std::filesystem::create_directory(cartella.file("a.sen"));
     EXPECT_TRUE(trova().empty());
 }
 
-TEST_F(Elenco, righe_per_colonne_nel_superenalotto) {
+TEST_F(Elenco, RighePerColonneNelSuperenalotto) {
     EXPECT_EQ(dimensione("86,7,5,\"\",0,0,0,0"), "8 x 6");
     EXPECT_EQ(dimensione("0,14,9,\"\",0,0,0,0"), "15 x 10");
     EXPECT_EQ(dimensione("0,255,255,\"\",0,0,0,0"), "256 x 256");
 }
 
-TEST_F(Elenco, la_forma_nel_lotto) {
+TEST_F(Elenco, LaFormaNelLotto) {
     EXPECT_EQ(dimensione("0,5,5,\"2\",0,0,0,3,0", Gioco::lotto()), "Terzine");
     EXPECT_EQ(dimensione("0,5,5,\"2\",0,0,0,4,0", Gioco::lotto()), "Quartine");
     EXPECT_EQ(dimensione("0,5,5,\"2\",0,0,0,5,0", Gioco::lotto()), "Cinquine");
@@ -100,13 +100,13 @@ TEST_F(Elenco, la_forma_nel_lotto) {
     }
 }
 
-TEST_F(Elenco, i_campi_non_tenuti_non_fermano_la_lettura) {
+TEST_F(Elenco, ICampiNonTenutiNonFermanoLaLettura) {
     EXPECT_EQ(dimensione("999999999999,5,5,\"molto\",70000,-70000,1e400,4,0", Gioco::lotto()),
               "Quartine");
     EXPECT_EQ(dimensione("-1e400,5,7,\"molto\""), "6 x 8");
 }
 
-TEST_F(Elenco, un_file_illeggibile_tiene_i_valori_di_prima_o_uno_per_uno) {
+TEST_F(Elenco, UnFileIlleggibileTieneIValoriDiPrimaOUnoPerUno) {
     cartella.scrivi("a.sen", "");
     cartella.scrivi("b.sen", "0,7,5,\"\",0,0,0,0\r\n");
     cartella.scrivi("c.sen", "");
@@ -121,7 +121,7 @@ TEST_F(Elenco, un_file_illeggibile_tiene_i_valori_di_prima_o_uno_per_uno) {
     EXPECT_EQ(voci[4].dimensione, "1 x 1");
 }
 
-TEST_F(Elenco, la_forma_di_un_file_corto_e_quella_di_prima) {
+TEST_F(Elenco, LaFormaDiUnFileCortoEQuellaDiPrima) {
     cartella.scrivi("a.sel", "0,5,5\r\n");
     cartella.scrivi("b.sel", "0,5,5,\"2\",0,0,0,3,0\r\n");
     cartella.scrivi("c.sel", "0,5,5\r\n");
@@ -132,7 +132,7 @@ TEST_F(Elenco, la_forma_di_un_file_corto_e_quella_di_prima) {
     EXPECT_EQ(voci[2].dimensione, "Terzine");
 }
 
-TEST_F(Elenco, la_testa_e_la_data_vengono_dalla_cartella_del_programma) {
+TEST_F(Elenco, LaTestaELaDataVengonoDallaCartellaDelProgramma) {
     const std::string altra = cartella.radice() + "/altra";
     std::filesystem::create_directory(altra);
     cartella.scrivi("a.sen", "0,7,5\r\n");
@@ -149,7 +149,7 @@ TEST_F(Elenco, la_testa_e_la_data_vengono_dalla_cartella_del_programma) {
     EXPECT_EQ(sola[0].data, "");
 }
 
-TEST_F(Elenco, la_data_ha_otto_caratteri_giorno_mese_anno) {
+TEST_F(Elenco, LaDataHaOttoCaratteriGiornoMeseAnno) {
     cartella.scrivi("a.sen", "0,5,5\r\n");
     const auto voci = trova();
     ASSERT_EQ(voci.size(), 1U);
@@ -161,7 +161,7 @@ TEST_F(Elenco, la_data_ha_otto_caratteri_giorno_mese_anno) {
     EXPECT_EQ(ShowFileInfo(cartella.file("manca.sen")), "");
 }
 
-TEST_F(Elenco, un_sistema_salvato_di_nuovo_tiene_la_data_della_prima_volta) {
+TEST_F(Elenco, UnSistemaSalvatoDiNuovoTieneLaDataDellaPrimaVolta) {
     Sistema sistema;
     sistema.matrice = crossword::Matrice(6, 6);
     ASSERT_TRUE(scrivi_sistema(cartella.programma(), "a", sistema));
@@ -175,7 +175,7 @@ TEST_F(Elenco, un_sistema_salvato_di_nuovo_tiene_la_data_della_prima_volta) {
     EXPECT_EQ(trova()[0].data, "05/05/99");
 }
 
-TEST_F(Elenco, byte_a_caso_non_fanno_danno) {
+TEST_F(Elenco, ByteACasoNonFannoDanno) {
     std::mt19937 caso(17);
     for (int giro = 0; giro < 200; ++giro) {
         std::string testo(caso() % 100, '\0');
@@ -188,7 +188,7 @@ TEST_F(Elenco, byte_a_caso_non_fanno_danno) {
     }
 }
 
-TEST(TastoNome, cifre_e_minuscole_soltanto) {
+TEST(TastoNome, CifreEMinuscoleSoltanto) {
     for (int codice = -300; codice <= 70000; ++codice) {
         int atteso = 0;
         if (codice == 8 || (codice >= 48 && codice <= 57) || (codice >= 97 && codice <= 122)) {
@@ -200,7 +200,7 @@ TEST(TastoNome, cifre_e_minuscole_soltanto) {
     }
 }
 
-TEST(NomeAmmesso, nessun_nome_esce_dalla_cartella) {
+TEST(NomeAmmesso, NessunNomeEsceDallaCartella) {
     for (const char* buono : {"a", "mio sistema", "perch\xC3\xA9", "a.b", "..."}) {
         EXPECT_TRUE(nome_ammesso(buono)) << buono;
     }

@@ -56,12 +56,12 @@ void uguali(const Sistema& letto, const Sistema& atteso) {
     EXPECT_EQ(letto.gioco, atteso.gioco);
 }
 
-TEST_F(FileSistema, i_byte_di_un_sen_e_di_un_sel) {
+TEST_F(FileSistema, IByteDiUnSenEDiUnSel) {
     EXPECT_EQ(testo_sistema(esempio()), testo_sen);
     EXPECT_EQ(testo_sistema(esempio(Gioco::lotto(4))), testo_sel);
 }
 
-TEST_F(FileSistema, scritto_con_l_estensione_del_gioco) {
+TEST_F(FileSistema, ScrittoConLEstensioneDelGioco) {
     EXPECT_TRUE(scrivi_sistema(cartella.programma(), "a", esempio()));
     EXPECT_EQ(cartella.leggi("a.sen"), testo_sen);
     EXPECT_FALSE(cartella.esiste("a.sel"));
@@ -70,7 +70,7 @@ TEST_F(FileSistema, scritto_con_l_estensione_del_gioco) {
     EXPECT_EQ(cartella.leggi("a.sen"), testo_sen);
 }
 
-TEST_F(FileSistema, mai_sviluppato_ha_zero_in_fondo_e_diagonali_vuote_restano_vuote) {
+TEST_F(FileSistema, MaiSviluppatoHaZeroInFondoEDiagonaliVuoteRestanoVuote) {
     Sistema s;
     s.matrice = crossword::Matrice(1, 1);
     EXPECT_EQ(testo_sistema(s), "0,0,0,\"\",-1,-1,-1,0\r\n0,\r\n");
@@ -78,7 +78,7 @@ TEST_F(FileSistema, mai_sviluppato_ha_zero_in_fondo_e_diagonali_vuote_restano_vu
     EXPECT_EQ(testo_sistema(s), "0,0,0,\"\",-1,-1,-1,5,0\r\n0,\r\n");
 }
 
-TEST_F(FileSistema, riletto_uguale_in_ogni_misura) {
+TEST_F(FileSistema, RilettoUgualeInOgniMisura) {
     for (const bool lotto : {false, true}) {
         for (int c = 5; c <= 15; ++c) {
             for (int r = 5; r <= 15; ++r) {
@@ -95,7 +95,7 @@ TEST_F(FileSistema, riletto_uguale_in_ogni_misura) {
     }
 }
 
-TEST_F(FileSistema, la_riga_del_file_e_la_riga_della_griglia) {
+TEST_F(FileSistema, LaRigaDelFileELaRigaDellaGriglia) {
     const Sistema s = leggi(testo_sen);
     EXPECT_EQ(s.matrice(3, 0), 34);
     EXPECT_EQ(s.matrice(0, 2), 89);
@@ -103,15 +103,15 @@ TEST_F(FileSistema, la_riga_del_file_e_la_riga_della_griglia) {
     EXPECT_EQ(s.matrice.ubound(2), 2);
 }
 
-TEST_F(FileSistema, un_sel_con_tutti_i_campi) {
+TEST_F(FileSistema, UnSelConTuttiICampi) {
     uguali(leggi(testo_sel, Gioco::lotto()), esempio(Gioco::lotto(4)));
 }
 
-TEST_F(FileSistema, un_sel_letto_come_sen_prende_la_forma_per_il_conto) {
+TEST_F(FileSistema, UnSelLettoComeSenPrendeLaFormaPerIlConto) {
     EXPECT_EQ(leggi(testo_sel).senza_ripetizioni, 4);
 }
 
-TEST_F(FileSistema, il_primo_campo_non_decide_niente) {
+TEST_F(FileSistema, IlPrimoCampoNonDecideNiente) {
     for (const char* primo : {"0", "-5", "99999999999", "1e400", "parola", "\"x\""}) {
         const Sistema s = leggi(primo + testo_sen.substr(4));
         EXPECT_EQ(s.senza_ripetizioni, 980) << primo;
@@ -119,13 +119,13 @@ TEST_F(FileSistema, il_primo_campo_non_decide_niente) {
     }
 }
 
-TEST_F(FileSistema, il_solo_lf_chiude_la_riga_come_cr_lf) {
+TEST_F(FileSistema, IlSoloLfChiudeLaRigaComeCrLf) {
     std::string testo = testo_sen;
     std::erase(testo, '\r');
     uguali(leggi(testo), esempio());
 }
 
-TEST_F(FileSistema, campi_che_non_sono_numeri_valgono_zero) {
+TEST_F(FileSistema, CampiCheNonSonoNumeriValgonoZero) {
     const Sistema s = leggi("x,1,1,\"2\",a,b,c,d\r\nuno,2,\r\n3,\"\",\r\n");
     EXPECT_EQ(s.totale, 0);
     EXPECT_EQ(s.tipo_righe, 0);
@@ -137,14 +137,14 @@ TEST_F(FileSistema, campi_che_non_sono_numeri_valgono_zero) {
     EXPECT_EQ(s.matrice(1, 1), 0);
 }
 
-TEST_F(FileSistema, una_casella_fuori_misura_e_zero_e_le_altre_restano_al_posto) {
+TEST_F(FileSistema, UnaCasellaFuoriMisuraEZeroELeAltreRestanoAlPosto) {
     const Sistema s = leggi("0,0,2,\"\",0,0,0,0\r\n1,99999,3,\r\n");
     EXPECT_EQ(s.matrice(0, 0), 1);
     EXPECT_EQ(s.matrice(1, 0), 0);
     EXPECT_EQ(s.matrice(2, 0), 3);
 }
 
-TEST_F(FileSistema, un_file_che_manca_da_zeri) {
+TEST_F(FileSistema, UnFileCheMancaDaZeri) {
     for (const Gioco gioco : {Gioco::superenalotto(), Gioco::lotto()}) {
         const Sistema s = leggi_sistema(cartella.programma(), "manca", gioco);
         EXPECT_EQ(s.totale, 0);
@@ -158,7 +158,7 @@ TEST_F(FileSistema, un_file_che_manca_da_zeri) {
     EXPECT_EQ(leggi_sistema(cartella.programma(), "manca", Gioco::lotto()).gioco, Gioco::lotto(0));
 }
 
-TEST_F(FileSistema, tagliato_in_ogni_punto_si_legge_fin_dove_arriva) {
+TEST_F(FileSistema, TagliatoInOgniPuntoSiLeggeFinDoveArriva) {
     for (std::size_t n = 0; n <= testo_sel.size(); ++n) {
         const Sistema s = leggi(testo_sel.substr(0, n), Gioco::lotto());
         ASSERT_LE(s.matrice.colonne(), 4);
@@ -170,13 +170,13 @@ TEST_F(FileSistema, tagliato_in_ogni_punto_si_legge_fin_dove_arriva) {
     EXPECT_EQ(s.matrice(3, 2), 0);
 }
 
-TEST_F(FileSistema, misure_enormi_non_passano_256_per_256) {
+TEST_F(FileSistema, MisureEnormiNonPassano256Per256) {
     EXPECT_EQ(leggi("0,255,255,\"\",0,0,0,0\r\n").matrice, crossword::Matrice(256, 256));
     EXPECT_EQ(leggi("0,256,300,\"\",0,0,0,0\r\n").matrice, crossword::Matrice(1, 1));
     EXPECT_EQ(leggi("0,-1,2000000000,\"\",0,0,0,0\r\n").matrice, crossword::Matrice(1, 1));
 }
 
-TEST_F(FileSistema, byte_a_caso_non_fanno_danno) {
+TEST_F(FileSistema, ByteACasoNonFannoDanno) {
     std::mt19937 caso(13);
     const std::string lettere = "0123456789,,,,\"\r\n-e. ";
     for (int giro = 0; giro < 400; ++giro) {
@@ -195,7 +195,7 @@ TEST_F(FileSistema, byte_a_caso_non_fanno_danno) {
     }
 }
 
-TEST_F(FileSistema, il_conteggio_e_l_ultimo_campo_della_testa) {
+TEST_F(FileSistema, IlConteggioELUltimoCampoDellaTesta) {
     cartella.scrivi("a.sen", testo_sen);
     cartella.scrivi("b.sel", testo_sel);
     EXPECT_EQ(leggi_conteggio(cartella.programma(), "a", Gioco()), 980);
@@ -204,7 +204,7 @@ TEST_F(FileSistema, il_conteggio_e_l_ultimo_campo_della_testa) {
     EXPECT_FALSE(leggi_conteggio(cartella.programma(), "manca", Gioco()).has_value());
 }
 
-TEST_F(FileSistema, lo_sviluppo_si_cerca_con_l_estensione_del_gioco) {
+TEST_F(FileSistema, LoSviluppoSiCercaConLEstensioneDelGioco) {
     cartella.scrivi("a.col", "");
     cartella.scrivi("B.LOT", "");
     EXPECT_TRUE(esiste_sviluppo(cartella.programma(), "a", Gioco()));
@@ -215,14 +215,14 @@ TEST_F(FileSistema, lo_sviluppo_si_cerca_con_l_estensione_del_gioco) {
     EXPECT_FALSE(esiste_sviluppo(cartella.programma(), "c", Gioco()));
 }
 
-TEST_F(FileSistema, sovrascrive_il_nome_che_differisce_nelle_maiuscole) {
+TEST_F(FileSistema, SovrascriveIlNomeCheDifferisceNelleMaiuscole) {
     cartella.scrivi("Mio.SEN", "vecchio");
     EXPECT_TRUE(scrivi_sistema(cartella.programma(), "mio", esempio()));
     EXPECT_EQ(cartella.leggi("Mio.SEN"), testo_sen);
     EXPECT_FALSE(cartella.esiste("mio.sen"));
 }
 
-TEST_F(FileSistema, il_disco_che_rifiuta_lascia_il_vecchio_intero) {
+TEST_F(FileSistema, IlDiscoCheRifiutaLasciaIlVecchioIntero) {
     cartella.scrivi("a.sen", "vecchio");
     for (std::int64_t spazio = 0; spazio < std::ssize(testo_sen); ++spazio) {
         for (const bool perde : {false, true}) {
@@ -245,7 +245,7 @@ TEST_F(FileSistema, il_disco_che_rifiuta_lascia_il_vecchio_intero) {
     EXPECT_EQ(std::distance(fs::directory_iterator(cartella.programma()), {}), 1);
 }
 
-TEST_F(FileSistema, chi_muore_mentre_salva_lascia_il_vecchio_o_il_nuovo) {
+TEST_F(FileSistema, ChiMuoreMentreSalvaLasciaIlVecchioOIlNuovo) {
     bool finito = false;
     bool morto = false;
     for (int vita = 1; !finito && vita < 100; ++vita) {
@@ -266,7 +266,7 @@ TEST_F(FileSistema, chi_muore_mentre_salva_lascia_il_vecchio_o_il_nuovo) {
     EXPECT_TRUE(finito && morto);
 }
 
-TEST_F(FileSistema, in_una_cartella_che_manca_non_si_scrive) {
+TEST_F(FileSistema, InUnaCartellaCheMancaNonSiScrive) {
     EXPECT_FALSE(scrivi_sistema(cartella.file("manca"), "a", esempio()));
 }
 

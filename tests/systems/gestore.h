@@ -42,9 +42,9 @@ inline Mostrato avviso(const QString& testo) {
 }
 
 /// Both games: the parameter is `lotto`.
-class GestoreTest : public ::testing::TestWithParam<bool> {
+class Gestore : public ::testing::TestWithParam<bool> {
 protected:
-    GestoreTest() {
+    Gestore() {
         fs::create_directories(altra);
         if (GetParam()) p.form1.Image10_Click();
         platform::scrivania().sceglie_cartella = [this](const QString& titolo,

@@ -5,7 +5,7 @@ using namespace gestore;
 
 namespace {
 
-class NomiStrani : public GestoreTest {
+class NomiStrani : public Gestore {
 protected:
     static constexpr const char* nomi_strani[] = {"caff\xe8", "a\x1b[31mb", "\x01\x7f"};
 };

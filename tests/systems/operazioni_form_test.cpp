@@ -9,13 +9,13 @@ using namespace gestore;
 
 namespace {
 
-INSTANTIATE_TEST_SUITE_P(Giochi, GestoreTest, ::testing::Bool(), [](const auto& parametro) {
+INSTANTIATE_TEST_SUITE_P(Giochi, Gestore, ::testing::Bool(), [](const auto& parametro) {
     return parametro.param ? "Lotto" : "SuperEnalotto";
 });
 
 // Rename.
 
-TEST_P(GestoreTest, RenameStartsAnEditOfTheLabelWithTheNameOnTheDisk) {
+TEST_P(Gestore, RenameStartsAnEditOfTheLabelWithTheNameOnTheDisk) {
     sistema("uno", 1);
     Form2& f = apri();
     seleziona(f, "uno");
@@ -26,7 +26,7 @@ TEST_P(GestoreTest, RenameStartsAnEditOfTheLabelWithTheNameOnTheDisk) {
     EXPECT_TRUE(editore(f)->hasFocus());
 }
 
-TEST_P(GestoreTest, RenameMovesBothFilesAndTheTag) {
+TEST_P(Gestore, RenameMovesBothFilesAndTheTag) {
     sistema("uno", 1);
     p.cartella.scrivi(svi("uno"), "V");
     p.cartella.scrivi(altrui("uno"), "altro gioco");
@@ -41,7 +41,7 @@ TEST_P(GestoreTest, RenameMovesBothFilesAndTheTag) {
     EXPECT_TRUE(p.mostrati().empty());
 }
 
-TEST_P(GestoreTest, InvalidCharacterRestoresTheOldText) {
+TEST_P(Gestore, InvalidCharacterRestoresTheOldText) {
     sistema("uno", 1);
     Form2& f = apri();
     const Stato prima = programma();
@@ -58,7 +58,7 @@ TEST_P(GestoreTest, InvalidCharacterRestoresTheOldText) {
     EXPECT_EQ(programma(), prima);
 }
 
-TEST_P(GestoreTest, RenameToANameWithADevelopmentIsRefused) {
+TEST_P(Gestore, RenameToANameWithADevelopmentIsRefused) {
     sistema("uno", 1);
     sistema("due", 2);
     p.cartella.scrivi(svi("due"), "V");
@@ -72,7 +72,7 @@ TEST_P(GestoreTest, RenameToANameWithADevelopmentIsRefused) {
     EXPECT_EQ(programma(), prima);
 }
 
-TEST_P(GestoreTest, RenameToALoneSystemIsNotRefusedAndTheFileKeepsItsName) {
+TEST_P(Gestore, RenameToALoneSystemIsNotRefusedAndTheFileKeepsItsName) {
     sistema("uno", 1);
     sistema("due", 2);
     Form2& f = apri();
@@ -86,7 +86,7 @@ TEST_P(GestoreTest, RenameToALoneSystemIsNotRefusedAndTheFileKeepsItsName) {
     EXPECT_EQ(nomi(f), QStringList({"due", "uno"}));
 }
 
-TEST_P(GestoreTest, EmptyRenameIsHandedBackWithoutAMessage) {
+TEST_P(Gestore, EmptyRenameIsHandedBackWithoutAMessage) {
     sistema("uno", 1);
     Form2& f = apri();
     seleziona(f, "uno");
@@ -97,7 +97,7 @@ TEST_P(GestoreTest, EmptyRenameIsHandedBackWithoutAMessage) {
     EXPECT_EQ(programma(), prima);
 }
 
-TEST_P(GestoreTest, RenameGivenUpChangesNothing) {
+TEST_P(Gestore, RenameGivenUpChangesNothing) {
     sistema("uno", 1);
     Form2& f = apri();
     seleziona(f, "uno");
@@ -110,7 +110,7 @@ TEST_P(GestoreTest, RenameGivenUpChangesNothing) {
     EXPECT_TRUE(f.isVisible());
 }
 
-TEST_P(GestoreTest, RenameThatOnlyChangesTheCaseWaitsOnTheDevelopment) {
+TEST_P(Gestore, RenameThatOnlyChangesTheCaseWaitsOnTheDevelopment) {
     sistema("uno", 1);
     Form2& f = apri();
     seleziona(f, "uno");
@@ -123,7 +123,7 @@ TEST_P(GestoreTest, RenameThatOnlyChangesTheCaseWaitsOnTheDevelopment) {
     EXPECT_EQ(programma(), (Stato{{sis("UNO"), testo(1)}, {svi("UNO"), "V"}}));
 }
 
-TEST_P(GestoreTest, RenameWithNothingSelectedDoesNothing) {
+TEST_P(Gestore, RenameWithNothingSelectedDoesNothing) {
     sistema("uno", 1);
     Form2& f = apri();
     f.ListView1->clearSelection();
@@ -131,7 +131,7 @@ TEST_P(GestoreTest, RenameWithNothingSelectedDoesNothing) {
     EXPECT_EQ(editore(f), nullptr);
 }
 
-TEST_P(GestoreTest, EnterInTheLabelDoesNotOpenTheSystem) {
+TEST_P(Gestore, EnterInTheLabelDoesNotOpenTheSystem) {
     sistema("uno", 1);
     p.form1.mnuapri_Click();
     QApplication::processEvents();
@@ -143,7 +143,7 @@ TEST_P(GestoreTest, EnterInTheLabelDoesNotOpenTheSystem) {
     EXPECT_EQ(nomi(f), QStringList{"due"});
 }
 
-TEST_P(GestoreTest, TabClickedDuringARenameCommitsItLikeAnyOtherClick) {
+TEST_P(Gestore, TabClickedDuringARenameCommitsItLikeAnyOtherClick) {
     sistema("uno", 1);
     Form2& f = apri();
     seleziona(f, "uno");
@@ -160,7 +160,7 @@ TEST_P(GestoreTest, TabClickedDuringARenameCommitsItLikeAnyOtherClick) {
     EXPECT_EQ(nomi(f), QStringList{"due"});
 }
 
-TEST_P(GestoreTest, HeadingClickedDuringARenameCommitsItToo) {
+TEST_P(Gestore, HeadingClickedDuringARenameCommitsItToo) {
     sistema("uno", 1);
     Form2& f = apri();
     seleziona(f, "uno");
@@ -173,7 +173,7 @@ TEST_P(GestoreTest, HeadingClickedDuringARenameCommitsItToo) {
     EXPECT_TRUE(p.cartella.esiste(sis("due")));
 }
 
-TEST_P(GestoreTest, KeysRenameAndDeleteTheSelectedSystem) {
+TEST_P(Gestore, KeysRenameAndDeleteTheSelectedSystem) {
     sistema("uno", 1);
     sistema("due", 2);
     Form2& f = apri();
@@ -203,7 +203,7 @@ TEST_P(GestoreTest, KeysRenameAndDeleteTheSelectedSystem) {
     EXPECT_EQ(programma(), (Stato{{sis("due"), testo(2)}}));
 }
 
-TEST_P(GestoreTest, KeysChangeNothingWhereASystemIsChosen) {
+TEST_P(Gestore, KeysChangeNothingWhereASystemIsChosen) {
     sistema("uno", 1);
     p.form1.mnuapri_Click();
     QApplication::processEvents();
@@ -222,7 +222,7 @@ TEST_P(GestoreTest, KeysChangeNothingWhereASystemIsChosen) {
 
 // Duplicate.
 
-TEST_P(GestoreTest, DuplicateOpensItsPanelOverADisabledList) {
+TEST_P(Gestore, DuplicateOpensItsPanelOverADisabledList) {
     sistema("uno", 1);
     Form2& f = apri();
     seleziona(f, "uno");
@@ -239,7 +239,7 @@ TEST_P(GestoreTest, DuplicateOpensItsPanelOverADisabledList) {
     EXPECT_EQ(f.txtduplica->text(), "");
 }
 
-TEST_P(GestoreTest, DuplicateNeedsANameAndNotItsOwn) {
+TEST_P(Gestore, DuplicateNeedsANameAndNotItsOwn) {
     sistema("uno", 1);
     Form2& f = apri();
     seleziona(f, "uno");
@@ -256,7 +256,7 @@ TEST_P(GestoreTest, DuplicateNeedsANameAndNotItsOwn) {
     EXPECT_EQ(programma(), prima);
 }
 
-TEST_P(GestoreTest, DuplicateCopiesBothFilesAndKeepsTheTypedName) {
+TEST_P(Gestore, DuplicateCopiesBothFilesAndKeepsTheTypedName) {
     sistema("uno", 1);
     p.cartella.scrivi(svi("uno"), "V");
     Form2& f = apri();
@@ -276,7 +276,7 @@ TEST_P(GestoreTest, DuplicateCopiesBothFilesAndKeepsTheTypedName) {
     EXPECT_TRUE(p.mostrati().empty());
 }
 
-TEST_P(GestoreTest, DuplicateToAnotherSystemOverwritesItUnasked) {
+TEST_P(Gestore, DuplicateToAnotherSystemOverwritesItUnasked) {
     sistema("uno", 1);
     sistema("due", 2);
     p.cartella.scrivi(svi("due"), "vecchio");
@@ -288,7 +288,7 @@ TEST_P(GestoreTest, DuplicateToAnotherSystemOverwritesItUnasked) {
               (Stato{{sis("uno"), testo(1)}, {sis("due"), testo(1)}, {svi("due"), "vecchio"}}));
 }
 
-TEST_P(GestoreTest, DuplicateToItsOwnNameInAnotherCaseLeavesTheSystem) {
+TEST_P(Gestore, DuplicateToItsOwnNameInAnotherCaseLeavesTheSystem) {
     sistema("Uno", 1);
     p.cartella.scrivi(svi("Uno"), "V");
     p.cartella.scrivi("uno", "senza estensione");
@@ -302,7 +302,7 @@ TEST_P(GestoreTest, DuplicateToItsOwnNameInAnotherCaseLeavesTheSystem) {
     EXPECT_EQ(nomi(f), QStringList{"Uno"});
 }
 
-TEST_P(GestoreTest, FileWithoutExtensionAsksBeforeTheDuplicate) {
+TEST_P(Gestore, FileWithoutExtensionAsksBeforeTheDuplicate) {
     sistema("uno", 1);
     sistema("due", 2);
     p.cartella.scrivi(svi("due"), "vecchio");
@@ -326,7 +326,7 @@ TEST_P(GestoreTest, FileWithoutExtensionAsksBeforeTheDuplicate) {
 
 // Delete.
 
-TEST_P(GestoreTest, DeleteAsksAndTakesThePair) {
+TEST_P(Gestore, DeleteAsksAndTakesThePair) {
     sistema("uno", 1);
     sistema("due", 2);
     p.cartella.scrivi(svi("uno"), "V");
@@ -344,7 +344,7 @@ TEST_P(GestoreTest, DeleteAsksAndTakesThePair) {
     EXPECT_EQ(nomi(f), QStringList{"due"});
 }
 
-TEST_P(GestoreTest, DeleteWithNothingSelectedAsksAndTakesNothing) {
+TEST_P(Gestore, DeleteWithNothingSelectedAsksAndTakesNothing) {
     sistema("uno", 1);
     Form2& f = apri();
     f.ListView1->clearSelection();
@@ -355,7 +355,7 @@ TEST_P(GestoreTest, DeleteWithNothingSelectedAsksAndTakesNothing) {
     EXPECT_EQ(programma(), prima);
 }
 
-TEST_P(GestoreTest, DeleteAllTakesEveryFileOfTheGameAndNoOther) {
+TEST_P(Gestore, DeleteAllTakesEveryFileOfTheGameAndNoOther) {
     sistema("uno", 1);
     p.cartella.scrivi(svi("uno"), "V");
     p.cartella.scrivi(svi("orfano"), "W");

@@ -39,9 +39,9 @@ inline Stato stato(const std::string& cartella) {
 }
 
 /// Both games: the parameter is `lotto`.
-class OperazioniTest : public ::testing::TestWithParam<bool> {
+class Operazioni : public ::testing::TestWithParam<bool> {
 protected:
-    OperazioniTest() { fs::create_directories(altra); }
+    Operazioni() { fs::create_directories(altra); }
     [[nodiscard]] std::string sis(const std::string& nome) const {
         return nome + (GetParam() ? ".sel" : ".sen");
     }

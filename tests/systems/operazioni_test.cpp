@@ -8,7 +8,7 @@ using namespace operazioni;
 
 namespace {
 
-INSTANTIATE_TEST_SUITE_P(Giochi, OperazioniTest, ::testing::Bool(),
+INSTANTIATE_TEST_SUITE_P(Giochi, Operazioni, ::testing::Bool(),
                          [](const auto& p) { return p.param ? "Lotto" : "SuperEnalotto"; });
 
 TEST(NomeValido, FollowsTheTableOfKeyCodes) {
@@ -24,7 +24,7 @@ TEST(NomeValido, FollowsTheTableOfKeyCodes) {
     EXPECT_FALSE(nome_valido("../fuori"));
 }
 
-TEST_P(OperazioniTest, LookUpAddsNoExtension) {
+TEST_P(Operazioni, LookUpAddsNoExtension) {
     scrivi(sis("a"), "S");
     scrivi("nudo", "x");
     const std::string dove = cartella.programma();
@@ -37,7 +37,7 @@ TEST_P(OperazioniTest, LookUpAddsNoExtension) {
     EXPECT_TRUE(controllo_sistemi_esistenti(dove, "../cruciverba/nudo"));
 }
 
-TEST_P(OperazioniTest, RenameMovesBothFiles) {
+TEST_P(Operazioni, RenameMovesBothFiles) {
     scrivi(sis("a"), "S");
     scrivi(svi("a"), "V");
     const Stato fermi = estranei();
@@ -47,7 +47,7 @@ TEST_P(OperazioniTest, RenameMovesBothFiles) {
     EXPECT_EQ(programma(), unisci({{sis("Nuovo@1"), "S"}, {svi("Nuovo@1"), "V"}}, fermi));
 }
 
-TEST_P(OperazioniTest, RenameOfASystemWithoutDevelopment) {
+TEST_P(Operazioni, RenameOfASystemWithoutDevelopment) {
     scrivi(sis("a"), "S");
     const Passi passi = rinomina(qui("a"), "b");
     EXPECT_EQ(passi.sistema, Esito::ok);
@@ -55,14 +55,14 @@ TEST_P(OperazioniTest, RenameOfASystemWithoutDevelopment) {
     EXPECT_EQ(programma(), (Stato{{sis("b"), "S"}}));
 }
 
-TEST_P(OperazioniTest, RenameOntoALoneSystemLeavesBothSystems) {
+TEST_P(Operazioni, RenameOntoALoneSystemLeavesBothSystems) {
     scrivi(sis("a"), "S");
     scrivi(sis("b"), "T");
     EXPECT_EQ(rinomina(qui("a"), "b").sistema, Esito::errore);
     EXPECT_EQ(programma(), (Stato{{sis("a"), "S"}, {sis("b"), "T"}}));
 }
 
-TEST_P(OperazioniTest, DevelopmentIsRenamedBeforeTheSystem) {
+TEST_P(Operazioni, DevelopmentIsRenamedBeforeTheSystem) {
     scrivi(sis("a"), "S");
     scrivi(svi("a"), "V");
     scrivi(sis("b"), "T");
@@ -70,13 +70,13 @@ TEST_P(OperazioniTest, DevelopmentIsRenamedBeforeTheSystem) {
     EXPECT_EQ(programma(), (Stato{{sis("a"), "S"}, {svi("b"), "V"}, {sis("b"), "T"}}));
 }
 
-TEST_P(OperazioniTest, RenameThatOnlyChangesTheCaseTakesIt) {
+TEST_P(Operazioni, RenameThatOnlyChangesTheCaseTakesIt) {
     scrivi(sis("prova"), "S");
     EXPECT_EQ(rinomina(qui("prova"), "Prova").sistema, Esito::ok);
     EXPECT_EQ(programma(), (Stato{{sis("Prova"), "S"}}));
 }
 
-TEST_P(OperazioniTest, RenameMovesALinkAndNotWhatItLeadsTo) {
+TEST_P(Operazioni, RenameMovesALinkAndNotWhatItLeadsTo) {
     scrivi_altra("fuori", "X");
     fs::create_symlink(altra + "/fuori", cartella.file(sis("a")));
     rinomina(qui("a"), "b");
@@ -89,7 +89,7 @@ TEST_P(OperazioniTest, RenameMovesALinkAndNotWhatItLeadsTo) {
     EXPECT_EQ(stato(altra), (Stato{{"fuori", "X"}}));
 }
 
-TEST_P(OperazioniTest, NamesThatAreNoFileOfTheFolderReachNothing) {
+TEST_P(Operazioni, NamesThatAreNoFileOfTheFolderReachNothing) {
     scrivi(sis("a"), "S");
     scrivi_altra(sis("x"), "X");
     scrivi_altra(svi("x"), "Y");
@@ -108,7 +108,7 @@ TEST_P(OperazioniTest, NamesThatAreNoFileOfTheFolderReachNothing) {
     EXPECT_EQ(stato(altra), (Stato{{sis("x"), "X"}, {svi("x"), "Y"}}));
 }
 
-TEST_P(OperazioniTest, DeleteTakesThePairAndNothingElse) {
+TEST_P(Operazioni, DeleteTakesThePairAndNothingElse) {
     scrivi(sis("a"), "S");
     scrivi(svi("a"), "V");
     scrivi(sis("ab"), "T");
@@ -120,7 +120,7 @@ TEST_P(OperazioniTest, DeleteTakesThePairAndNothingElse) {
     EXPECT_EQ(elimina(qui("a")).sistema, Esito::assente);
 }
 
-TEST_P(OperazioniTest, DeleteAllTakesEveryFileOfTheGame) {
+TEST_P(Operazioni, DeleteAllTakesEveryFileOfTheGame) {
     scrivi(sis("a"), "S");
     scrivi(svi("a"), "V");
     scrivi(svi("orfano"), "W");
@@ -131,7 +131,7 @@ TEST_P(OperazioniTest, DeleteAllTakesEveryFileOfTheGame) {
     EXPECT_EQ(programma(), fermi);
 }
 
-TEST_P(OperazioniTest, DeleteAllTakesCapitalExtensionsToo) {
+TEST_P(Operazioni, DeleteAllTakesCapitalExtensionsToo) {
     scrivi(GetParam() ? "A.SEL" : "A.SEN", "S");
     scrivi(GetParam() ? "A.LOT" : "A.COL", "V");
     elimina_tutti(cartella.programma(), gioco());
@@ -155,7 +155,7 @@ private:
     platform::Ripristina<platform::Syscalls*> posto_{platform::ambiente().chiamate, this};
 };
 
-TEST_P(OperazioniTest, DeletingGoesOnPastAFileThatStaysAndTellsIt) {
+TEST_P(Operazioni, DeletingGoesOnPastAFileThatStaysAndTellsIt) {
     scrivi(sis("a"), "S");
     scrivi(svi("a"), "V");
     scrivi(sis("b"), "T");
@@ -166,7 +166,7 @@ TEST_P(OperazioniTest, DeletingGoesOnPastAFileThatStaysAndTellsIt) {
     EXPECT_EQ(programma(), (Stato{{svi("a"), "V"}}));
 }
 
-TEST_P(OperazioniTest, DuplicateOverwritesBothFiles) {
+TEST_P(Operazioni, DuplicateOverwritesBothFiles) {
     scrivi(sis("a"), "S");
     scrivi(svi("a"), "V");
     scrivi(sis("b"), "vecchio");
@@ -181,7 +181,7 @@ TEST_P(OperazioniTest, DuplicateOverwritesBothFiles) {
               unisci({{sis("a"), "S"}, {svi("a"), "V"}, {sis("b"), "S"}, {svi("b"), "V"}}, fermi));
 }
 
-TEST_P(OperazioniTest, DuplicateWithoutDevelopmentLeavesTheOldOneOfTheTarget) {
+TEST_P(Operazioni, DuplicateWithoutDevelopmentLeavesTheOldOneOfTheTarget) {
     scrivi(sis("a"), "S");
     scrivi(sis("b"), "T");
     scrivi(svi("b"), "W");
@@ -189,7 +189,7 @@ TEST_P(OperazioniTest, DuplicateWithoutDevelopmentLeavesTheOldOneOfTheTarget) {
     EXPECT_EQ(programma(), (Stato{{sis("a"), "S"}, {sis("b"), "S"}, {svi("b"), "W"}}));
 }
 
-TEST_P(OperazioniTest, DuplicateCopiesTheDevelopmentFirst) {
+TEST_P(Operazioni, DuplicateCopiesTheDevelopmentFirst) {
     scrivi(sis("a"), "S");
     scrivi(svi("a"), "V");
     Stato in_mezzo;
@@ -199,7 +199,7 @@ TEST_P(OperazioniTest, DuplicateCopiesTheDevelopmentFirst) {
     EXPECT_EQ(in_mezzo, (Stato{{sis("a"), "S"}, {svi("a"), "V"}, {svi("b"), "V"}}));
 }
 
-TEST_P(OperazioniTest, DuplicateOntoItselfChangesNothing) {
+TEST_P(Operazioni, DuplicateOntoItselfChangesNothing) {
     scrivi(sis("a"), "S");
     scrivi(svi("a"), "V");
     const Stato prima = programma();
@@ -210,7 +210,7 @@ TEST_P(OperazioniTest, DuplicateOntoItselfChangesNothing) {
     EXPECT_EQ(programma(), prima);
 }
 
-TEST_P(OperazioniTest, SameFolderUnderAnotherNameIsTheSameFolder) {
+TEST_P(Operazioni, SameFolderUnderAnotherNameIsTheSameFolder) {
     scrivi(sis("a"), "S");
     scrivi(svi("a"), "V");
     const Stato prima = programma();
@@ -222,7 +222,7 @@ TEST_P(OperazioniTest, SameFolderUnderAnotherNameIsTheSameFolder) {
     EXPECT_EQ(programma(), prima);
 }
 
-TEST_P(OperazioniTest, ImportCopiesBothFilesSystemFirst) {
+TEST_P(Operazioni, ImportCopiesBothFilesSystemFirst) {
     scrivi_altra(sis("a"), "S");
     scrivi_altra(svi("a"), "V");
     const Passi passi = importa(la("a"), qui("a"));
@@ -232,13 +232,13 @@ TEST_P(OperazioniTest, ImportCopiesBothFilesSystemFirst) {
     EXPECT_EQ(stato(altra), programma());
 }
 
-TEST_P(OperazioniTest, ImportWithoutDevelopmentCopiesTheSystemAlone) {
+TEST_P(Operazioni, ImportWithoutDevelopmentCopiesTheSystemAlone) {
     scrivi_altra(sis("a"), "S");
     EXPECT_EQ(importa(la("a"), qui("a")).sviluppo, Esito::assente);
     EXPECT_EQ(programma(), (Stato{{sis("a"), "S"}}));
 }
 
-TEST_P(OperazioniTest, CopiesNeverFollowALinkOutOfTheFolder) {
+TEST_P(Operazioni, CopiesNeverFollowALinkOutOfTheFolder) {
     std::ofstream(cartella.radice() + "/segreto") << "X";
     fs::create_symlink(cartella.radice() + "/segreto", altra + "/" + sis("a"));
     scrivi(sis("a"), "mio");
@@ -251,7 +251,7 @@ TEST_P(OperazioniTest, CopiesNeverFollowALinkOutOfTheFolder) {
     EXPECT_FALSE(fs::exists(altra + "/" + sis("c")));
 }
 
-TEST_P(OperazioniTest, CopiesNeverWriteThroughALink) {
+TEST_P(Operazioni, CopiesNeverWriteThroughALink) {
     std::ofstream(cartella.radice() + "/meta") << "X";
     scrivi(sis("a"), "S");
     fs::create_symlink(cartella.radice() + "/meta", cartella.file(sis("b")));
@@ -262,14 +262,14 @@ TEST_P(OperazioniTest, CopiesNeverWriteThroughALink) {
     EXPECT_FALSE(fs::exists(cartella.radice() + "/nuova"));
 }
 
-TEST_P(OperazioniTest, ALinkInsideItsFolderIsCopiedByItsContent) {
+TEST_P(Operazioni, ALinkInsideItsFolderIsCopiedByItsContent) {
     scrivi(sis("a"), "S");
     fs::create_symlink(sis("a"), cartella.file(sis("b")));
     EXPECT_EQ(invia(qui("b"), la("b")).sistema, Esito::ok);
     EXPECT_EQ(stato(altra), (Stato{{sis("b"), "S"}}));
 }
 
-TEST_P(OperazioniTest, ALinkToTheSystemItselfIsNoReasonToLoseIt) {
+TEST_P(Operazioni, ALinkToTheSystemItselfIsNoReasonToLoseIt) {
     scrivi(sis("a"), "S");
     fs::create_symlink(sis("a"), cartella.file(sis("b")));
     duplica(
@@ -277,7 +277,7 @@ TEST_P(OperazioniTest, ALinkToTheSystemItselfIsNoReasonToLoseIt) {
     EXPECT_EQ(cartella.leggi(sis("a")), "S");
 }
 
-TEST_P(OperazioniTest, SendCopiesBothFiles) {
+TEST_P(Operazioni, SendCopiesBothFiles) {
     scrivi(sis("a"), "S");
     scrivi(svi("a"), "V");
     const Passi passi = invia(qui("a"), la("a"));
@@ -287,7 +287,7 @@ TEST_P(OperazioniTest, SendCopiesBothFiles) {
     EXPECT_EQ(programma(), stato(altra));
 }
 
-TEST_P(OperazioniTest, SendGoesOnAfterAnErrorThatIsNoFullDisk) {
+TEST_P(Operazioni, SendGoesOnAfterAnErrorThatIsNoFullDisk) {
     scrivi(sis("a"), "S");
     scrivi(svi("a"), "V");
     fs::create_directory(altra + "/" + sis("a"));
@@ -298,7 +298,7 @@ TEST_P(OperazioniTest, SendGoesOnAfterAnErrorThatIsNoFullDisk) {
     EXPECT_TRUE(fs::exists(altra + "/" + svi("a")));
 }
 
-TEST_P(OperazioniTest, FullDiskAndFullQuotaLeaveTheSystemAndAPartOfTheDevelopment) {
+TEST_P(Operazioni, FullDiskAndFullQuotaLeaveTheSystemAndAPartOfTheDevelopment) {
     for (const int errore : {ENOSPC, EDQUOT}) {
         fs::remove_all(altra);
         fs::create_directories(altra);
@@ -314,7 +314,7 @@ TEST_P(OperazioniTest, FullDiskAndFullQuotaLeaveTheSystemAndAPartOfTheDevelopmen
     }
 }
 
-TEST_P(OperazioniTest, DiskThatIsFullForTheSystemStopsTheSend) {
+TEST_P(Operazioni, DiskThatIsFullForTheSystemStopsTheSend) {
     scrivi(sis("a"), "SISTEMA");
     scrivi(svi("a"), "V");
     support::Disco pieno;
@@ -343,7 +343,7 @@ private:
     bool montato_ = false;
 };
 
-TEST_P(OperazioniTest, SendOntoARealFullFileSystem) {
+TEST_P(Operazioni, SendOntoARealFullFileSystem) {
     const Dischetto disco(altra);
     if (!disco.montato()) GTEST_SKIP() << "may not mount; the injected full disk has run instead";
     scrivi(sis("a"), "SISTEMA");

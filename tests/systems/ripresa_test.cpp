@@ -56,7 +56,7 @@ protected:
     platform::Rnd rnd_;
 };
 
-TEST_F(RipresaTest, whatWasUnsavedComesBackAsItWas) {
+TEST_F(RipresaTest, WhatWasUnsavedComesBackAsItWas) {
     for (int i = 0; i < 200; ++i) {
         Sessione prima(cartella_.programma());
         prima.avvia();
@@ -81,7 +81,7 @@ TEST_F(RipresaTest, whatWasUnsavedComesBackAsItWas) {
     }
 }
 
-TEST_F(RipresaTest, nothingIsKeptOfWhatIsSavedOrEmpty) {
+TEST_F(RipresaTest, NothingIsKeptOfWhatIsSavedOrEmpty) {
     Sessione s(cartella_.programma());
     s.avvia();
     Ripresa ripresa(s);
@@ -107,7 +107,7 @@ TEST_F(RipresaTest, nothingIsKeptOfWhatIsSavedOrEmpty) {
     EXPECT_FALSE(ripresa.riprendi());
 }
 
-TEST_F(RipresaTest, whatDidNotChangeIsNotWrittenAgain) {
+TEST_F(RipresaTest, WhatDidNotChangeIsNotWrittenAgain) {
     Sessione s(cartella_.programma());
     s.avvia();
     Ripresa ripresa(s);
@@ -121,7 +121,7 @@ TEST_F(RipresaTest, whatDidNotChangeIsNotWrittenAgain) {
     EXPECT_NE(tenuto(), "altro");
 }
 
-TEST_F(RipresaTest, aDamagedFileLaysNothingAgainstTheRule) {
+TEST_F(RipresaTest, ADamagedFileLaysNothingAgainstTheRule) {
     Sessione s(cartella_.programma());
     s.avvia();
     s.dimensioni(9, 9);
@@ -153,7 +153,7 @@ TEST_F(RipresaTest, aDamagedFileLaysNothingAgainstTheRule) {
     }
 }
 
-TEST_F(RipresaTest, twoHundredKillsLeaveWhatWasLaid) {
+TEST_F(RipresaTest, TwoHundredKillsLeaveWhatWasLaid) {
     for (int i = 0; i < 200; ++i) {
         std::array<int, 2> tubo{};
         ASSERT_EQ(::pipe(tubo.data()), 0);

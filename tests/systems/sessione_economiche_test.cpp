@@ -68,7 +68,7 @@ protected:
     Sessione s{cartella.programma()};
 };
 
-TEST_F(SessioneEconomiche, spente_finche_non_si_vogliono_e_ricordate) {
+TEST_F(SessioneEconomiche, SpenteFincheNonSiVoglionoERicordate) {
     EXPECT_FALSE(s.con_economiche());
     s.dimensioni(9, 9);
     for (const Elenco quale : tutti)
@@ -84,7 +84,7 @@ TEST_F(SessioneEconomiche, spente_finche_non_si_vogliono_e_ricordate) {
     EXPECT_FALSE(cartella.esiste("eco.dat"));
 }
 
-TEST_F(SessioneEconomiche, la_lista_continua_dopo_i_tipi_detti) {
+TEST_F(SessioneEconomiche, LaListaContinuaDopoITipiDetti) {
     s.economiche(true);
     for (int n = 6; n <= 15; ++n) {
         s.dimensioni(n, n);
@@ -116,7 +116,7 @@ TEST_F(SessioneEconomiche, la_lista_continua_dopo_i_tipi_detti) {
     EXPECT_FALSE(s.scegli_indice(Elenco::diagonali, 22));
 }
 
-TEST_F(SessioneEconomiche, accese_e_spente_la_scelta_resta) {
+TEST_F(SessioneEconomiche, AcceseESpenteLaSceltaResta) {
     salvato("a", 9, 4, 2, 1);
     const std::string scritto = systems::testo_sistema(s.sistema());
     const auto totale = s.totale();
@@ -149,7 +149,7 @@ TEST_F(SessioneEconomiche, accese_e_spente_la_scelta_resta) {
     EXPECT_EQ(s.tipo(Elenco::orizzontali), 5);
 }
 
-TEST_F(SessioneEconomiche, conti_e_sviluppo_sono_quelli_delle_tabelle) {
+TEST_F(SessioneEconomiche, ContiESviluppoSonoQuelliDelleTabelle) {
     s.economiche(true);
     s.ripetizioni(true);
     salvato("a", 9, 56, 46, 33);
@@ -173,7 +173,7 @@ TEST_F(SessioneEconomiche, conti_e_sviluppo_sono_quelli_delle_tabelle) {
     EXPECT_EQ(static_cast<int>(giocate), s.totale());
 }
 
-TEST_F(SessioneEconomiche, in_ogni_forma_del_lotto_il_file_tiene_il_numero) {
+TEST_F(SessioneEconomiche, InOgniFormaDelLottoIlFileTieneIlNumero) {
     s.passa_al_lotto();
     for (const int forma : {3, 4, 5}) {
         s.cambia_forma(forma);
@@ -203,7 +203,7 @@ TEST_F(SessioneEconomiche, in_ogni_forma_del_lotto_il_file_tiene_il_numero) {
     }
 }
 
-TEST_F(SessioneEconomiche, una_tabella_in_meno_non_sposta_quelle_salvate) {
+TEST_F(SessioneEconomiche, UnaTabellaInMenoNonSpostaQuelleSalvate) {
     s.economiche(true);
     salvato("a", 10, 46, 0, 0);
     const int prima = s.tipo(Elenco::orizzontali);
@@ -217,7 +217,7 @@ TEST_F(SessioneEconomiche, una_tabella_in_meno_non_sposta_quelle_salvate) {
     EXPECT_EQ(altra.totale(), s.totale());
 }
 
-TEST_F(SessioneEconomiche, quella_che_manca_si_dice_e_nessun_altra_ne_prende_il_posto) {
+TEST_F(SessioneEconomiche, QuellaCheMancaSiDiceENessunAltraNePrendeIlPosto) {
     s.economiche(true);
     salvato("a", 9, 56, 0, 0);
     ASSERT_EQ(s.sviluppa({}), Elaborato::completo);
@@ -252,7 +252,7 @@ TEST_F(SessioneEconomiche, quella_che_manca_si_dice_e_nessun_altra_ne_prende_il_
     }
 }
 
-TEST_F(SessioneEconomiche, una_guasta_vale_una_che_manca) {
+TEST_F(SessioneEconomiche, UnaGuastaValeUnaCheManca) {
     salvato("a", 9, 46, 0, 0);
     std::ofstream(cartella.radice() + "/ridotti/cr0946.rid", std::ios::binary)
         << "1,2,3,4,5,6\r\n1,2\r\n";
@@ -262,7 +262,7 @@ TEST_F(SessioneEconomiche, una_guasta_vale_una_che_manca) {
     EXPECT_EQ(s.totale(), 0);
 }
 
-TEST_F(SessioneEconomiche, le_diagonali_vogliono_anche_la_tabella_piu_corta) {
+TEST_F(SessioneEconomiche, LeDiagonaliVoglionoAncheLaTabellaPiuCorta) {
     s.economiche(true);
     salvato("a", 9, 0, 0, 56);
     const auto intero = s.totale();
@@ -286,7 +286,7 @@ TEST_F(SessioneEconomiche, le_diagonali_vogliono_anche_la_tabella_piu_corta) {
     EXPECT_TRUE(s.tabelle_mancanti().empty());
 }
 
-TEST_F(SessioneEconomiche, numeri_che_non_sono_di_nessuno_lasciano_il_primo) {
+TEST_F(SessioneEconomiche, NumeriCheNonSonoDiNessunoLascianoIlPrimo) {
     salvato("a", 6, 0, 0, 0);
     const std::string prima = cartella.leggi("a.sen");
     for (const std::string tipo : {"8", "9", "100", "-5", "150", "32767", "99999999"}) {
@@ -301,7 +301,7 @@ TEST_F(SessioneEconomiche, numeri_che_non_sono_di_nessuno_lasciano_il_primo) {
     EXPECT_FALSE(s.scegli_tipo(Elenco::orizzontali, 1));
 }
 
-TEST_F(SessioneEconomiche, svuotata_e_ripresa_ritrovano_il_tipo) {
+TEST_F(SessioneEconomiche, SvuotataERipresaRitrovanoIlTipo) {
     s.economiche(true);
     s.dimensioni(9, 9);
     ASSERT_TRUE(s.scegli_indice(Elenco::verticali, 45));
@@ -322,7 +322,7 @@ TEST_F(SessioneEconomiche, svuotata_e_ripresa_ritrovano_il_tipo) {
     EXPECT_EQ(altra.totale(), s.totale());
 }
 
-TEST_F(SessioneEconomiche, ogni_tabella_di_ogni_lista_si_sviluppa_come_conta) {
+TEST_F(SessioneEconomiche, OgniTabellaDiOgniListaSiSviluppaComeConta) {
     s.economiche(true);
     s.ripetizioni(true);
     for (const Gioco gioco :

@@ -10,7 +10,7 @@ using namespace operazioni;
 
 namespace {
 
-class SostituzioneTest : public OperazioniTest {};
+class SostituzioneTest : public Operazioni {};
 
 INSTANTIATE_TEST_SUITE_P(Giochi, SostituzioneTest, ::testing::Bool(),
                          [](const auto& p) { return p.param ? "Lotto" : "SuperEnalotto"; });

@@ -11,15 +11,15 @@ using namespace gestore;
 
 namespace {
 
-class TrasferimentoTest : public GestoreTest {};
+class Trasferimento : public Gestore {};
 
-INSTANTIATE_TEST_SUITE_P(Giochi, TrasferimentoTest, ::testing::Bool(), [](const auto& parametro) {
+INSTANTIATE_TEST_SUITE_P(Giochi, Trasferimento, ::testing::Bool(), [](const auto& parametro) {
     return parametro.param ? "Lotto" : "SuperEnalotto";
 });
 
 // Import.
 
-TEST_P(TrasferimentoTest, ImportShowsTheChosenFolder) {
+TEST_P(Trasferimento, ImportShowsTheChosenFolder) {
     sistema("casa", 1);
     scrivi_altra(sis("fuori"), testo(2));
     scrivi_altra(altrui("no"), "");
@@ -34,7 +34,7 @@ TEST_P(TrasferimentoTest, ImportShowsTheChosenFolder) {
     EXPECT_TRUE(f.updatesEnabled());
 }
 
-TEST_P(TrasferimentoTest, ImportCopiesThePairAndReopensTheManagerToOpen) {
+TEST_P(Trasferimento, ImportCopiesThePairAndReopensTheManagerToOpen) {
     scrivi_altra(sis("fuori"), testo(2));
     scrivi_altra(svi("fuori"), "V");
     Form2& f = importa_da(altra);
@@ -51,7 +51,7 @@ TEST_P(TrasferimentoTest, ImportCopiesThePairAndReopensTheManagerToOpen) {
     EXPECT_EQ(nuovo->windowTitle(), "Tabellino");
 }
 
-TEST_P(TrasferimentoTest, ImportWithoutADevelopmentCopiesTheSystemAlone) {
+TEST_P(Trasferimento, ImportWithoutADevelopmentCopiesTheSystemAlone) {
     scrivi_altra(sis("fuori"), testo(2));
     Form2& f = importa_da(altra);
     seleziona(f, "fuori");
@@ -59,7 +59,7 @@ TEST_P(TrasferimentoTest, ImportWithoutADevelopmentCopiesTheSystemAlone) {
     EXPECT_EQ(programma(), (Stato{{sis("fuori"), testo(2)}}));
 }
 
-TEST_P(TrasferimentoTest, ImportOverANameAsksFirst) {
+TEST_P(Trasferimento, ImportOverANameAsksFirst) {
     sistema("uno", 1);
     p.cartella.scrivi(svi("uno"), "vecchio");
     scrivi_altra(sis("uno"), testo(2));
@@ -79,7 +79,7 @@ TEST_P(TrasferimentoTest, ImportOverANameAsksFirst) {
     EXPECT_EQ(programma(), (Stato{{sis("uno"), testo(2)}}));
 }
 
-TEST_P(TrasferimentoTest, ImportFromTheLibraryItselfLeavesTheSystem) {
+TEST_P(Trasferimento, ImportFromTheLibraryItselfLeavesTheSystem) {
     sistema("uno", 1);
     p.cartella.scrivi(svi("uno"), "V");
     Form2& f = importa_da(p.cartella.programma());
@@ -90,7 +90,7 @@ TEST_P(TrasferimentoTest, ImportFromTheLibraryItselfLeavesTheSystem) {
     EXPECT_EQ(programma(), prima);
 }
 
-TEST_P(TrasferimentoTest, ImportWithNothingSelectedDoesNothing) {
+TEST_P(Trasferimento, ImportWithNothingSelectedDoesNothing) {
     scrivi_altra(sis("fuori"), testo(2));
     Form2& f = importa_da(altra);
     f.ListView1->clearSelection();
@@ -99,7 +99,7 @@ TEST_P(TrasferimentoTest, ImportWithNothingSelectedDoesNothing) {
     EXPECT_TRUE(programma().empty());
 }
 
-TEST_P(TrasferimentoTest, SecondChoiceOfAFolderStillImportsIntoTheLibrary) {
+TEST_P(Trasferimento, SecondChoiceOfAFolderStillImportsIntoTheLibrary) {
     const std::string terza = p.cartella.radice() + "/terza";
     fs::create_directories(terza);
     scrivi_altra(sis("fuori"), testo(2));
@@ -112,7 +112,7 @@ TEST_P(TrasferimentoTest, SecondChoiceOfAFolderStillImportsIntoTheLibrary) {
     EXPECT_TRUE(stato(terza).empty());
 }
 
-TEST_P(TrasferimentoTest, ImportFromTheSavingManagerLeavesTheNewOneOpen) {
+TEST_P(Trasferimento, ImportFromTheSavingManagerLeavesTheNewOneOpen) {
     scrivi_altra(sis("fuori"), testo(2));
     cartella_scelta = QString::fromStdString(altra);
     p.riempi();
@@ -132,7 +132,7 @@ TEST_P(TrasferimentoTest, ImportFromTheSavingManagerLeavesTheNewOneOpen) {
 
 // Send.
 
-TEST_P(TrasferimentoTest, SendCopiesThePairAndReopensTheManager) {
+TEST_P(Trasferimento, SendCopiesThePairAndReopensTheManager) {
     sistema("uno", 1);
     p.cartella.scrivi(svi("uno"), "V");
     Form2& f = apri();
@@ -152,7 +152,7 @@ TEST_P(TrasferimentoTest, SendCopiesThePairAndReopensTheManager) {
     EXPECT_TRUE(p.mostrati().empty());
 }
 
-TEST_P(TrasferimentoTest, SendOverANameAsksAndNoLeavesTheHourglass) {
+TEST_P(Trasferimento, SendOverANameAsksAndNoLeavesTheHourglass) {
     sistema("uno", 1);
     scrivi_altra(sis("uno"), testo(2));
     scrivi_altra(svi("uno"), "vecchio");
@@ -172,7 +172,7 @@ TEST_P(TrasferimentoTest, SendOverANameAsksAndNoLeavesTheHourglass) {
     p.mostrati();
 }
 
-TEST_P(TrasferimentoTest, SendWithNothingSelectedLeavesTheHourglass) {
+TEST_P(Trasferimento, SendWithNothingSelectedLeavesTheHourglass) {
     sistema("uno", 1);
     Form2& f = apri();
     f.ListView1->clearSelection();
@@ -183,7 +183,7 @@ TEST_P(TrasferimentoTest, SendWithNothingSelectedLeavesTheHourglass) {
     EXPECT_TRUE(f.isVisible());
 }
 
-TEST_P(TrasferimentoTest, SendIntoTheLibraryItselfLeavesTheSystem) {
+TEST_P(Trasferimento, SendIntoTheLibraryItselfLeavesTheSystem) {
     sistema("uno", 1);
     p.cartella.scrivi(svi("uno"), "V");
     Form2& f = apri();
@@ -195,7 +195,7 @@ TEST_P(TrasferimentoTest, SendIntoTheLibraryItselfLeavesTheSystem) {
     EXPECT_EQ(programma(), prima);
 }
 
-TEST_P(TrasferimentoTest, CancelingTheFolderDialogChangesNothing) {
+TEST_P(Trasferimento, CancelingTheFolderDialogChangesNothing) {
     sistema("uno", 1);
     Form2& f = apri();
     seleziona(f, "uno");
@@ -223,7 +223,7 @@ QString nel_dialogo(const QString& inizio, const std::function<void(QFileDialog&
     return platform::scegli_cartella(nullptr, "Titolo", inizio);
 }
 
-TEST_P(TrasferimentoTest, FolderDialogHasItsTitleAndStartsWhereItIsTold) {
+TEST_P(Trasferimento, FolderDialogHasItsTitleAndStartsWhereItIsTold) {
     const QString inizio = QString::fromStdString(altra);
     platform::MousePointer(11);
     const QString scelta = nel_dialogo(inizio, [&](QFileDialog& d) {
@@ -238,11 +238,11 @@ TEST_P(TrasferimentoTest, FolderDialogHasItsTitleAndStartsWhereItIsTold) {
     EXPECT_EQ(platform::MousePointer(), 11);
 }
 
-TEST_P(TrasferimentoTest, FolderDialogGivenUpReturnsNothing) {
+TEST_P(Trasferimento, FolderDialogGivenUpReturnsNothing) {
     EXPECT_EQ(nel_dialogo(dove(), [](QFileDialog& d) { d.reject(); }), "");
 }
 
-TEST_P(TrasferimentoTest, FullDiskIsToldOnceAndTheManagerComesBack) {
+TEST_P(Trasferimento, FullDiskIsToldOnceAndTheManagerComesBack) {
     sistema("uno", 1);
     p.cartella.scrivi(svi("uno"), std::string(200000, 'v'));
     Form2& f = apri();
@@ -272,7 +272,7 @@ TEST_P(TrasferimentoTest, FullDiskIsToldOnceAndTheManagerComesBack) {
     EXPECT_EQ(arrivo.size(), 2U);
 }
 
-TEST_P(TrasferimentoTest, NoticeStandsInFrontDuringACopy) {
+TEST_P(Trasferimento, NoticeStandsInFrontDuringACopy) {
     sistema("uno", 1);
     p.cartella.scrivi(svi("uno"), "V");
     Form2& f = apri();

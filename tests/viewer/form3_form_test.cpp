@@ -14,7 +14,7 @@ using viewer::Form3;
 
 namespace {
 
-class VisoreTest : public ::testing::Test {
+class Visore : public ::testing::Test {
 protected:
     /// Numbers of line `n`, counted from 1.
     static QStringList numeri(int n, int quanti) {
@@ -62,7 +62,7 @@ protected:
     Programma p;
 };
 
-TEST_F(VisoreTest, ReadingStateIsTheSmallWindow) {
+TEST_F(Visore, ReadingStateIsTheSmallWindow) {
     p.form1.sessione.in_linea("s");
     Form3 f(p.form1);
     f.show();
@@ -78,7 +78,7 @@ TEST_F(VisoreTest, ReadingStateIsTheSmallWindow) {
     EXPECT_EQ(f.parentWidget(), &p.form1);
 }
 
-TEST_F(VisoreTest, PagesAreReadButNotShownBeforeTheIndexIsBuilt) {
+TEST_F(Visore, PagesAreReadButNotShownBeforeTheIndexIsBuilt) {
     sviluppo("s.col", 60, 6);
     p.form1.sessione.in_linea("s");
     Form3 f(p.form1);
@@ -87,7 +87,7 @@ TEST_F(VisoreTest, PagesAreReadButNotShownBeforeTheIndexIsBuilt) {
     EXPECT_EQ(righe(f.ListView1), 0);
 }
 
-TEST_F(VisoreTest, BrowsingStateIsTheLargeWindow) {
+TEST_F(Visore, BrowsingStateIsTheLargeWindow) {
     Form3& f = apri(2345);
     EXPECT_EQ(f.size(), QSize(px(9135), px(7600)));
     EXPECT_FALSE(f.Frame1->isVisible());
@@ -112,7 +112,7 @@ TEST_F(VisoreTest, BrowsingStateIsTheLargeWindow) {
     EXPECT_LE((f.pos() - atteso).manhattanLength(), 2);
 }
 
-TEST_F(VisoreTest, ControlsCarryTheirNamesAndTexts) {
+TEST_F(Visore, ControlsCarryTheirNamesAndTexts) {
     Form3& f = apri(10);
     for (const char* nome :
          {"ListView1", "ListView2", "ListView3",    "ListView4",  "HScroll1",  "Label1(0)",
@@ -142,7 +142,7 @@ TEST_F(VisoreTest, ControlsCarryTheirNamesAndTexts) {
     EXPECT_EQ(f.ListView1->font().family(), "Arial");
 }
 
-TEST_F(VisoreTest, ColumnsHaveTheirHeadsAndWidths) {
+TEST_F(Visore, ColumnsHaveTheirHeadsAndWidths) {
     Form3& f = apri(10);
     for (platform::ListView* lista : {f.ListView1, f.ListView2}) {
         ASSERT_EQ(lista->columnCount(), 7);
@@ -164,7 +164,7 @@ TEST_F(VisoreTest, ColumnsHaveTheirHeadsAndWidths) {
     }
 }
 
-TEST_F(VisoreTest, FullPageFillsBothBlocksWithRunningNumbers) {
+TEST_F(Visore, FullPageFillsBothBlocksWithRunningNumbers) {
     Form3& f = apri(130);
     f.HScroll1->setValue(2);
     for (platform::ListView* l : {f.ListView1, f.ListView2, f.ListView3, f.ListView4}) {
@@ -180,14 +180,14 @@ TEST_F(VisoreTest, FullPageFillsBothBlocksWithRunningNumbers) {
     EXPECT_EQ(platform::Tag(f.HScroll1), "2");
 }
 
-TEST_F(VisoreTest, CountOfFortyIsOnePage) {
+TEST_F(Visore, CountOfFortyIsOnePage) {
     Form3& f = apri(40);
     EXPECT_EQ(f.pagine(), 1);
     EXPECT_EQ(f.HScroll1->maximum(), 1);
     EXPECT_EQ(righe(f.ListView2), 20);
 }
 
-TEST_F(VisoreTest, CountOfFortyOneHasASecondPageOfOneLine) {
+TEST_F(Visore, CountOfFortyOneHasASecondPageOfOneLine) {
     Form3& f = apri(41);
     EXPECT_EQ(f.pagine(), 2);
     f.HScroll1->setValue(2);
@@ -198,7 +198,7 @@ TEST_F(VisoreTest, CountOfFortyOneHasASecondPageOfOneLine) {
     EXPECT_EQ(righe(f.ListView4), 0);
 }
 
-TEST_F(VisoreTest, LastPageOfTwentyLinesLeavesTheRightBlockEmpty) {
+TEST_F(Visore, LastPageOfTwentyLinesLeavesTheRightBlockEmpty) {
     Form3& f = apri(60);
     f.HScroll1->setValue(2);
     EXPECT_EQ(righe(f.ListView1), 20);
@@ -206,7 +206,7 @@ TEST_F(VisoreTest, LastPageOfTwentyLinesLeavesTheRightBlockEmpty) {
     EXPECT_EQ(righe(f.ListView4), 0);
 }
 
-TEST_F(VisoreTest, TerzineFillThreeColumns) {
+TEST_F(Visore, TerzineFillThreeColumns) {
     p.form1.Image10_Click();
     p.form1.Imageb_Click(0);
     p.cartella.scrivi("s.sel", "9,4,4,\"2\",0,0,0,3,50\r\n");
@@ -217,7 +217,7 @@ TEST_F(VisoreTest, TerzineFillThreeColumns) {
     EXPECT_EQ(righe(f.ListView2), 20);
 }
 
-TEST_F(VisoreTest, QuartineAndCinquineFollowTheFormInForce) {
+TEST_F(Visore, QuartineAndCinquineFollowTheFormInForce) {
     p.form1.Image10_Click();
     p.cartella.scrivi("s.sel", "9,4,4,\"2\",0,0,0,4,50\r\n");
     for (int quanti = 4; quanti <= 5; ++quanti) {
@@ -230,7 +230,7 @@ TEST_F(VisoreTest, QuartineAndCinquineFollowTheFormInForce) {
     }
 }
 
-TEST_F(VisoreTest, AnyOtherLottoFormLeavesThePageEmpty) {
+TEST_F(Visore, AnyOtherLottoFormLeavesThePageEmpty) {
     p.form1.Image10_Click();
     p.cartella.scrivi("s.sel", "9,4,4,\"2\",0,0,0,7,50\r\n");
     sviluppo("s.lot", 50, 3);
@@ -241,7 +241,7 @@ TEST_F(VisoreTest, AnyOtherLottoFormLeavesThePageEmpty) {
     EXPECT_TRUE(f.Frame2->isVisible());
 }
 
-TEST_F(VisoreTest, MovingEitherWayLeavesThePositionsAsTheyWere) {
+TEST_F(Visore, MovingEitherWayLeavesThePositionsAsTheyWere) {
     Form3& f = apri(200);
     const auto tutte = [&f] {
         std::vector<std::int64_t> v;
@@ -256,7 +256,7 @@ TEST_F(VisoreTest, MovingEitherWayLeavesThePositionsAsTheyWere) {
     }
 }
 
-TEST_F(VisoreTest, StoredCountRulesThePagesAndPagesPastTheFileShowNothing) {
+TEST_F(Visore, StoredCountRulesThePagesAndPagesPastTheFileShowNothing) {
     Form3& f = apri(80, 200);
     EXPECT_EQ(f.pagine(), 5);
     EXPECT_EQ(f.lblpag[1]->text(), "5");
@@ -274,14 +274,14 @@ TEST_F(VisoreTest, StoredCountRulesThePagesAndPagesPastTheFileShowNothing) {
     EXPECT_EQ(righe(f.ListView1), 20);
 }
 
-TEST_F(VisoreTest, LinesBeyondTheStoredCountHaveNoPage) {
+TEST_F(Visore, LinesBeyondTheStoredCountHaveNoPage) {
     Form3& f = apri(500, 41);
     EXPECT_EQ(f.HScroll1->maximum(), 2);
     f.HScroll1->setValue(2);
     EXPECT_EQ(riga(f.ListView4, 19), QStringList({"", "80"}));
 }
 
-TEST_F(VisoreTest, CountOfZeroShowsNoPagesAndStillTheFirstForty) {
+TEST_F(Visore, CountOfZeroShowsNoPagesAndStillTheFirstForty) {
     Form3& f = apri(100, 0);
     EXPECT_EQ(f.pagine(), 0);
     EXPECT_EQ(f.lblpag[0]->text(), "1");
@@ -292,7 +292,7 @@ TEST_F(VisoreTest, CountOfZeroShowsNoPagesAndStillTheFirstForty) {
     EXPECT_EQ(f.HScroll1->value(), 1);
 }
 
-TEST_F(VisoreTest, MissingFilesLeaveTheWindowEmptyWithoutAMessage) {
+TEST_F(Visore, MissingFilesLeaveTheWindowEmptyWithoutAMessage) {
     Form3& f = mostra();
     EXPECT_TRUE(p.messaggi.empty());
     EXPECT_TRUE(f.Frame2->isVisible());
@@ -300,7 +300,7 @@ TEST_F(VisoreTest, MissingFilesLeaveTheWindowEmptyWithoutAMessage) {
     EXPECT_EQ(righe(f.ListView1), 0);
 }
 
-TEST_F(VisoreTest, EveryWayOfTurningGoesThroughTheScrollBar) {
+TEST_F(Visore, EveryWayOfTurningGoesThroughTheScrollBar) {
     Form3& f = apri(400);
     QSignalSpy cambi(f.HScroll1, &QScrollBar::valueChanged);
     const auto tasto = [&f](QWidget* dove, Qt::Key t) {
@@ -325,7 +325,7 @@ TEST_F(VisoreTest, EveryWayOfTurningGoesThroughTheScrollBar) {
     EXPECT_EQ(riga(f.ListView3, 0), QStringList({"", "1"}));
 }
 
-TEST_F(VisoreTest, SmallTurnsOfTheWheelAddUpToOnePage) {
+TEST_F(Visore, SmallTurnsOfTheWheelAddUpToOnePage) {
     Form3& f = apri(400);
     for (int i = 0; i < 3; ++i) rotella(f.Frame2, -30);
     EXPECT_EQ(f.HScroll1->value(), 1);
@@ -339,14 +339,14 @@ TEST_F(VisoreTest, SmallTurnsOfTheWheelAddUpToOnePage) {
     EXPECT_EQ(f.HScroll1->value(), 3);
 }
 
-TEST_F(VisoreTest, PageChangeGivesTheFocusToTheButton) {
+TEST_F(Visore, PageChangeGivesTheFocusToTheButton) {
     Form3& f = apri(400);
     f.ListView2->setFocus();
     f.HScroll1->setValue(3);
     EXPECT_EQ(f.focusWidget(), f.Command1);
 }
 
-TEST_F(VisoreTest, GameOfTheMainFormChosenMeanwhileLeavesThePagesAsTheyAre) {
+TEST_F(Visore, GameOfTheMainFormChosenMeanwhileLeavesThePagesAsTheyAre) {
     Form3& f = apri(400);
     p.form1.Image10_Click();
     f.HScroll1->setValue(2);
@@ -354,7 +354,7 @@ TEST_F(VisoreTest, GameOfTheMainFormChosenMeanwhileLeavesThePagesAsTheyAre) {
     EXPECT_EQ(riga(f.ListView1, 0), QStringList{""} + numeri(41, 6));
 }
 
-TEST_F(VisoreTest, FormOfTheMainFormChosenMeanwhileLeavesThePagesAsTheyAre) {
+TEST_F(Visore, FormOfTheMainFormChosenMeanwhileLeavesThePagesAsTheyAre) {
     Programma::clic(p.form1.Image10);
     p.cartella.scrivi("s.sel", "9,4,4,\"0\",0,0,0,5,100\r\n");
     sviluppo("s.lot", 100, 5);
@@ -366,7 +366,7 @@ TEST_F(VisoreTest, FormOfTheMainFormChosenMeanwhileLeavesThePagesAsTheyAre) {
     EXPECT_EQ(riga(f.ListView1, 0), QStringList{""} + numeri(41, 5) + QStringList{""});
 }
 
-TEST_F(VisoreTest, FileThatAnotherProgramReplacesClosesTheViewerAtTheNextPage) {
+TEST_F(Visore, FileThatAnotherProgramReplacesClosesTheViewerAtTheNextPage) {
     Form3& f = apri(400);
     sviluppo("s.col", 300, 5);
     f.HScroll1->setValue(9);
@@ -374,7 +374,7 @@ TEST_F(VisoreTest, FileThatAnotherProgramReplacesClosesTheViewerAtTheNextPage) {
     EXPECT_FALSE(f.isVisible());
 }
 
-TEST_F(VisoreTest, FileThatVanishesClosesTheViewerAtTheNextPage) {
+TEST_F(Visore, FileThatVanishesClosesTheViewerAtTheNextPage) {
     Form3& f = apri(400);
     std::filesystem::remove(p.cartella.file("s.col"));
     f.HScroll1->setValue(2);
@@ -466,14 +466,14 @@ TEST_F(VisoreAperto, StaysWhenAnotherSystemIsTouched) {
     EXPECT_TRUE(aperto());
 }
 
-TEST_F(VisoreTest, ButtonClosesTheForm) {
+TEST_F(Visore, ButtonClosesTheForm) {
     Form3& f = apri(400);
     Programma::clic(f.Command1);
     EXPECT_FALSE(f.isVisible());
     EXPECT_FALSE(f.pronto());
 }
 
-TEST_F(VisoreTest, OpeningAgainBuildsTheIndexAnew) {
+TEST_F(Visore, OpeningAgainBuildsTheIndexAnew) {
     apri(400);
     const Form3& f = apri(41);
     EXPECT_EQ(p.form1.findChildren<Form3*>().size(), 1);
@@ -481,7 +481,7 @@ TEST_F(VisoreTest, OpeningAgainBuildsTheIndexAnew) {
     EXPECT_EQ(f.posizioni().pagine(), 2U);
 }
 
-TEST_F(VisoreTest, ClosesWithTheMainForm) {
+TEST_F(Visore, ClosesWithTheMainForm) {
     apri(400);
     p.form1.close();
     EXPECT_EQ(p.form1.findChild<Form3*>(), nullptr);

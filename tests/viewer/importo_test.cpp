@@ -22,12 +22,12 @@ protected:
     support::Cartella cartella;
 };
 
-TEST_F(Cst, assente_importo_scrive_950_lire) {
+TEST_F(Cst, AssenteImportoScrive950Lire) {
     aspetta(Lettore::importo, "950", "Lire");
     EXPECT_EQ(cartella.leggi("cst"), "\"950\",\"Lire\"\r\n");
 }
 
-TEST_F(Cst, assente_calcolo_importo_e_formeuro_scrivono_mezzo_euro) {
+TEST_F(Cst, AssenteCalcoloImportoEFormeuroScrivonoMezzoEuro) {
     for (const Lettore lettore : {Lettore::calcolo_importo, Lettore::formeuro}) {
         std::filesystem::remove(cartella.file("cst"));
         aspetta(lettore, "0,50", "Euro");
@@ -35,12 +35,12 @@ TEST_F(Cst, assente_calcolo_importo_e_formeuro_scrivono_mezzo_euro) {
     }
 }
 
-TEST_F(Cst, assente_annulla_non_scrive) {
+TEST_F(Cst, AssenteAnnullaNonScrive) {
     aspetta(Lettore::annulla, "0,50", "Euro");
     EXPECT_FALSE(cartella.esiste("cst"));
 }
 
-TEST_F(Cst, il_primo_lettore_decide_per_tutti) {
+TEST_F(Cst, IlPrimoLettoreDecidePerTutti) {
     leggi(Lettore::importo);
     aspetta(Lettore::calcolo_importo, "950", "Lire");
     EXPECT_EQ(calcola_totale(2, leggi(Lettore::calcolo_importo).prezzo, "1").semplice, "1900");
@@ -49,7 +49,7 @@ TEST_F(Cst, il_primo_lettore_decide_per_tutti) {
     aspetta(Lettore::importo, "0,50", "Euro");
 }
 
-TEST_F(Cst, prezzo_vuoto_da_i_valori_del_lettore_e_lascia_il_file) {
+TEST_F(Cst, PrezzoVuotoDaIValoriDelLettoreELasciaIlFile) {
     for (const char* testo : {"", "\"\",\"Euro\"\r\n", "\r\n", ",\"Lire\"\r\n"}) {
         cartella.scrivi("cst", testo);
         aspetta(Lettore::importo, "950", "Lire");
@@ -60,7 +60,7 @@ TEST_F(Cst, prezzo_vuoto_da_i_valori_del_lettore_e_lascia_il_file) {
     }
 }
 
-TEST_F(Cst, il_file_di_una_vecchia_installazione_resta_in_lire) {
+TEST_F(Cst, IlFileDiUnaVecchiaInstallazioneRestaInLire) {
     cartella.scrivi("cst", "\"1000\",\"Lire\"\r\n");
     for (const Lettore lettore :
          {Lettore::importo, Lettore::calcolo_importo, Lettore::formeuro, Lettore::annulla}) {
@@ -68,18 +68,18 @@ TEST_F(Cst, il_file_di_una_vecchia_installazione_resta_in_lire) {
     }
 }
 
-TEST_F(Cst, un_file_corto_ha_la_valuta_vuota) {
+TEST_F(Cst, UnFileCortoHaLaValutaVuota) {
     cartella.scrivi("cst", "\"0,75\"");
     aspetta(Lettore::importo, "0,75", "");
 }
 
-TEST_F(Cst, scritto_e_riletto) {
+TEST_F(Cst, ScrittoERiletto) {
     EXPECT_TRUE(scrivi_cst(cartella.programma(), {"1,25", "Euro"}));
     EXPECT_EQ(cartella.leggi("cst"), "\"1,25\",\"Euro\"\r\n");
     aspetta(Lettore::calcolo_importo, "1,25", "Euro");
 }
 
-TEST_F(Cst, il_disco_pieno_lascia_il_prezzo_di_prima) {
+TEST_F(Cst, IlDiscoPienoLasciaIlPrezzoDiPrima) {
     ASSERT_TRUE(scrivi_cst(cartella.programma(), {"1,25", "Euro"}));
     support::Disco disco;
     disco.spazio = 5;
@@ -87,7 +87,7 @@ TEST_F(Cst, il_disco_pieno_lascia_il_prezzo_di_prima) {
     EXPECT_EQ(cartella.leggi("cst"), "\"1,25\",\"Euro\"\r\n");
 }
 
-TEST_F(Cst, byte_a_caso_non_fanno_danno) {
+TEST_F(Cst, ByteACasoNonFannoDanno) {
     std::mt19937 caso(19);
     for (int giro = 0; giro < 300; ++giro) {
         std::string testo(caso() % 60, '\0');
@@ -103,7 +103,7 @@ TEST_F(Cst, byte_a_caso_non_fanno_danno) {
     }
 }
 
-TEST(ValorePrezzo, la_virgola_e_il_punto_decimale) {
+TEST(ValorePrezzo, LaVirgolaEIlPuntoDecimale) {
     EXPECT_EQ(valore_prezzo("0,50"), 0.5);
     EXPECT_EQ(valore_prezzo("0,5"), 0.5);
     EXPECT_EQ(valore_prezzo("950"), 950);
@@ -114,21 +114,21 @@ TEST(ValorePrezzo, la_virgola_e_il_punto_decimale) {
     EXPECT_EQ(valore_prezzo(""), 0);
 }
 
-TEST(CalcolaTotale, i_tre_testi_di_un_totale) {
+TEST(CalcolaTotale, ITreTestiDiUnTotale) {
     const Totale t = calcola_totale(172172, "0,50", "1");
     EXPECT_EQ(t.formattato, "86.086,00");
     EXPECT_EQ(t.semplice, "86086");
     EXPECT_EQ(t.quota, "86.086,00");
 }
 
-TEST(CalcolaTotale, cinque_decimi_e_cinquanta_centesimi_danno_lo_stesso) {
+TEST(CalcolaTotale, CinqueDecimiECinquantaCentesimiDannoLoStesso) {
     EXPECT_EQ(calcola_totale(117, "0,5", "3").formattato, "58,50");
     EXPECT_EQ(calcola_totale(117, "0,50", "3").formattato, "58,50");
     EXPECT_EQ(calcola_totale(117, "0,5", "3").semplice, "58,5");
     EXPECT_EQ(calcola_totale(117, "0,50", "3").quota, "19,50");
 }
 
-TEST(CalcolaTotale, sotto_l_unita_senza_zero_davanti) {
+TEST(CalcolaTotale, SottoLUnitaSenzaZeroDavanti) {
     const Totale t = calcola_totale(1, "0,50", "2");
     EXPECT_EQ(t.formattato, ",50");
     EXPECT_EQ(t.semplice, "0,5");
@@ -137,12 +137,12 @@ TEST(CalcolaTotale, sotto_l_unita_senza_zero_davanti) {
     EXPECT_EQ(calcola_totale(0, "0,50", "1").semplice, "0");
 }
 
-TEST(CalcolaTotale, arrotonda_lontano_dallo_zero) {
+TEST(CalcolaTotale, ArrotondaLontanoDalloZero) {
     EXPECT_EQ(calcola_totale(58, "1", "16").quota, "3,63");
     EXPECT_EQ(calcola_totale(1, "0,125", "1").formattato, ",13");
 }
 
-TEST(CalcolaTotale, senza_quote_il_totale_resta) {
+TEST(CalcolaTotale, SenzaQuoteIlTotaleResta) {
     for (const char* quote : {"0", "", "x"}) {
         const Totale t = calcola_totale(116, "0,50", quote);
         EXPECT_EQ(t.formattato, "58,00");
@@ -150,31 +150,31 @@ TEST(CalcolaTotale, senza_quote_il_totale_resta) {
     }
 }
 
-TEST(CalcolaTotale, prezzi_smisurati_non_fanno_danno) {
+TEST(CalcolaTotale, PrezziSmisuratiNonFannoDanno) {
     const Totale t = calcola_totale(2147483647, std::string(400, '9'), "1");
     EXPECT_EQ(t.formattato, "");
     EXPECT_EQ(t.semplice, "");
     EXPECT_EQ(calcola_totale(0, std::string(400, '9'), "1").formattato, "");
 }
 
-TEST(QuotaDaTesto, con_lo_zero_davanti) {
+TEST(QuotaDaTesto, ConLoZeroDavanti) {
     EXPECT_EQ(quota_da_testo("0,5", "2"), "0,25");
     EXPECT_EQ(quota_da_testo("86086", "2"), "43.043,00");
     EXPECT_EQ(quota_da_testo("58", "16"), "3,63");
     EXPECT_EQ(quota_da_testo("", "2"), "0,00");
 }
 
-TEST(QuotaDaTesto, un_totale_coi_punti_si_ferma_al_secondo) {
+TEST(QuotaDaTesto, UnTotaleCoiPuntiSiFermaAlSecondo) {
     EXPECT_EQ(quota_da_testo("86.086,00", "1"), "86,09");
     EXPECT_EQ(quota_da_testo("86.086,00", "2"), "43,04");
 }
 
-TEST(QuotaDaTesto, senza_quote_niente) {
+TEST(QuotaDaTesto, SenzaQuoteNiente) {
     EXPECT_FALSE(quota_da_testo("100", "0").has_value());
     EXPECT_FALSE(quota_da_testo("100", "").has_value());
 }
 
-TEST(TastoPrezzo, cifre_virgola_e_quel_che_non_e_un_carattere) {
+TEST(TastoPrezzo, CifreVirgolaEQuelCheNonEUnCarattere) {
     for (int codice = 0; codice <= 70000; ++codice) {
         const bool passa =
             codice < 32 || codice == 44 || (codice >= 48 && codice <= 57) || codice >= 256;

@@ -24,9 +24,9 @@ Cercati insieme(std::initializer_list<std::size_t> numeri) {
     return c;
 }
 
-class SviluppoTest : public testing::Test {
+class RicercaSviluppo : public testing::Test {
 protected:
-    SviluppoTest() {
+    RicercaSviluppo() {
         cartella.scrivi("s.col", "1,2,3,4,5,6\r\n7,8,9,10,11,12\r\n1,8,20,30,40,90\r\n");
     }
     support::Cartella cartella;
@@ -49,7 +49,7 @@ TEST(Cercati, TheCountIsToldWithTheNumbers) {
     EXPECT_EQ(trovate(0, {}), "");
 }
 
-TEST_F(SviluppoTest, AllTheNumbersMustBeThere) {
+TEST_F(RicercaSviluppo, AllTheNumbersMustBeThere) {
     EXPECT_EQ(cerca(sviluppo, 6, insieme({8})), (Posti{2, 3}));
     EXPECT_EQ(cerca(sviluppo, 6, insieme({1, 8})), Posti{3});
     EXPECT_EQ(cerca(sviluppo, 6, insieme({1, 2, 3, 4, 5, 6})), Posti{1});
@@ -58,7 +58,7 @@ TEST_F(SviluppoTest, AllTheNumbersMustBeThere) {
     EXPECT_EQ(cerca(sviluppo, 6, {}), Posti{});
 }
 
-TEST_F(SviluppoTest, ADamagedOrMissingFileFindsWhatCanBeRead) {
+TEST_F(RicercaSviluppo, ADamagedOrMissingFileFindsWhatCanBeRead) {
     cartella.scrivi("s.col", "1,2,3,4,5,6\r\n1,2,999,4,5,6\r\n1,2,3,4,5,6\r\n");
     EXPECT_EQ(cerca(sviluppo, 6, insieme({1})), Posti{1});
     EXPECT_EQ(cerca(cartella.file("nessuno.col"), 6, insieme({1})), Posti{});
@@ -66,7 +66,7 @@ TEST_F(SviluppoTest, ADamagedOrMissingFileFindsWhatCanBeRead) {
     EXPECT_EQ(cerca(cartella.file("s.lot"), 3, insieme({4})), Posti{});
 }
 
-TEST_F(SviluppoTest, TheTableIsTheOneOfTheCommand) {
+TEST_F(RicercaSviluppo, TheTableIsTheOneOfTheCommand) {
     const auto fatta = esporta(sviluppo, 6, cartella.file("s.csv"));
     EXPECT_EQ(fatta.esito, Esportato::completo);
     EXPECT_EQ(fatta.righe, 3);
@@ -75,12 +75,12 @@ TEST_F(SviluppoTest, TheTableIsTheOneOfTheCommand) {
               "3,1,8,20,30,40,90\n");
 }
 
-TEST_F(SviluppoTest, TheTextHasTheNumbersAlone) {
+TEST_F(RicercaSviluppo, TheTextHasTheNumbersAlone) {
     EXPECT_EQ(esporta(sviluppo, 6, cartella.file("s.TXT")).esito, Esportato::completo);
     EXPECT_EQ(cartella.leggi("s.TXT"), " 1  2  3  4  5  6\n 7  8  9 10 11 12\n 1  8 20 30 40 90\n");
 }
 
-TEST_F(SviluppoTest, WhatIsNotFinishedLeavesNoTrace) {
+TEST_F(RicercaSviluppo, WhatIsNotFinishedLeavesNoTrace) {
     std::string lungo;
     for (int i = 0; i < 20000; ++i) lungo += "1,2,3,4,5,6\r\n";
     cartella.scrivi("s.col", lungo);
@@ -96,7 +96,7 @@ TEST_F(SviluppoTest, WhatIsNotFinishedLeavesNoTrace) {
     EXPECT_EQ(cartella.leggi("s.csv"), "prima");
 }
 
-TEST_F(SviluppoTest, AFullDiskIsTold) {
+TEST_F(RicercaSviluppo, AFullDiskIsTold) {
     support::Disco disco;
     disco.spazio = 10;
     const auto fatta = esporta(sviluppo, 6, cartella.file("s.csv"));
