@@ -5,22 +5,18 @@
 #include <array>
 
 #include <QAction>
-#include <QPushButton>
 
 #include "app/finestra.h"
+#include "statistics/riempimento.h"
 #include "statistics/riga_archivio.h"
 
 namespace app {
 
 class ArchivioInVista : public QObject {
 public:
-    struct Controlli {
-        QWidget* riquadro;  ///< takes the lines
-        std::array<QPushButton*, 2> generatori;
-        QAction* voce;  ///< opens the importer
-    };
-    /// All outlive this.
-    ArchivioInVista(Finestra& finestra, const Controlli& controlli);
+    /// The frame of the generators takes the lines; `voce` opens the importer. All outlive this.
+    ArchivioInVista(Finestra& finestra, const statistics::RiquadriGeneratori& generatori,
+                    const QAction* voce);
 
     /// The game, or the archive that is open, is another one.
     void aggiorna();
@@ -29,7 +25,7 @@ private:
     void cambiato();
 
     Finestra& finestra_;
-    Controlli c_;
+    const statistics::RiquadriGeneratori& generatori_;
     /// Owned by the frame.
     std::array<statistics::RigaArchivio*, 2> righe_;
 };

@@ -26,6 +26,8 @@ public:
     /// Pass to SuperEnalotto and to Lotto.
     virtual void Image8_Click() = 0;
     virtual void Image10_Click() = 0;
+    /// Chooses a form of Lotto: terzine, quartine, cinquine from 0.
+    virtual void Imageb_Click(int Index) = 0;
     /// Open the manager.
     virtual void mnuapri_Click() = 0;
     virtual void mnugest_sist_Click() = 0;

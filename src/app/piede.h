@@ -17,8 +17,8 @@ namespace app {
 class Piede : public QWidget {
     Q_OBJECT
 public:
-    /// `tipi` are the lists of the types of rows, columns and diagonals, still empty: their
-    /// entries get explanations. All outlive this.
+    /// Stands where `barra` does. `tipi` are the lists of the types of rows, columns and diagonals,
+    /// still empty: their entries get explanations. All outlive this.
     Piede(Finestra& finestra, QProgressBar* barra, const std::array<platform::ComboBox*, 3>& tipi);
 
     /// The session, or its files, changed.

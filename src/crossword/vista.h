@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include <QAction>
 #include <QLabel>
 #include <QPushButton>
 
@@ -13,21 +14,27 @@
 
 namespace crossword {
 
+/// Grid, board and list on the main form, which owns them and makes the frames.
+struct RiquadriCruciverba {
+    platform::Frame* Frame1 = nullptr;
+    platform::Frame* Frame3 = nullptr;
+    platform::Frame* Frame5 = nullptr;
+    platform::MSFlexGrid* MSFlexGrid1 = nullptr;
+    std::array<QPushButton*, 91> CMDnum{};  ///< place 0 stands for an empty cell
+    platform::ListBox* List1 = nullptr;
+    QLabel* lblngioco = nullptr;
+    QAction* annulla = nullptr;
+    QAction* ripeti = nullptr;
+};
+
 /// Shows the session's crossword and hands over what is done to it. The told routines of the grid
 /// and of the board live here.
 class Vista : public QObject {
 public:
-    struct Controlli {
-        platform::MSFlexGrid* griglia;
-        std::array<QPushButton*, 91> tabellone;  ///< place 0 stands for an empty cell
-        platform::ListBox* lista;
-        QLabel* quanti;
-    };
-    /// Window and controls outlive this.
-    Vista(app::Finestra& finestra, const Controlli& controlli);
+    /// Lays out what the frames of `riquadri` hold. Both outlive this.
+    Vista(app::Finestra& finestra, RiquadriCruciverba& riquadri);
 
-    void mostra_dimensioni();
-    void mostra_celle();
+    void mostra(const systems::Cambiamento& cambiato);
 
     [[nodiscard]] systems::Cella cella_corrente() const;
     void in_cella(systems::Cella cella);
@@ -47,6 +54,8 @@ protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
 private:
+    void mostra_dimensioni();
+    void mostra_celle();
     void centra_griglia();
     void List1_Click();
     /// Typing in the crossword: two digits, or one and Return; a barred number is refused.
@@ -55,7 +64,7 @@ private:
 
     app::Finestra& finestra_;
     systems::Sessione& sessione_;
-    Controlli c_;
+    RiquadriCruciverba& c_;
     Luce luce_;
 };
 

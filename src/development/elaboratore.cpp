@@ -164,4 +164,25 @@ void Elaboratore::verifica_spoglio(bool& pronto) {
     pronto = sviluppo_valido();
 }
 
+void Elaboratore::spoglio() {
+    const platform::Clessidra attesa;
+    bool pronto = false;
+    verifica_spoglio(pronto);
+    if (pronto) dialoghi_.spoglio(finestra_);
+}
+
+void Elaboratore::analisi() {
+    bool pronto = false;
+    verifica_spoglio(pronto);
+    if (pronto) dialoghi_.analisi(finestra_);
+}
+
+void Elaboratore::stampa() {
+    if (finestra_.Tag().isEmpty()) {
+        avverti("Nessun sistema in linea.", "Tabellino", Icona::nessuna);
+    } else {
+        dialoghi_.stampa(finestra_);
+    }
+}
+
 }  // namespace development

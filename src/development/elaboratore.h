@@ -17,6 +17,10 @@ public:
     void sviluppo();
     void verifica_spoglio(bool& pronto);
     bool sviluppo_valido();
+    /// Opens the check, the analysis, the print options, unless something is missing for it.
+    void spoglio();
+    void analisi();
+    void stampa();
 
 private:
     [[nodiscard]] int chiedi(const QString& domanda, const QString& titolo);

@@ -1,7 +1,7 @@
 // Completion and generation of the crossword, as the player sees them go.
 #pragma once
 
-#include <QProgressBar>
+#include <QPushButton>
 
 #include "app/finestra.h"
 #include "app/lavori.h"
@@ -9,18 +9,24 @@
 
 namespace statistics {
 
+/// The generators on the main form, which owns them and makes the frame `Frame7`.
+struct RiquadriGeneratori {
+    platform::Frame* Frame7 = nullptr;
+    platform::Frame* Frame10 = nullptr;
+    platform::ComboBox* Combo6 = nullptr;
+    QPushButton* cmdstat = nullptr;
+    QPushButton* cmdstat2 = nullptr;
+};
+
 class Riempimento {
 public:
-    struct Controlli {
-        platform::MSFlexGrid* griglia;
-        QWidget* tabellone;  ///< hidden meanwhile
-        platform::ComboBox* ruota;
-    };
-    /// All outlive this.
+    /// Lays out what the frame of `generatori` holds; the board is hidden meanwhile. All outlive
+    /// this.
     Riempimento(app::Finestra& finestra, app::Lavori& lavori, crossword::Vista& vista,
-                const Controlli& controlli)
-        : finestra_(finestra), lavori_(lavori), vista_(vista), c_(controlli) {}
+                const crossword::RiquadriCruciverba& cruciverba, RiquadriGeneratori& generatori);
 
+    /// In Lotto a wheel is chosen.
+    void mostra_gioco();
     void completa_con_scelti();
     void completa();
     void genera();
@@ -33,7 +39,8 @@ private:
     app::Finestra& finestra_;
     app::Lavori& lavori_;
     crossword::Vista& vista_;
-    Controlli c_;
+    const crossword::RiquadriCruciverba& c_;
+    RiquadriGeneratori& g_;
 };
 
 }  // namespace statistics

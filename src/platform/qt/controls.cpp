@@ -111,6 +111,16 @@ void ComboBox::mostra(int indice) {
     adatta();
 }
 
+void ComboBox::elenca(const QStringList& voci, int indice) {
+    bool uguali = count() == voci.size();
+    for (int i = 0; uguali && i < count(); ++i) uguali = itemText(i) == voci[i];
+    if (!uguali) {
+        Clear();
+        for (const QString& voce : voci) AddItem(voce);
+    }
+    mostra(indice);
+}
+
 void ComboBox::AddItem(const QString& testo) {
     // The first item added must not select itself: nothing is chosen until code says so.
     const int prima = currentIndex();

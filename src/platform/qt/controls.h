@@ -10,6 +10,7 @@
 #include <QListWidget>
 #include <QSpinBox>
 #include <QString>
+#include <QStringList>
 
 class QSvgRenderer;
 
@@ -37,6 +38,9 @@ public:
     bool set_ListIndex(int indice);
     /// Chooses an item, or with -1 none, without a click.
     void mostra(int indice);
+    /// Gives it these items, unless it has just them, and chooses one, or with -1 none, without a
+    /// click.
+    void elenca(const QStringList& voci, int indice);
     void AddItem(const QString& testo);
     void Clear();
     /// Gives the items an explanation, by their index, that is asked for only when it is shown: as

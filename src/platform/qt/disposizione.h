@@ -1,10 +1,13 @@
 // Making a control, naming it and putting it in its place, in one step.
 #pragma once
 
+#include <initializer_list>
+
 #include <QLabel>
 #include <QPushButton>
 
 #include "platform/qt/controls.h"
+#include "platform/qt/scala.h"
 
 namespace platform {
 
@@ -36,6 +39,32 @@ inline QLabel* valore(const QString& nome, QRect dove, QWidget* padre,
 
 inline Frame* riquadro(const QString& nome, const QString& didascalia, QRect dove, QWidget* padre) {
     return posto(new Frame(didascalia, padre), nome, dove);
+}
+
+/// A frame of a window: the control that it becomes, name, caption, place and anchors.
+struct PostoRiquadro {
+    Frame** riquadro;
+    const char* nome;
+    QString didascalia;
+    QRect dove;
+    int ancora;
+};
+
+/// Lays out the frames of `padre`, a later one over an earlier one.
+inline void disponi(std::initializer_list<PostoRiquadro> riquadri, QWidget* padre) {
+    for (const PostoRiquadro& p : riquadri) {
+        *p.riquadro = riquadro(p.nome, p.didascalia, p.dove, padre);
+        ancora({*p.riquadro}, p.ancora);
+    }
+}
+
+/// Picture whose tooltip and accessible name say what a click does.
+inline Image* immagine(const QString& nome, const QString& risorsa, QSize misura, QRect dove,
+                       const QString& scopo, QWidget* padre) {
+    Image* i = posto(new Image(risorsa, misura, padre), nome, dove);
+    i->setToolTip(scopo);
+    i->setAccessibleName(scopo);
+    return i;
 }
 
 inline QPushButton* pulsante(const QString& nome, const QString& testo, QRect dove,
