@@ -6,6 +6,7 @@
 #include "platform/application.h"
 #include "platform/disk.h"
 #include "platform/qt/desktop.h"
+#include "platform/qt/tasti.h"
 
 namespace app {
 
@@ -78,8 +79,9 @@ void frmSplash::Command1_Click() {
     close();
 }
 
-void frmSplash::keyPressEvent(QKeyEvent* /*evento*/) {
-    if (!Timer1->isActive()) return;
+void frmSplash::keyPressEvent(QKeyEvent* evento) {
+    // A key that is held for another one, as of Alt+Tab, was not pressed for the splash.
+    if (!Timer1->isActive() || platform::solo_modificatore(*evento)) return;
     Timer1->stop();
     hide();
     carica_();

@@ -1,12 +1,26 @@
 #include "crossword/luce.h"
 
-#include <QEvent>
+#include <QKeyEvent>
 
 #include "crossword/linee.h"
 #include "platform/disk.h"
+#include "platform/qt/tasti.h"
 #include "systems/sessione.h"
 
 namespace crossword {
+
+namespace {
+
+/// A key that is meant for the cells: one that is held, or a command of the window, is not.
+bool per_le_celle(const QEvent& evento) {
+    if (evento.type() != QEvent::KeyPress) return false;
+    const auto& tasto = static_cast<const QKeyEvent&>(evento);
+    const Qt::KeyboardModifiers di_comando =
+        Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    return !platform::solo_modificatore(tasto) && (tasto.modifiers() & di_comando) == 0;
+}
+
+}  // namespace
 
 Luce::Luce(const systems::Sessione& sessione, platform::MSFlexGrid* griglia,
            const std::array<QPushButton*, 91>& tabellone, std::string file)
@@ -62,8 +76,9 @@ void Luce::aggiorna() {
 bool Luce::eventFilter(QObject* oggetto, QEvent* evento) {
     if (oggetto == griglia_) {
         const bool entra = evento->type() == QEvent::FocusIn;
-        in_uso_ = (in_uso_ && !entra) || evento->type() == QEvent::KeyPress;
-        if (entra || evento->type() == QEvent::FocusOut || evento->type() == QEvent::KeyPress) {
+        const bool usa = per_le_celle(*evento);
+        in_uso_ = (in_uso_ && !entra) || usa;
+        if (entra || evento->type() == QEvent::FocusOut || usa) {
             // The control itself does not know yet.
             QMetaObject::invokeMethod(this, &Luce::aggiorna, Qt::QueuedConnection);
         }

@@ -144,6 +144,16 @@ TEST(Splash, UnTastoApreSenzaMaiScrivereAct) {
     EXPECT_FALSE(p.cartella.esiste("act"));
 }
 
+TEST(Splash, UnTastoTenutoPerUnAltroNonApreNulla) {
+    Partenza p;
+    for (const auto tasto : {Qt::Key_Alt, Qt::Key_Control, Qt::Key_Shift, Qt::Key_CapsLock}) {
+        QKeyEvent giu(QEvent::KeyPress, tasto, Qt::NoModifier);
+        QApplication::sendEvent(p.splash, &giu);
+        EXPECT_FALSE(p.form1.isVisible());
+        EXPECT_FALSE(p.splash_sparito());
+    }
+}
+
 TEST(Avvio, SistemaVuotoSeiPerSeiSalvato) {
     Programma p;
     EXPECT_TRUE(p.form1.sessione.salvato());

@@ -37,6 +37,12 @@ void su_e_via(QWidget* w, bool su) {
     }
 }
 
+/// Keys without a character, which the test library cannot press.
+void preme(QWidget* w, int tasto) {
+    QKeyEvent giu(QEvent::KeyPress, tasto, Qt::NoModifier);
+    QApplication::sendEvent(w, &giu);
+}
+
 QColor colore(platform::MSFlexGrid* g, int riga, int colonna) {
     const QRect cella = g->visualRect(g->model()->index(riga, colonna));
     return g->viewport()->grab().toImage().pixelColor(cella.topLeft() + QPoint(4, 3));
@@ -95,6 +101,30 @@ TEST(Luce, ARiposoLaGrigliaEBianca) {
     p.form1.List1->setFocus();
     QApplication::processEvents();
     EXPECT_TRUE(p.form1.MSFlexGrid1->illuminate().isEmpty());
+}
+
+TEST(Luce, UnTastoTenutoPerUnAltroNonAccende) {
+    Programma p;
+    platform::MSFlexGrid* g = p.form1.MSFlexGrid1;
+    g->setFocus();
+    for (const auto tasto : {Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_Meta,
+                             Qt::Key_AltGr, Qt::Key_CapsLock, Qt::Key_NumLock, Qt::Key_Super_L}) {
+        preme(g, tasto);
+        QApplication::processEvents();
+        EXPECT_TRUE(g->illuminate().isEmpty()) << tasto;
+    }
+    for (const auto con : {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier}) {
+        QTest::keyClick(g, Qt::Key_C, con);
+        QApplication::processEvents();
+        EXPECT_TRUE(g->illuminate().isEmpty()) << int(con);
+    }
+    QTest::keyClick(g, Qt::Key_Right);
+    QApplication::processEvents();
+    ASSERT_FALSE(g->illuminate().isEmpty());
+    // Nor does it put out what is alight.
+    preme(g, Qt::Key_Control);
+    QApplication::processEvents();
+    EXPECT_FALSE(g->illuminate().isEmpty());
 }
 
 TEST(Luce, SiVedeDoveStaIlNumeroSbarrato) {

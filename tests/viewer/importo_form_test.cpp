@@ -98,6 +98,18 @@ TEST(Quote, LeFrecceDividonoIlTotale) {
     EXPECT_EQ(p.form1.lblimportotot->text(), "7,00");
 }
 
+TEST(Quote, UnTastoTenutoNonSpezzaIlNumeroCheSiScrive) {
+    Programma p;
+    p.form1.UpDown2->setFocus();
+    QTest::keyClick(p.form1.UpDown2, Qt::Key_1);
+    for (const int tenuto : {Qt::Key_Shift, Qt::Key_NumLock}) {
+        QKeyEvent giu(QEvent::KeyPress, tenuto, Qt::NoModifier);
+        QApplication::sendEvent(p.form1.UpDown2, &giu);
+    }
+    QTest::keyClick(p.form1.UpDown2, Qt::Key_2);
+    EXPECT_EQ(p.form1.lblnumquote->text(), "12");
+}
+
 TEST(Quote, ConIlMouse) {
     Programma p;
     const QSize lato = p.form1.UpDown2->size();

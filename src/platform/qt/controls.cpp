@@ -13,6 +13,7 @@
 #include <QVariant>
 
 #include "platform/qt/scala.h"
+#include "platform/qt/tasti.h"
 
 namespace platform {
 
@@ -428,7 +429,7 @@ void UpDown::keyPressEvent(QKeyEvent* evento) {
     } else if (tasto == Qt::Key_Backspace && !digitato_.isEmpty()) {
         digita(digitato_.chopped(1));
     } else {
-        digitato_.clear();
+        if (!solo_modificatore(*evento)) digitato_.clear();
         evento->ignore();
     }
 }
