@@ -47,7 +47,8 @@ int main(int argc, char** argv) {
                 app::avvisa_mancanze(&form1);
                 form1.offri_ripresa();
             });
-        });
+        },
+        platform::scala(&form1));
     splash->show();
     return QApplication::exec();
 }

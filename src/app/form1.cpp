@@ -5,11 +5,11 @@
 #include <QShortcut>
 
 #include "app/aspetto.h"
+#include "app/spazio.h"
 #include "app/stile.h"
 #include "platform/application.h"
 #include "platform/disk.h"
 #include "platform/qt/desktop.h"
-#include "platform/qt/scala.h"
 #include "platform/runtime.h"
 #include "statistics/avviso_archivio.h"
 #include "systems/trascinati.h"
@@ -31,7 +31,7 @@ Form1::Form1(Dialoghi& dialoghi) : Finestra(App().Path), dialoghi_(dialoghi) {
     ordine_tastiera();
     setFixedSize(centralWidget()->width(),
                  centralWidget()->height() + menuBar()->sizeHint().height());
-    platform::rendi_scalabile(this);
+    new Spazio(*this, *parti_->piede);
     collega();
 }
 

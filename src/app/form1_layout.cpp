@@ -122,27 +122,23 @@ void Form1::crea_menu() {
 }
 
 void Form1::crea_riquadri() {
-    // In a window that is higher than its width asks for, crossword and list take the height.
-    using platform::Scala;
-    constexpr int giu = Scala::segue_fondo;
     QWidget* area = centralWidget();
     area->setFixedSize(misura);
-    platform::disponi({{&Picture2, "Picture2", {}, {8, 8, 768, 48}, Scala::sta_in_alto},
-                       {&Frame3, "Frame3", tr("Tabellone"), {8, 64, 256, 250}, Scala::sta_in_alto},
-                       {&Frame1, "Frame1", tr("Cruciverba"), {272, 64, 384, 250}, Scala::alza},
-                       {&Frame5, "Frame5", tr("Lista"), {664, 64, 112, 250}, Scala::alza},
-                       {&Frame9, "Frame9", tr("Gioco"), {8, 322, 388, 112}, giu},
-                       {&Frame8, "Frame8", tr("Forma"), {274, 322, 122, 112}, giu},
-                       {&Frame4, "Frame4", tr(" Dimensioni Cruciverba"), {404, 322, 146, 112}, giu},
-                       {&Frame7, "Frame7", tr("Sistema Statistico"), {558, 322, 218, 112}, giu},
-                       {&Frame2, "Frame2", {}, {8, 442, 768, 176}, giu},
-                       {&Frame6, "Frame6", {}, {8, 626, 768, 44}, giu}},
+    platform::disponi({{&Picture2, "Picture2", {}, {8, 8, 768, 48}},
+                       {&Frame3, "Frame3", tr("Tabellone"), {8, 64, 256, 250}},
+                       {&Frame1, "Frame1", tr("Cruciverba"), {272, 64, 384, 250}},
+                       {&Frame5, "Frame5", tr("Lista"), {664, 64, 112, 250}},
+                       {&Frame9, "Frame9", tr("Gioco"), {8, 322, 388, 112}},
+                       {&Frame8, "Frame8", tr("Forma"), {274, 322, 122, 112}},
+                       {&Frame4, "Frame4", tr(" Dimensioni Cruciverba"), {404, 322, 146, 112}},
+                       {&Frame7, "Frame7", tr("Sistema Statistico"), {558, 322, 218, 112}},
+                       {&Frame2, "Frame2", {}, {8, 442, 768, 176}},
+                       {&Frame6, "Frame6", {}, {8, 626, 768, 44}}},
                       area);
     ProgressBar1 = platform::posto(new QProgressBar(area), "ProgressBar1", {8, 676, 768, 10});
     ProgressBar1->setAccessibleName(tr("Avanzamento"));
     ProgressBar1->setTextVisible(false);
     ProgressBar1->hide();
-    platform::ancora({ProgressBar1}, giu);
 }
 
 void Form1::crea_comandi() {

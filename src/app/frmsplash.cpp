@@ -1,11 +1,13 @@
 #include "app/frmsplash.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QScreen>
 
 #include "platform/application.h"
 #include "platform/disk.h"
 #include "platform/qt/desktop.h"
+#include "platform/qt/foglio_scalato.h"
+#include "platform/qt/scala.h"
 #include "platform/qt/tasti.h"
 
 namespace app {
@@ -17,7 +19,7 @@ constexpr int battiti_totali = 10;
 
 }  // namespace
 
-frmSplash::frmSplash(std::function<void()> carica, std::function<void()> mostra)
+frmSplash::frmSplash(std::function<void()> carica, std::function<void()> mostra, qreal fattore)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint),
       carica_(std::move(carica)),
       mostra_(std::move(mostra)) {
@@ -25,20 +27,28 @@ frmSplash::frmSplash(std::function<void()> carica, std::function<void()> mostra)
     setObjectName("frmSplash");
     setWindowTitle("Tabellino");
     setAttribute(Qt::WA_DeleteOnClose);
-    setFixedSize(misura);
-    Image1_1 = new platform::Image(":/splash.svg", misura, this);
+    const auto posto = [fattore](int x, int y, QSize largo) {
+        return QRect(QPoint(x, y) * fattore, largo * fattore);
+    };
+    setFixedSize(misura * fattore);
+    if (fattore != 1) {
+        setFont(platform::scalato(font(), fattore, this));
+        setStyleSheet(platform::misure_scalate(qApp->styleSheet(), fattore));
+    }
+    constexpr QSize palla(64, 64);
+    Image1_1 = new platform::Image(":/splash.svg", misura * fattore, this);
     Image1_1->setObjectName(platform::membro("Image1", 1));
-    Image1_1->setGeometry(QRect(QPoint(0, 0), misura));
-    Image1_0 = new platform::Image(":/splash_palla.svg", {64, 64}, this);
+    Image1_1->setGeometry(posto(0, 0, misura));
+    Image1_0 = new platform::Image(":/splash_palla.svg", palla * fattore, this);
     Image1_0->setObjectName(platform::membro("Image1", 0));
-    Image1_0->setGeometry(390, 190, 64, 64);
+    Image1_0->setGeometry(posto(390, 190, palla));
     auto* titolo = new QLabel("Tabellino", this);
     titolo->setProperty("titolo_splash", true);
-    titolo->setGeometry(26, 188, 280, 44);
+    titolo->setGeometry(posto(26, 188, {280, 44}));
     lblVersion = new QLabel("Versione " + platform::q(platform::App().versione()), this);
     lblVersion->setObjectName("lblVersion");
     lblVersion->setProperty("su_scuro", true);
-    lblVersion->setGeometry(28, 232, 280, 20);
+    lblVersion->setGeometry(posto(28, 232, {280, 20}));
     // The picture behind them is what a click is for.
     for (QLabel* scritta : {titolo, lblVersion}) {
         scritta->setAttribute(Qt::WA_TransparentForMouseEvents);

@@ -15,8 +15,8 @@ namespace app {
 class frmSplash : public QWidget {
     Q_OBJECT
 public:
-    /// `carica` loads the main form, `mostra` shows it.
-    frmSplash(std::function<void()> carica, std::function<void()> mostra);
+    /// `carica` loads the main form, `mostra` shows it; `fattore` is the one that this has.
+    frmSplash(std::function<void()> carica, std::function<void()> mostra, qreal fattore = 1);
 
     QLabel* lblVersion = nullptr;
     QPushButton* Command1 = nullptr;

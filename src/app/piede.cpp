@@ -36,7 +36,6 @@ Piede::Piede(Finestra& finestra, QProgressBar* barra,
     setObjectName("piede");
     const QRect dove = barra->geometry();
     setGeometry(dove.x() + 4, dove.center().y() - altezza / 2, dove.width() - 8, altezza);
-    platform::ancora({this}, platform::Scala::segue_fondo);
     lblpasso = etichetta("lblpasso", this);
     lblanalisi = etichetta("lblanalisi", this);
     auto* riga = new QHBoxLayout(this);

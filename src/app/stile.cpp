@@ -33,7 +33,8 @@ bool scuro = false;
 const char* const foglio = R"(
 QWidget { color: #10203A; }
 QMainWindow, QDialog { background: #E9F1F8; }
-QToolTip { background: #FFFFE1; color: #10203A; border: 1px solid #6C84B6; padding: 3px; }
+QToolTip { background: #FFFFE1; color: #10203A; border: 1px solid #6C84B6; padding: 3px;
+    font-size: 12px; }
 QMenuBar { background: #E9F1F8; border-bottom: 1px solid #B9CBE0; }
 QMenuBar::item { padding: 4px 10px; background: transparent; }
 QMenuBar::item:selected { background: #000080; color: white; }

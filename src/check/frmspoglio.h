@@ -92,6 +92,7 @@ private:
     void crea_esito();
     void crea_comandi();
     void ordine_tastiera();
+    void spazio_in_piu();
     void collega();
     QLineEdit* casella(const QString& nome, const QString& scopo, QRect dove, QWidget* padre);
 
@@ -133,6 +134,7 @@ private:
     bool occupato_ = false;
     bool chiusura_chiesta_ = false;
     QLineEdit* entrata_ = nullptr;
+    QLabel* lblordina = nullptr;
 };
 
 }  // namespace check

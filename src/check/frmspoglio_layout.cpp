@@ -111,6 +111,7 @@ frmspoglio::frmspoglio(app::Finestra& finestra)
     crea_esito();
     crea_comandi();
     collega();
+    spazio_in_piu();
     platform::rendi_scalabile(this);
     Form_Load();
 }
@@ -203,7 +204,7 @@ void frmspoglio::crea_cruciverba() {
     piclist->setGeometry(dove);
     piclist->hide();
     const int y = y_ordine;
-    etichetta(tr("Ordina per"), {x_destra, y, 100, 28}, this, Qt::AlignRight);
+    lblordina = etichetta(tr("Ordina per"), {x_destra, y, 100, 28}, this, Qt::AlignRight);
     cmdpunti = pulsante("cmdpunti", tr("Punti"), {x_destra + 108, y, 116, 28}, this);
     cmdsched = pulsante("cmdsched", tr("N. Schedina"), {x_destra + 232, y, 116, 28}, this);
 }
@@ -263,6 +264,26 @@ void frmspoglio::crea_comandi() {
     Cmdvincentilotto->setEnabled(false);
     riga_archivio = new statistics::RigaArchivio(finestra_, f);
     riga_archivio->setGeometry(243, 4, 189, 36);
+}
+
+// More room shows more combinations, and a larger crossword.
+void frmspoglio::spazio_in_piu() {
+    using platform::Scala;
+    constexpr int a_sinistra = Scala::sta_a_sinistra;
+    constexpr int in_fondo = Scala::allarga | Scala::segue_fondo;
+    platform::ancora({lblnomesistema->parentWidget()}, a_sinistra | Scala::sta_in_alto);
+    platform::ancora({Combo2->parentWidget()}, a_sinistra | Scala::alza);
+    platform::ancora({Frame4, ListView1, piclist}, Scala::allarga | Scala::alza);
+    platform::ancora({lblordina, cmdpunti, cmdsched}, Scala::segue_destra | Scala::segue_fondo);
+    platform::ancora({Frame2, picprog1, CmdEsci->parentWidget()}, in_fondo);
+    platform::ancora({Command1, CmdEsci}, Scala::segue_destra);
+    platform::ancora({riga_archivio}, Scala::allarga);
+    platform::ancora({picprog2}, Scala::in_proporzione);
+    for (const QWidget* f : {static_cast<QWidget*>(Frame2), static_cast<QWidget*>(framelotto)}) {
+        for (QWidget* w : f->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+            platform::ancora({w}, Scala::in_proporzione);
+        }
+    }
 }
 
 void frmspoglio::collega() {

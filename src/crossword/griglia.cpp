@@ -39,9 +39,9 @@ void adatta_griglia(platform::MSFlexGrid* griglia) {
                       platform::px(altezza_griglia(righe, colonne)));
     const QWidget* cornice = griglia->parentWidget();
     const QSize posto = cornice->size();
-    const QSize posto_a_100 = platform::posto_a_100(cornice).size();
+    const QSize a_100 = platform::dentro_a_100(cornice);
     const qreal f = platform::scala(griglia);
-    if (f == 1 && posto == posto_a_100) {
+    if (f == 1 && posto == a_100) {
         griglia->misura(detta);
         return;
     }
@@ -50,13 +50,15 @@ void adatta_griglia(platform::MSFlexGrid* griglia) {
         return qMin(qreal(libero.width()) / quanto.width(),
                     qreal(libero.height()) / quanto.height());
     };
-    const qreal cresce = qMax(qreal(posto.width()) / posto_a_100.width(),
-                              qreal(posto.height()) / posto_a_100.height());
+    const qreal cresce =
+        qMax(qreal(posto.width()) / a_100.width(), qreal(posto.height()) / a_100.height());
     // Little by little, lest the cells jump at the first pixel.
     const qreal quanto = qBound(0.0, (cresce - 1) / crescita_piena, 1.0);
-    QSize misura = detta;
-    qreal fattore = f + (qMax(f, entra(detta)) - f) * quanto;
-    const QSize tutta(detta.width(), platform::px(righe * casella + 45));
+    // With all of the frame, nothing stands between the cells and their border.
+    const QSize tutta(platform::px(colonne * casella + 45), platform::px(righe * casella + 45));
+    const bool piena = quanto == 1 && righe <= 10;
+    QSize misura = piena ? tutta : detta;
+    qreal fattore = f + (qMax(f, entra(misura)) - f) * quanto;
     if (righe > 10 && entra(tutta) >= 1) {
         misura = tutta;
         fattore = entra(tutta);

@@ -26,7 +26,7 @@ std::map<std::string, Ricordo> leggi(const std::string& file) {
     while (!testo.eof() && tutti.size() < finestre_massime) {
         std::string riga;
         if (!testo.riga(riga)) break;
-        std::array<std::int32_t, 6> n{};
+        std::array<std::int32_t, 7> n{};
         std::size_t letti = 0;
         const std::size_t chiuso = riga.find("\",", 1);
         if (chiuso == std::string::npos || riga.front() != '"') continue;
@@ -41,12 +41,13 @@ std::map<std::string, Ricordo> leggi(const std::string& file) {
             n[letti++] = std::stoi(campo);
             da = fine + 1;
         }
-        const bool buono = letti == n.size() && da >= riga.size() &&
+        // The scale came later, and stands only where a window has one.
+        const bool buono = letti + 1 >= n.size() && da >= riga.size() &&
                            ammesso(n[0], -lontano, lontano) && ammesso(n[1], -lontano, lontano) &&
                            ammesso(n[2], 1, lontano) && ammesso(n[3], 1, lontano) &&
-                           ammesso(n[4], 0, 1) && ammesso(n[5], 0, 1);
+                           ammesso(n[4], 0, 1) && ammesso(n[5], 0, 1) && ammesso(n[6], 0, 1000);
         if (!buono) continue;
-        tutti[riga.substr(1, chiuso - 1)] = {n[0], n[1], n[2], n[3], n[4] == 1, n[5] == 1};
+        tutti[riga.substr(1, chiuso - 1)] = {n[0], n[1], n[2], n[3], n[4] == 1, n[5] == 1, n[6]};
     }
     return tutti;
 }
@@ -73,6 +74,7 @@ bool ricorda(const std::string& file, const std::string& nome,
         riga.scrivi(di_chi);
         for (const int n : {r.x, r.y, r.larghezza, r.altezza}) riga.scrivi(std::int64_t{n});
         riga.scrivi(std::int64_t{r.spostata}).scrivi(std::int64_t{r.massima});
+        if (r.fattore > 0) riga.scrivi(std::int64_t{r.fattore});
         testo += riga.testo();
     }
     return sostituisci(file, testo) == Esito::ok;

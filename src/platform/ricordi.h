@@ -14,6 +14,7 @@ struct Ricordo {
     int altezza = 0;
     bool spostata = false;  ///< false: the window stands where the program puts it
     bool massima = false;
+    int fattore = 0;  ///< scale in per cent of a window that layouts fill; 0: the program's own
     bool operator==(const Ricordo&) const = default;
 };
 

@@ -7,6 +7,7 @@
 
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
+#include "platform/qt/scala.h"
 #include "viewer/form3.h"
 #include "viewer/ricerca.h"
 
@@ -68,6 +69,9 @@ frmcerca::frmcerca(Form3& visore)
     connect(CmdEsci, &QPushButton::clicked, this, &QDialog::close);
     connect(elenco->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &frmcerca::mostra_scelta);
+    resize(sizeHint());
+    setMinimumSize(size());
+    platform::rendi_scalabile(this);
     txtnumeri->setFocus();
 }
 

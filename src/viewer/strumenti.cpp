@@ -12,6 +12,7 @@
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
 #include "platform/qt/folder.h"
+#include "platform/qt/scala.h"
 #include "platform/runtime.h"
 #include "viewer/esportazione.h"
 #include "viewer/form3.h"
@@ -114,11 +115,14 @@ void Strumenti::cerca() {
     auto* aperta = visore_.findChild<frmcerca*>();
     if (aperta == nullptr) {
         aperta = new frmcerca(visore_);
-        // Beside what it looks for, where the screen has room.
-        constexpr int distanza = 8;
-        aperta->adjustSize();
-        aperta->move(visore_.frameGeometry().topRight() + QPoint(distanza, 0));
-        platform::tieni_sullo_schermo(aperta);
+        platform::Scala* sua = platform::Scala::di(aperta);
+        if (!sua->rimetti()) {
+            // Beside what it looks for, where the screen has room.
+            constexpr int distanza = 8;
+            aperta->move(visore_.frameGeometry().topRight() + QPoint(distanza, 0));
+            platform::tieni_sullo_schermo(aperta);
+            sua->messa(aperta->pos());
+        }
     }
     aperta->show();
     aperta->raise();

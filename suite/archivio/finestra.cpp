@@ -7,10 +7,12 @@
 #include <QMimeData>
 #include <QStyle>
 #include <QUrl>
+#include <QVBoxLayout>
 
 #include "importa.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/folder.h"
+#include "platform/qt/scala.h"
 #include "statistics/stato_archivio.h"
 
 namespace importazione {
@@ -91,11 +93,14 @@ Finestra::Finestra(std::string archivio, const std::string& gioco)
     txtrapporto->setReadOnly(true);
     txtrapporto->setGeometry(margine, 240, largo, 136);
     // A label, since the box's own hint is too pale to read.
-    auto* invito = new QLabel("Il rapporto dell'importazione apparirà qui.", txtrapporto);
+    auto* invito =
+        new QLabel("Il rapporto dell'importazione apparirà qui.", txtrapporto->viewport());
     invito->setObjectName("lblinvito");
     invito->setProperty("invito", true);
     invito->setAttribute(Qt::WA_TransparentForMouseEvents);
-    invito->setGeometry(6, 4, largo - 12, 18);
+    auto* in_alto = new QVBoxLayout(txtrapporto->viewport());
+    in_alto->setContentsMargins(5, 3, 5, 3);
+    in_alto->addWidget(invito, 0, Qt::AlignTop);
     connect(txtrapporto, &QPlainTextEdit::textChanged, invito,
             [this, invito] { invito->setVisible(txtrapporto->document()->isEmpty()); });
     cmdchiudi = new QPushButton("&Chiudi", this);
@@ -107,6 +112,13 @@ Finestra::Finestra(std::string archivio, const std::string& gioco)
                                            "Estrazioni (*.csv *.tsv *.txt *.zip)"));
     });
     connect(cmdchiudi, &QPushButton::clicked, this, &QWidget::close);
+    using platform::Scala;
+    platform::ancora({titolo, lblstato, lbltrascina, chksostituisci, ProgressBar1},
+                     Scala::allarga | Scala::sta_in_alto);
+    platform::ancora({cmdscegli}, Scala::sta_a_sinistra | Scala::sta_in_alto);
+    platform::ancora({txtrapporto}, Scala::allarga | Scala::alza);
+    platform::ancora({cmdchiudi}, Scala::segue_destra | Scala::segue_fondo);
+    platform::rendi_scalabile(this);
     mostra_stato();
 }
 

@@ -8,6 +8,7 @@
 #include "finestra.h"
 #include "platform/application.h"
 #include "platform/qt/desktop.h"
+#include "platform/qt/scala.h"
 
 int main(int argc, char** argv) {
     const std::vector<std::string> parole(argv + 1, argv + argc);
@@ -29,9 +30,11 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(QIcon(":/tabellino.svg"));
     app::applica_stile(qt);
     const std::string programma = cartella();
+    platform::App().Path = programma;
     importazione::Finestra finestra(importazione::archivio_della_suite(programma), gioco);
     finestra.setStyleSheet(
         platform::q(app::foglio_aspetto(platform::radice(programma), app::desktop_scuro())));
+    platform::Scala::di(&finestra)->rimetti();
     finestra.show();
     return QApplication::exec();
 }

@@ -7,7 +7,6 @@
 #include <QPushButton>
 
 #include "platform/qt/controls.h"
-#include "platform/qt/scala.h"
 
 namespace platform {
 
@@ -41,20 +40,18 @@ inline Frame* riquadro(const QString& nome, const QString& didascalia, QRect dov
     return posto(new Frame(didascalia, padre), nome, dove);
 }
 
-/// A frame of a window: the control that it becomes, name, caption, place and anchors.
+/// A frame of a window: the control that it becomes, name, caption and place.
 struct PostoRiquadro {
     Frame** riquadro;
     const char* nome;
     QString didascalia;
     QRect dove;
-    int ancora;
 };
 
 /// Lays out the frames of `padre`, a later one over an earlier one.
 inline void disponi(std::initializer_list<PostoRiquadro> riquadri, QWidget* padre) {
     for (const PostoRiquadro& p : riquadri) {
         *p.riquadro = riquadro(p.nome, p.didascalia, p.dove, padre);
-        ancora({*p.riquadro}, p.ancora);
     }
 }
 

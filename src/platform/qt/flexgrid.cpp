@@ -59,7 +59,9 @@ public:
 
 private:
     void contorna(QPainter* pittore, const QRect& casella, const QColor& colore) const {
-        const int spessore = qMax(2, scalato(2, griglia_->fattore()));
+        // A large cell asks for no heavier frame.
+        constexpr int massimo = 5;
+        const int spessore = qBound(2, scalato(2, griglia_->fattore()), massimo);
         const int dentro = spessore / 2;
         pittore->setPen(QPen(colore, spessore));
         pittore->setBrush(Qt::NoBrush);

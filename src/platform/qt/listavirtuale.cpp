@@ -92,18 +92,34 @@ ListaVirtuale::~ListaVirtuale() = default;
 bool ListaVirtuale::event(QEvent* evento) {
     if (evento->type() == Scala::cambiata()) {
         verticalHeader()->setDefaultSectionSize(scalato(altezza_riga, scala(this)));
-        for (int c = 0; c < colonne(); ++c) {
-            setColumnWidth(c, scalato(px(larghezza(c)), scala(this)));
-        }
+        misura_colonne();
     }
     return QTableView::event(evento);
+}
+
+void ListaVirtuale::resizeEvent(QResizeEvent* evento) {
+    QTableView::resizeEvent(evento);
+    misura_colonne();
+}
+
+// Wider than told, the list gives its columns what is more.
+void ListaVirtuale::misura_colonne() {
+    const qreal f = scala(this);
+    const int a_100 = scalato(posto_a_100(this).width(), f);
+    const bool riempie = horizontalHeader()->stretchLastSection();
+    const int piu = a_100 > 0 && !riempie ? width() - a_100 : 0;
+    const qreal k = piu > 1 ? f * width() / a_100 : f;
+    for (int c = 0; c < colonne(); ++c) {
+        const int largo = scalato(px(larghezza(c)), k);
+        if (largo != columnWidth(c)) setColumnWidth(c, largo);
+    }
 }
 
 void ListaVirtuale::add_colonna(const QString& chiave, const QString& titolo, int twips,
                                 Qt::Alignment verso) {
     modello_->add({chiave, titolo, twips, verso});
     const int colonna = colonne() - 1;
-    setColumnWidth(colonna, scalato(px(twips), scala(this)));
+    misura_colonne();
     setColumnHidden(colonna, twips == 0);
 }
 

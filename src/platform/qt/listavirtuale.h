@@ -43,9 +43,12 @@ public:
 
 protected:
     bool event(QEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
 
 private:
     class Modello;
+    void misura_colonne();
+
     Modello* modello_;
     int twips_ = 0;
 };

@@ -15,6 +15,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QProcessEnvironment>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QShortcut>
@@ -82,6 +83,15 @@ private:
     int resto_ = 0;
 };
 
+constexpr const char* variabile = "TABELLINO_SCALA";
+
+/// What the program that opened this one told; 1 when nobody did.
+qreal ereditato() {
+    bool numero = false;
+    const qreal f = qEnvironmentVariable(variabile).toDouble(&numero);
+    return numero && f >= minimo && f <= massimo ? f : 1;
+}
+
 }  // namespace
 
 qreal scala(const QWidget* controllo) {
@@ -108,11 +118,16 @@ QFont scalato(const QFont& carattere, qreal fattore, const QWidget* dove) {
 
 QRect posto_a_100(const QWidget* controllo) {
     if (const Scala* sua = Scala::di(controllo)) {
-        const auto trovato = sua->indici_.find(controllo);
-        if (trovato != sua->indici_.end()) return sua->posti_[*trovato].base;
+        if (const Scala::Posto* suo = sua->posto(controllo)) return suo->base;
         if (controllo == sua->finestra_) return {QPoint(0, 0), sua->base_};
     }
     return controllo->geometry();
+}
+
+QSize dentro_a_100(const QWidget* controllo) {
+    const Scala* sua = Scala::di(controllo);
+    const Scala::Posto* suo = sua != nullptr ? sua->posto(controllo) : nullptr;
+    return suo != nullptr && suo->dentro.isValid() ? suo->dentro : posto_a_100(controllo).size();
 }
 
 void misura_a_100(QWidget* finestra, QSize misura) {
@@ -121,6 +136,12 @@ void misura_a_100(QWidget* finestra, QSize misura) {
     } else {
         finestra->setFixedSize(misura);
     }
+}
+
+QProcessEnvironment ambiente_scalato(const QWidget* da) {
+    QProcessEnvironment suo = QProcessEnvironment::systemEnvironment();
+    suo.insert(variabile, QString::number(da != nullptr ? scala(da) : 1));
+    return suo;
 }
 
 qreal fattore_iniziale(QSize a_100, QSize libero, qreal fattore) {
@@ -167,6 +188,12 @@ Scala::Scala(QWidget* finestra)
     raccogli(finestra);
     raccogli_spazi();
     finestra->installEventFilter(this);
+    ascolta_tasti();
+    if (area() != finestra) area()->installEventFilter(this);
+    tutte().insert(finestra, this);
+}
+
+void Scala::ascolta_tasti() {
     const auto tasti = [this](const QList<QKeySequence>& quali, auto fare) {
         for (const QKeySequence& quale : quali) {
             connect(new QShortcut(quale, finestra_), &QShortcut::activated, this, fare);
@@ -175,8 +202,6 @@ Scala::Scala(QWidget* finestra)
     tasti({Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal}, [this] { ingrandisci(true); });
     tasti({Qt::CTRL | Qt::Key_Minus}, [this] { ingrandisci(false); });
     tasti({Qt::CTRL | Qt::Key_0}, [this] { porta_a(1); });
-    if (area() != finestra) area()->installEventFilter(this);
-    tutte().insert(finestra, this);
 }
 
 Scala::~Scala() {
@@ -261,15 +286,17 @@ void Scala::misura(QSize a_100) {
             area()->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
         }
         const QWidget* sotto = finestra_->parentWidget();
-        const qreal f =
-            fattore_iniziale(ingombro(), libero(), sotto != nullptr ? scala(sotto) : qreal(1));
-        voluto_ = f;
+        offerto_ =
+            fattore_iniziale(ingombro(), libero(), sotto != nullptr ? scala(sotto) : ereditato());
+        const qreal f = offerto_;
         nuova = f == 1 ? base_ : base_ * f;
         if (con_disposizione_) {
             nuova = nuova.boundedTo(finestra_->screen()->availableGeometry().size());
         }
         offerta_ = nuova;
         ricordo_ = ricordo(file_ricordi(), nome());
+        const qreal tenuto = ricordo_ ? ricordo_->fattore / 100.0 : 0;
+        voluto_ = tenuto > 0 ? fattore_iniziale(ingombro(), libero(), tenuto) : offerto_;
         if (ricordo_) nuova = QSize(ricordo_->larghezza, ricordo_->altezza).boundedTo(libero());
     } else {
         const QSizeF piu = QSizeF(base_ - prima) * fattore_;
@@ -285,6 +312,28 @@ void Scala::misura(QSize a_100) {
     }
     vesti();
     adegua();
+}
+
+QSize Scala::resto() const {
+    const QSizeF tutto = QSizeF(area()->size()) / fattore_;
+    return (tutto - QSizeF(base_area_)).toSize().expandedTo({0, 0});
+}
+
+const Scala::Posto* Scala::posto(const QWidget* controllo) const {
+    const auto suo = indici_.constFind(controllo);
+    return suo != indici_.cend() ? &posti_[*suo] : nullptr;
+}
+
+void Scala::colloca(QWidget* controllo, QRect a_100, int come) {
+    const auto suo = indici_.constFind(controllo);
+    if (suo == indici_.cend()) return;
+    Posto& p = posti_[*suo];
+    if (!p.dentro.isValid()) p.dentro = p.base.size();
+    p.base = a_100;
+    controllo->setProperty(ancora, come);
+    if (in_corso_) return;
+    const QScopedValueRollback guardia(in_corso_, true);
+    disponi_uno(p);
 }
 
 void Scala::porta_a(qreal fattore) {
@@ -331,9 +380,10 @@ void Scala::ricorda() {
     const bool spostata =
         era_spostata || (finestra_->pos() - messa_).manhattanLength() > spostamento;
     std::optional<Ricordo> ora;
-    if (spostata || massima || dove.size() != offerta_) {
+    const int scelto = con_disposizione_ && voluto_ != offerto_ ? qRound(voluto_ * 100) : 0;
+    if (spostata || massima || dove.size() != offerta_ || scelto > 0) {
         const QPoint posto = massima ? dove.topLeft() : finestra_->pos();
-        ora = Ricordo{posto.x(), posto.y(), dove.width(), dove.height(), spostata, massima};
+        ora = Ricordo{posto.x(), posto.y(), dove.width(), dove.height(), spostata, massima, scelto};
     }
     if (ora == ricordo_) return;
     ricordo_ = ora;
@@ -366,6 +416,7 @@ void Scala::adegua() {
         vesti();
         if (f != 1) scrivi_caratteri();
     }
+    Q_EMIT dispone();
     disponi();
     if (!cambia) return;
     if (con_disposizione_) {

@@ -15,6 +15,7 @@
 
 #include "platform/ricordi.h"
 
+class QProcessEnvironment;
 class QWidget;
 
 namespace platform {
@@ -27,8 +28,15 @@ int scalato(int lunghezza, qreal fattore);
 QFont scalato(const QFont& carattere, qreal fattore, const QWidget* dove);
 /// Place and size of a control at 100 %, whatever they are now.
 QRect posto_a_100(const QWidget* controllo);
+/// Size at 100 % for which what stands in a control is placed: its own, unless it was put
+/// elsewhere.
+QSize dentro_a_100(const QWidget* controllo);
 /// Size of a window at 100 %: fixed, or the one that its scale goes out from.
 void misura_a_100(QWidget* finestra, QSize misura);
+
+/// Environment of a program that is opened from the window `da`, so that its own open at the
+/// same factor.
+QProcessEnvironment ambiente_scalato(const QWidget* da);
 
 /// The size at which a window of the size `a_100` opens the first time where `libero` is free:
 /// `fattore`, or the largest that fits, at least 60 %.
@@ -53,11 +61,23 @@ public:
     /// How a control follows what its parent has beyond its scaled size: a sum of these. Without
     /// any for a direction it stays in the middle of a window, and in the corner of a frame.
     static constexpr const char* ancora = "scala_ancora";
-    enum Ancora { segue_destra = 1, allarga = 2, segue_fondo = 4, alza = 8, sta_in_alto = 16 };
+    enum Ancora {
+        segue_destra = 1,
+        allarga = 2,
+        segue_fondo = 4,
+        alza = 8,
+        sta_in_alto = 16,
+        sta_a_sinistra = 32,
+        in_proporzione = 64  ///< place and width grow as the parent's width does
+    };
 
     [[nodiscard]] qreal fattore() const { return fattore_; }
+    /// What the window has beyond its scaled size, at 100 %.
+    [[nodiscard]] QSize resto() const;
     /// Size of the window at 100 %. The first one also brings back what the player left.
     void misura(QSize a_100);
+    /// Puts a control elsewhere, at 100 %; what it holds follows as if its edge had been moved.
+    void colloca(QWidget* controllo, QRect a_100, int come);
     /// Gives the window the size for a factor, as far as the screen has room.
     void porta_a(qreal fattore);
     void ingrandisci(bool piu);
@@ -66,6 +86,10 @@ public:
     /// Takes note of where the program puts the window: elsewhere it is where the player put it.
     void messa(QPoint dove) { messa_ = dove; }
 
+Q_SIGNALS:
+    /// The controls are about to take their places.
+    void dispone();
+
 protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
@@ -73,6 +97,7 @@ private:
     struct Posto {
         QPointer<QWidget> controllo;
         QRect base;
+        QSize dentro;  ///< see `dentro_a_100`; none unless it was put elsewhere
         QRect scritto;
         QFont carattere;
         bool proprio = false;   ///< the font is the control's own, not its window's
@@ -90,6 +115,7 @@ private:
         int spazio = 0;
     };
 
+    void ascolta_tasti();
     void raccogli(QWidget* contenitore);
     void registra(QWidget* controllo);
     void accogli(Posto& posto);
@@ -107,7 +133,9 @@ private:
     [[nodiscard]] QSize libero() const;
     [[nodiscard]] QSize ingombro() const;
     [[nodiscard]] std::string nome() const;
+    [[nodiscard]] const Posto* posto(const QWidget* controllo) const;
     friend QRect posto_a_100(const QWidget* controllo);
+    friend QSize dentro_a_100(const QWidget* controllo);
 
     QWidget* finestra_;
     QSize base_;
@@ -116,6 +144,7 @@ private:
     QSize ingombro_;
     bool con_disposizione_;  ///< layouts fill it, and its edge gives them room, no other scale
     qreal voluto_ = 1;
+    qreal offerto_ = 1;  ///< what the window opened at when nobody had chosen
     qreal fattore_ = 1;
     QString foglio_;
     QString foglio_scritto_;

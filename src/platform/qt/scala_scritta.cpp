@@ -34,10 +34,11 @@ void Scala::disponi_uno(Posto& posto) {
     QRect r(QPoint(bordo(b.x()), bordo(b.y())),
             QPoint(bordo(b.x() + b.width()) - 1, bordo(b.y() + b.height()) - 1));
     const QWidget* padre = posto.controllo->parentWidget();
-    const auto suo = indici_.constFind(padre);
+    const Scala::Posto* suo = this->posto(padre);
     const QSize base = padre == area()         ? base_area_
-                       : suo != indici_.cend() ? posti_[*suo].base.size()
-                                               : padre->size();
+                       : suo == nullptr        ? padre->size()
+                       : suo->dentro.isValid() ? suo->dentro
+                                               : suo->base.size();
     const QSize resto =
         (padre->size() - QSize(bordo(base.width()), bordo(base.height()))).expandedTo(QSize(0, 0));
     const int a = posto.controllo->property(ancora).toInt();
@@ -46,7 +47,12 @@ void Scala::disponi_uno(Posto& posto) {
         r.translate(resto.width(), 0);
     } else if ((a & allarga) != 0) {
         r.setRight(r.right() + resto.width());
-    } else if (in_mezzo) {
+    } else if ((a & in_proporzione) != 0) {
+        const qreal largo =
+            fattore_ + (resto.width() > 1 ? qreal(resto.width()) / base.width() : 0);
+        r.setLeft(qRound(b.x() * largo));
+        r.setRight(qRound((b.x() + b.width()) * largo) - 1);
+    } else if (in_mezzo && (a & sta_a_sinistra) == 0) {
         r.translate(resto.width() / 2, 0);
     }
     if ((a & segue_fondo) != 0) r.translate(0, resto.height());

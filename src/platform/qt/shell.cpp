@@ -1,13 +1,14 @@
 #include "platform/qt/shell.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QProcess>
 
 #include "platform/disk.h"
 #include "platform/macchina.h"
 #include "platform/qt/desktop.h"
+#include "platform/qt/scala.h"
 #include "platform/qt/scrivania.h"
 #include "platform/runtime.h"
 
@@ -20,6 +21,7 @@ std::int64_t avvia(const QString& programma, const QString& cartella, const QStr
     processo.setProgram(programma);
     processo.setArguments(parole);
     processo.setWorkingDirectory(cartella);
+    processo.setProcessEnvironment(ambiente_scalato(QApplication::activeWindow()));
     qint64 numero = 0;
     return processo.startDetached(&numero) ? numero : 0;
 }
