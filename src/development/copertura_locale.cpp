@@ -1,7 +1,9 @@
 #include "development/copertura_locale.h"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
+#include <utility>
 
 namespace development {
 
@@ -9,10 +11,49 @@ namespace {
 
 constexpr std::uint32_t fuori = std::numeric_limits<std::uint32_t>::max();
 constexpr std::int64_t senza_fine = std::numeric_limits<std::int64_t>::max();
+/// Of an empty place.
+constexpr std::int32_t nessuna_perdita = std::numeric_limits<std::int32_t>::max();
 /// A column dropped stays out for up to so many swaps.
 constexpr std::uint32_t attesa = 4;
+/// Losses are compared so many at a time.
+constexpr std::uint32_t blocco = 16;
 /// Weights are halved before their sum outgrows the numbers they are counted in.
 constexpr std::int64_t peso_massimo = std::int64_t{1} << 30;
+
+inline std::uint32_t senza_bit(std::uint32_t insieme, int quanti) {
+    for (; quanti > 0; --quanti) insieme &= insieme - 1;
+    return insieme;
+}
+
+/// Adds to each set's sum where it leaves out at most so many members of `riga`.
+template <int al_piu>
+void somma(const std::uint32_t* insiemi, std::size_t quanti, std::uint32_t riga, std::int32_t peso,
+           std::int32_t* somme) {
+    for (std::size_t j = 0; j < quanti; ++j) {
+        std::uint32_t mancanti = riga & ~insiemi[j];
+        for (int i = 0; i < al_piu; ++i) mancanti &= mancanti - 1;
+        somme[j] += peso & -static_cast<std::int32_t>(mancanti == 0);
+    }
+}
+
+void somma_coperte(const std::uint32_t* insiemi, std::size_t quanti, std::uint32_t riga, int al_piu,
+                   std::int32_t peso, std::int32_t* somme) {
+    switch (al_piu) {
+        case 0:
+            return somma<0>(insiemi, quanti, riga, peso, somme);
+        case 1:
+            return somma<1>(insiemi, quanti, riga, peso, somme);
+        case 2:
+            return somma<2>(insiemi, quanti, riga, peso, somme);
+        case 3:
+            return somma<3>(insiemi, quanti, riga, peso, somme);
+        default:
+            break;
+    }
+    for (std::size_t j = 0; j < quanti; ++j) {
+        if (senza_bit(riga & ~insiemi[j], al_piu) == 0) somme[j] += peso;
+    }
+}
 
 }  // namespace
 
@@ -36,12 +77,10 @@ CoperturaLocale::CoperturaLocale(const Incidenza& incidenza, std::uint64_t seme,
       a_costi_(std::any_of(incidenza.costo.begin(), incidenza.costo.end(),
                            [&](std::int32_t c) { return c != incidenza.costo.front(); })),
       costo_fisso_(costo_fisso),
-      guadagno_(incidenza.quante_colonne(), 0),
+      somma_(incidenza.quante_colonne(), 0),
       mossa_(incidenza.quante_colonne(), 0),
       libera_(incidenza.quante_colonne(), 0),
-      posto_(incidenza.quante_colonne(), fuori),
-      peso_(incidenza.peso_riga.begin(), incidenza.peso_riga.end()),
-      coperte_(incidenza.quante_righe()),
+      righe_(incidenza.quante_righe()),
       posto_scoperta_(incidenza.quante_righe()),
       costo_migliore_(senza_fine),
       scoperto_migliore_(senza_fine) {
@@ -49,152 +88,222 @@ CoperturaLocale::CoperturaLocale(const Incidenza& incidenza, std::uint64_t seme,
         posto_scoperta_[r] = r;
         scoperte_.push_back(r);
         scoperto_ += i_.peso_riga[r];
-        peso_totale_ += peso_[r];
-        aggiungi_a_tutte(r, peso_[r]);
+        righe_[r].peso = i_.peso_riga[r];
+        peso_totale_ += righe_[r].peso;
     }
 }
 
-void CoperturaLocale::aggiungi_a_tutte(std::uint32_t riga, std::int32_t quanto) {
-    const std::uint32_t* c = i_.colonne.data() + i_.inizio_riga[riga];
-    const std::uint32_t* const fine = i_.colonne.data() + i_.inizio_riga[riga + 1];
-    std::int32_t* const guadagno = guadagno_.data();
-    for (; c != fine; ++c) guadagno[*c] += quanto;
-}
-
-void CoperturaLocale::cambia_perdita(std::uint32_t colonna, std::int32_t quanto) {
-    perdita_[posto_[colonna]] += quanto;
+/// As many places again, so that whatever places fold to is a place too.
+void CoperturaLocale::aggiungi_posti() {
+    const std::size_t prima = dentro_.size();
+    const std::size_t dopo = std::max<std::size_t>(blocco, 2 * prima);
+    dentro_.resize(dopo, fuori);
+    perdita_.resize(dopo, nessuna_perdita);
+    entrata_.resize(dopo, 0);
+    minimi_.resize(dopo / blocco);
+    for (std::size_t i = dopo; i > prima; --i) vuoti_.push_back(static_cast<std::uint32_t>(i - 1));
 }
 
 void CoperturaLocale::metti(std::uint32_t colonna) {
-    // What it gains by going in is what it would lose by going out again.
-    const std::int32_t valore = guadagno_[colonna];
-    for (std::uint32_t j = i_.inizio_colonna[colonna]; j < i_.inizio_colonna[colonna + 1]; ++j) {
-        const std::uint32_t r = i_.righe[j];
-        Coperta& coperta = coperte_[r];
-        if (coperta.quante == 0) {
-            aggiungi_a_tutte(r, -peso_[r]);
+    if (vuoti_.empty()) aggiungi_posti();
+    const std::uint32_t posto = vuoti_.back();
+    vuoti_.pop_back();
+    std::int32_t valore = 0;
+    Riga* const righe = righe_.data();
+    std::int32_t* const perdita = perdita_.data();
+    const std::uint32_t* r = i_.righe.data() + i_.inizio_colonna[colonna];
+    const std::uint32_t* const fine = i_.righe.data() + i_.inizio_colonna[colonna + 1];
+    for (; r != fine; ++r) {
+        Riga& riga = righe[*r];
+        // Which rows have one column is past guessing: where it is another number, nothing is
+        // taken from a place that has nothing to do with it.
+        perdita[riga.chi] -= riga.peso & -static_cast<std::int32_t>(riga.quante == 1);
+        if (riga.quante == 0) {
+            valore += riga.peso;
             const std::uint32_t ultima = scoperte_.back();
-            scoperte_[posto_scoperta_[r]] = ultima;
-            posto_scoperta_[ultima] = posto_scoperta_[r];
+            scoperte_[posto_scoperta_[*r]] = ultima;
+            posto_scoperta_[ultima] = posto_scoperta_[*r];
             scoperte_.pop_back();
-            scoperto_ -= i_.peso_riga[r];
-        } else if (coperta.quante == 1) {
-            cambia_perdita(coperta.chi, -peso_[r]);
+            scoperto_ -= i_.peso_riga[*r];
         }
-        ++coperta.quante;
-        coperta.chi ^= colonna;
+        ++riga.quante;
+        riga.chi = static_cast<Posto>(riga.chi ^ posto);
     }
-    posto_[colonna] = static_cast<std::uint32_t>(dentro_.size());
-    dentro_.push_back(colonna);
-    perdita_.push_back(valore);
+    dentro_[posto] = colonna;
+    perdita_[posto] = valore;
+    entrata_[posto] = ora_;
     costo_ += i_.costo[colonna];
     mossa_[colonna] = ora_;
+    ultimo_ = posto;
 }
 
-void CoperturaLocale::togli(std::uint32_t colonna) {
-    const std::uint32_t posto = posto_[colonna];
-    const std::int32_t valore = perdita_[posto];
-    for (std::uint32_t j = i_.inizio_colonna[colonna]; j < i_.inizio_colonna[colonna + 1]; ++j) {
-        const std::uint32_t r = i_.righe[j];
-        Coperta& coperta = coperte_[r];
-        coperta.chi ^= colonna;
-        if (--coperta.quante == 0) {
-            aggiungi_a_tutte(r, peso_[r]);
-            posto_scoperta_[r] = static_cast<std::uint32_t>(scoperte_.size());
-            scoperte_.push_back(r);
-            scoperto_ += i_.peso_riga[r];
-        } else if (coperta.quante == 1) {
-            cambia_perdita(coperta.chi, peso_[r]);
+void CoperturaLocale::togli(std::uint32_t posto) {
+    const std::uint32_t colonna = dentro_[posto];
+    Riga* const righe = righe_.data();
+    std::int32_t* const perdita = perdita_.data();
+    const std::uint32_t* r = i_.righe.data() + i_.inizio_colonna[colonna];
+    const std::uint32_t* const fine = i_.righe.data() + i_.inizio_colonna[colonna + 1];
+    for (; r != fine; ++r) {
+        Riga& riga = righe[*r];
+        riga.chi = static_cast<Posto>(riga.chi ^ posto);
+        --riga.quante;
+        if (riga.quante == 0) {
+            posto_scoperta_[*r] = static_cast<std::uint32_t>(scoperte_.size());
+            scoperte_.push_back(*r);
+            scoperto_ += i_.peso_riga[*r];
         }
+        perdita[riga.chi] += riga.peso & -static_cast<std::int32_t>(riga.quante == 1);
     }
-    guadagno_[colonna] = valore;
-    const std::uint32_t ultima = dentro_.back();
-    dentro_[posto] = ultima;
-    perdita_[posto] = perdita_.back();
-    posto_[ultima] = posto;
-    dentro_.pop_back();
-    perdita_.pop_back();
-    posto_[colonna] = fuori;
+    dentro_[posto] = fuori;
+    perdita_[posto] = nessuna_perdita;
+    vuoti_.push_back(posto);
     costo_ -= i_.costo[colonna];
     mossa_[colonna] = ora_;
     libera_[colonna] = ora_ + 1 + sorte_.fino_a(attesa);
 }
 
-/// True when `a` gains more for its cost than `b`, or as much and waited longer.
-bool CoperturaLocale::meglio(std::uint32_t a, std::uint32_t b) const {
-    const std::int64_t va = a_costi_ ? std::int64_t{guadagno_[a]} * i_.costo[b] : guadagno_[a];
-    const std::int64_t vb = a_costi_ ? std::int64_t{guadagno_[b]} * i_.costo[a] : guadagno_[b];
-    return va != vb ? va > vb : mossa_[a] < mossa_[b];
-}
-
-std::uint32_t CoperturaLocale::da_togliere() const {
+/// The place to empty: not the one filled last, unless there is no other.
+std::uint32_t CoperturaLocale::da_togliere() {
     std::uint32_t scelta = fuori;
+    const auto quanti = static_cast<std::uint32_t>(perdita_.size());
     if (!a_costi_) {
-        // The one added last stays in; found again, it is passed over.
-        std::int32_t minimo = std::numeric_limits<std::int32_t>::max();
-        for (std::size_t i = 0; i < perdita_.size(); ++i) {
-            minimo = std::min(minimo, dentro_[i] == ultima_ ? minimo : perdita_[i]);
+        const std::int32_t di_ultimo = std::exchange(perdita_[ultimo_], nessuna_perdita);
+        std::int32_t minimo = nessuna_perdita;
+        for (std::uint32_t b = 0; b < quanti / blocco; ++b) {
+            const std::int32_t* const p = perdita_.data() + b * blocco;
+            std::int32_t suo = p[0];
+            for (std::uint32_t i = 1; i < blocco; ++i) suo = std::min(suo, p[i]);
+            minimi_[b] = suo;
+            minimo = std::min(minimo, suo);
         }
-        for (std::size_t i = 0; i < perdita_.size(); ++i) {
-            if (perdita_[i] != minimo || dentro_[i] == ultima_) continue;
-            if (scelta == fuori || mossa_[dentro_[i]] < mossa_[scelta]) scelta = dentro_[i];
+        for (std::uint32_t b = 0; b < quanti / blocco && minimo != nessuna_perdita; ++b) {
+            if (minimi_[b] != minimo) continue;
+            for (std::uint32_t i = b * blocco; i < (b + 1) * blocco; ++i) {
+                if (perdita_[i] != minimo) continue;
+                if (scelta == fuori || entrata_[i] < entrata_[scelta]) scelta = i;
+            }
         }
-        return scelta == fuori ? dentro_.front() : scelta;
+        perdita_[ultimo_] = di_ultimo;
+        return scelta == fuori ? ultimo_ : scelta;
     }
-    std::size_t posto = 0;
-    for (std::size_t i = 0; i < dentro_.size(); ++i) {
-        const std::uint32_t c = dentro_[i];
-        if (c == ultima_) continue;
-        const std::int64_t v = scelta == fuori ? 0 : std::int64_t{perdita_[i]} * i_.costo[scelta];
-        const std::int64_t w = std::int64_t{perdita_[posto]} * i_.costo[c];
-        if (scelta != fuori && (v > w || (v == w && mossa_[c] >= mossa_[scelta]))) continue;
-        scelta = c;
-        posto = i;
+    for (std::uint32_t i = 0; i < quanti; ++i) {
+        if (i == ultimo_ || dentro_[i] == fuori) continue;
+        if (scelta != fuori) {
+            const std::int64_t v = std::int64_t{perdita_[i]} * i_.costo[dentro_[scelta]];
+            const std::int64_t w = std::int64_t{perdita_[scelta]} * i_.costo[dentro_[i]];
+            if (v > w || (v == w && entrata_[i] >= entrata_[scelta])) continue;
+        }
+        scelta = i;
     }
-    return scelta == fuori ? dentro_.front() : scelta;
+    return scelta == fuori ? ultimo_ : scelta;
 }
 
-std::uint32_t CoperturaLocale::da_mettere(std::uint32_t riga) const {
-    const std::uint32_t* c = i_.colonne.data() + i_.inizio_riga[riga];
-    const std::uint32_t* const fine = i_.colonne.data() + i_.inizio_riga[riga + 1];
+/// What each column of a row would gain by going in. Only these are ever asked for, so that no
+/// change of a weight has to be told to all columns.
+void CoperturaLocale::stima(std::uint32_t riga) {
+    const std::uint32_t* const colonne = i_.colonne.data() + i_.inizio_riga[riga];
+    const std::size_t quante = i_.inizio_riga[riga + 1] - i_.inizio_riga[riga];
+    guadagno_.resize(quante);
+    std::int32_t* const guadagno = guadagno_.data();
+    const bool insiemi = !i_.insieme_riga.empty();
+    // Beyond so many uncovered rows the columns' own lists are shorter; sets go four at a time.
+    if (scoperte_.size() / (insiemi ? 4 : 1) >= i_.righe.size() / i_.quante_colonne()) {
+        for (std::size_t j = 0; j < quante; ++j) {
+            guadagno[j] = 0;
+            for (std::uint32_t c = i_.inizio_colonna[colonne[j]];
+                 c < i_.inizio_colonna[colonne[j] + 1]; ++c) {
+                const Riga& altra = righe_[i_.righe[c]];
+                guadagno[j] += altra.quante == 0 ? altra.peso : 0;
+            }
+        }
+        return;
+    }
+    if (!insiemi) {
+        for (std::size_t j = 0; j < quante; ++j) somma_[colonne[j]] = 0;
+        for (const std::uint32_t r : scoperte_) {
+            const std::int32_t peso = righe_[r].peso;
+            const std::uint32_t* c = i_.colonne.data() + i_.inizio_riga[r];
+            const std::uint32_t* const fine = i_.colonne.data() + i_.inizio_riga[r + 1];
+            for (; c != fine; ++c) somma_[*c] += peso;
+        }
+        for (std::size_t j = 0; j < quante; ++j) guadagno[j] = somma_[colonne[j]];
+        return;
+    }
+    insieme_.resize(quante);
+    for (std::size_t j = 0; j < quante; ++j) {
+        guadagno[j] = 0;
+        insieme_[j] = i_.insieme_colonna[colonne[j]];
+    }
+    const std::uint32_t questa = i_.insieme_riga[riga];
+    for (const std::uint32_t r : scoperte_) {
+        const std::uint32_t altra = i_.insieme_riga[r];
+        if (i_.comuni > 0 && senza_bit(questa & altra, i_.comuni - 1) == 0) continue;
+        somma_coperte(insieme_.data(), quante, altra, i_.fuori, righe_[r].peso, guadagno);
+    }
+}
+
+std::uint32_t CoperturaLocale::da_mettere(std::uint32_t riga) {
+    stima(riga);
+    const std::uint32_t* const colonne = i_.colonne.data() + i_.inizio_riga[riga];
+    const auto quante = static_cast<std::uint32_t>(guadagno_.size());
     std::uint32_t scelta = fuori;
-    std::int32_t guadagno = -1;
-    for (; c != fine; ++c) {
-        // Most fall behind at once, and nothing else of theirs is looked at.
-        if (!a_costi_ && guadagno_[*c] < guadagno) continue;
-        if (libera_[*c] > ora_ || (scelta != fuori && !meglio(*c, scelta))) continue;
-        scelta = *c;
-        guadagno = guadagno_[scelta];
+    if (a_costi_) {
+        for (std::uint32_t j = 0; j < quante; ++j) {
+            const std::uint32_t c = colonne[j];
+            if (libera_[c] > ora_) continue;
+            if (scelta != fuori) {
+                const std::uint32_t altra = colonne[scelta];
+                const std::int64_t v = std::int64_t{guadagno_[j]} * i_.costo[altra];
+                const std::int64_t w = std::int64_t{guadagno_[scelta]} * i_.costo[c];
+                if (v < w || (v == w && mossa_[c] >= mossa_[altra])) continue;
+            }
+            scelta = j;
+        }
+    }
+    while (scelta == fuori && !a_costi_) {
+        std::int32_t massimo = -1;
+        for (std::uint32_t j = 0; j < quante; ++j) massimo = std::max(massimo, guadagno_[j]);
+        if (massimo < 0) break;
+        for (std::uint32_t j = 0; j < quante; ++j) {
+            if (guadagno_[j] != massimo) continue;
+            guadagno_[j] = -1;
+            if (libera_[colonne[j]] > ora_) continue;
+            if (scelta == fuori || mossa_[colonne[j]] < mossa_[colonne[scelta]]) scelta = j;
+        }
     }
     // All of them went out only just.
-    return scelta != fuori ? scelta : i_.colonne[i_.inizio_riga[riga]];
+    return colonne[scelta != fuori ? scelta : 0];
 }
 
 void CoperturaLocale::appesantisci() {
     for (const std::uint32_t r : scoperte_) {
-        peso_[r] += i_.peso_riga[r];
+        righe_[r].peso += i_.peso_riga[r];
         peso_totale_ += i_.peso_riga[r];
-        aggiungi_a_tutte(r, i_.peso_riga[r]);
     }
     if (peso_totale_ > peso_massimo) alleggerisci();
 }
 
 void CoperturaLocale::alleggerisci() {
-    std::fill(guadagno_.begin(), guadagno_.end(), 0);
-    std::fill(perdita_.begin(), perdita_.end(), 0);
+    for (std::size_t i = 0; i < dentro_.size(); ++i) {
+        if (dentro_[i] != fuori) perdita_[i] = 0;
+    }
     peso_totale_ = 0;
     for (std::uint32_t r = 0; r < i_.quante_righe(); ++r) {
-        peso_[r] = std::max(peso_[r] / 2, i_.peso_riga[r]);
-        peso_totale_ += peso_[r];
-        if (coperte_[r].quante == 0) aggiungi_a_tutte(r, peso_[r]);
-        if (coperte_[r].quante == 1) cambia_perdita(coperte_[r].chi, peso_[r]);
+        righe_[r].peso = std::max(righe_[r].peso / 2, i_.peso_riga[r]);
+        peso_totale_ += righe_[r].peso;
+        if (righe_[r].quante == 1) perdita_[righe_[r].chi] += righe_[r].peso;
     }
 }
 
 void CoperturaLocale::parti_da(const std::vector<std::uint32_t>& colonne) {
-    while (!dentro_.empty()) togli(dentro_.back());
+    for (std::uint32_t i = 0; i < dentro_.size(); ++i) {
+        if (dentro_[i] != fuori) togli(i);
+    }
+    std::vector<bool> messa(i_.quante_colonne(), false);
     for (const std::uint32_t c : colonne) {
-        if (posto_[c] == fuori) metti(c);
+        if (messa[c] || pieno()) continue;
+        messa[c] = true;
+        metti(c);
     }
 }
 
@@ -204,11 +313,11 @@ void CoperturaLocale::completa() {
         const auto quante = static_cast<std::uint32_t>(scoperte_.size());
         const std::uint32_t riga = scoperte_[sorte_.fino_a(quante)];
         std::uint32_t c = da_mettere(riga);
-        if (dentro_.empty()) {
+        if (costo_ == 0) {
             const std::uint32_t da = i_.inizio_riga[riga];
             c = i_.colonne[da + sorte_.fino_a(i_.inizio_riga[riga + 1] - da)];
         }
-        if (costo_fisso_ > 0 && costo_ + i_.costo[c] > costo_fisso_) break;
+        if (pieno() || (costo_fisso_ > 0 && costo_ + i_.costo[c] > costo_fisso_)) break;
         metti(c);
     }
     while (costo_fisso_ > 0 && costo_ > costo_fisso_) togli(da_togliere());
@@ -220,7 +329,9 @@ bool CoperturaLocale::annota() {
         return false;
     }
     if (costo_fisso_ == 0 && scoperto_ > 0) return false;
-    migliore_ = dentro_;
+    migliore_.clear();
+    std::copy_if(dentro_.begin(), dentro_.end(), std::back_inserter(migliore_),
+                 [](std::uint32_t c) { return c != fuori; });
     costo_migliore_ = costo_;
     scoperto_migliore_ = scoperto_;
     return true;
@@ -235,14 +346,13 @@ bool CoperturaLocale::passo() {
             togli(da_togliere());
         }
     }
-    if (!dentro_.empty()) togli(da_togliere());
+    if (costo_ > 0) togli(da_togliere());
     const std::int64_t tetto = costo_fisso_ > 0 ? costo_fisso_ : costo_migliore_ - 1;
     while (!scoperte_.empty()) {
         const auto quante = static_cast<std::uint32_t>(scoperte_.size());
         const std::uint32_t c = da_mettere(scoperte_[sorte_.fino_a(quante)]);
-        if (costo_ + i_.costo[c] > tetto) break;
+        if (pieno() || costo_ + i_.costo[c] > tetto) break;
         metti(c);
-        ultima_ = c;
         appesantisci();
     }
     return annota() || trovata;

@@ -17,6 +17,13 @@ struct Incidenza {
     std::vector<std::uint32_t> colonne;            ///< columns of each row
     std::vector<std::int32_t> costo;               ///< by column
     std::vector<std::int32_t> peso_riga;           ///< by row
+    /// Where rows and columns are sets: a column covers the rows that have at most `fuori` members
+    /// more, and two rows have a column in common only when they share `comuni` of theirs. Empty
+    /// where the lists alone tell.
+    std::vector<std::uint32_t> insieme_riga;
+    std::vector<std::uint32_t> insieme_colonna;
+    int fuori = 0;
+    int comuni = 0;
     [[nodiscard]] std::size_t quante_righe() const { return peso_riga.size(); }
     [[nodiscard]] std::size_t quante_colonne() const { return costo.size(); }
     /// Fills the columns of each row from the rows of each column.
@@ -43,6 +50,9 @@ private:
     std::uint64_t stato_;
 };
 
+/// A walk holds no more columns at a time; a cover that wants more is not found.
+inline constexpr std::size_t colonne_tenute = 32768;
+
 /// Drops the column whose loss weighs least, adds the best one for a row left uncovered, and
 /// makes all rows that stay uncovered weigh more. Owned by one thread.
 class CoperturaLocale {
@@ -65,14 +75,14 @@ public:
     [[nodiscard]] std::uint64_t fatti() const { return ora_; }
 
 private:
+    void aggiungi_posti();
+    [[nodiscard]] bool pieno() const { return vuoti_.empty() && dentro_.size() >= colonne_tenute; }
     void metti(std::uint32_t colonna);
-    void togli(std::uint32_t colonna);
-    void aggiungi_a_tutte(std::uint32_t riga, std::int32_t quanto);
-    void cambia_perdita(std::uint32_t colonna, std::int32_t quanto);
+    void togli(std::uint32_t posto);
     void completa();
-    [[nodiscard]] std::uint32_t da_togliere() const;
-    [[nodiscard]] std::uint32_t da_mettere(std::uint32_t riga) const;
-    [[nodiscard]] bool meglio(std::uint32_t a, std::uint32_t b) const;
+    [[nodiscard]] std::uint32_t da_togliere();
+    [[nodiscard]] std::uint32_t da_mettere(std::uint32_t riga);
+    void stima(std::uint32_t riga);
     void appesantisci();
     void alleggerisci();
     bool annota();
@@ -85,26 +95,32 @@ private:
     std::int64_t costo_ = 0;
     std::int64_t scoperto_ = 0;
     std::uint64_t ora_ = 0;
-    /// The columns in that cover a row.
-    struct Coperta {
-        std::uint32_t quante = 0;
-        std::uint32_t chi = 0;  ///< all of them, folded by exclusive or
+    using Posto = std::uint16_t;
+    struct Riga {
+        std::int32_t peso = 0;
+        Posto quante = 0;  ///< columns in that cover it
+        Posto chi = 0;     ///< their places, folded by exclusive or
     };
-    std::vector<std::int32_t> guadagno_;  ///< of a column that is out
-    std::vector<std::uint64_t> mossa_;    ///< when it last went in or out
-    std::vector<std::uint64_t> libera_;   ///< from when it may go in again
-    std::vector<std::uint32_t> posto_;    ///< place among those in; `fuori` for the others
+    // Of the columns of the row in hand.
+    std::vector<std::int32_t> guadagno_;
+    std::vector<std::uint32_t> insieme_;
+    std::vector<std::int32_t> somma_;    ///< by column, right where it was just made
+    std::vector<std::uint64_t> mossa_;   ///< when it last went in or out
+    std::vector<std::uint64_t> libera_;  ///< from when it may go in again
+    /// A column that goes in takes a place and keeps it, and one that goes out leaves it empty.
     std::vector<std::uint32_t> dentro_;
-    std::vector<std::int32_t> perdita_;  ///< of a column that is in, by place
-    std::vector<std::int32_t> peso_;
+    std::vector<std::int32_t> perdita_;  ///< of the column of each place
+    std::vector<std::uint64_t> entrata_;
+    std::vector<std::int32_t> minimi_;
+    std::vector<std::uint32_t> vuoti_;
+    std::vector<Riga> righe_;
     std::int64_t peso_totale_ = 0;
-    std::vector<Coperta> coperte_;
     std::vector<std::uint32_t> posto_scoperta_;
     std::vector<std::uint32_t> scoperte_;
     std::vector<std::uint32_t> migliore_;
     std::int64_t costo_migliore_ = 0;
     std::int64_t scoperto_migliore_ = 0;
-    std::uint32_t ultima_ = 0;
+    std::uint32_t ultimo_ = 0;  ///< place filled last
     const std::atomic<bool>* fermo_ = nullptr;
 };
 

@@ -12,6 +12,7 @@
 #include "development/copertura_locale.h"
 #include "development/garanzie.h"
 #include "development/gruppi.h"
+#include "development/riempimento.h"
 
 namespace development {
 
@@ -21,8 +22,8 @@ namespace {
 constexpr std::uint64_t incidenza_massima = std::uint64_t{1} << 26;
 /// Work of one turn without a group, and of the first try of a group: a swap costs about as many
 /// steps as a row covers draws times the rows that cover a draw.
-constexpr std::uint64_t lavoro_semplice = 300'000'000;
-constexpr std::uint64_t lavoro_di_gruppo = 30'000'000;
+constexpr std::uint64_t lavoro_semplice = 60'000'000;
+constexpr std::uint64_t lavoro_di_gruppo = 40'000'000;
 /// Swaps without anything better after which the plain walk starts anew.
 constexpr std::uint64_t pazienza = 6'000'000;
 /// Groups that are tried again, each time for longer.
@@ -87,6 +88,9 @@ std::string impossibile(const Desiderio& d) {
         return "la ricerca è troppo grande: " + numero(righe) + " combinazioni, ognuna copre " +
                numero(coperti_da_una(d)) + " sorteggi";
     }
+    const int almeno = std::max(limite_inferiore(d), d.righe);
+    if (static_cast<std::size_t>(almeno) > colonne_tenute)
+        return "la ricerca è troppo grande: " + std::to_string(almeno) + " righe";
     if (d.righe == 0) return {};
     if (d.righe < 0 || static_cast<std::uint64_t>(d.righe) > righe)
         return "le combinazioni possibili sono " + numero(righe);
@@ -276,6 +280,7 @@ public:
             fili.emplace_back([this, i] { lavora(i); });
         racconta();
         for (std::thread& filo : fili) filo.join();
+        spendi_le_altre();
     }
 
 private:
@@ -328,6 +333,13 @@ private:
             }
             if (condotta_.fermo && condotta_.fermo()) fermo_ = true;
         }
+    }
+
+    /// Rows asked for that the guarantee does not need buy what they can above it.
+    void spendi_le_altre() {
+        if (d_.righe == 0 || migliore_.empty() || scoperti_ > 0) return;
+        const std::vector<Maschera> tutte = riempi(d_, migliore_, condotta_.seme, condotta_.fermo);
+        if (tutte.size() > migliore_.size() && condotta_.trovata) condotta_.trovata(tutte, 0);
     }
 
     const Desiderio& d_;

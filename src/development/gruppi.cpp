@@ -217,6 +217,13 @@ Orbite orbite(const Desiderio& desiderio, const std::vector<Permutazione>& grupp
         o.incidenza.costo.push_back(
             static_cast<std::int32_t>(righe.inizio[c + 1] - righe.inizio[c]));
     }
+    if (gruppo.empty()) {
+        o.incidenza.insieme_riga = sorteggi.primo;
+        o.incidenza.insieme_colonna = righe.primo;
+        o.incidenza.fuori = desiderio.p - desiderio.t;
+        // A row of the table that covers both of two draws shares t with each, and it has only k.
+        o.incidenza.comuni = std::max(0, 2 * desiderio.t - desiderio.k);
+    }
     o.incidenza.trasponi();
     o.inizio = std::move(righe.inizio);
     o.righe = std::move(righe.membri);

@@ -1,11 +1,13 @@
 #include "development/coperture.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <set>
 
 #include "development/copertura_locale.h"
 #include "development/garanzie.h"
 #include "development/gruppi.h"
+#include "development/riempimento.h"
 
 using namespace development;
 
@@ -105,6 +107,50 @@ TEST(Coperture, ConLeRigheContateContaGiustiISorteggiScoperti) {
     EXPECT_EQ(larga.scoperti(), 0U);
     // With none missed, rows that are not needed stay out.
     EXPECT_LE(larga.migliore().size(), 20U);
+}
+
+/// Draws that have a row with more than the guarantee.
+std::uint64_t sopra(const std::vector<Maschera>& righe, const Desiderio& d) {
+    const Vincite v = vincite({d.n, d.k, righe}, d.p);
+    std::uint64_t quanti = 0;
+    for (auto t = static_cast<std::size_t>(d.t) + 1; t < v.migliore.size(); ++t)
+        quanti += v.migliore[t];
+    return quanti;
+}
+
+TEST(Coperture, LeRigheCheAvanzanoCompranoUnNumeroInPiu) {
+    const Desiderio d{9, 6, 6, 4, 6};
+    const std::vector<Maschera> base{0b000111111, 0b111000111, 0b111111000};
+    ASSERT_EQ(scoperti_di(base, d), 0U);
+    const auto tutte = riempi(d, base, 1, {});
+    EXPECT_EQ(tutte.size(), 6U);
+    EXPECT_TRUE(std::is_sorted(tutte.begin(), tutte.end(), riga_precede));
+    EXPECT_EQ(std::set<Maschera>(tutte.begin(), tutte.end()).size(), 6U);
+    for (const Maschera riga : base) {
+        EXPECT_EQ(std::count(tutte.begin(), tutte.end(), riga), 1);
+    }
+    // Each row gives 19 draws five or more, and the three of the base share none.
+    EXPECT_EQ(sopra(base, d), 57U);
+    EXPECT_GE(sopra(tutte, d), 76U);
+    // Where all draws have five, no more rows are added.
+    const auto larga = riempi({9, 6, 6, 4, 40}, base, 1, {});
+    EXPECT_EQ(sopra(larga, d), 84U);
+    EXPECT_LT(larga.size(), 40U);
+    // Four drawn of which all are guessed cannot be bettered.
+    EXPECT_EQ(riempi({9, 6, 4, 4, 30}, base, 1, {}), base);
+    // Told to end, it keeps what the first look gave.
+    EXPECT_EQ(riempi(d, base, 1, [] { return true; }), base);
+}
+
+TEST(Coperture, ConLeRigheContateLaRicercaSpendeAncheQuelleCheAvanzano) {
+    const Desiderio d{10, 6, 6, 4, 8};
+    std::vector<Maschera> ultima;
+    Condotta condotta;
+    condotta.trovata = [&](const std::vector<Maschera>& righe, std::uint64_t) { ultima = righe; };
+    cerca(d, condotta);
+    EXPECT_EQ(ultima.size(), 8U);
+    EXPECT_EQ(scoperti_di(ultima, d), 0U);
+    EXPECT_GT(sopra(ultima, d), 120U);
 }
 
 TEST(Coperture, RiparteDaUnaTabella) {

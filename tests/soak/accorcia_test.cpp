@@ -31,7 +31,7 @@ struct Modello {
     }
 };
 
-TEST(Accorcia, only_the_steps_that_the_fault_needs_are_left) {
+TEST(Accorcia, OnlyTheStepsThatTheFaultNeedsAreLeft) {
     for (const Passi& servono : {Passi{17}, Passi{1}, Passi{250}, Passi{3, 4}, Passi{1, 250},
                                  Passi{9, 77, 78, 200}, da_uno_a(250)}) {
         Modello modello{servono};
@@ -39,18 +39,18 @@ TEST(Accorcia, only_the_steps_that_the_fault_needs_are_left) {
     }
 }
 
-TEST(Accorcia, a_walk_that_does_not_fail_stays_as_it_is) {
+TEST(Accorcia, AWalkThatDoesNotFailStaysAsItIs) {
     Modello modello{{251}};
     EXPECT_EQ(accorcia(da_uno_a(250), std::ref(modello)), da_uno_a(250));
     EXPECT_EQ(modello.tentativi, 1);
 }
 
-TEST(Accorcia, nothing_is_left_of_what_fails_by_itself) {
+TEST(Accorcia, NothingIsLeftOfWhatFailsByItself) {
     EXPECT_EQ(accorcia(da_uno_a(30), [](const Passi&) { return true; }), Passi());
     EXPECT_EQ(accorcia({}, [](const Passi&) { return true; }), Passi());
 }
 
-TEST(Accorcia, an_action_that_only_a_spared_one_needed_goes_too) {
+TEST(Accorcia, AnActionThatOnlyASparedOneNeededGoesToo) {
     // Each number but the greatest is asked for by its successor alone.
     const auto fallisce = [](const Passi& passi) {
         const bool ultimo = std::find(passi.begin(), passi.end(), 40U) != passi.end();
@@ -62,15 +62,15 @@ TEST(Accorcia, an_action_that_only_a_spared_one_needed_goes_too) {
     EXPECT_EQ(accorcia(da_uno_a(40), fallisce), Passi{40});
 }
 
-TEST(Accorcia, the_tries_grow_with_what_is_left_and_hardly_with_the_walk) {
+TEST(Accorcia, TheTriesGrowWithWhatIsLeftAndHardlyWithTheWalk) {
     Modello modello{{500, 9000}};
     EXPECT_EQ(accorcia(da_uno_a(10000), std::ref(modello)), (Passi{500, 9000}));
     EXPECT_LT(modello.tentativi, 120);
 }
 
-TEST(Accorcia, the_walk_is_told_as_a_test) {
+TEST(Accorcia, TheWalkIsToldAsATest) {
     EXPECT_EQ(soak::come_prova({7, 4294967295U}),
-              "TEST(Soak, a_walk_that_failed) { EXPECT_EQ(cammina({7U, 4294967295U}).difetti, "
+              "TEST(Soak, AWalkThatFailed) { EXPECT_EQ(cammina({7U, 4294967295U}).difetti, "
               "QString()); }");
 }
 
