@@ -10,6 +10,8 @@
 #include <QStyleOption>
 #include <QTabBar>
 
+#include "platform/macchina.h"
+#include "platform/qt/caratteri.h"
 #include "platform/qt/copia.h"
 #include "platform/qt/lingua.h"
 #include "platform/qt/rotella.h"
@@ -194,8 +196,10 @@ bool desktop_scuro() {
 
 void applica_stile(QApplication& applicazione) {
     carica_risorse();
-    scuro = QGuiApplication::palette().color(QPalette::Window).lightness() < 128;
+    scuro = platform::macchina::finestre_scure().value_or(
+        QGuiApplication::palette().color(QPalette::Window).lightness() < 128);
     platform::parla_italiano();
+    platform::porta_caratteri();
     QApplication::setStyle(new Stile);
     QFont carattere("Liberation Sans");
     carattere.setStyleHint(QFont::SansSerif);

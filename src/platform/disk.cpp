@@ -1,7 +1,6 @@
 #include "platform/disk.h"
 
 #include <algorithm>
-#include <charconv>
 #include <ctime>
 
 #include "platform/lavoro.h"
@@ -68,18 +67,7 @@ Esito fissa(File& file, std::int64_t dimensione) {
     return file.guarda(voce) && voce.byte == dimensione ? Esito::ok : Esito::disco_pieno;
 }
 
-// A file system gives every new file a creation time of its own and lets nobody change it, so that
-// of a replaced file goes with its successor in an attribute.
-constexpr const char* attributo_creazione = "user.tabellino.creazione";
 constexpr const char* attributo_parola = "user.tabellino.parola";
-
-std::optional<std::int64_t> creazione_annotata(const std::string& nome) {
-    const std::string testo = macchina::attributo(nome, attributo_creazione);
-    std::int64_t secondi = 0;
-    const auto esito = std::from_chars(testo.data(), testo.data() + testo.size(), secondi);
-    if (esito.ec != std::errc() || esito.ptr != testo.data() + testo.size()) return std::nullopt;
-    return secondi;
-}
 
 /// Gives a file another case of its own name, by way of a third name where the disk takes both
 /// for one: a name that is listed, should the second step never come.
@@ -152,9 +140,7 @@ std::optional<std::int64_t> dimensione_file(const std::string& nome) {
 }
 
 std::optional<std::int64_t> data_creazione(const std::string& nome) {
-    const std::string reale = nome_su_disco(nome);
-    const auto annotata = creazione_annotata(reale);
-    return annotata ? annotata : macchina::nascita(reale);
+    return macchina::nascita(nome_su_disco(nome));
 }
 
 std::string testo_data_ora(std::int64_t secondi) {
@@ -357,10 +343,10 @@ Esito pubblica(const std::string& lavoro, const std::string& nome, std::int64_t 
     File file(partenza, File::Modo::leggi_se_file);
     if (!file.aperto()) return esito_di(file.guasto());
     if (c_era && vecchio.file()) {
-        // Where the disk keeps no attributes, the date is that of the last replacement; where it
-        // keeps no modes, there is none to lose.
+        // Where the disk keeps no such date, it is that of the last replacement; where it keeps no
+        // modes, there is none to lose.
         const auto vecchia = creazione == Creazione::resta ? data_creazione(arrivo) : std::nullopt;
-        if (vecchia) file.annota(attributo_creazione, std::to_string(*vecchia));
+        if (vecchia) file.nasce(*vecchia);
         file.permessi(vecchio.permessi);
     }
     const Esito esito = concludi(file, fissa(file, dimensione));

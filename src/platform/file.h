@@ -46,6 +46,8 @@ public:
     bool vai(std::int64_t dove);
     bool guarda(macchina::Voce& voce);
     bool permessi(unsigned permessi);
+    /// Gives it another day of its making, in seconds since 1970, as far as the disk keeps one.
+    bool nasce(std::int64_t secondi);
     /// A word that the disk keeps with the file, empty without one.
     [[nodiscard]] std::string attributo(const char* quale) const;
     bool annota(const char* quale, std::string_view parola);

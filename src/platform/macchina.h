@@ -56,8 +56,8 @@ bool nome_possibile(const std::string& nome);
 std::vector<std::string> voci(const std::string& cartella);
 /// True when files can be made in the folder.
 bool scrivibile(const std::string& cartella);
-/// When the file was made, in seconds since 1970; its last change where the disk keeps no such
-/// time.
+/// When the file was made, or what `File::nasce` told, in seconds since 1970; its last change where
+/// the disk keeps no such time.
 std::optional<std::int64_t> nascita(const std::string& nome);
 /// The whole name without links, empty when it leads nowhere.
 std::string percorso_reale(const std::string& nome);
@@ -67,6 +67,11 @@ std::string meta(const std::string& nome);
 std::string attributo(const std::string& nome, const char* quale);
 
 void crea_cartella(const std::string& nome);
+/// Makes a folder for a while, whose name begins so; empty when none can be made.
+std::string cartella_temporanea(const std::string& nome);
+/// Makes a folder at `nome` in which the files of `meta` are, without copying them where the disk
+/// can; it goes as any folder does, and leaves `meta` alone.
+bool collega_cartella(const std::string& meta, const std::string& nome);
 Guasto togli(const std::string& nome);
 Guasto rinomina(const std::string& vecchio, const std::string& nuovo);
 /// Leaves what is at `nuovo` alone; on disks without such a step as nearly so as they do.
@@ -82,6 +87,10 @@ std::int64_t processo();
 std::optional<std::tm> ora_locale(std::int64_t secondi);
 /// Folder of the running executable, empty when the system does not tell.
 std::string cartella_eseguibile();
+/// The ending of a program's file.
+std::string coda_dei_programmi();
+/// Whether the user wants dark windows; nothing where the system has no such wish of its own.
+std::optional<bool> finestre_scure();
 /// Where the user's own programs keep their data.
 std::string dati_utente();
 
@@ -96,6 +105,7 @@ public:
     [[nodiscard]] std::string nome() const;
 
 private:
+    std::string nome_;
     int fd_ = -1;
 };
 

@@ -7,11 +7,12 @@
 #include "comando.h"
 #include "finestra.h"
 #include "platform/application.h"
+#include "platform/comando.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/scala.h"
 
 int main(int argc, char** argv) {
-    const std::vector<std::string> parole(argv + 1, argv + argc);
+    const std::vector<std::string> parole = platform::parole(argc, argv);
     const auto cartella = [] {
         const std::string eseguibile = platform::cartella_eseguibile();
         return platform::trova_cartella(eseguibile, eseguibile + "/../share/tabellino");

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/comando.h"
 #include "platform/disk.h"
 #include "systems/sessione.h"
 
@@ -92,17 +93,18 @@ bool crea(const Esempio& e, const std::string& cartella) {
 
 /// esempi CARTELLA: makes all samples in the folder, with the tables of the suite that it is in.
 int main(int argc, char** argv) {
-    if (argc != 2) {
+    const std::vector<std::string> parole = platform::parole(argc, argv);
+    if (parole.size() != 1) {
         std::fputs("Uso: esempi CARTELLA\n", stderr);
         return 2;
     }
-    if (!platform::crea_cartella(argv[1])) return 2;
+    if (!platform::crea_cartella(parole[0])) return 2;
     for (const Esempio& e : esempi) {
-        if (crea(e, argv[1])) continue;
+        if (crea(e, parole[0])) continue;
         std::fprintf(stderr, "esempi: %s non è riuscito\n", e.nome);
         return 1;
     }
     // The price is the player's to find at his first start.
-    platform::Kill(std::string(argv[1]) + "/cst");
+    platform::Kill(parole[0] + "/cst");
     return 0;
 }

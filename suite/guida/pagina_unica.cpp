@@ -4,6 +4,7 @@
 
 #include "finestra.h"
 #include "pagine.h"
+#include "platform/comando.h"
 
 namespace {
 
@@ -47,8 +48,9 @@ QString pagina_unica() {
 
 /// pagina_unica FILE
 int main(int argc, char** argv) {
-    if (argc != 2) return 2;
-    QFile file(QString::fromLocal8Bit(argv[1]));
+    const std::vector<std::string> parole = platform::parole(argc, argv);
+    if (parole.size() != 1) return 2;
+    QFile file(QString::fromStdString(parole[0]));
     const QByteArray testo = pagina_unica().toUtf8();
     return file.open(QIODevice::WriteOnly) && file.write(testo) == testo.size() ? 0 : 1;
 }

@@ -1,5 +1,6 @@
 // Makes the "Integrale" tables and proves what any reduced table guarantees.
 #include "comune.h"
+#include "platform/comando.h"
 
 namespace {
 
@@ -32,7 +33,7 @@ constexpr std::string_view uso =
 }  // namespace
 
 int main(int argc, char** argv) {
-    const std::vector<std::string> parole(argv + 1, argv + argc);
+    const std::vector<std::string> parole = platform::parole(argc, argv);
     if (parole.empty()) {
         ridotti::lamenta("manca il comando; ridotti --aiuto li elenca");
         return ridotti::impossibile;

@@ -56,7 +56,7 @@ std::string Aperto::apri() {
     if (!gioco) return "non è un sistema: il nome deve finire con .sen o con .sel";
     const std::filesystem::path percorso(reale_);
     const std::string base = percorso.filename().string();
-    coppia_ = {percorso.has_parent_path() ? percorso.parent_path().string() : ".",
+    coppia_ = {percorso.has_parent_path() ? percorso.parent_path().generic_string() : ".",
                base.substr(0, base.size() - lunga_estensione), *gioco};
     if (!systems::nome_ammesso(coppia_.nome)) return "il sistema non ha nome";
     if (!platform::esiste_file(reale_)) return "il file non c'è";

@@ -1,10 +1,10 @@
 #include "sistema/banco.h"
 
 #include <filesystem>
-#include <stdlib.h>
 
 #include "platform/application.h"
 #include "platform/disk.h"
+#include "platform/macchina.h"
 
 namespace sistema {
 
@@ -12,12 +12,12 @@ namespace fs = std::filesystem;
 
 Banco::Banco(const std::string& programma) {
     std::error_code errore;
-    std::string modello = (fs::temp_directory_path(errore) / "sistemaXXXXXX").string();
-    if (errore || ::mkdtemp(modello.data()) == nullptr) return;
-    radice_ = modello;
+    radice_ = platform::macchina::cartella_temporanea("sistema");
+    if (radice_.empty()) return;
     const fs::path tabelle = fs::absolute(platform::radice(programma) + "ridotti", errore);
     if (!errore) fs::create_directory(cartella(), errore);
-    if (!errore) fs::create_directory_symlink(tabelle, radice_ + "/ridotti", errore);
+    if (!errore && !platform::macchina::collega_cartella(tabelle.string(), radice_ + "/ridotti"))
+        errore = std::make_error_code(std::errc::io_error);
     for (const char* nome : {"cst", "rip.dat", "col.dat"}) {
         const std::string origine = platform::nome_su_disco(programma + "/" + nome);
         if (!errore && platform::esiste_file(origine)) fs::copy_file(origine, file(nome), errore);

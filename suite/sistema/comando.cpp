@@ -132,7 +132,7 @@ std::string leggi_programma(const suite::Parole& parole, const Mezzi& ambiente,
         return {};
     }
     std::error_code errore;
-    cartella = std::filesystem::absolute(*detta, errore).lexically_normal().string();
+    cartella = std::filesystem::absolute(*detta, errore).lexically_normal().generic_string();
     while (cartella.size() > 1 && cartella.back() == '/') cartella.pop_back();
     const bool sua =
         platform::LCase(cartella).ends_with("cruciverba") && platform::esiste_cartella(cartella);

@@ -6,6 +6,7 @@
 
 #include "comune/testo.h"
 #include "platform/application.h"
+#include "platform/comando.h"
 #include "platform/terminale.h"
 #include "sistema/comando.h"
 #include "sistema/stampa.h"
@@ -15,7 +16,7 @@ int main(int argc, char** argv) {
     platform::App().Major = TABELLINO_MAJOR;
     platform::App().Minor = TABELLINO_MINOR;
     platform::App().Revision = TABELLINO_REVISION;
-    const std::vector<std::string> parole(argv + 1, argv + argc);
+    const std::vector<std::string> parole = platform::parole(argc, argv);
     sistema::Mezzi ambiente;
     ambiente.programma = [] {
         const std::string eseguibile = platform::cartella_eseguibile();

@@ -1,5 +1,6 @@
 #include "sistema/stampa.h"
 
+#include "platform/qt/caratteri.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/printer_qt.h"
 
@@ -17,6 +18,7 @@ public:
 }  // namespace
 
 std::string stampa_in_pdf(const printing::Prospetto& prospetto, const std::string& pdf) {
+    platform::porta_caratteri();
     platform::PrinterQt printer(platform::q(prospetto.testata.nome), platform::q(pdf),
                                 platform::Uscita::file);
     SenzaSchermo schermo;

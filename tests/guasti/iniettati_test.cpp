@@ -150,7 +150,7 @@ public:
     SolaLettura() = default;
     SolaLettura(const SolaLettura&) = delete;
     SolaLettura& operator=(const SolaLettura&) = delete;
-    int open(const char* nome, int modo, mode_t permessi) override {
+    int open(const char* nome, int modo, unsigned permessi) override {
         return (modo & O_ACCMODE) == O_RDONLY ? Syscalls::open(nome, modo, permessi) : rifiuta();
     }
     int rename(const char*, const char*) override { return rifiuta(); }
@@ -219,7 +219,7 @@ public:
     explicit Sparisce(int quale) : quale_(quale) {}
     Sparisce(const Sparisce&) = delete;
     Sparisce& operator=(const Sparisce&) = delete;
-    int open(const char* nome, int modo, mode_t permessi) override {
+    int open(const char* nome, int modo, unsigned permessi) override {
         const bool legge = (modo & (O_ACCMODE | O_DIRECTORY)) == O_RDONLY;
         if (legge && fs::is_regular_file(nome) && ++viste_ == quale_) {
             sparito = nome;

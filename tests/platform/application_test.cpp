@@ -230,7 +230,7 @@ class Disco : public Syscalls {
 public:
     std::int64_t spazio = std::int64_t{1} << 40;
     int vita = -1;
-    int open(const char* nome, int modo, mode_t permessi) override {
+    int open(const char* nome, int modo, unsigned permessi) override {
         passo();
         return Syscalls::open(nome, modo, permessi);
     }

@@ -42,7 +42,7 @@ public:
     int vita = 0;  ///< the process dies before this call, counted from 1
     int chiamate = 0;
 
-    int open(const char* nome, int modo, mode_t permessi) override {
+    int open(const char* nome, int modo, unsigned permessi) override {
         return passo(errore_open) ? Syscalls::open(nome, modo, permessi) : -1;
     }
     ssize_t read(int fd, void* dati, std::size_t quanti) override {

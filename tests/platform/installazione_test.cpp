@@ -36,7 +36,7 @@ public:
     explicit ErroreDiPassaggio(int guasta) : guasta_(guasta) {}
     ErroreDiPassaggio(const ErroreDiPassaggio&) = delete;
     ErroreDiPassaggio& operator=(const ErroreDiPassaggio&) = delete;
-    int open(const char* nome, int modo, mode_t permessi) override {
+    int open(const char* nome, int modo, unsigned permessi) override {
         if ((modo & O_CREAT) != 0 && ++aperture == guasta_) {
             errno = EIO;
             return -1;

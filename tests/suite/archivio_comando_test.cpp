@@ -1,9 +1,10 @@
 // The command that imports draws, as a player runs it.
 #include <fcntl.h>
-#include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 
 #include "archivio/comando.h"
+#include "avvio.h"
 #include "platform/disk.h"
 #include "statistics/archivio.h"
 #include "suite/archivio_prova.h"
@@ -25,24 +26,10 @@ protected:
         if (con_archivio) {
             parole.insert(parole.begin() + 1, {"--archivio", archivio_});
         }
-        parole.insert(parole.begin(), programma_);
         const std::string uscita = cartella_.file("uscita");
         const std::string errori = cartella_.file("errori");
-        const pid_t figlio = ::fork();
-        if (figlio == 0) {
-            const int modo = O_WRONLY | O_CREAT | O_TRUNC | O_NOCTTY;
-            ::dup2(::open(uscita.c_str(), modo, 0600), STDOUT_FILENO);
-            ::dup2(::open(errori.c_str(), modo, 0600), STDERR_FILENO);
-            std::vector<char*> argomenti;
-            for (std::string& parola : parole) argomenti.push_back(parola.data());
-            argomenti.push_back(nullptr);
-            ::execv(programma_.c_str(), argomenti.data());
-            ::_exit(127);
-        }
-        int stato = 0;
-        ::waitpid(figlio, &stato, 0);
-        return {WIFEXITED(stato) ? WEXITSTATUS(stato) : -1, support::contenuto(uscita),
-                support::contenuto(errori)};
+        const int codice = support::avvia(programma_, std::move(parole), uscita, errori);
+        return {codice, support::contenuto(uscita), support::contenuto(errori)};
     }
 
     std::string programma_ = ARCHIVIO;

@@ -1,14 +1,13 @@
 // Adopting a table: what is proven, where it goes, and what is refused.
-#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
 #include <string>
-#include <sys/wait.h>
-#include <unistd.h>
+#include <utility>
 #include <vector>
 
+#include "avvio.h"
 #include "support/cartella.h"
 #include "systems/sessione.h"
 
@@ -20,21 +19,9 @@ const std::string ambi_di_5 = "1,2,3\r\n1,2,4\r\n1,2,5\r\n1,4,5\r\n2,3,4\r\n3,4,
 class RidottiAdotta : public testing::Test {
 protected:
     int adotta(std::vector<std::string> parole) {
-        parole.insert(parole.begin(), {RIDOTTI, "adotta", "--cartella", tabelle()});
-        const pid_t figlio = ::fork();
-        if (figlio == 0) {
-            const int modo = O_WRONLY | O_CREAT | O_TRUNC;
-            ::dup2(::open(cartella_.file("uscita").c_str(), modo, 0600), STDOUT_FILENO);
-            ::dup2(::open(cartella_.file("errori").c_str(), modo, 0600), STDERR_FILENO);
-            std::vector<char*> argomenti;
-            for (std::string& parola : parole) argomenti.push_back(parola.data());
-            argomenti.push_back(nullptr);
-            ::execv(RIDOTTI, argomenti.data());
-            ::_exit(127);
-        }
-        int stato = 0;
-        ::waitpid(figlio, &stato, 0);
-        return WIFEXITED(stato) ? WEXITSTATUS(stato) : -1;
+        parole.insert(parole.begin(), {"adotta", "--cartella", tabelle()});
+        return support::avvia(RIDOTTI, std::move(parole), cartella_.file("uscita"),
+                              cartella_.file("errori"));
     }
     [[nodiscard]] std::string tabelle() const { return cartella_.radice() + "/ridotti"; }
     [[nodiscard]] std::string adottata(const std::string& nome) const {

@@ -13,6 +13,7 @@
 #include <unistd.h>
 #include <vector>
 
+#include "avvio.h"
 #include "support/cartella.h"
 
 namespace {
@@ -31,25 +32,11 @@ std::string contenuto(const std::string& file) {
 class Ridotti : public testing::Test {
 protected:
     /// Runs the command with its outputs in files of the test's folder; `errori` may be a device.
-    Risposta esegui(std::vector<std::string> parole, const std::string& terminale = "") {
-        parole.insert(parole.begin(), RIDOTTI);
+    Risposta esegui(const std::vector<std::string>& parole, const std::string& terminale = "") {
         const std::string uscita = cartella_.file("uscita");
         const std::string errori = terminale.empty() ? cartella_.file("errori") : terminale;
-        const pid_t figlio = ::fork();
-        if (figlio == 0) {
-            const int modo = O_WRONLY | O_CREAT | O_TRUNC | O_NOCTTY;
-            ::dup2(::open(uscita.c_str(), modo, 0600), STDOUT_FILENO);
-            ::dup2(::open(errori.c_str(), modo, 0600), STDERR_FILENO);
-            std::vector<char*> argomenti;
-            for (std::string& parola : parole) argomenti.push_back(parola.data());
-            argomenti.push_back(nullptr);
-            ::execv(RIDOTTI, argomenti.data());
-            ::_exit(127);
-        }
-        int stato = 0;
-        ::waitpid(figlio, &stato, 0);
         Risposta risposta;
-        risposta.codice = WIFEXITED(stato) ? WEXITSTATUS(stato) : -1;
+        risposta.codice = support::avvia(RIDOTTI, parole, uscita, errori);
         risposta.uscita = contenuto(uscita);
         if (terminale.empty()) risposta.errori = contenuto(errori);
         return risposta;
@@ -70,7 +57,7 @@ TEST_F(Ridotti, IntegraliScriveLe43Tabelle) {
     EXPECT_EQ(esegui({"integrali", dove}).codice, 0);
     int quante = 0;
     for (const auto& voce : std::filesystem::directory_iterator(dove)) {
-        EXPECT_EQ(contenuto(voce.path()),
+        EXPECT_EQ(contenuto(voce.path().string()),
                   contenuto(SUITE_DIR "/ridotti/" + voce.path().filename().string()));
         ++quante;
     }
@@ -379,8 +366,9 @@ TEST_F(Ridotti, DisegniMinimi) {
         ASSERT_EQ(numeri.size(), nome[0] == 'C' ? 4U : 5U);
         const int t = numeri[numeri.size() - 2];
         const int p = nome[0] == 'C' ? t : numeri[2];
-        const Risposta risposta = esegui(
-            {"verifica", "--garanzia", std::to_string(p) + ":" + std::to_string(t), voce.path()});
+        const Risposta risposta =
+            esegui({"verifica", "--garanzia", std::to_string(p) + ":" + std::to_string(t),
+                    voce.path().string()});
         EXPECT_EQ(risposta.codice, 0) << nome;
         const std::string inizio = voce.path().string() + ": " + std::to_string(numeri.back()) +
                                    " righe di " + std::to_string(numeri[1]) + " su " +

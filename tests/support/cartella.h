@@ -14,7 +14,8 @@ namespace support {
 class Cartella {
 public:
     Cartella() {
-        std::string modello = (std::filesystem::temp_directory_path() / "tabellinoXXXXXX").string();
+        std::string modello =
+            (std::filesystem::temp_directory_path() / "tabellinoXXXXXX").generic_string();
         radice_ = mkdtemp(modello.data());
         std::filesystem::create_directories(programma());
         std::filesystem::create_directories(radice_ + "/ridotti");

@@ -31,7 +31,7 @@ public:
     int sync = 0;                  ///< calls of fsync
     std::int64_t letti = 0;        ///< bytes read
 
-    int open(const char* nome, int modo, mode_t permessi) override {
+    int open(const char* nome, int modo, unsigned permessi) override {
         passo();
         return Syscalls::open(nome, modo, permessi);
     }

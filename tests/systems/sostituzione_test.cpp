@@ -63,7 +63,7 @@ TEST_P(SostituzioneTest, NothingGivesWayToASystemThatIsGone) {
 class Graffiato : public platform::Syscalls {
 public:
     explicit Graffiato(std::string fine) : fine_(std::move(fine)) {}
-    int open(const char* nome, int modo, mode_t permessi) override {
+    int open(const char* nome, int modo, unsigned permessi) override {
         const int fd = Syscalls::open(nome, modo, permessi);
         if (std::string(nome).ends_with(fine_)) guasto_ = fd;
         return fd;

@@ -16,6 +16,6 @@ inline constexpr char fine = 'F';
 inline constexpr char errore = 'E';
 
 enum class Tipo : std::uint8_t { intero, testo, data };
-enum class Motivo : std::uint8_t { formato = 1, tabella_assente, danneggiato };
+enum class Motivo : std::uint8_t { formato = 1, tabella_assente, danneggiato, lettore_assente };
 
 }  // namespace protocollo

@@ -102,6 +102,10 @@ bool File::permessi(unsigned permessi) {
     return esito(::fchmod(fd_, permessi) == 0);
 }
 
+bool File::nasce(std::int64_t secondi) {
+    return annota(macchina::attributo_nascita, std::to_string(secondi));
+}
+
 std::string File::attributo(const char* quale) const {
     std::array<char, 256> testo{};
     const ssize_t n = ::fgetxattr(fd_, quale, testo.data(), testo.size());

@@ -2,10 +2,12 @@
 
 #include <array>
 #include <cerrno>
+#include <charconv>
 #include <climits>
 #include <cstdlib>
 #include <dirent.h>
 #include <fcntl.h>
+#include <filesystem>
 #include <linux/stat.h>
 #include <memory>
 #include <pwd.h>
@@ -74,6 +76,14 @@ Guasto con_stat(int risposta, const struct stat& s, Voce& voce) {
     return Guasto::nessuno;
 }
 
+std::optional<std::int64_t> nascita_detta(const std::string& nome) {
+    const std::string testo = attributo(nome, attributo_nascita);
+    std::int64_t secondi = 0;
+    const auto letto = std::from_chars(testo.data(), testo.data() + testo.size(), secondi);
+    if (letto.ec != std::errc() || letto.ptr != testo.data() + testo.size()) return std::nullopt;
+    return secondi;
+}
+
 }  // namespace
 
 Guasto guarda(const std::string& nome, Voce& voce) {
@@ -109,6 +119,7 @@ bool scrivibile(const std::string& cartella) {
 }
 
 std::optional<std::int64_t> nascita(const std::string& nome) {
+    if (const auto detta = nascita_detta(nome)) return detta;
     struct statx s {};
     if (::syscall(SYS_statx, AT_FDCWD, nome.c_str(), 0, STATX_BTIME | STATX_MTIME, &s) != 0)
         return std::nullopt;
@@ -135,6 +146,17 @@ std::string attributo(const std::string& nome, const char* quale) {
 
 void crea_cartella(const std::string& nome) {
     ::mkdir(nome.c_str(), 0777);
+}
+
+std::string cartella_temporanea(const std::string& nome) {
+    std::error_code errore;
+    const std::filesystem::path dove = std::filesystem::temp_directory_path(errore);
+    std::string modello = (dove / (nome + "XXXXXX")).string();
+    return errore || ::mkdtemp(modello.data()) == nullptr ? "" : modello;
+}
+
+bool collega_cartella(const std::string& meta, const std::string& nome) {
+    return ::symlink(meta.c_str(), nome.c_str()) == 0;
 }
 
 Guasto togli(const std::string& nome) {
@@ -179,6 +201,14 @@ std::optional<std::tm> ora_locale(std::int64_t secondi) {
 std::string cartella_eseguibile() {
     const std::string percorso = meta("/proc/self/exe");
     return percorso.substr(0, percorso.rfind('/'));
+}
+
+std::string coda_dei_programmi() {
+    return "";
+}
+
+std::optional<bool> finestre_scure() {
+    return std::nullopt;
 }
 
 std::string dati_utente() {

@@ -7,6 +7,10 @@
 
 namespace platform::macchina {
 
+/// A file system gives every new file a time of its making and lets nobody change it, so that of a
+/// replaced file goes with its successor in this attribute.
+inline constexpr const char* attributo_nascita = "user.tabellino.creazione";
+
 /// Of a step that failed with that errno.
 Guasto da_errno(int errore);
 Voce da_stat(const struct stat& s);

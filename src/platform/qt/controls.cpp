@@ -8,10 +8,10 @@
 #include <QPainter>
 #include <QStandardItemModel>
 #include <QStyle>
-#include <QSvgRenderer>
 #include <QToolTip>
 #include <QVariant>
 
+#include "platform/qt/disegno.h"
 #include "platform/qt/scala.h"
 #include "platform/qt/tasti.h"
 
@@ -240,7 +240,7 @@ void ComboBox::adatta() {
 
 Image::Image(const QString& risorsa, QSize misura, QWidget* padre)
     : QAbstractButton(padre),
-      disegno_(new QSvgRenderer(risorsa, this)),
+      disegno_(std::make_unique<Disegno>(risorsa)),
       misura_(misura),
       riposo_(Qt::transparent),
       sopra_(Qt::transparent) {
@@ -309,7 +309,7 @@ void Image::paintEvent(QPaintEvent* /*evento*/) {
     const QSize resto = (size() - misura) / 2;
     const QPointF angolo(resto.width(), resto.height());
     const QPointF giu = isDown() ? QPointF(f, f) : QPointF(0, 0);
-    disegno_->render(&pittore, QRectF(angolo + giu, QSizeF(misura)));
+    disegno_->dipingi(pittore, QRectF(angolo + giu, QSizeF(misura)));
     if (hasFocus() && !visibile) {
         pittore.setBrush(Qt::NoBrush);
         pittore.setPen(QPen(QColor(224, 123, 0), 1, Qt::DotLine));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -12,9 +13,9 @@
 #include <QString>
 #include <QStringList>
 
-class QSvgRenderer;
-
 namespace platform {
+
+class Disegno;
 
 /// The free text that a control carries.
 QString Tag(const QObject* controllo);
@@ -104,7 +105,7 @@ protected:
 
 private:
     void solleva(bool su);
-    QSvgRenderer* disegno_;
+    std::unique_ptr<Disegno> disegno_;
     QSize misura_;
     QColor riposo_;
     QColor sopra_;

@@ -16,12 +16,23 @@ namespace platform {
 
 namespace {
 
+/// A command that shows a window of its own needs no console beside it.
+void senza_console([[maybe_unused]] QProcess& processo) {
+#ifdef Q_OS_WIN
+    constexpr unsigned long senza_finestra = 0x08000000;
+    processo.setCreateProcessArgumentsModifier([](QProcess::CreateProcessArguments* parole) {
+        parole->flags = (parole->flags & ~0x10UL) | senza_finestra;
+    });
+#endif
+}
+
 std::int64_t avvia(const QString& programma, const QString& cartella, const QStringList& parole) {
     QProcess processo;
     processo.setProgram(programma);
     processo.setArguments(parole);
     processo.setWorkingDirectory(cartella);
     processo.setProcessEnvironment(ambiente_scalato(QApplication::activeWindow()));
+    senza_console(processo);
     qint64 numero = 0;
     return processo.startDetached(&numero) ? numero : 0;
 }
@@ -47,7 +58,11 @@ std::int64_t Shell(const std::string& programma, const std::vector<std::string>&
     for (const std::string& parola : parole) argomenti << q(parola);
     const std::int64_t numero = avvia(programma, argomenti);
     constexpr std::string_view fine = ".exe";
-    if (numero != 0 || !LCase(programma).ends_with(fine)) return numero;
+    if (numero != 0) return numero;
+    if (!LCase(programma).ends_with(fine)) {
+        const std::string coda = macchina::coda_dei_programmi();
+        return coda.empty() ? 0 : avvia(programma + coda, argomenti);
+    }
     return avvia(programma.substr(0, programma.size() - fine.size()), argomenti);
 }
 

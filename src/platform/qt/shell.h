@@ -11,7 +11,8 @@
 namespace platform {
 
 /// Starts a program by its full name, in its own folder, and does not wait for it. Where it does
-/// not start, the name without ".exe" is tried, as programs have no such ending everywhere.
+/// not start, the name without ".exe" is tried, as programs have no such ending everywhere, and one
+/// without it as the system names programs.
 /// The number of the process, 0 when neither started.
 std::int64_t Shell(const std::string& programma, const std::vector<std::string>& parole = {});
 

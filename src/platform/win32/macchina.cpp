@@ -1,0 +1,227 @@
+#include "platform/macchina.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <shlobj.h>
+#include <winioctl.h>
+
+#include "platform/syscalls.h"
+#include "platform/win32/modi.h"
+#include "platform/win32/nomi.h"
+#include "platform/win32/parola.h"
+#include "platform/win32/stato.h"
+
+namespace platform::macchina {
+
+using win32::Maniglia;
+using win32::nome_largo;
+using win32::nome_stretto;
+
+namespace {
+
+Guasto esito(int risposta) {
+    return risposta == 0 ? Guasto::nessuno : win32::da_errno(errno);
+}
+
+Guasto guarda(const std::string& nome, bool segui, Voce& voce) {
+    const Maniglia aperto(win32::per_guardare(nome_largo(nome), segui));
+    return esito(win32::risposta(aperto.valida() && win32::voce_di(aperto, voce)));
+}
+
+std::string variabile(const wchar_t* nome) {
+    const DWORD serve = GetEnvironmentVariableW(nome, nullptr, 0);
+    std::wstring valore(serve, L'\0');
+    valore.resize(GetEnvironmentVariableW(nome, valore.data(), serve));
+    return nome_stretto(valore);
+}
+
+}  // namespace
+
+Guasto guarda(const std::string& nome, Voce& voce) {
+    return guarda(nome, true, voce);
+}
+
+Guasto guarda_il_nome(const std::string& nome, Voce& voce) {
+    return guarda(nome, false, voce);
+}
+
+bool c_e(const std::string& nome) {
+    const std::wstring voluto = nome_largo(nome);
+    if (voluto.empty()) return false;
+    return GetFileAttributesW(voluto.c_str()) != INVALID_FILE_ATTRIBUTES ||
+           GetLastError() == ERROR_SHARING_VIOLATION;
+}
+
+bool nome_possibile(const std::string& nome) {
+    constexpr std::size_t massimo = 32000;
+    return nome.size() < massimo;
+}
+
+std::vector<std::string> voci(const std::string& cartella) {
+    std::vector<std::string> nomi;
+    const std::wstring voluta = nome_largo(cartella);
+    if (voluta.empty()) return nomi;
+    WIN32_FIND_DATAW voce{};
+    HANDLE ricerca = FindFirstFileExW((voluta + (voluta.ends_with(L'\\') ? L"*" : L"\\*")).c_str(),
+                                      FindExInfoBasic, &voce, FindExSearchNameMatch, nullptr, 0);
+    if (ricerca == INVALID_HANDLE_VALUE) return nomi;
+    do {
+        nomi.push_back(win32::stretto(voce.cFileName));
+    } while (FindNextFileW(ricerca, &voce) != 0);
+    FindClose(ricerca);
+    return nomi;
+}
+
+bool scrivibile(const std::string& cartella) {
+    // The rights are asked of the system itself, which alone knows all that they depend on.
+    return Maniglia(win32::per_guardare(nome_largo(cartella), true,
+                                        FILE_ADD_FILE | FILE_ADD_SUBDIRECTORY))
+        .valida();
+}
+
+std::optional<std::int64_t> nascita(const std::string& nome) {
+    constexpr std::int64_t al_secondo = 1'000'000'000;
+    const Maniglia aperto(win32::per_guardare(nome_largo(nome), true));
+    FILETIME nato{};
+    FILETIME cambiato{};
+    if (!aperto.valida() || GetFileTime(aperto, &nato, nullptr, &cambiato) == 0)
+        return std::nullopt;
+    const bool tenuta = nato.dwLowDateTime != 0 || nato.dwHighDateTime != 0;
+    return win32::nanosecondi(tenuta ? nato : cambiato) / al_secondo;
+}
+
+std::string percorso_reale(const std::string& nome) {
+    const Maniglia aperto(win32::per_guardare(nome_largo(nome), true));
+    return aperto.valida() ? nome_stretto(win32::luogo(aperto)) : "";
+}
+
+std::string meta(const std::string& nome) {
+    const Maniglia aperto(win32::per_guardare(nome_largo(nome), false));
+    if (!aperto.valida() || !win32::e_collegamento(aperto)) return {};
+    return percorso_reale(nome);
+}
+
+std::string attributo(const std::string& nome, const char* quale) {
+    return win32::leggi_parola(nome_largo(nome), quale);
+}
+
+void crea_cartella(const std::string& nome) {
+    CreateDirectoryW(nome_largo(nome).c_str(), nullptr);
+}
+
+std::string cartella_temporanea(const std::string& nome) {
+    constexpr int tentativi = 1000;
+    std::wstring dove(MAX_PATH + 1, L'\0');
+    dove.resize(GetTempPathW(static_cast<DWORD>(dove.size()), dove.data()));
+    const std::wstring inizio =
+        dove + win32::largo(nome) + std::to_wstring(GetCurrentProcessId()) + L"-";
+    for (int n = 0; n < tentativi && !dove.empty(); ++n) {
+        const std::wstring prova = inizio + std::to_wstring(n);
+        if (CreateDirectoryW(prova.c_str(), nullptr) != 0) return nome_stretto(prova);
+        if (GetLastError() != ERROR_ALREADY_EXISTS) break;
+    }
+    return {};
+}
+
+bool collega_cartella(const std::string& meta, const std::string& nome) {
+    const std::wstring da = nome_largo(meta);
+    const std::wstring a = nome_largo(nome);
+    Voce voce;
+    // A link to a folder is a privilege here; one to a file of the same disk is not.
+    if (guarda(meta, voce) != Guasto::nessuno || !voce.cartella() ||
+        CreateDirectoryW(a.c_str(), nullptr) == 0)
+        return false;
+    for (const std::string& file : voci(meta)) {
+        const std::wstring coda = L"\\" + win32::largo(file);
+        if (guarda(meta + "/" + file, voce) != Guasto::nessuno || !voce.file()) continue;
+        if (CreateHardLinkW((a + coda).c_str(), (da + coda).c_str(), nullptr) == 0 &&
+            CopyFileW((da + coda).c_str(), (a + coda).c_str(), TRUE) == 0)
+            return false;
+    }
+    return true;
+}
+
+Guasto togli(const std::string& nome) {
+    return esito(syscalls().unlink(nome.c_str()));
+}
+
+Guasto rinomina(const std::string& vecchio, const std::string& nuovo) {
+    return esito(syscalls().rename(vecchio.c_str(), nuovo.c_str()));
+}
+
+Guasto rinomina_senza_coprire(const std::string& vecchio, const std::string& nuovo) {
+    if (syscalls().rename_noreplace(vecchio.c_str(), nuovo.c_str()) == 0) return Guasto::nessuno;
+    if (errno != EINVAL) return win32::da_errno(errno);
+    if (syscalls().link(vecchio.c_str(), nuovo.c_str()) == 0)
+        return esito(syscalls().unlink(vecchio.c_str()));
+    if (errno == EEXIST || c_e(nuovo)) return Guasto::esiste;
+    return rinomina(vecchio, nuovo);
+}
+
+void sincronizza_cartella(const std::string& cartella) {
+    // A disk without folder sync loses nothing by it.
+    const int fd = syscalls().open(cartella.c_str(), _O_RDONLY | win32::una_cartella, 0);
+    if (fd < 0) return;
+    syscalls().fsync(fd);
+    syscalls().close(fd);
+}
+
+Guasto collega(const std::string& meta, const std::string& nome) {
+    constexpr DWORD senza_privilegio = 2;
+    const std::wstring verso = nome_largo(meta);
+    const std::wstring qui = nome_largo(nome);
+    if (CreateSymbolicLinkW(qui.c_str(), verso.c_str(), senza_privilegio) != 0)
+        return Guasto::nessuno;
+    return esito(win32::risposta(CreateHardLinkW(qui.c_str(), verso.c_str(), nullptr) != 0));
+}
+
+std::int64_t processo() {
+    return GetCurrentProcessId();
+}
+
+std::optional<std::tm> ora_locale(std::int64_t secondi) {
+    const auto istante = static_cast<__time64_t>(secondi);
+    std::tm parti{};
+    return _localtime64_s(&parti, &istante) == 0 ? std::optional(parti) : std::nullopt;
+}
+
+std::string cartella_eseguibile() {
+    constexpr std::size_t massimo = 32768;
+    std::wstring nome(massimo, L'\0');
+    nome.resize(GetModuleFileNameW(nullptr, nome.data(), static_cast<DWORD>(nome.size())));
+    const std::string percorso = nome_stretto(nome);
+    return percorso.substr(0, percorso.rfind('/') == std::string::npos ? 0 : percorso.rfind('/'));
+}
+
+std::string coda_dei_programmi() {
+    return ".exe";
+}
+
+std::optional<bool> finestre_scure() {
+    DWORD chiare = 0;
+    DWORD byte = sizeof chiare;
+    const LSTATUS esito = RegGetValueW(
+        HKEY_CURRENT_USER, L"Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize",
+        L"AppsUseLightTheme", RRF_RT_REG_DWORD, nullptr, &chiare, &byte);
+    return esito == ERROR_SUCCESS ? std::optional(chiare == 0) : std::nullopt;
+}
+
+std::string dati_utente() {
+    if (std::string casa = variabile(L"LOCALAPPDATA"); !casa.empty()) return casa;
+    wchar_t* nota = nullptr;
+    std::string dove;
+    if (SUCCEEDED(SHGetKnownFolderPath(FOLDERID_LocalAppData, 0, nullptr, &nota)))
+        dove = nome_stretto(nota);
+    CoTaskMemFree(nota);
+    return dove;
+}
+
+Soprannome::Soprannome(const std::string& cartella) : nome_(cartella) {}
+
+Soprannome::~Soprannome() = default;
+
+std::string Soprannome::nome() const {
+    return nome_;
+}
+
+}  // namespace platform::macchina

@@ -1,0 +1,2 @@
+// In `mondo.h`.
+#pragma once
