@@ -43,7 +43,7 @@ inline std::string come_prova(const Passi& passi) {
     for (const std::uint32_t passo : passi) {
         elenco += (elenco.empty() ? "" : ", ") + std::to_string(passo) + "U";
     }
-    return "TEST(Soak, a_walk_that_failed) { EXPECT_EQ(cammina({" + elenco +
+    return "TEST(Soak, AWalkThatFailed) { EXPECT_EQ(cammina({" + elenco +
            "}).difetti, QString()); }";
 }
 
