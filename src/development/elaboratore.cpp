@@ -130,7 +130,7 @@ bool Elaboratore::sviluppo_valido() {
            (elabora_prima("Lo sviluppo di questo sistema è di un altro cruciverba: le sue colonne "
                           "non sono quelle da giocare.\nElaborare ora?",
                           "Tabellino") &&
-            finestra_.sessione.sviluppo_presente());
+            finestra_.sessione.sviluppo_presente() && finestra_.sessione.sviluppo_proprio());
 }
 
 void Elaboratore::verifica_spoglio(bool& pronto) {

@@ -66,6 +66,8 @@ std::string esito_detto(Elaborato esito) {
             return "Nessuna combinazione: mancano le tabelle di questi tipi di sistema";
         case Elaborato::guasto:
             return "Nessuno sviluppo: il disco non lo ha accettato";
+        case Elaborato::rimasto:
+            return "Il disco non ha accettato lo sviluppo, e tiene quello di prima";
         case Elaborato::interrotto:
             return "Elaborazione interrotta";
         default:

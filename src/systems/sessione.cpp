@@ -107,7 +107,7 @@ void Sessione::segna_salvato(bool salvato) {
 
 void Sessione::nomina(const std::string& nome) {
     if (std::exchange(nome_, nome) != nome) cambiamento_.nome = true;
-    sviluppo_superato_ = false;
+    sviluppo_superato_ = sviluppo_rimasto_ = false;
 }
 
 void Sessione::in_linea(const std::string& nome) {

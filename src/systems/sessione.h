@@ -74,6 +74,7 @@ enum class Elaborato {
     completo,       ///< the development stands beside the system
     senza_file,     ///< no table could be read: there is no development
     guasto,         ///< the disk refused some lines: there is no development
+    rimasto,        ///< so it is, but the disk did not give up an older development either
     interrotto,     ///< asked to stop: an older development stays
     incompleto,     ///< some cell is empty; nothing was done
     senza_nome,     ///< the system has none yet; nothing was done
@@ -161,7 +162,8 @@ public:
     [[nodiscard]] bool ripetibile() const { return cronologia_.ripetibile(); }
     /// True when the development of the system in line stands on the disk, current or not.
     [[nodiscard]] bool sviluppo_presente() const;
-    /// False when that development is another crossword's.
+    /// False when that development is another crossword's: by its mark, or because the disk kept an
+    /// older one when this crossword was developed.
     [[nodiscard]] bool sviluppo_proprio() const;
     /// True when the player changed and saved the system since it was opened, and so knows that its
     /// development is an older one.
@@ -323,6 +325,7 @@ private:
     bool con_ripetizioni_ = false;
     bool con_economiche_ = false;
     bool sviluppo_superato_ = false;
+    bool sviluppo_rimasto_ = false;  ///< of another crossword, which its file still holds
     crossword::Cronologia cronologia_;
     crossword::Matrice generata_;
     crossword::Classi classi_generate_{};

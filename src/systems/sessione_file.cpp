@@ -12,7 +12,7 @@ using crossword::Elenco;
 using development::Conclusione;
 
 bool Sessione::sviluppo_proprio() const {
-    return systems::sviluppo_proprio(coppia());
+    return !(sviluppo_rimasto_ && sviluppo_presente()) && systems::sviluppo_proprio(coppia());
 }
 
 bool Sessione::sviluppo_presente() const {
@@ -110,10 +110,17 @@ Elaborato Sessione::sviluppa(const SeguitoSviluppo& seguito) {
     if (!salvato_) salva_elaborando();
     development::elimina_temporanei(cartella_, seguito.cestina);
     const Elaborato esito = elabora(seguito);
-    if (esito == Elaborato::interrotto) return esito;
-    sviluppo_superato_ = false;
-    salva_elaborando();
-    return esito;
+    if (esito != Elaborato::interrotto) {
+        sviluppo_superato_ = false;
+        salva_elaborando();
+    }
+    // A development that cannot be taken away keeps its system's file too: the pair stays whole,
+    // but is not what stands on the screen.
+    const bool resta = sviluppo_presente();
+    sviluppo_rimasto_ =
+        resta && impronta(leggi_sistema(cartella_, nome_, gioco_)) != impronta(sistema());
+    const bool nuovo = esito == Elaborato::completo || esito == Elaborato::interrotto;
+    return resta && !nuovo ? Elaborato::rimasto : esito;
 }
 
 void Sessione::salva_elaborando() {

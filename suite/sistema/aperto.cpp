@@ -183,6 +183,8 @@ std::string Aperto::sviluppa() {
         case Elaborato::senza_file:
             return "le tabelle in " + platform::radice(contesto_.programma) +
                    "ridotti non si possono leggere";
+        case Elaborato::rimasto:
+            return "lo sviluppo non si può scrivere, e quello di prima non si può togliere";
         default:
             return "lo sviluppo non si può scrivere: il disco è pieno o guasto";
     }

@@ -4,6 +4,7 @@
 
 #include "platform/disk.h"
 #include "printing/frmstsvl.h"
+#include "support/guasti.h"
 #include "support/programma.h"
 #include "support/riferimento.h"
 #include "systems/appartenenza.h"
@@ -192,6 +193,27 @@ TEST(Nomi, IByteCheNonSonoUtf8TornanoComeErano) {
         EXPECT_EQ(platform::s(platform::q(testo)), testo);
     }
     EXPECT_EQ(platform::q("caffè"), QString::fromUtf8("caffè"));
+}
+
+TEST(Rimasto, CioCheIlDiscoNonLasciaNonSiMostraPerQuelloNuovo) {
+    Programma p(true);
+    p.dialoghi.finti = true;
+    p.riempi_e_salva("uno");
+    p.comando(1);
+    tocca(p);
+    p.mostrati();
+    support::Disco disco;
+    disco.unlink_fallisce = true;
+    p.risposte = {vbYes};
+    p.comando(1);
+    EXPECT_EQ(p.mostrati(), (Mostrati{salvare, completata}));
+    EXPECT_EQ(p.form1.lblpasso->text(),
+              "Il disco non ha accettato lo sviluppo, e tiene quello di prima");
+    p.risposte = {vbNo, vbYes};
+    p.comando(2);
+    p.comando(2);
+    EXPECT_EQ(p.mostrati(), (Mostrati{d_altri, d_altri, completata}));
+    EXPECT_EQ(p.dialoghi.sviluppi, 0);
 }
 
 }  // namespace

@@ -119,6 +119,8 @@ TEST(EsitoDetto, WhatWentWellOrHasABoxIsNotTold) {
     EXPECT_EQ(esito_detto(systems::Elaborato::completo), "");
     EXPECT_EQ(esito_detto(systems::Elaborato::senza_file),
               "Nessuna combinazione: mancano le tabelle di questi tipi di sistema");
+    EXPECT_EQ(esito_detto(systems::Elaborato::rimasto),
+              "Il disco non ha accettato lo sviluppo, e tiene quello di prima");
     EXPECT_EQ(esito_detto(systems::Generato::poche_estrazioni), "");
     EXPECT_FALSE(esito_detto(systems::Generato::abbandonato).empty());
 }
