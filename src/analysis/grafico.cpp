@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include <QHelpEvent>
+#include <QLocale>
 #include <QPainter>
 #include <QToolTip>
 
