@@ -102,7 +102,8 @@ Lettura leggi_giocate(const std::string& file, int numeri, Giocate& giocate,
     if (*byte > static_cast<std::int64_t>(combinazioni_massime) * (3 * numeri + 1)) {
         return Lettura::troppo_grande;
     }
-    Raccolta raccolta(numeri, static_cast<std::size_t>(*byte / (2 * numeri) + 1), giocate);
+    Raccolta raccolta(numeri, static_cast<std::size_t>(*byte / (std::int64_t{2} * numeri) + 1),
+                      giocate);
     Riga riga{};
     std::int64_t fatte = 0;
     while (!lettore.eof()) {
