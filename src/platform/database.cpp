@@ -67,6 +67,18 @@ int prova(const std::string& nome, bool esclusivo, File& file) {
     return errore;
 }
 
+/// True since an opening that found no reader of Jet files, or one without the machine's driver.
+bool nessuno_legge_jet = false;
+
+/// Opens the file for its engine, which checks it; 0 or the error's number.
+int apri_file(interno::Aperto& aperto, bool esclusivo) {
+    if (const int errore = prova(aperto.file, esclusivo, aperto.blocco); errore != 0) return errore;
+    if (!esclusivo) aperto.blocco.chiudi();
+    const int errore = aperto.motore->verifica(aperto.file);
+    if (aperto.motore == &interno::motore_jet) nessuno_legge_jet = errore == errore_lettore_assente;
+    return errore;
+}
+
 /// The name with its ending replaced.
 std::string gemello(const std::string& nome) {
     const std::size_t punto = nome.rfind('.');
@@ -79,22 +91,21 @@ std::string gemello(const std::string& nome) {
 
 std::string file_del_database(const std::string& nome) {
     const std::string jet = nome_su_disco(nome);
-    return esiste_file(jet) ? jet : nome_su_disco(gemello(nome));
+    const std::string altro = nome_su_disco(gemello(nome));
+    return esiste_file(jet) && !(nessuno_legge_jet && esiste_file(altro)) ? jet : altro;
 }
 
 Err OpenDatabase(const std::string& nome, bool esclusivo, bool /*sola_lettura*/,
                  Database& destinazione) {
     auto aperto = std::make_shared<interno::Aperto>();
     aperto->file = nome_su_disco(nome);
-    int errore = prova(aperto->file, esclusivo, aperto->blocco);
-    if (errore == errore_file_assente) {
+    int errore = apri_file(*aperto, esclusivo);
+    if (errore == errore_file_assente ||
+        (errore == errore_lettore_assente && esiste_file(gemello(nome)))) {
         aperto->file = nome_su_disco(gemello(nome));
         aperto->motore = &interno::motore_sqlite;
-        errore = prova(aperto->file, esclusivo, aperto->blocco);
+        errore = apri_file(*aperto, esclusivo);
     }
-    if (errore != 0) return {errore};
-    if (!esclusivo) aperto->blocco.chiudi();
-    errore = aperto->motore->verifica(aperto->file);
     if (errore == 0) destinazione.aperto_ = std::move(aperto);
     return {errore};
 }

@@ -36,8 +36,8 @@ private:
 /// The file that an opening of this name would read.
 std::string file_del_database(const std::string& nome);
 
-/// Opens the Jet file `nome`, or, where there is none, the SQLite file that bears the same name
-/// with the ending ".sqlite". Nothing is ever written, whether `sola_lettura` is asked for or not.
+/// Opens the Jet file `nome`, or, where there is none or nothing reads it, the SQLite file of the
+/// same name and the ending ".sqlite". Nothing is ever written, `sola_lettura` or not.
 /// On failure the target stays as it was.
 Err OpenDatabase(const std::string& nome, bool esclusivo, bool sola_lettura,
                  Database& destinazione);

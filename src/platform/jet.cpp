@@ -54,6 +54,8 @@ int da_motivo(protocollo::Motivo motivo) {
             return errore_formato;
         case protocollo::Motivo::tabella_assente:
             return errore_tabella_assente;
+        case protocollo::Motivo::lettore_assente:
+            return errore_lettore_assente;
         default:
             return errore_danneggiato;
     }

@@ -179,6 +179,17 @@ TEST_F(DatabaseTest, TheJetFileGoesBeforeTheOther) {
     EXPECT_EQ(errore_apertura(sqlite_), 0);
 }
 
+TEST_F(DatabaseTest, WhereNothingReadsTheJetFileTheOtherIsRead) {
+    const std::string altro = cartella_.file("jet/drawit.sqlite");
+    fs::copy_file(cartella_.file("sqlite/drawit.sqlite"), altro);
+    ambiente().lettore_jet.programma = cartella_.file("manca");
+    EXPECT_EQ(support::tutte(apri(apri(jet_), "archivios")), attese_.archivios);
+    EXPECT_EQ(file_del_database(jet_), altro);
+    fs::remove(altro);
+    EXPECT_EQ(errore_apertura(jet_), errore_lettore_assente);
+    EXPECT_EQ(file_del_database(jet_), jet_);
+}
+
 TEST_F(DatabaseTest, FileNamesAreFoundWithoutCase) {
     fs::rename(jet_, cartella_.file("jet/DrawIt.MDB"));
     EXPECT_EQ(errore_apertura(jet_), 0);
@@ -209,7 +220,7 @@ public:
     explicit Rifiuto(int errore) : errore_(errore) {}
     Rifiuto(const Rifiuto&) = delete;
     Rifiuto& operator=(const Rifiuto&) = delete;
-    int open(const char*, int, mode_t) override {
+    int open(const char*, int, unsigned) override {
         errno = errore_;
         return -1;
     }
@@ -233,7 +244,7 @@ TEST_F(DatabaseTest, AFileWithoutPermissionIsTold) {
     if (::geteuid() == 0) GTEST_SKIP() << "root may read everything";
     for (const std::string& nome : {jet_, cartella_.file("sqlite/drawit.sqlite")}) {
         fs::permissions(nome, fs::perms::none);
-        EXPECT_EQ(errore_apertura(fs::path(nome).replace_extension(".mdb")), 3051);
+        EXPECT_EQ(errore_apertura(fs::path(nome).replace_extension(".mdb").string()), 3051);
     }
 }
 

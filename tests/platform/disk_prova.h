@@ -17,7 +17,7 @@ protected:
     [[nodiscard]] std::vector<std::string> tutti() const {
         std::vector<std::string> nomi;
         for (const auto& voce : std::filesystem::directory_iterator(cartella_.programma())) {
-            nomi.push_back(voce.path().filename());
+            nomi.push_back(voce.path().filename().string());
         }
         std::sort(nomi.begin(), nomi.end());
         return nomi;

@@ -120,7 +120,7 @@ TEST_F(Disk, ALinkThatLeadsNowhereGivesWay) {
 }
 
 TEST_F(Disk, AReplacedFileKeepsItsMode) {
-    for (const mode_t modo : {0600U, 0640U, 0444U}) {
+    for (const unsigned modo : {0600U, 0640U, 0444U}) {
         cartella_.scrivi("a.sen", "1");
         ASSERT_EQ(::chmod(f("a.sen").c_str(), modo), 0);
         const auto suo = [&] {

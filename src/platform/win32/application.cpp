@@ -3,6 +3,8 @@
 #include <array>
 #include <cstdio>
 
+#include "platform/disk.h"
+#include "platform/macchina.h"
 #include "platform/win32/nomi.h"
 
 namespace platform {
@@ -18,9 +20,12 @@ HANDLE solo_mio(const std::string& nome) {
                        OPEN_ALWAYS, FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
 }
 
-/// True of a failure that ends when the other one ends: its file is there, or about to go.
-bool di_un_altro() {
-    return GetLastError() == ERROR_SHARING_VIOLATION || GetLastError() == ERROR_ACCESS_DENIED;
+/// True of a failure that ends when the other one ends: its file is there, or about to go, which
+/// is told in the same words as that nobody may write there.
+bool di_un_altro(const std::string& nome) {
+    const DWORD errore = GetLastError();
+    return errore == ERROR_SHARING_VIOLATION ||
+           (errore == ERROR_ACCESS_DENIED && macchina::scrivibile(cartella_di(nome)));
 }
 
 /// A name of the folder that all users of the machine have in common, by whatever path they come.
@@ -47,9 +52,10 @@ bool Application::PrevInstance() {
     // machines of a network know of this one by a file alone.
     HANDLE preso =
         in_rete ? solo_mio(file(".tabellino-istanza")) : CreateMutexW(nullptr, FALSE, nome.c_str());
-    const bool altra = in_rete ? preso == INVALID_HANDLE_VALUE && di_un_altro()
-                               : GetLastError() == ERROR_ALREADY_EXISTS ||
-                                     (preso == nullptr && GetLastError() == ERROR_ACCESS_DENIED);
+    const bool altra =
+        in_rete ? preso == INVALID_HANDLE_VALUE && di_un_altro(file(".tabellino-istanza"))
+                : GetLastError() == ERROR_ALREADY_EXISTS ||
+                      (preso == nullptr && GetLastError() == ERROR_ACCESS_DENIED);
     if (altra && preso != nullptr && preso != INVALID_HANDLE_VALUE) CloseHandle(preso);
     if (!altra) blocco_ = win32::numero_di(preso);
     return altra;
@@ -63,7 +69,7 @@ bool Turno::prova() {
     HANDLE file = solo_mio(nome_);
     preso_ = file != INVALID_HANDLE_VALUE;
     if (preso_) fd_ = win32::numero_di(file);
-    return !preso_ && di_un_altro();
+    return !preso_ && di_un_altro(nome_);
 }
 
 Turno::Turno(const std::string& cartella, std::chrono::milliseconds attesa)

@@ -18,7 +18,9 @@
 
 // Each stands on the one before.
 // clang-format off
+#ifndef NOMINMAX
 #define NOMINMAX
+#endif
 #include <windows.h>
 #include <sql.h>
 #include <sqlext.h>

@@ -189,7 +189,10 @@ std::string cartella_eseguibile() {
     constexpr std::size_t massimo = 32768;
     std::wstring nome(massimo, L'\0');
     nome.resize(GetModuleFileNameW(nullptr, nome.data(), static_cast<DWORD>(nome.size())));
-    const std::string percorso = nome_stretto(nome);
+    // As it stands on the disk, not as somebody typed it.
+    std::wstring vero(massimo, L'\0');
+    vero.resize(GetLongPathNameW(nome.c_str(), vero.data(), static_cast<DWORD>(vero.size())));
+    const std::string percorso = nome_stretto(vero.empty() ? nome : vero);
     return percorso.substr(0, percorso.rfind('/') == std::string::npos ? 0 : percorso.rfind('/'));
 }
 

@@ -10,6 +10,14 @@ std::wstring flusso(const std::wstring& file, const char* quale) {
     return file.empty() ? file : file + L":" + largo(quale);
 }
 
+/// Elsewhere such a name would be that of a file of its own, or of none.
+bool tiene_flussi(HANDLE file) {
+    DWORD sa = 0;
+    return GetVolumeInformationByHandleW(file, nullptr, 0, nullptr, nullptr, &sa, nullptr, 0) !=
+               0 &&
+           (sa & FILE_NAMED_STREAMS) != 0;
+}
+
 }  // namespace
 
 std::string leggi_parola(const std::wstring& file, const char* quale) {
@@ -26,7 +34,7 @@ std::string leggi_parola(const std::wstring& file, const char* quale) {
 
 bool scrivi_parola(HANDLE file, const char* quale, std::string_view parola) {
     const std::wstring nome = luogo(file);
-    if (nome.empty()) return false;
+    if (nome.empty() || !tiene_flussi(file)) return false;
     FILETIME cambiato{};
     const bool saputo = GetFileTime(file, nullptr, nullptr, &cambiato) != 0;
     bool scritta = false;

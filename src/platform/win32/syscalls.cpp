@@ -137,7 +137,8 @@ int Syscalls::fsync(int fd) {
     if (FlushFileBuffers(di(fd)) != 0) return 0;
     if (GetLastError() != ERROR_ACCESS_DENIED) return fallito();
     // What was opened for reading is flushed by who may write.
-    const Maniglia scrivano(ReOpenFile(di(fd), GENERIC_WRITE, con_tutti, 0));
+    const Maniglia scrivano(
+        ReOpenFile(di(fd), GENERIC_WRITE, con_tutti, FILE_FLAG_BACKUP_SEMANTICS));
     return risposta(scrivano.valida() && FlushFileBuffers(scrivano) != 0);
 }
 
