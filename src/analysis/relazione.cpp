@@ -123,9 +123,9 @@ Tavola tavola_garanzie(const Analisi& a, Gioco gioco) {
                            g > 0 ? "almeno " + nome_risultato(gioco, g) : "niente", dove,
                            intero(insiemi(d, k))});
     }
-    t.note.push_back(
+    t.note.emplace_back(
         "Gli usciti sono i numeri del sistema che si trovano fra gli estratti, quali che siano.");
-    if (stima) t.note.push_back("«Forse più»: le combinazioni non sono meno di quelle dette.");
+    if (stima) t.note.emplace_back("«Forse più»: le combinazioni non sono meno di quelle dette.");
     return t;
 }
 
@@ -161,7 +161,7 @@ Tavola tavola_buchi(const Analisi& a, Gioco gioco) {
             {nome_risultato(gioco, b.t), std::to_string(b.k), intero(b.quanti),
              percento(static_cast<double>(b.quanti), static_cast<double>(insiemi(d, b.k)))});
     }
-    t.note.push_back(
+    t.note.emplace_back(
         "Un insieme scoperto: escono tutti i suoi numeri, e nessuna combinazione "
         "arriva al risultato detto.");
     return t;
@@ -199,7 +199,7 @@ Tavola tavola_estrazioni(const Analisi& a, Gioco gioco) {
                          " estrazioni con il loro Jolly, " + percento(con, jolly) + ", " +
                          una_su(con, jolly) + ". Qui sopra stanno fra i 5 punti.");
     }
-    t.note.push_back("Conti esatti, estrazione per estrazione: nulla è stimato.");
+    t.note.emplace_back("Conti esatti, estrazione per estrazione: nulla è stimato.");
     return t;
 }
 

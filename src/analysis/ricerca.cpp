@@ -14,8 +14,8 @@ constexpr double freddo = 0.01;
 
 }  // namespace
 
-Ricerca::Ricerca(const Schema& schema, Celle celle, const std::vector<bool>& ferme, bool pareggia,
-                 std::uint64_t seme, const crossword::Classi& classi)
+Ricerca::Ricerca(const Schema& schema, const Celle& celle, const std::vector<bool>& ferme,
+                 bool pareggia, std::uint64_t seme, const crossword::Classi& classi)
     : schema_(schema), ferme_(ferme), pareggia_(pareggia), classi_(classi), sorte_(seme) {
     ferme_.resize(celle.size());
     for (std::size_t c = 0; c < celle.size(); ++c) {

@@ -21,7 +21,7 @@ class Ricerca {
 public:
     /// `celle` is full and keeps the rule; `ferme` tells the fixed cells and may be empty. The
     /// schema outlives the search.
-    Ricerca(const Schema& schema, Celle celle, const std::vector<bool>& ferme, bool pareggia,
+    Ricerca(const Schema& schema, const Celle& celle, const std::vector<bool>& ferme, bool pareggia,
             std::uint64_t seme, const crossword::Classi& classi = {});
 
     /// Told now and then; the share of the round done, from 1 on its end.

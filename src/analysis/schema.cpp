@@ -87,7 +87,7 @@ Schema::Schema(const systems::Sistema& sistema, const std::string& ridotti)
       estratti(sistema.gioco.e_lotto() ? 5 : 6) {
     if (colonne > Gioco::lato_massimo || righe > Gioco::lato_massimo) return;
     const crossword::Matrice m = posti(colonne, righe);
-    regola.resize(static_cast<std::size_t>(colonne * righe));
+    regola.resize(static_cast<std::size_t>(colonne) * static_cast<std::size_t>(righe));
     giocate.resize(regola.size());
     // The rule knows the adjacent diagonals in both games, and SuperEnalotto develops them all.
     std::uint64_t bit = 1;

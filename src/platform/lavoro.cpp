@@ -116,7 +116,7 @@ bool e_nome_di_lavoro(std::string_view nome) {
 
 void spazza(const std::string& cartella) {
     constexpr std::int64_t al_secondo = 1'000'000'000;
-    constexpr std::time_t un_giorno = 24 * 60 * 60;
+    constexpr auto un_giorno = std::time_t{24} * 60 * 60;
     for (const std::string& nome : Dir(cartella, "temp-*")) {
         if (!e_nome_di_lavoro(LCase(nome))) continue;
         const std::string completo = cartella + "/" + nome;
