@@ -77,10 +77,4 @@ Insiemi::Insiemi(const Giocate& giocate, int massimo) : posti_(giocate.quanti(),
     }
 }
 
-std::size_t Insiemi::memoria() const {
-    std::size_t byte = 0;
-    for (const auto& righe : righe_) byte += righe.capacity() * sizeof(Bit);
-    return byte;
-}
-
 }  // namespace analysis

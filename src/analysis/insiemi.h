@@ -76,8 +76,6 @@ public:
     [[nodiscard]] const Bit* righe(int elementi) const {
         return righe_[static_cast<std::size_t>(elementi)].data();
     }
-    /// Bytes in use.
-    [[nodiscard]] std::size_t memoria() const;
 
 private:
     Posti posti_;

@@ -20,6 +20,19 @@ protected:
     Giocate giocate;
 };
 
+TEST(LetturaDetta, OgniEsitoHaLeSueParole) {
+    EXPECT_EQ(parola(Lettura::letta), "");
+    EXPECT_EQ(parola(Lettura::assente),
+              "Lo sviluppo del sistema non si può leggere. Elaborate di nuovo il sistema.");
+    EXPECT_EQ(parola(Lettura::vuota),
+              "Lo sviluppo del sistema non contiene combinazioni. Elaborate di nuovo il sistema.");
+    EXPECT_EQ(parola(Lettura::troppo_grande),
+              "Lo sviluppo ha più di 1.048.576 combinazioni: sono troppe per un'analisi.");
+    EXPECT_EQ(parola(Lettura::cambiata),
+              "Lo sviluppo è cambiato mentre veniva letto. Ripetete l'analisi.");
+    EXPECT_EQ(parola(Lettura::interrotta), "Analisi interrotta.");
+}
+
 TEST_F(Giocato, RanghiDeiNumeriInGiocoNellOrdineDelFile) {
     ASSERT_EQ(leggi("4,17,23,38,61,90\r\n1,4,17,23,38,61\r\n"), Lettura::letta);
     EXPECT_EQ(giocate.in_gioco, (std::vector<std::uint8_t>{1, 4, 17, 23, 38, 61, 90}));

@@ -27,7 +27,7 @@ void mostra(Grafico& grafico, QSize misura) {
     QApplication::processEvents();
 }
 
-TEST(Grafico, a_lying_bar_tells_its_value_over_all_its_width) {
+TEST(Grafico, ALyingBarTellsItsValueOverAllItsWidth) {
     Grafico grafico(Qt::Horizontal, nullptr);
     mostra(grafico, {400, 2 * 10 + 3 * 22});
     for (const int x : {0, 200, 399}) {
@@ -39,7 +39,7 @@ TEST(Grafico, a_lying_bar_tells_its_value_over_all_its_width) {
     for (const int y : {0, 9, 76, 85}) EXPECT_EQ(detto(grafico, {200, y}), "cinque: mai") << y;
 }
 
-TEST(Grafico, a_standing_bar_tells_its_value_over_all_its_height) {
+TEST(Grafico, AStandingBarTellsItsValueOverAllItsHeight) {
     Grafico grafico(Qt::Vertical, nullptr);
     // A field of 300 pixels, right of the scale.
     mostra(grafico, {10 + 44 + 300 + 10, 170});
@@ -52,7 +52,7 @@ TEST(Grafico, a_standing_bar_tells_its_value_over_all_its_height) {
     for (const int x : {0, 53, 354, 363}) EXPECT_EQ(detto(grafico, {x, 80}), "cinque: mai") << x;
 }
 
-TEST(Grafico, nothing_is_told_where_there_are_no_bars) {
+TEST(Grafico, NothingIsToldWhereThereAreNoBars) {
     Grafico grafico(Qt::Vertical, nullptr);
     grafico.resize(200, 170);
     grafico.show();

@@ -24,7 +24,7 @@ protected:
     platform::ComboBox elenco{nullptr};
 };
 
-TEST_F(Azioni, a_list_opens_by_the_action_of_its_menu) {
+TEST_F(Azioni, AListOpensByTheActionOfItsMenu) {
     ASSERT_NE(azioni(), nullptr);
     EXPECT_EQ(azioni()->actionNames().first(), QAccessibleActionInterface::showMenuAction());
     azioni()->doAction(QAccessibleActionInterface::showMenuAction());
@@ -33,13 +33,13 @@ TEST_F(Azioni, a_list_opens_by_the_action_of_its_menu) {
     EXPECT_FALSE(elenco.view()->isVisible());
 }
 
-TEST_F(Azioni, a_list_that_is_off_does_not_open) {
+TEST_F(Azioni, AListThatIsOffDoesNotOpen) {
     elenco.setEnabled(false);
     azioni()->doAction(QAccessibleActionInterface::showMenuAction());
     EXPECT_FALSE(elenco.view()->isVisible());
 }
 
-TEST_F(Azioni, the_other_actions_are_those_of_every_control) {
+TEST_F(Azioni, TheOtherActionsAreThoseOfEveryControl) {
     elenco.clearFocus();
     ASSERT_TRUE(azioni()->actionNames().contains(QAccessibleActionInterface::setFocusAction()));
     azioni()->doAction(QAccessibleActionInterface::setFocusAction());
