@@ -10,9 +10,14 @@ install_missing python3
 cmake --preset coverage >/dev/null
 cmake --build --preset coverage
 find build/coverage -name '*.gcda' -delete
+run() {
+  for tests in "$@"; do
+    QT_QPA_PLATFORM=offscreen ./$tests --gtest_brief=1 || echo "$tests fails: what it reached counts" >&2
+  done
+}
 cd build/coverage/tests
-for tests in test_core test_forms test_guasti; do
-  QT_QPA_PLATFORM=offscreen ./$tests --gtest_brief=1 || echo "$tests fails: what it reached counts" >&2
-done
+run test_core test_guasti &
+run test_forms
+wait
 cd ../../..
 exec scripts/coverage.py "$@"
