@@ -26,7 +26,7 @@ std::string intero(std::size_t n) {
     return platform::Format(static_cast<double>(n), platform::Modello::interi);
 }
 
-std::string in_parole(const Garanzia& g) {
+std::string in_breve(const Garanzia& g) {
     return std::to_string(g.t) + " con " + std::to_string(g.p) + " estratti" +
            (g.righe > 1 ? ", " + std::to_string(g.righe) + " volte" : "");
 }
@@ -84,7 +84,7 @@ Tavola Catalogo::tavola() const {
     for (const TabellaInCatalogo& una : tabelle_) {
         const std::size_t righe = una.tabella.righe.size();
         const int meno = risparmio(una);
-        t.righe.push_back({una.nome, in_parole(una.garanzia), intero(righe),
+        t.righe.push_back({una.nome, in_breve(una.garanzia), intero(righe),
                            platform::Significative(static_cast<double>(righe) / tutte * 100, 3),
                            meno == 0 ? std::string("—") : intero(static_cast<std::size_t>(meno))});
     }
@@ -130,10 +130,10 @@ std::string Catalogo::prova(std::size_t quale) const {
     const std::string sorteggi = intero(development::binomiale(n_, una.garanzia.p));
     if (buchi.quanti == 0) {
         return una.nome + ": provata su tutti i " + sorteggi + " sorteggi di " +
-               std::to_string(una.garanzia.p) + " numeri, " + in_parole(una.garanzia) +
+               std::to_string(una.garanzia.p) + " numeri, " + in_breve(una.garanzia) +
                " vale sempre.";
     }
-    return una.nome + ": " + in_parole(una.garanzia) + " NON vale in " + intero(buchi.quanti) +
+    return una.nome + ": " + in_breve(una.garanzia) + " NON vale in " + intero(buchi.quanti) +
            " sorteggi su " + sorteggi + ".";
 }
 

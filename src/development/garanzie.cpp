@@ -1,6 +1,7 @@
 #include "development/garanzie.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <limits>
 
@@ -94,6 +95,17 @@ Vincite per_enumerazione(const Tabella& tabella, int p, std::uint64_t prima, std
     return v;
 }
 
+/// Names of the prizes, which players use instead of "row of t".
+std::string righe_da(int righe, int t) {
+    static const std::array<const char*, 7> nomi = {"",         "",         "ambo",   "terno",
+                                                    "quaterna", "cinquina", "sestina"};
+    std::string testo = righe == 1 ? "una riga" : std::to_string(righe) + " righe";
+    testo += " con " + std::to_string(t);
+    testo += t == 1 ? " numero indovinato" : " numeri indovinati";
+    if (t >= 2 && t <= 6) testo += std::string(" (") + nomi[static_cast<std::size_t>(t)] + ")";
+    return testo;
+}
+
 }  // namespace
 
 std::uint64_t binomiale(int n, int k) {
@@ -166,6 +178,14 @@ bool Vincite::vale(const Garanzia& garanzia) const {
     if (garanzia.p != p || gruppi == 0 || garanzia.t < 0 || t >= minime.size()) return false;
     return (garanzia.oppure ? senza_superiori : minime)[t] >=
            static_cast<std::uint64_t>(garanzia.righe);
+}
+
+std::string in_parole(const Garanzia& garanzia) {
+    std::string testo = "con " + std::to_string(garanzia.p) +
+                        (garanzia.p == 1 ? " estratto" : " estratti") + " almeno " +
+                        righe_da(garanzia.righe, garanzia.t);
+    if (garanzia.oppure) testo += ", oppure " + righe_da(1, garanzia.t + 1);
+    return testo;
 }
 
 }  // namespace development

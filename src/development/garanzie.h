@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "development/tabella_rigorosa.h"
@@ -40,6 +41,9 @@ struct Buchi {
 };
 Buchi buchi(const Tabella& tabella, const Garanzia& garanzia, std::size_t limite,
             const AvanzamentoProva& avanzamento = {});
+
+/// "con 6 estratti almeno una riga con 5 numeri indovinati (cinquina)".
+std::string in_parole(const Garanzia& garanzia);
 
 /// Subsets of k things out of n, at most the largest 64-bit number.
 std::uint64_t binomiale(int n, int k);

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cstdio>
 
+#include "development/economiche.h"
 #include "platform/application.h"
 #include "platform/codepage.h"
 #include "platform/disk.h"
@@ -16,17 +17,6 @@ using development::Garanzia;
 namespace {
 
 constexpr std::int64_t file_massimo = std::int64_t{1} << 26;
-
-/// Names of the prizes, which players use instead of "row of t".
-std::string righe_da(int righe, int t) {
-    static const std::array<const char*, 7> nomi = {"",         "",         "ambo",   "terno",
-                                                    "quaterna", "cinquina", "sestina"};
-    std::string testo = righe == 1 ? "una riga" : std::to_string(righe) + " righe";
-    testo += " con " + std::to_string(t);
-    testo += t == 1 ? " numero indovinato" : " numeri indovinati";
-    if (t >= 2 && t <= 6) testo += std::string(" (") + nomi[static_cast<std::size_t>(t)] + ")";
-    return testo;
-}
 
 }  // namespace
 
@@ -72,9 +62,19 @@ std::string cartella_delle_tabelle() {
            "ridotti";
 }
 
+std::optional<crossword::Gioco> gioco_di(int k) {
+    using crossword::Gioco;
+    for (const Gioco gioco :
+         {Gioco::superenalotto(), Gioco::lotto(3), Gioco::lotto(4), Gioco::lotto(5)}) {
+        if (gioco.numeri() == k) return gioco;
+    }
+    return std::nullopt;
+}
+
 TabellaLetta leggi_tabella(const std::string& file) {
     const auto nome = development::leggi_nome(file);
-    TabellaLetta letta = leggi_tabella(file, nome ? nome->n : 0, nome ? nome->k() : 0);
+    const auto parti = nome ? nome : development::leggi_nome_economico(file);
+    TabellaLetta letta = leggi_tabella(file, parti ? parti->n : 0, parti ? parti->k() : 0);
     letta.nome = nome;
     return letta;
 }
@@ -148,13 +148,6 @@ std::string json(const Garanzia& garanzia) {
 
 std::string json_posizioni(development::Maschera maschera) {
     return "[" + development::posizioni(maschera) + "]";
-}
-
-std::string in_parole(const Garanzia& garanzia) {
-    std::string testo =
-        "con " + estratti(garanzia.p) + " almeno " + righe_da(garanzia.righe, garanzia.t);
-    if (garanzia.oppure) testo += ", oppure " + righe_da(1, garanzia.t + 1);
-    return testo;
 }
 
 }  // namespace ridotti

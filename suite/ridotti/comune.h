@@ -9,10 +9,12 @@
 #include "comune/parole.h"
 #include "comune/progresso.h"
 #include "comune/testo.h"
+#include "crossword/gioco.h"
 #include "development/garanzie.h"
 
 namespace ridotti {
 
+using development::in_parole;
 using suite::json;
 using suite::Progresso;
 using suite::stampa;
@@ -48,6 +50,9 @@ std::string leggi_numero(const suite::Parole& parole, const std::string& nome, i
 /// The folder of the tables of the suite that the command belongs to.
 std::string cartella_delle_tabelle();
 
+/// The game whose combinations have so many numbers; nothing when none has.
+std::optional<crossword::Gioco> gioco_di(int k);
+
 /// A table read from its file, with the parts of its name when it has one of the scheme.
 struct TabellaLetta {
     std::string file;
@@ -76,7 +81,5 @@ std::string decimale(double valore, int decimali);
 /// A guarantee and a set of positions as JSON.
 std::string json(const development::Garanzia& garanzia);
 std::string json_posizioni(development::Maschera maschera);
-/// The guarantee in a player's words.
-std::string in_parole(const development::Garanzia& garanzia);
 
 }  // namespace ridotti

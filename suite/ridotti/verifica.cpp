@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "comune.h"
+#include "development/economiche.h"
 #include "platform/codepage.h"
 
 namespace ridotti {
@@ -64,10 +65,24 @@ std::string in_testo(const TabellaLetta& letta, const Garanzia& garanzia, const 
     return uscita;
 }
 
+/// What the file's name says that the table gives: that of the lists, or what an economical
+/// table's number stands for; of one under a number of the player's own, what it is sure of.
+std::optional<Garanzia> detta_dal_nome(const TabellaLetta& letta) {
+    if (letta.nome) return development::garanzia_dichiarata(*letta.nome);
+    const auto economica = development::leggi_nome_economico(letta.file);
+    if (!economica) return std::nullopt;
+    const auto gioco = gioco_di(economica->k());
+    if (!gioco) return std::nullopt;
+    const auto del_numero = development::garanzia_del_numero(*gioco, economica->tipo);
+    return del_numero || !letta.lettura.errori.empty()
+               ? del_numero
+               : development::garanzia_migliore(letta.lettura.tabella, *gioco);
+}
+
 int un_file(const std::string& file, const Opzioni& opzioni, std::string& uscita) {
     TabellaLetta letta = leggi_tabella(file);
     std::optional<Garanzia> garanzia = opzioni.garanzia;
-    if (!garanzia && letta.nome) garanzia = development::garanzia_dichiarata(*letta.nome);
+    if (!garanzia) garanzia = detta_dal_nome(letta);
     if (letta.lettura.errori.empty()) {
         std::string errore = garanzia ? insensata(*garanzia, letta.lettura.tabella)
                                       : "il nome non dice quale garanzia provare: serve --garanzia";

@@ -128,6 +128,30 @@ TEST_F(Ridotti, VerificaProvaQuelloCheIlNomeDichiara) {
     EXPECT_EQ(risposta.errori, "");
 }
 
+TEST_F(Ridotti, VerificaLeggeDalNomeLaGaranziaDiUnaEconomica) {
+    const Risposta della_suite = esegui({"verifica", spedita("cr0956")});
+    EXPECT_EQ(della_suite.codice, 0) << della_suite.errori;
+    EXPECT_EQ(della_suite.uscita,
+              spedita("cr0956") +
+                  ": 7 righe di 6 su 9 numeri; con 6 estratti almeno una riga con 5 numeri "
+                  "indovinati (cinquina): VALE\n");
+    // Under a suite's number the name holds, whatever else the rows are sure of.
+    const std::string monca = tabella("tr0522.rid", "1,2,3\n1,2,4\n1,2,5\n1,4,5\n2,3,4\n");
+    const Risposta non_vale = esegui({"verifica", monca});
+    EXPECT_EQ(non_vale.codice, 1);
+    EXPECT_EQ(non_vale.uscita,
+              monca +
+                  ": 5 righe di 3 su 5 numeri; con 2 estratti almeno una riga con "
+                  "2 numeri indovinati (ambo): NON VALE, 1 caso scoperto\n  3,5\n");
+    // Under one of the player's own it is what the lists tell of it.
+    const std::string propria = tabella("tr0571.rid", "1,2,3\n");
+    const Risposta tre = esegui({"verifica", propria});
+    EXPECT_EQ(tre.codice, 0) << tre.errori;
+    EXPECT_EQ(tre.uscita, propria +
+                              ": 1 riga di 3 su 5 numeri; con 5 estratti almeno una riga con 3 "
+                              "numeri indovinati (terno): VALE\n");
+}
+
 TEST_F(Ridotti, VerificaElencaIBuchi) {
     // The triples of seven numbers without the last: its three pairs are left out.
     std::string testo = contenuto(spedita("tr0701"));
