@@ -27,7 +27,7 @@ void mostra(Grafico& grafico, QSize misura) {
     QApplication::processEvents();
 }
 
-TEST(Grafico, ALyingBarTellsItsValueOverAllItsWidth) {
+TEST(Grafico, UnaBarraDistesaDiceIlSuoValorePerTuttaLaLarghezza) {
     Grafico grafico(Qt::Horizontal, nullptr);
     mostra(grafico, {400, 2 * 10 + 3 * 22});
     for (const int x : {0, 200, 399}) {
@@ -39,7 +39,7 @@ TEST(Grafico, ALyingBarTellsItsValueOverAllItsWidth) {
     for (const int y : {0, 9, 76, 85}) EXPECT_EQ(detto(grafico, {200, y}), "cinque: mai") << y;
 }
 
-TEST(Grafico, AStandingBarTellsItsValueOverAllItsHeight) {
+TEST(Grafico, UnaBarraRittaDiceIlSuoValorePerTuttaLAltezza) {
     Grafico grafico(Qt::Vertical, nullptr);
     // A field of 300 pixels, right of the scale.
     mostra(grafico, {10 + 44 + 300 + 10, 170});
@@ -52,7 +52,7 @@ TEST(Grafico, AStandingBarTellsItsValueOverAllItsHeight) {
     for (const int x : {0, 53, 354, 363}) EXPECT_EQ(detto(grafico, {x, 80}), "cinque: mai") << x;
 }
 
-TEST(Grafico, NothingIsToldWhereThereAreNoBars) {
+TEST(Grafico, SenzaBarreNonSiDiceNulla) {
     Grafico grafico(Qt::Vertical, nullptr);
     grafico.resize(200, 170);
     grafico.show();

@@ -24,7 +24,7 @@ protected:
     platform::ComboBox elenco{nullptr};
 };
 
-TEST_F(Azioni, AListOpensByTheActionOfItsMenu) {
+TEST_F(Azioni, UnElencoSiApreConLAzioneDelSuoMenu) {
     ASSERT_NE(azioni(), nullptr);
     EXPECT_EQ(azioni()->actionNames().first(), QAccessibleActionInterface::showMenuAction());
     azioni()->doAction(QAccessibleActionInterface::showMenuAction());
@@ -33,13 +33,13 @@ TEST_F(Azioni, AListOpensByTheActionOfItsMenu) {
     EXPECT_FALSE(elenco.view()->isVisible());
 }
 
-TEST_F(Azioni, AListThatIsOffDoesNotOpen) {
+TEST_F(Azioni, UnElencoSpentoNonSiApre) {
     elenco.setEnabled(false);
     azioni()->doAction(QAccessibleActionInterface::showMenuAction());
     EXPECT_FALSE(elenco.view()->isVisible());
 }
 
-TEST_F(Azioni, TheOtherActionsAreThoseOfEveryControl) {
+TEST_F(Azioni, LeAltreAzioniSonoQuelleDiOgniControllo) {
     elenco.clearFocus();
     ASSERT_TRUE(azioni()->actionNames().contains(QAccessibleActionInterface::setFocusAction()));
     azioni()->doAction(QAccessibleActionInterface::setFocusAction());
