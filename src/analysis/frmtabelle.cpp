@@ -4,10 +4,15 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "analysis/frmcercatabella.h"
 #include "app/finestra.h"
+#include "development/adozione.h"
+#include "development/garanzie.h"
 #include "platform/application.h"
+#include "platform/disk.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
+#include "platform/qt/folder.h"
 
 namespace analysis {
 
@@ -19,6 +24,8 @@ namespace {
 constexpr int margine = 8;
 constexpr int larghezza_pulsante = 100;
 constexpr int righe_in_vista = 12;
+/// No table is longer than the full one of 5005 rows.
+constexpr std::int64_t byte_massimi = 1 << 20;
 constexpr QSize misura(680, 660);
 
 /// In the order of the list.
@@ -92,8 +99,12 @@ void frmtabelle::crea_comandi(QVBoxLayout* sotto) {
     cmdprova = platform::pulsante_in_fila("cmdprova", tr("Prova"), this, larghezza_pulsante);
     cmdprova->setToolTip(tr("Prova la garanzia su tutti i sorteggi possibili"));
     CmdEsci = platform::pulsante_in_fila("CmdEsci", tr("Esci"), this, larghezza_pulsante);
-    riga->addWidget(cmdvincite);
-    riga->addWidget(cmdprova);
+    cmdcerca = platform::pulsante_in_fila("cmdcerca", tr("Cerca…"), this, larghezza_pulsante);
+    cmdcerca->setToolTip(
+        tr("Cerca una tabella più piccola con la stessa garanzia, o con un'altra"));
+    cmdadotta = platform::pulsante_in_fila("cmdadotta", tr("Adotta…"), this, larghezza_pulsante);
+    cmdadotta->setToolTip(tr("Prova una tabella di un file e la mette fra quelle economiche"));
+    for (QPushButton* b : {cmdvincite, cmdprova, cmdcerca, cmdadotta}) riga->addWidget(b);
     riga->addStretch(1);
     riga->addWidget(CmdEsci);
     sotto->addLayout(riga);
@@ -106,6 +117,8 @@ void frmtabelle::crea_comandi(QVBoxLayout* sotto) {
     connect(cmdprova, &QPushButton::clicked, this, [this] {
         if (const auto quale = scelta()) lblstato->setText(q(catalogo_->prova(*quale)));
     });
+    connect(cmdcerca, &QPushButton::clicked, this, &frmtabelle::cerca);
+    connect(cmdadotta, &QPushButton::clicked, this, &frmtabelle::adotta_file);
     connect(CmdEsci, &QPushButton::clicked, this, &QDialog::close);
 }
 
@@ -127,9 +140,12 @@ void frmtabelle::elenca_numeri(int quanti) {
     mostra();
 }
 
+std::string frmtabelle::ridotti() const {
+    return platform::radice(finestra_.sessione.cartella()) + "ridotti";
+}
+
 void frmtabelle::mostra() {
-    const std::string ridotti = platform::radice(finestra_.sessione.cartella()) + "ridotti";
-    catalogo_.emplace(ridotti, gioco_scelto(), numeri->Text().toInt());
+    catalogo_.emplace(ridotti(), gioco_scelto(), numeri->Text().toInt());
     catalogo->mostra(catalogo_->tavola());
     catalogo->griglia->clearSelection();
     if (!catalogo_->tabelle().empty()) catalogo->griglia->selectRow(0);
@@ -148,6 +164,53 @@ void frmtabelle::cambia_scelta() {
     for (QPushButton* b : {cmdvincite, cmdprova}) b->setEnabled(quale.has_value());
     vincite->hide();
     lblstato->setText(quale ? q(catalogo_->tabelle()[*quale].tipo) : QString());
+}
+
+void frmtabelle::cerca() {
+    Partenza da{ridotti(), gioco_scelto(), numeri->Text().toInt(), {}, {2, 2}, 0};
+    if (const auto quale = scelta()) {
+        const TabellaInCatalogo& una = catalogo_->tabelle()[*quale];
+        da.nome = una.nome;
+        da.garanzia = una.garanzia;
+        da.righe = static_cast<int>(una.tabella.righe.size());
+    }
+    auto* form = new frmcercatabella(da, this);
+    connect(form, &frmcercatabella::adottata, this, &frmtabelle::accogli);
+    form->show();
+}
+
+void frmtabelle::adotta_file() {
+    const Gioco scelto = gioco_scelto();
+    const int n = numeri->Text().toInt();
+    const QStringList file =
+        platform::scegli_file(this, tr("Adotta una tabella"), {}, tr("Tabelle (*.rid *.txt)"));
+    if (file.isEmpty()) return;
+    const auto rifiuta = [this](const std::string& perche) {
+        lblstato->setText(tr("Non adottata: ") + q(perche) + ".");
+    };
+    const auto contenuto = platform::leggi_tutto(platform::s(file.front()), byte_massimi);
+    if (!contenuto) return rifiuta("il file non si può leggere");
+    development::Lettura letta = development::leggi_rigorosa(*contenuto, n, scelto.numeri());
+    if (!letta.errori.empty()) {
+        const development::ErroreRiga& primo = letta.errori.front();
+        return rifiuta((primo.riga > 0 ? "riga " + std::to_string(primo.riga) + ": " : "") +
+                       primo.testo);
+    }
+    const development::Adozione esito =
+        development::adotta(std::move(letta.tabella), scelto, {}, ridotti());
+    if (!esito.rifiuto.empty()) return rifiuta(esito.rifiuto);
+    accogli(q(esito.nome));
+    lblstato->setText(tr("Adottata: ") + q(esito.nome) + ", " +
+                      q(development::in_parole(esito.garanzia)) + ".");
+}
+
+void frmtabelle::accogli(const QString& nome) {
+    finestra_.sessione.rinnova_tipi();
+    mostra();
+    for (std::size_t i = 0; i < catalogo_->tabelle().size(); ++i) {
+        if (q(catalogo_->tabelle()[i].nome) + ".rid" == nome)
+            catalogo->griglia->selectRow(static_cast<int>(i));
+    }
 }
 
 }  // namespace analysis

@@ -31,6 +31,8 @@ public:
     QLabel* lblstato = nullptr;
     QPushButton* cmdvincite = nullptr;
     QPushButton* cmdprova = nullptr;
+    QPushButton* cmdcerca = nullptr;
+    QPushButton* cmdadotta = nullptr;
     QPushButton* CmdEsci = nullptr;
 
 protected:
@@ -44,7 +46,12 @@ private:
     [[nodiscard]] crossword::Gioco gioco_scelto() const;
     /// Lengths of the game chosen; `quanti` is taken where it is one.
     void elenca_numeri(int quanti);
+    [[nodiscard]] std::string ridotti() const;
     void mostra();
+    void cerca();
+    void adotta_file();
+    /// Reads the tables anew, those of the main form too, with that one in hand.
+    void accogli(const QString& nome);
     /// The table of the row in hand; nothing when there is none.
     [[nodiscard]] std::optional<std::size_t> scelta() const;
     void cambia_scelta();

@@ -27,6 +27,7 @@ public:
     struct Conto {
         std::int32_t intere = 0;
         std::optional<std::int32_t> corte;
+        bool operator==(const Conto&) const = default;
     };
 
     /// Fills the list for lines of `n` numbers.

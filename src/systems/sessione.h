@@ -255,6 +255,8 @@ public:
     void ripetizioni(bool con);
     /// Shows or hides the economical tables; what is chosen stays.
     void economiche(bool con);
+    /// Reads the lists of types anew, when a table came or went; what is chosen stays.
+    void rinnova_tipi();
     /// Writes the system under its name.
     Salvataggio salva();
     /// Writes it under another one. A development that the name has stays: `libera` comes first.

@@ -45,13 +45,25 @@ void Sessione::economiche(bool con) {
     } else if (!platform::esiste_file(file("eco.dat"))) {
         platform::scrivi(file("eco.dat"), "");
     }
+    rinnova_tipi();
+}
+
+void Sessione::rinnova_tipi() {
+    if (occupata_) return;
+    const Azione azione(*this);
+    bool altri = false;
     for (const Elenco quale : {Elenco::orizzontali, Elenco::verticali, Elenco::diagonali}) {
         ListaTipi& lista = elenchi_[posto(quale)];
         if (lista.testi().empty()) continue;
+        const auto prima = lista.conto(indice(quale));
         lista.carica(fonte(), quale, numeri_di(quale));
         lista.aggiungi(fonte(), indice(quale));
+        if (lista.conto(indice(quale)) == prima) continue;
+        conta(quale);
+        altri = true;
     }
     cambiamento_.tipi = true;
+    if (altri) totale_combinazioni();
 }
 
 Salvataggio Sessione::salva() {
