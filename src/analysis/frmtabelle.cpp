@@ -13,6 +13,7 @@
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
 #include "platform/qt/folder.h"
+#include "platform/qt/scala.h"
 
 namespace analysis {
 
@@ -64,6 +65,7 @@ frmtabelle::frmtabelle(app::Finestra& finestra) : QDialog(&finestra), finestra_(
     connect(catalogo->griglia, &QTableWidget::itemSelectionChanged, this,
             &frmtabelle::cambia_scelta);
     resize(misura);
+    platform::rendi_scalabile(this);
     platform::centra(this, &finestra);
 }
 

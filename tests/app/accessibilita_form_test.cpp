@@ -46,7 +46,7 @@ protected:
         const std::set<std::string> attese{"Archivio",   "Form1",      "Form2",       "Form3",
                                            "Modulo",     "Stampa",     "formeuro",    "frmAbout",
                                            "frmspoglio", "frmanalisi", "frmmigliora", "frmstsvl",
-                                           "frmcerca"};
+                                           "frmcerca",   "frmtabelle"};
         EXPECT_EQ(viste, attese);
     }
 

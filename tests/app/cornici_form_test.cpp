@@ -102,6 +102,24 @@ TEST_P(Aspetti, LaVoceSceltaNonSiSposta) {
     EXPECT_EQ(lettere(trovate, false), lettere(trovate, true));
 }
 
+TEST_P(Aspetti, IlBinarioStaColFondoELaBarraSiVede) {
+    p.riempi_e_salva("prova");
+    p.comando(1);
+    p.mostrati();
+    p.comando(6);
+    auto* f = aperta<check::frmspoglio>();
+    ASSERT_NE(f, nullptr);
+    f->picprog1->show();
+    f->picprog2->resize(60, f->picprog2->height());
+    QApplication::processEvents();
+    const QImage tutta = f->grab().toImage();
+    const QPoint inizio = f->picprog1->mapTo(f, QPoint(20, f->picprog1->height() / 2));
+    const QRgb binario = tutta.pixel(inizio + QPoint(100, 0));
+    EXPECT_LT(support::contrasto(binario, tutta.pixel(2, 2)), 2);
+    EXPECT_GT(support::contrasto(binario, tutta.pixel(inizio)), 3);
+    f->close();
+}
+
 INSTANTIATE_TEST_SUITE_P(Tutti, Aspetti, testing::Values(1, 2, 3));
 
 }  // namespace

@@ -10,6 +10,7 @@
 
 #include "analysis/frmanalisi.h"
 #include "analysis/frmmigliora.h"
+#include "analysis/frmtabelle.h"
 #include "archivio/finestra.h"
 #include "check/frmspoglio.h"
 #include "help/frmAbout.h"
@@ -57,6 +58,7 @@ public:
             visualizzatore();
             stampa();
             importo();
+            tabelle();
             informazioni();
             analisi();
             spoglio();
@@ -125,6 +127,15 @@ private:
         Programma::voce(p_.form1.mnuImportocolonna);
         guarda(*aperta<viewer::formeuro>(), "formeuro");
         aperta<viewer::formeuro>()->close();
+    }
+    void tabelle() {
+        Programma::voce(p_.form1.mnutabelle);
+        auto* f = aperta<analysis::frmtabelle>();
+        ASSERT_NE(f, nullptr);
+        guarda(*f, "frmtabelle");
+        Programma::clic(f->cmdvincite);
+        guarda(*f, "frmtabelle con le vincite");
+        Programma::clic(f->CmdEsci);
     }
     void informazioni() {
         help::frmAbout f(p_.form1);

@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <QTableView>
 #include <QWidget>
+#include <QtMath>
 
 #include "platform/qt/scala.h"
 
@@ -74,9 +75,13 @@ void Scala::scrivi_limiti(Posto& posto, qreal prima) {
     posto.minima_scritta = w->minimumSize();
     posto.massima_scritta = w->maximumSize();
     if (auto* tabella = qobject_cast<QTableView*>(w)) {
-        const QSize cella = per(posto.cella, fattore_);
-        tabella->horizontalHeader()->setMinimumSectionSize(
-            qMin(cella.width(), tabella->horizontalHeader()->minimumSectionSize()));
+        // Down, lest rows that fit at 100 % need a scroll bar.
+        const QSize cella(qFloor(posto.cella.width() * fattore_ + 1e-6),
+                          qFloor(posto.cella.height() * fattore_ + 1e-6));
+        for (auto [testata, lato] : {std::pair(tabella->horizontalHeader(), cella.width()),
+                                     std::pair(tabella->verticalHeader(), cella.height())}) {
+            testata->setMinimumSectionSize(qMin(lato, testata->minimumSectionSize()));
+        }
         tabella->horizontalHeader()->setDefaultSectionSize(cella.width());
         tabella->verticalHeader()->setDefaultSectionSize(cella.height());
     }
