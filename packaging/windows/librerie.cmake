@@ -10,6 +10,9 @@ target_compile_definitions(tabellino_sqlite PRIVATE
   SQLITE_OMIT_LOAD_EXTENSION SQLITE_THREADSAFE=1 SQLITE_DQS=0)
 add_library(SQLite::SQLite3 ALIAS tabellino_sqlite)
 set(ZLIB_USE_STATIC_LIBS ON)
+# The native resource compiler packs in a way that this Qt does not know.
+set(SENZA_ZSTD --no-zstd)
+set(E_SENZA_ZSTD ";--no-zstd")
 # Here, where every folder sees it: a static Qt asks after its own parts wherever it is linked.
 find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets PrintSupport)
 

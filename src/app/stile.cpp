@@ -218,6 +218,9 @@ void applica_stile(QApplication& applicazione) {
     tavolozza.setColor(QPalette::HighlightedText, Qt::white);
     QApplication::setPalette(tavolozza);
     applicazione.setStyleSheet(foglio);
+    // The sheet is a style of its own, and each new style takes the desktop's faces for menus and
+    // lists.
+    QApplication::setFont(carattere);
     platform::rotella_per_scorrere(applicazione);
     platform::copia_da_griglie(applicazione);
     platform::menu_con_maiusc_f10(applicazione);

@@ -57,8 +57,8 @@ TEST(Catalogo, VinciteEProvaDiUnaTabella) {
 TEST(Catalogo, UnaDettaCheNonValeSiDiceEUnaGuastaNonCE) {
     const support::Cartella cartella;
     const std::string ridotti = cartella.radice() + "/ridotti";
-    std::ofstream(ridotti + "/tr0501.rid") << "1,2,3\r\n";
-    std::ofstream(ridotti + "/tr0500.rid") << "1,2\r\n";
+    std::ofstream(ridotti + "/tr0501.rid", std::ios::binary) << "1,2,3\r\n";
+    std::ofstream(ridotti + "/tr0500.rid", std::ios::binary) << "1,2\r\n";
     const Catalogo c(ridotti, Gioco::lotto(3), 5);
     ASSERT_EQ(c.tabelle().size(), 1U);
     EXPECT_EQ(c.prova(0), "tr0501: 2 con 2 estratti NON vale in 7 sorteggi su 10.");

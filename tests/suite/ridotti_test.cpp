@@ -57,7 +57,7 @@ TEST_F(Ridotti, IntegraliScriveLe43Tabelle) {
     EXPECT_EQ(esegui({"integrali", dove}).codice, 0);
     int quante = 0;
     for (const auto& voce : std::filesystem::directory_iterator(dove)) {
-        EXPECT_EQ(contenuto(voce.path().string()),
+        EXPECT_EQ(contenuto(voce.path().generic_string()),
                   contenuto(SUITE_DIR "/ridotti/" + voce.path().filename().string()));
         ++quante;
     }
@@ -381,7 +381,7 @@ TEST_F(Ridotti, DisegniMinimi) {
     int quanti = 0;
     for (const auto& voce :
          std::filesystem::directory_iterator(SOURCE_DIR "/suite/ridotti/minimi")) {
-        const std::string nome = voce.path().stem();
+        const std::string nome = voce.path().stem().string();
         if (nome[0] != 'C' && nome[0] != 'L') continue;
         std::vector<int> numeri;
         for (std::size_t i = 0; i != std::string::npos; i = nome.find('_', i + 1)) {
@@ -392,11 +392,11 @@ TEST_F(Ridotti, DisegniMinimi) {
         const int p = nome[0] == 'C' ? t : numeri[2];
         const Risposta risposta =
             esegui({"verifica", "--garanzia", std::to_string(p) + ":" + std::to_string(t),
-                    voce.path().string()});
+                    voce.path().generic_string()});
         EXPECT_EQ(risposta.codice, 0) << nome;
-        const std::string inizio = voce.path().string() + ": " + std::to_string(numeri.back()) +
-                                   " righe di " + std::to_string(numeri[1]) + " su " +
-                                   std::to_string(numeri[0]) + " numeri;";
+        const std::string inizio =
+            voce.path().generic_string() + ": " + std::to_string(numeri.back()) + " righe di " +
+            std::to_string(numeri[1]) + " su " + std::to_string(numeri[0]) + " numeri;";
         EXPECT_EQ(risposta.uscita.substr(0, inizio.size()), inizio);
         ++quanti;
     }

@@ -25,15 +25,15 @@ inline Stato stato(const std::string& cartella) {
     Stato s;
     for (const auto& voce : fs::directory_iterator(cartella)) {
         if (voce.is_symlink()) {
-            s[voce.path().filename()] = "-> " + fs::read_symlink(voce.path()).string();
+            s[voce.path().filename().string()] = "-> " + fs::read_symlink(voce.path()).string();
             continue;
         }
         if (voce.is_directory()) {
-            s[voce.path().filename()] = "/";
+            s[voce.path().filename().string()] = "/";
             continue;
         }
         std::ifstream f(voce.path(), std::ios::binary);
-        s[voce.path().filename()] = {std::istreambuf_iterator<char>(f), {}};
+        s[voce.path().filename().string()] = {std::istreambuf_iterator<char>(f), {}};
     }
     return s;
 }

@@ -1,2 +1,4 @@
-// In `mondo.h`.
+// Beside `mondo.h`.
 #pragma once
+
+constexpr int O_DIRECTORY = 0;
