@@ -151,7 +151,7 @@ Guasto rinomina(const std::string& vecchio, const std::string& nuovo) {
 
 Guasto rinomina_senza_coprire(const std::string& vecchio, const std::string& nuovo) {
     if (syscalls().rename_noreplace(vecchio.c_str(), nuovo.c_str()) == 0) return Guasto::nessuno;
-    if (errno != EINVAL) return win32::da_errno(errno);
+    if (errno != EINVAL && errno != ENOSYS && errno != EOPNOTSUPP) return win32::da_errno(errno);
     if (syscalls().link(vecchio.c_str(), nuovo.c_str()) == 0)
         return esito(syscalls().unlink(vecchio.c_str()));
     if (errno == EEXIST || c_e(nuovo)) return Guasto::esiste;
