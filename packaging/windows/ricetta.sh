@@ -4,11 +4,11 @@
 OPERA=$PWD/build/windows
 QT_OSPITE=(-DQT_HOST_PATH=/usr -DQT_HOST_PATH_CMAKE_DIR=/usr/lib/x86_64-linux-gnu/cmake)
 
-# A static Qt without what the program never uses. The tablet's header and Direct2D are not in the
-# cross compiler's headers.
+# A static Qt without what the program never uses. The cross compiler's headers lack the tablet and
+# Direct2D 1.1; of Direct2D as such only the plugin is left out, for its feature brings DirectWrite.
 OPZIONI_QT=(-DBUILD_SHARED_LIBS=OFF -DCMAKE_BUILD_TYPE=Release "${QT_OSPITE[@]}"
   -DQT_BUILD_TESTS=OFF -DQT_BUILD_EXAMPLES=OFF -DFEATURE_testlib=ON)
-for assente in sql network dbus opengl vulkan icu xml tabletevent direct2d direct2d1_1 \
+for assente in sql network dbus opengl vulkan icu xml tabletevent direct2d1_1 \
   system_zlib system_png system_jpeg system_freetype system_harfbuzz system_pcre2; do
   OPZIONI_QT+=("-DFEATURE_$assente=OFF")
 done
@@ -16,7 +16,8 @@ OPZIONI_QT+=(-DINPUT_opengl=no)
 
 setup_windows() {
   setup_build
-  install_missing g++-mingw-w64-x86-64-posix libz-mingw-w64-dev nsis zip icoutils dpkg-dev tcl xz-utils
+  install_missing g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix libz-mingw-w64-dev nsis zip icoutils \
+    dpkg-dev tcl xz-utils fonts-liberation
 }
 
 # sorgente PACKAGE: the folder with Debian's source of it, patched as Debian has it. The lists of

@@ -5,6 +5,8 @@
 Target amd64-unicode
 Unicode true
 SetCompressor /SOLID lzma
+; Wide enough to see that the programs share most of what they hold.
+SetCompressorDictSize 64
 !include MUI2.nsh
 !include FileFunc.nsh
 
