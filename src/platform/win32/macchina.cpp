@@ -133,10 +133,9 @@ bool collega_cartella(const std::string& meta, const std::string& nome) {
         return false;
     for (const std::string& file : voci(meta)) {
         const std::wstring coda = L"\\" + win32::largo(file);
+        if (CreateHardLinkW((a + coda).c_str(), (da + coda).c_str(), nullptr) != 0) continue;
         if (guarda(meta + "/" + file, voce) != Guasto::nessuno || !voce.file()) continue;
-        if (CreateHardLinkW((a + coda).c_str(), (da + coda).c_str(), nullptr) == 0 &&
-            CopyFileW((da + coda).c_str(), (a + coda).c_str(), TRUE) == 0)
-            return false;
+        if (CopyFileW((da + coda).c_str(), (a + coda).c_str(), TRUE) == 0) return false;
     }
     return true;
 }
