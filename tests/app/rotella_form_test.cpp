@@ -151,9 +151,10 @@ TEST(Rotella, SuNessunComandoDiNessunaFinestraCambiaCioCheESceltoOScritto) {
     guida.activateWindow();
     QApplication::processEvents();
     tocca(guida, toccati);
-    EXPECT_EQ(viste, (std::set<std::string>{"Archivio", "Form1", "Form2", "Form3", "Modulo",
-                                            "Stampa", "formeuro", "frmAbout", "frmanalisi",
-                                            "frmcerca", "frmmigliora", "frmspoglio", "frmstsvl"}));
+    EXPECT_EQ(viste,
+              (std::set<std::string>{"Archivio", "Form1", "Form2", "Form3", "Modulo", "Stampa",
+                                     "formeuro", "frmAbout", "frmanalisi", "frmcerca",
+                                     "frmmigliora", "frmspoglio", "frmstsvl", "frmtabelle"}));
     for (const char* comando :
          {"platform::TabStrip TabStrip1", "platform::UpDown UpDown2", "platform::ComboBox Combo3",
           "platform::ListBox List1", "platform::MSFlexGrid MSFlexGrid2", "QTreeWidget indice"})

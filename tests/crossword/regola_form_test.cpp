@@ -214,9 +214,15 @@ private:
         }
     }
 
+    /// One for all: Qt keeps no hold of a device that a test makes.
+    static QPointingDevice* schermo() {
+        static QPointingDevice* const uno = QTest::createTouchDevice();
+        return uno;
+    }
+
     Programma& p_;
     std::mt19937 sorte_;
-    QPointingDevice* schermo_ = QTest::createTouchDevice();
+    QPointingDevice* schermo_ = schermo();
 };
 
 TEST(RegolaDelleLinee, UnPulsanteQualsiasiDelMouseSceglieLaCasella) {
