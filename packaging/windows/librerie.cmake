@@ -24,7 +24,7 @@ endif()
 
 # No plugin for drawings: under their names stand pictures, in all factors that a screen asks for.
 # The faces that the program measures in are no part of the system.
-set(FATTORI 1 1.5 2 3 4)
+set(FATTORI 1x 1.5x 2x 3x 4x)
 set(DISEGNI_DIR ${CMAKE_BINARY_DIR}/disegni)
 file(GLOB DISEGNI CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/app/risorse/*.svg)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${DISEGNI})
@@ -35,8 +35,8 @@ set(ELENCO)
 foreach(disegno ${DISEGNI})
   get_filename_component(nome ${disegno} NAME_WE)
   foreach(fattore ${FATTORI})
-    set(segno "@${fattore}x")
-    if(fattore STREQUAL "1")
+    set(segno "@${fattore}")
+    if(fattore STREQUAL "1x")
       set(segno)
     endif()
     string(APPEND ELENCO

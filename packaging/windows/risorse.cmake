@@ -17,7 +17,7 @@ foreach(disegno
   add_custom_command(
     OUTPUT ${RISORSE_WINDOWS_FATTE}/${nome}.ico
     COMMAND ${CMAKE_COMMAND} -E make_directory ${cartella}
-    COMMAND ${TABELLINO_OSPITE}/packaging/icone ${disegno} ${cartella} ${lati}
+    COMMAND ${TABELLINO_OSPITE}/packaging/disegni ${cartella} ${lati} -- ${disegno}
     COMMAND ${ICOTOOL} -c -o ${RISORSE_WINDOWS_FATTE}/${nome}.ico ${immagini}
     DEPENDS ${disegno}
     COMMENT "Icona ${nome}"
