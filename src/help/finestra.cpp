@@ -18,10 +18,10 @@ std::string_view primi(std::string_view testo, std::size_t quanti) {
 
 }  // namespace
 
-std::uint32_t trova_finestra(const std::vector<platform::Finestra>& finestre,
+std::uint32_t trova_finestra(const std::vector<platform::FinestraAperta>& finestre,
                              std::string_view modello, bool maiuscole_distinte) {
     const auto confronta = maiuscole_distinte ? platform::Like : platform::corrisponde;
-    for (const platform::Finestra& f : finestre) {
+    for (const platform::FinestraAperta& f : finestre) {
         if (!f.posseduta && confronta(primi(f.titolo, 128), modello)) return f.id;
     }
     return 0;

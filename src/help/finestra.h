@@ -11,7 +11,7 @@ namespace help {
 
 /// The first of `finestre` without an owner whose title, up to 128 characters of it, matches
 /// `modello`; 0 when there is none.
-std::uint32_t trova_finestra(const std::vector<platform::Finestra>& finestre,
+std::uint32_t trova_finestra(const std::vector<platform::FinestraAperta>& finestre,
                              std::string_view modello, bool maiuscole_distinte);
 
 }  // namespace help

@@ -4,10 +4,11 @@
 
 namespace platform {
 
-const Finestra* finestra_titolata(const std::vector<Finestra>& finestre, std::string_view titolo) {
+const FinestraAperta* finestra_titolata(const std::vector<FinestraAperta>& finestre,
+                                        std::string_view titolo) {
     const std::string cercato = LCase(titolo);
-    const Finestra* prima = nullptr;
-    for (const Finestra& f : finestre) {
+    const FinestraAperta* prima = nullptr;
+    for (const FinestraAperta& f : finestre) {
         const std::string suo = LCase(f.titolo);
         if (suo == cercato) return &f;
         if (prima == nullptr && suo.starts_with(cercato)) prima = &f;

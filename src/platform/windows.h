@@ -9,7 +9,7 @@
 namespace platform {
 
 /// A top-level window under the window manager, minimized ones among them.
-struct Finestra {
+struct FinestraAperta {
     std::uint32_t id = 0;
     std::string titolo;
     bool posseduta = false;  ///< a dialog over another window
@@ -17,7 +17,7 @@ struct Finestra {
 
 /// The windows of the display, the topmost first; none when there is no display or its manager
 /// keeps no list. An empty name is the session's own display.
-std::vector<Finestra> finestre_aperte(const std::string& display = {});
+std::vector<FinestraAperta> finestre_aperte(const std::string& display = {});
 
 /// Gives a minimized or maximized window its own size back, without the keyboard; false when the
 /// display could not be asked.
@@ -29,6 +29,7 @@ bool attiva_finestra(std::uint32_t id, const std::string& display = {});
 
 /// The window titled so, case ignored, or else the first whose title begins so; null when there
 /// is none.
-const Finestra* finestra_titolata(const std::vector<Finestra>& finestre, std::string_view titolo);
+const FinestraAperta* finestra_titolata(const std::vector<FinestraAperta>& finestre,
+                                        std::string_view titolo);
 
 }  // namespace platform

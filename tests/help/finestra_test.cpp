@@ -6,9 +6,9 @@
 namespace {
 
 using help::trova_finestra;
-using platform::Finestra;
+using platform::FinestraAperta;
 
-const std::vector<Finestra> aperte = {
+const std::vector<FinestraAperta> aperte = {
     {1, "La guida", false}, {2, "Guida - stampa", true}, {3, "Guida", false}, {4, "guida", false}};
 
 TEST(TrovaFinestra, LaPrimaSenzaPadroneIlCuiTitoloComincia) {

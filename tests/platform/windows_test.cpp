@@ -16,8 +16,8 @@
 #include <vector>
 #include <xcb/xcb.h>
 
-using platform::Finestra;
 using platform::finestra_titolata;
+using platform::FinestraAperta;
 using platform::finestre_aperte;
 
 namespace {
@@ -180,7 +180,7 @@ protected:
         EXPECT_TRUE(aspetta([&] {
             const auto aperte = finestre_aperte(display_);
             return std::any_of(aperte.begin(), aperte.end(),
-                               [w](const Finestra& f) { return f.id == w; });
+                               [w](const FinestraAperta& f) { return f.id == w; });
         })) << titolo;
         return w;
     }
@@ -231,7 +231,7 @@ TEST(Finestre, SenzaSchermoNonCeNeSono) {
 }
 
 TEST(Finestre, IlTitoloInteroPrimaDiQuelloCheComincia) {
-    const std::vector<Finestra> aperte = {
+    const std::vector<FinestraAperta> aperte = {
         {1, "Altro", false}, {2, "Stampa schedine", false}, {3, "stampa", false}};
     ASSERT_NE(finestra_titolata(aperte, "STAMPA"), nullptr);
     EXPECT_EQ(finestra_titolata(aperte, "STAMPA")->id, 3U);
@@ -256,14 +256,14 @@ TEST_F(Schermo, ElencaDallaPiuAltaEAttiva) {
     ASSERT_EQ(aperte.size(), 3U);
     const auto di = [&aperte](xcb_window_t w) {
         return *std::find_if(aperte.begin(), aperte.end(),
-                             [w](const Finestra& f) { return f.id == w; });
+                             [w](const FinestraAperta& f) { return f.id == w; });
     };
     EXPECT_EQ(di(guida).titolo, "Guida in linea è qui");
     EXPECT_EQ(di(stampa).titolo, "Stampa è pronta");
     EXPECT_TRUE(di(dialogo).posseduta);
     EXPECT_FALSE(di(guida).posseduta);
 
-    const Finestra* trovata = finestra_titolata(aperte, "guida");
+    const FinestraAperta* trovata = finestra_titolata(aperte, "guida");
     ASSERT_NE(trovata, nullptr);
     EXPECT_EQ(trovata->id, guida);
     ASSERT_TRUE(platform::attiva_finestra(guida, display_));

@@ -11,7 +11,7 @@ namespace support {
 /// While one lives these are the windows on the screen; what is asked of them is noted.
 class AltreFinestre {
 public:
-    explicit AltreFinestre(std::vector<platform::Finestra> aperte) {
+    explicit AltreFinestre(std::vector<platform::FinestraAperta> aperte) {
         platform::Scrivania& desktop = platform::scrivania();
         desktop.finestre = [aperte] { return aperte; };
         desktop.mostra_finestra = [this](std::uint32_t id) {

@@ -109,7 +109,7 @@ private:
 
 }  // namespace
 
-std::vector<Finestra> finestre_aperte(const std::string& display) {
+std::vector<FinestraAperta> finestre_aperte(const std::string& display) {
     const Schermo schermo(display);
     const xcb_window_t fondo = schermo.fondo();
     if (fondo == XCB_NONE) return {};
@@ -120,9 +120,9 @@ std::vector<Finestra> finestre_aperte(const std::string& display) {
     std::reverse(lista.begin(), lista.end());
     const xcb_atom_t nome = schermo.atomo("_NET_WM_NAME");
     const xcb_atom_t utf8 = schermo.atomo("UTF8_STRING");
-    std::vector<Finestra> finestre;
+    std::vector<FinestraAperta> finestre;
     for (const std::uint32_t id : lista) {
-        Finestra f;
+        FinestraAperta f;
         f.id = id;
         f.titolo = schermo.testo(id, nome, utf8);
         if (f.titolo.empty()) {

@@ -31,7 +31,7 @@ struct Scrivania {
     std::function<QString(const QString& proposta)> sceglie_nuovo_file;
 
     /// The windows of other programs, and what is asked of them.
-    std::function<std::vector<Finestra>()> finestre;
+    std::function<std::vector<FinestraAperta>()> finestre;
     std::function<void(std::uint32_t)> mostra_finestra;
     std::function<bool(std::uint32_t)> attiva_finestra;
 

@@ -66,7 +66,7 @@ std::int64_t Shell(const std::string& programma, const std::vector<std::string>&
     return avvia(programma.substr(0, programma.size() - fine.size()), argomenti);
 }
 
-std::vector<Finestra> EnumWindows() {
+std::vector<FinestraAperta> EnumWindows() {
     if (scrivania().finestre) return scrivania().finestre();
     // A program that shows nothing must not reach for the windows of somebody's desktop.
     if (QGuiApplication::platformName() == "offscreen") return {};
@@ -84,7 +84,7 @@ void ShowWindow(std::uint32_t finestra) {
 
 bool AppActivate(std::string_view titolo) {
     const auto finestre = EnumWindows();
-    const Finestra* trovata = finestra_titolata(finestre, titolo);
+    const FinestraAperta* trovata = finestra_titolata(finestre, titolo);
     if (trovata == nullptr) return false;
     return scrivania().attiva_finestra ? scrivania().attiva_finestra(trovata->id)
                                        : attiva_finestra(trovata->id);

@@ -18,7 +18,7 @@ std::int64_t Shell(const std::string& programma, const std::vector<std::string>&
 
 /// The windows of the screen that this program shows itself on, the topmost first; none when it
 /// shows nothing.
-std::vector<Finestra> EnumWindows();
+std::vector<FinestraAperta> EnumWindows();
 
 /// Gives a window of another program its normal state back; 0 is no window.
 void ShowWindow(std::uint32_t finestra);

@@ -22,19 +22,19 @@ std::wstring titolo_di(HWND finestra) {
 BOOL CALLBACK aggiungi(HWND finestra, LPARAM lista) {
     // A program's hidden windows are its own affair.
     if (IsWindowVisible(finestra) == 0) return TRUE;
-    Finestra f;
+    FinestraAperta f;
     f.id = static_cast<std::uint32_t>(reinterpret_cast<std::intptr_t>(finestra));
     f.titolo = win32::stretto(titolo_di(finestra));
     HWND sopra = GetWindow(finestra, GW_OWNER);
     f.posseduta = sopra != nullptr && IsWindowVisible(sopra) != 0;
-    reinterpret_cast<std::vector<Finestra>*>(lista)->push_back(std::move(f));
+    reinterpret_cast<std::vector<FinestraAperta>*>(lista)->push_back(std::move(f));
     return TRUE;
 }
 
 }  // namespace
 
-std::vector<Finestra> finestre_aperte(const std::string& /*display*/) {
-    std::vector<Finestra> finestre;
+std::vector<FinestraAperta> finestre_aperte(const std::string& /*display*/) {
+    std::vector<FinestraAperta> finestre;
     EnumWindows(aggiungi, reinterpret_cast<LPARAM>(&finestre));
     return finestre;
 }
