@@ -62,14 +62,16 @@ Insiemi::Insiemi(const Giocate& giocate, int massimo) : posti_(giocate.quanti(),
                 for (int c = b + 1; c + 1 < n; ++c) {
                     const int rc = r[static_cast<std::size_t>(c)];
                     dopo_c.parole[rc >> 6] ^= std::uint64_t{1} << (rc & 63);
-                    righe_[3][static_cast<std::size_t>(terne + rc)] |= dopo_c;
+                    const std::int32_t terna = terne + rc;
+                    righe_[3][static_cast<std::size_t>(terna)] |= dopo_c;
                     if (massimo < 4) continue;
-                    const std::int32_t quaterne = posti_.inizio_quaterne(terne + rc);
+                    const std::int32_t quaterne = posti_.inizio_quaterne(terna);
                     Bit dopo_d = dopo_c;
                     for (int d = c + 1; d + 1 < n; ++d) {
                         const int rd = r[static_cast<std::size_t>(d)];
                         dopo_d.parole[rd >> 6] ^= std::uint64_t{1} << (rd & 63);
-                        righe_[4][static_cast<std::size_t>(quaterne + rd)] |= dopo_d;
+                        const std::int32_t quaterna = quaterne + rd;
+                        righe_[4][static_cast<std::size_t>(quaterna)] |= dopo_d;
                     }
                 }
             }

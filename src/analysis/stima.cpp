@@ -45,8 +45,10 @@ double senza_entrambe(const Genere& a, const Genere& b, int comuni, int estratti
     for (int h = 0; h <= std::min(comuni, estratti); ++h) {
         for (int i = 0; i <= std::min(a.n - comuni, estratti - h); ++i) {
             for (int j = 0; j <= std::min(b.n - comuni, estratti - h - i); ++j) {
-                somma += a.senza[static_cast<std::size_t>(h + i)] *
-                         b.senza[static_cast<std::size_t>(h + j)] * combinazioni(comuni, h) *
+                const int in_a = h + i;
+                const int in_b = h + j;
+                somma += a.senza[static_cast<std::size_t>(in_a)] *
+                         b.senza[static_cast<std::size_t>(in_b)] * combinazioni(comuni, h) *
                          combinazioni(a.n - comuni, i) * combinazioni(b.n - comuni, j) *
                          combinazioni(numeri_del_gioco - a.n - b.n + comuni, estratti - h - i - j);
             }

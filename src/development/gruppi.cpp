@@ -142,7 +142,8 @@ Permutazione normalizzatore(const std::vector<int>& lunghezze, Sorte& sorte) {
         const int d = lunghezze[c];
         const int spostata = static_cast<int>(sorte.fino_a(static_cast<std::uint32_t>(d)));
         for (int i = 0; i < d; ++i) {
-            p[static_cast<std::size_t>(inizio[c] + i)] =
+            const int posto = inizio[c] + i;
+            p[static_cast<std::size_t>(posto)] =
                 static_cast<std::uint8_t>(inizio[arrivo[c]] + (i * unita + spostata) % d);
         }
     }
