@@ -1,7 +1,8 @@
 #include "platform/data.h"
 
-#include <charconv>
 #include <chrono>
+
+#include "platform/runtime.h"
 
 namespace platform {
 
@@ -10,14 +11,6 @@ namespace {
 using std::chrono::sys_days;
 
 constexpr sys_days epoca = std::chrono::year{1899} / std::chrono::December / std::chrono::day{30};
-
-/// The whole of `testo` as a number; nothing when it is none.
-std::optional<int> cifre(std::string_view testo) {
-    int n = 0;
-    const auto [fine, errore] = std::from_chars(testo.data(), testo.data() + testo.size(), n);
-    if (errore != std::errc() || fine != testo.data() + testo.size()) return std::nullopt;
-    return n;
-}
 
 }  // namespace
 
@@ -49,9 +42,9 @@ std::optional<Data> da_iso(std::string_view testo) {
         (testo.size() > 10 && testo[10] != ' ' && testo[10] != 'T')) {
         return std::nullopt;
     }
-    const auto anno = cifre(testo.substr(0, 4));
-    const auto mese = cifre(testo.substr(5, 2));
-    const auto giorno = cifre(testo.substr(8, 2));
+    const auto anno = numero_intero(testo.substr(0, 4));
+    const auto mese = numero_intero(testo.substr(5, 2));
+    const auto giorno = numero_intero(testo.substr(8, 2));
     if (!anno || !mese || !giorno) return std::nullopt;
     const Data data{*anno, *mese, *giorno};
     return esiste(data) ? std::optional(data) : std::nullopt;

@@ -129,6 +129,13 @@ double Val(std::string_view testo) {
     return valore;
 }
 
+std::optional<std::int32_t> numero_intero(std::string_view testo) {
+    std::int32_t n = 0;
+    const auto [fine, errore] = std::from_chars(testo.data(), testo.data() + testo.size(), n);
+    if (errore != std::errc() || fine != testo.data() + testo.size()) return std::nullopt;
+    return n;
+}
+
 std::string Str(std::int64_t valore) {
     return (valore < 0 ? "" : " ") + std::to_string(valore);
 }

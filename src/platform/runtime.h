@@ -14,6 +14,9 @@ namespace platform {
 /// when no real number is that large, so that every conversion of it fails.
 double Val(std::string_view testo);
 
+/// The number that all of `testo` is; nothing for any other text.
+std::optional<std::int32_t> numero_intero(std::string_view testo);
+
 /// Decimal text of `valore` with a blank before a number that is not negative.
 std::string Str(std::int64_t valore);
 

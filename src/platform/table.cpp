@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstdio>
 #include <limits>
 #include <numeric>
@@ -11,21 +10,9 @@
 
 namespace platform {
 
-namespace {
-
-/// The whole of `testo` as a number; nothing when it is none.
-std::optional<int> cifre(std::string_view testo) {
-    int n = 0;
-    const auto [fine, errore] = std::from_chars(testo.data(), testo.data() + testo.size(), n);
-    if (errore != std::errc() || fine != testo.data() + testo.size()) return std::nullopt;
-    return n;
-}
-
-}  // namespace
-
 std::optional<std::int32_t> Valore::intero() const {
     if (const auto* numero = std::get_if<std::int32_t>(&valore_)) return *numero;
-    if (const auto* testo = std::get_if<std::string>(&valore_)) return cifre(Trim(*testo));
+    if (const auto* testo = std::get_if<std::string>(&valore_)) return numero_intero(Trim(*testo));
     return std::nullopt;
 }
 

@@ -1,7 +1,6 @@
 #include "statistics/statistica.h"
 
 #include <algorithm>
-#include <charconv>
 #include <limits>
 #include <string_view>
 #include <utility>
@@ -33,15 +32,6 @@ void mostra_barra(const Barra& barra, std::int32_t massimo) {
     if (barra) barra(std::max(massimo, 1));
 }
 
-/// Whole number of all of `testo`; nothing when it is anything else.
-std::optional<int> cifre(std::string_view testo) {
-    int valore = 0;
-    const char* fine = testo.data() + testo.size();
-    const auto [dove, errore] = std::from_chars(testo.data(), fine, valore);
-    if (errore != std::errc{} || dove != fine || valore < 0) return std::nullopt;
-    return valore;
-}
-
 /// Date of a text as "#2004-06-12#"; a time after the day is passed over.
 std::optional<Data> data_da(std::string_view testo) {
     testo = platform::Trim(testo);
@@ -52,9 +42,9 @@ std::optional<Data> data_da(std::string_view testo) {
     const std::size_t primo = testo.find('-');
     const std::size_t secondo = testo.find('-', primo + 1);
     if (primo == std::string_view::npos || secondo == std::string_view::npos) return std::nullopt;
-    const auto anno = cifre(testo.substr(0, primo));
-    const auto mese = cifre(testo.substr(primo + 1, secondo - primo - 1));
-    const auto giorno = cifre(testo.substr(secondo + 1));
+    const auto anno = platform::numero_intero(testo.substr(0, primo));
+    const auto mese = platform::numero_intero(testo.substr(primo + 1, secondo - primo - 1));
+    const auto giorno = platform::numero_intero(testo.substr(secondo + 1));
     if (!anno || !mese || !giorno) return std::nullopt;
     const Data data{*anno, *mese, *giorno};
     return platform::esiste(data) ? std::optional(data) : std::nullopt;

@@ -40,6 +40,13 @@ TEST(Val, IsZeroWithoutANumber) {
     }
 }
 
+TEST(NumeroIntero, IsTheWholeTextOrNothing) {
+    EXPECT_EQ(numero_intero("0042"), 42);
+    EXPECT_EQ(numero_intero("-2147483648"), -2147483648LL);
+    for (const char* testo : {"", " 1", "1 ", "+1", "1.", "1x", "2147483648", "-"})
+        EXPECT_EQ(numero_intero(testo), std::nullopt) << testo;
+}
+
 TEST(Val, LeavesAnExponentWithoutDigitsAlone) {
     EXPECT_EQ(Val("2e"), 2);
     EXPECT_EQ(Val("2e+"), 2);
