@@ -7,25 +7,24 @@
 #include <cmath>
 #include <csignal>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <limits>
 #include <mdbtools.h>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <sys/prctl.h>
 #include <sys/resource.h>
-#include <unistd.h>
 #include <vector>
 
-#include "platform/leggi_mdb/protocollo.h"
+#include "platform/leggi_mdb/uscita.h"
 
 namespace {
 
 using protocollo::Motivo;
 using protocollo::Tipo;
+using protocollo::Uscita;
 
-constexpr std::size_t pezzo = std::size_t{1} << 16;
 constexpr int cancellato = 0x8000;
 constexpr int altrove = 0x4000;
 constexpr int scostamento = 0x1fff;
@@ -34,44 +33,6 @@ void limita(__rlimit_resource risorsa, rlim_t quanto) {
     const rlimit limite{quanto, quanto};
     ::setrlimit(risorsa, &limite);
 }
-
-/// Buffered standard output; a reader that is gone ends the process.
-class Uscita {
-public:
-    template <typename T>
-    void metti(T valore) {
-        const auto* byte = reinterpret_cast<const char*>(&valore);
-        dati_.append(byte, sizeof(T));
-    }
-    void metti_testo(std::string_view testo) {
-        testo = testo.substr(0, std::numeric_limits<std::uint16_t>::max());
-        metti(static_cast<std::uint16_t>(testo.size()));
-        dati_.append(testo);
-    }
-    void forse_scrivi() {
-        if (dati_.size() >= pezzo) scrivi();
-    }
-    void scrivi() {
-        std::string_view resto = dati_;
-        while (!resto.empty()) {
-            const ssize_t n = ::write(STDOUT_FILENO, resto.data(), resto.size());
-            if (n <= 0) ::_exit(1);
-            resto.remove_prefix(static_cast<std::size_t>(n));
-        }
-        dati_.clear();
-    }
-    /// What was not written yet gives way to the error.
-    [[noreturn]] void rinuncia(Motivo motivo) {
-        dati_.clear();
-        metti(protocollo::errore);
-        metti(motivo);
-        scrivi();
-        ::_exit(1);
-    }
-
-private:
-    std::string dati_;
-};
 
 Tipo tipo_di(const MdbColumn& colonna) {
     switch (colonna.col_type) {
@@ -133,9 +94,7 @@ void Lettura::righe() {
     }
     // A file cut short reads short, without a word of the library.
     if (lette_ != tabella_->num_rows) uscita_.rinuncia(Motivo::danneggiato);
-    uscita_.metti(protocollo::fine);
-    uscita_.metti(lette_);
-    uscita_.scrivi();
+    uscita_.concludi(lette_);
 }
 
 void Lettura::pagina() {
@@ -293,14 +252,12 @@ int main(int argc, char** argv) {
     if (mdb == nullptr || mdb_read_catalog(mdb, MDB_TABLE) == nullptr || mdb->num_catalog == 0)
         uscita.rinuncia(Motivo::formato);
     if (argc < 3) {
-        uscita.metti(protocollo::fine);
-        uscita.metti(std::uint32_t{0});
-        uscita.scrivi();
-        ::_exit(0);
+        uscita.concludi(0);
+        std::_Exit(0);
     }
     Lettura lettura(mdb, apri_tabella(mdb, argv[2], uscita), uscita);
     lettura.testa();
     lettura.righe();
     // Nothing is freed: the process ends here, and freeing is one more thing that could fail.
-    ::_exit(0);
+    std::_Exit(0);
 }

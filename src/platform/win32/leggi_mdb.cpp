@@ -3,7 +3,9 @@
 //
 // The driver is another's library. It runs here, so that the worst that can happen is the death of
 // this process; the one that started it takes that for an error.
+#include <algorithm>
 #include <array>
+#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <fcntl.h>
@@ -14,7 +16,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/leggi_mdb/protocollo.h"
+#include "platform/leggi_mdb/uscita.h"
 
 // Each stands on the one before.
 // clang-format off
@@ -31,8 +33,7 @@ namespace {
 
 using protocollo::Motivo;
 using protocollo::Tipo;
-
-constexpr std::size_t pezzo = std::size_t{1} << 16U;
+using protocollo::Uscita;
 
 std::string stretto(const std::wstring& testo) {
     const int serve = WideCharToMultiByte(CP_UTF8, 0, testo.data(), static_cast<int>(testo.size()),
@@ -43,44 +44,6 @@ std::string stretto(const std::wstring& testo) {
     return scritto;
 }
 
-/// Buffered standard output; a reader that is gone ends the process.
-class Uscita {
-public:
-    template <typename T>
-    void metti(T valore) {
-        dati_.append(reinterpret_cast<const char*>(&valore), sizeof(T));
-    }
-    void metti_testo(std::string_view testo) {
-        testo = testo.substr(0, std::numeric_limits<std::uint16_t>::max());
-        metti(static_cast<std::uint16_t>(testo.size()));
-        dati_.append(testo);
-    }
-    void aggiungi(std::string_view dati) { dati_.append(dati); }
-    void forse_scrivi() {
-        if (dati_.size() >= pezzo) scrivi();
-    }
-    void scrivi() {
-        std::string_view resto = dati_;
-        while (!resto.empty()) {
-            const int n = _write(1, resto.data(), static_cast<unsigned>(resto.size()));
-            if (n <= 0) ExitProcess(1);
-            resto.remove_prefix(static_cast<std::size_t>(n));
-        }
-        dati_.clear();
-    }
-    /// What was not written yet gives way to the error.
-    [[noreturn]] void rinuncia(Motivo motivo) {
-        dati_.clear();
-        metti(protocollo::errore);
-        metti(motivo);
-        scrivi();
-        ExitProcess(1);
-    }
-
-private:
-    std::string dati_;
-};
-
 bool riuscito(SQLRETURN esito) {
     return esito == SQL_SUCCESS || esito == SQL_SUCCESS_WITH_INFO;
 }
@@ -89,7 +52,7 @@ bool riuscito(SQLRETURN esito) {
 std::wstring driver() {
     constexpr std::array<std::wstring_view, 2> noti{L"Microsoft Access Driver (*.mdb, *.accdb)",
                                                     L"Microsoft Access Driver (*.mdb)"};
-    std::vector<wchar_t> nomi(pezzo);
+    std::vector<wchar_t> nomi(1U << 16U);
     WORD lunghi = 0;
     if (SQLGetInstalledDriversW(nomi.data(), static_cast<WORD>(nomi.size() - 1), &lunghi) == FALSE)
         return {};
@@ -106,6 +69,13 @@ std::wstring chiuso(const std::wstring& nome, wchar_t apre, wchar_t chiude) {
     std::wstring testo(1, apre);
     for (const wchar_t c : nome) testo.append(c == chiude ? 2 : 1, c);
     return testo + chiude;
+}
+
+/// A file's name as the driver takes it: with the system's own slashes, and with signs around it
+/// only where it has some that would end it.
+std::wstring per_il_driver(std::wstring file) {
+    std::replace(file.begin(), file.end(), L'/', L'\\');
+    return file.find_first_of(L";{}") == std::wstring::npos ? file : chiuso(file, L'{', L'}');
 }
 
 Tipo tipo_di(SQLSMALLINT tipo) {
@@ -127,16 +97,13 @@ Tipo tipo_di(SQLSMALLINT tipo) {
     }
 }
 
-/// Days since 1899-12-30.
-std::int32_t giorni(const SQL_TIMESTAMP_STRUCT& t) {
-    constexpr int dal_1899_al_1970 = 25569;
-    const int anno = t.month <= 2 ? t.year - 1 : t.year;
-    const int era = (anno >= 0 ? anno : anno - 399) / 400;
-    const int dell_era = anno - era * 400;
-    const int del_mese = static_cast<int>(t.month) + (t.month > 2 ? -3 : 9);
-    const int dell_anno = (153 * del_mese + 2) / 5 + static_cast<int>(t.day) - 1;
-    const int giorno = dell_era * 365 + dell_era / 4 - dell_era / 100 + dell_anno;
-    return era * 146097 + giorno - 719468 + dal_1899_al_1970;
+/// Days since 1899-12-30; nothing for a day that no calendar has.
+std::optional<std::int32_t> giorni(const SQL_TIMESTAMP_STRUCT& t) {
+    using namespace std::chrono;
+    const year_month_day giorno{year{t.year}, month{t.month}, day{t.day}};
+    if (!giorno.ok()) return std::nullopt;
+    constexpr sys_days epoca = year{1899} / December / day{30};
+    return static_cast<std::int32_t>((sys_days{giorno} - epoca).count());
 }
 
 class Lettura {
@@ -150,7 +117,7 @@ public:
             !riuscito(SQLAllocHandle(SQL_HANDLE_DBC, ambiente_, &legame_)))
             uscita_.rinuncia(Motivo::lettore_assente);
         std::wstring parole = L"DRIVER=" + chiuso(con, L'{', L'}') + L";DBQ=" +
-                              chiuso(file, L'{', L'}') + L";ReadOnly=1;Exclusive=0;";
+                              per_il_driver(file) + L";ReadOnly=1;Exclusive=0;";
         if (!riuscito(SQLDriverConnectW(legame_, nullptr, parole.data(), SQL_NTS, nullptr, 0,
                                         nullptr, SQL_DRIVER_NOPROMPT)))
             uscita_.rinuncia(Motivo::formato);
@@ -169,21 +136,10 @@ public:
         // How many rows there are is known at the end only; so they wait for their head.
         std::uint32_t lette = 0;
         SQLRETURN esito = SQL_SUCCESS;
-        std::vector<std::string> pronte(1);
-        while (riuscito(esito = SQLFetch(istruzione_))) {
-            riga(pronte.back());
-            ++lette;
-            if (pronte.back().size() >= pezzo) pronte.emplace_back();
-        }
+        for (; riuscito(esito = SQLFetch(istruzione_)); ++lette) riga();
         if (esito != SQL_NO_DATA) uscita_.rinuncia(Motivo::danneggiato);
         testa(lette, nomi);
-        for (const std::string& pezzi : pronte) {
-            uscita_.aggiungi(pezzi);
-            uscita_.forse_scrivi();
-        }
-        uscita_.metti(protocollo::fine);
-        uscita_.metti(lette);
-        uscita_.scrivi();
+        righe_.concludi(lette);
     }
 
 private:
@@ -211,43 +167,35 @@ private:
             uscita_.metti(tipi_[i]);
             uscita_.metti_testo(nomi[i]);
         }
+        uscita_.scrivi();
     }
 
-    template <typename T>
-    static void metti(std::string& dove, T valore) {
-        dove.append(reinterpret_cast<const char*>(&valore), sizeof(T));
-    }
-
-    void riga(std::string& dove) {
-        dove += protocollo::riga;
+    void riga() {
+        righe_.metti(protocollo::riga);
         for (std::size_t i = 0; i < tipi_.size(); ++i) {
             const auto colonna = static_cast<SQLUSMALLINT>(i + 1);
             if (tipi_[i] == Tipo::testo) {
-                testo(dove, colonna);
+                testo(colonna);
                 continue;
             }
             const auto numero = tipi_[i] == Tipo::data ? data(colonna) : intero(colonna, i);
-            metti(dove, static_cast<std::uint8_t>(numero ? 1 : 0));
-            if (numero) metti(dove, *numero);
+            righe_.metti(static_cast<std::uint8_t>(numero ? 1 : 0));
+            if (numero) righe_.metti(*numero);
         }
     }
 
-    void testo(std::string& dove, SQLUSMALLINT colonna) {
-        std::vector<wchar_t> letto(1U << 15U);
+    void testo(SQLUSMALLINT colonna) {
         SQLLEN lungo = 0;
         const SQLRETURN esito =
-            SQLGetData(istruzione_, colonna, SQL_C_WCHAR, letto.data(),
-                       static_cast<SQLLEN>(letto.size() * sizeof(wchar_t)), &lungo);
+            SQLGetData(istruzione_, colonna, SQL_C_WCHAR, letto_.data(),
+                       static_cast<SQLLEN>(letto_.size() * sizeof(wchar_t)), &lungo);
         if (!riuscito(esito) || lungo == SQL_NULL_DATA) {
-            metti(dove, std::uint8_t{0});
+            righe_.metti(std::uint8_t{0});
             return;
         }
-        letto.back() = L'\0';
-        const std::string scritto =
-            stretto(letto.data()).substr(0, std::numeric_limits<std::uint16_t>::max());
-        metti(dove, std::uint8_t{1});
-        metti(dove, static_cast<std::uint16_t>(scritto.size()));
-        dove += scritto;
+        letto_.back() = L'\0';
+        righe_.metti(std::uint8_t{1});
+        righe_.metti_testo(stretto(letto_.data()));
     }
 
     std::optional<std::int32_t> data(SQLUSMALLINT colonna) {
@@ -255,7 +203,7 @@ private:
         SQLLEN lungo = 0;
         if (!riuscito(SQLGetData(istruzione_, colonna, SQL_C_TYPE_TIMESTAMP, &t, sizeof t, &lungo)))
             return std::nullopt;
-        return lungo == SQL_NULL_DATA ? std::nullopt : std::optional(giorni(t));
+        return lungo == SQL_NULL_DATA ? std::nullopt : giorni(t);
     }
 
     /// A whole number of 32 bits; nothing for a value that has none.
@@ -274,11 +222,13 @@ private:
     }
 
     Uscita& uscita_;
+    Uscita righe_;
     SQLHANDLE ambiente_ = nullptr;
     SQLHANDLE legame_ = nullptr;
     SQLHANDLE istruzione_ = nullptr;
     std::vector<Tipo> tipi_;
     std::vector<bool> si_o_no_;
+    std::vector<wchar_t> letto_ = std::vector<wchar_t>(1U << 15U);
 };
 
 /// What this process may spend, since a damaged file can ask for anything.
@@ -311,9 +261,7 @@ int main() {
     Lettura lettura(uscita);
     lettura.apri(parole[1], con);
     if (quante < 3) {
-        uscita.metti(protocollo::fine);
-        uscita.metti(std::uint32_t{0});
-        uscita.scrivi();
+        uscita.concludi(0);
     } else {
         lettura.tabella(parole[2]);
     }
