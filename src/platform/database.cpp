@@ -31,6 +31,7 @@ struct Aperto {
     const Motore* motore = &motore_jet;
     File blocco;           ///< held by an exclusive opening
     bool perduto = false;  ///< once found damaged, the file is not tried again
+    bool in_vece = false;  ///< of a Jet file that is there and that nothing reads
     std::shared_ptr<bool> aperto = std::make_shared<bool>(true);
     std::map<std::string, std::shared_ptr<const Table>> tabelle;
 };
@@ -100,8 +101,8 @@ Err OpenDatabase(const std::string& nome, bool esclusivo, bool /*sola_lettura*/,
     auto aperto = std::make_shared<interno::Aperto>();
     aperto->file = nome_su_disco(nome);
     int errore = apri_file(*aperto, esclusivo);
-    if (errore == errore_file_assente ||
-        (errore == errore_lettore_assente && esiste_file(gemello(nome)))) {
+    aperto->in_vece = errore == errore_lettore_assente && esiste_file(gemello(nome));
+    if (errore == errore_file_assente || aperto->in_vece) {
         aperto->file = nome_su_disco(gemello(nome));
         aperto->motore = &interno::motore_sqlite;
         errore = apri_file(*aperto, esclusivo);
@@ -152,6 +153,10 @@ Err Database::apri(std::string_view nome, const Query* query, Recordset& destina
     stato->vai(0);
     destinazione = Recordset(std::move(stato));
     return {};
+}
+
+bool Database::in_vece() const {
+    return aperto_ && aperto_->in_vece;
 }
 
 Err Database::Close() {

@@ -24,6 +24,9 @@ public:
     Err OpenRecordset(const Query& query, Recordset& destinazione);
     /// Ends the opening: its recordsets fail from now on, those of another opening do not.
     Err Close();
+    /// True of an opening that reads the SQLite file though the Jet file is there: nothing on this
+    /// machine reads that one.
+    [[nodiscard]] bool in_vece() const;
 
 private:
     friend Err OpenDatabase(const std::string& nome, bool esclusivo, bool sola_lettura,

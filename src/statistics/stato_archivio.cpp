@@ -33,6 +33,7 @@ StatoArchivio stato_archivio(platform::Database& database, crossword::Gioco gioc
         return stato;
     }
     stato.leggibile = true;
+    stato.in_vece = database.in_vece();
     stato.dimostrativo = inventato(database, gioco.e_lotto() ? chiave_lotto : chiave_superenalotto);
     if (draws.MoveLast().ok()) stato.ultima = draws.Fields(0).Value().data();
     return stato;
@@ -40,6 +41,8 @@ StatoArchivio stato_archivio(platform::Database& database, crossword::Gioco gioc
 
 std::string frase(const StatoArchivio& stato, const platform::Data& oggi) {
     if (!stato.leggibile) return "L'archivio non si può leggere";
+    if (stato.dimostrativo && stato.in_vece)
+        return "Estrazioni inventate (drawit.mdb vuole il driver di Access)";
     if (stato.dimostrativo) return "Estrazioni inventate per prova";
     if (!stato.ultima) return "L'archivio non ha estrazioni";
     return "L'ultima estrazione è del " + platform::Valore(*stato.ultima).testo().value_or("") +

@@ -23,6 +23,7 @@ struct StatoArchivio {
     bool leggibile = false;
     bool dimostrativo = false;
     std::optional<platform::Data> ultima;  ///< day of the newest draw; nothing without draws
+    bool in_vece = false;  ///< they stand for those of a `drawit.mdb` that nothing reads here
     friend bool operator==(const StatoArchivio&, const StatoArchivio&) = default;
 };
 

@@ -8,6 +8,7 @@
 #include "importa.h"
 #include "platform/application.h"
 #include "platform/codepage.h"
+#include "platform/database.h"
 #include "platform/disk.h"
 #include "platform/terminale.h"
 
@@ -73,12 +74,14 @@ Opzioni opzioni(const std::vector<std::string>& parole) {
     return o;
 }
 
-/// A database of the suite itself comes before the file made here.
+/// A database of the suite itself comes before the file made here, where the machine reads it.
 void avverti_del_jet(const std::string& archivio) {
     const std::size_t punto = archivio.rfind(".sqlite");
     if (punto == std::string::npos) return;
     const std::string jet = platform::nome_su_disco(archivio.substr(0, punto) + ".mdb");
-    if (platform::esiste_file(jet)) {
+    platform::Database suo;
+    if (platform::esiste_file(jet) &&
+        !(platform::OpenDatabase(jet, false, true, suo).ok() && suo.in_vece())) {
         stampa("Attenzione: finché c'è " + platform::mostrabile(jet) +
                " il programma legge quello.\n");
     }

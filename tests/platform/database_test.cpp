@@ -190,6 +190,16 @@ TEST_F(DatabaseTest, WhereNothingReadsTheJetFileTheOtherIsRead) {
     EXPECT_EQ(file_del_database(jet_), jet_);
 }
 
+TEST_F(DatabaseTest, AFileThatStandsForOneThatNothingReadsIsTold) {
+    EXPECT_FALSE(Database().in_vece());
+    EXPECT_FALSE(apri(sqlite_).in_vece());
+    fs::copy_file(cartella_.file("sqlite/drawit.sqlite"), cartella_.file("jet/drawit.sqlite"));
+    ambiente().lettore_jet.programma = cartella_.file("manca");
+    EXPECT_TRUE(apri(jet_).in_vece());
+    fs::remove(jet_);
+    EXPECT_FALSE(apri(jet_).in_vece());
+}
+
 TEST_F(DatabaseTest, FileNamesAreFoundWithoutCase) {
     fs::rename(jet_, cartella_.file("jet/DrawIt.MDB"));
     EXPECT_EQ(errore_apertura(jet_), 0);

@@ -8,6 +8,7 @@
 #include "platform/calendario.h"
 #include "statistics/archivio.h"
 #include "support/archivi_veri.h"
+#include "support/archivio.h"
 #include "support/archivio_prova.h"
 #include "support/cartella.h"
 #include "systems/sessione.h"
@@ -63,6 +64,18 @@ TEST_F(StatoArchivioTest, AnArchiveOfAnotherMakerHasNoMark) {
     EXPECT_FALSE(stato(Gioco::superenalotto()).dimostrativo);
 }
 
+TEST_F(StatoArchivioTest, DrawsInTheSteadOfAFileThatNothingReadsAreKnown) {
+    ASSERT_TRUE(support::metti_dimostrativo(cartella.radice()));
+    EXPECT_FALSE(stato(Gioco::lotto()).in_vece);
+    std::filesystem::copy_file(support::fixture_jet + "drawit.mdb",
+                               cartella.radice() + "/archivio/drawit.mdb");
+    platform::LettoreJet nessuno;
+    nessuno.programma = cartella.file("manca");
+    const platform::Ripristina finto(platform::ambiente().lettore_jet, nessuno);
+    EXPECT_TRUE(stato(Gioco::lotto()).in_vece);
+    EXPECT_TRUE(stato(Gioco::superenalotto()).dimostrativo);
+}
+
 TEST_F(StatoArchivioTest, ADatabaseThatWasNeverOpenedCannotBeRead) {
     platform::Database mai_aperto;
     EXPECT_EQ(statistics::stato_archivio(mai_aperto, Gioco::lotto()), StatoArchivio{});
@@ -79,6 +92,8 @@ TEST(FraseArchivio, TheAgeIsCountedInDays) {
 
 TEST(FraseArchivio, WhatIsNotThereIsSaid) {
     EXPECT_EQ(frase({true, true, ultima}, ultima), "Estrazioni inventate per prova");
+    EXPECT_EQ(frase({true, true, ultima, true}, ultima),
+              "Estrazioni inventate (drawit.mdb vuole il driver di Access)");
     EXPECT_EQ(frase({true, false, {}}, ultima), "L'archivio non ha estrazioni");
     EXPECT_EQ(frase({}, ultima), "L'archivio non si può leggere");
 }
