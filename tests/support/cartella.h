@@ -11,6 +11,11 @@
 
 namespace support {
 
+/// A name of UTF-8, as the library's own files take it on every system.
+inline std::filesystem::path percorso(const std::string& nome) {
+    return std::u8string(nome.begin(), nome.end());
+}
+
 class Cartella {
 public:
     Cartella() {
@@ -38,14 +43,14 @@ public:
         return programma() + "/" + nome;
     }
     void scrivi(const std::string& nome, const std::string& dati) const {
-        std::ofstream(file(nome), std::ios::binary) << dati;
+        std::ofstream(percorso(file(nome)), std::ios::binary) << dati;
     }
     [[nodiscard]] std::string leggi(const std::string& nome) const {
-        std::ifstream f(file(nome), std::ios::binary);
+        std::ifstream f(percorso(file(nome)), std::ios::binary);
         return {std::istreambuf_iterator<char>(f), {}};
     }
     [[nodiscard]] bool esiste(const std::string& nome) const {
-        return std::filesystem::exists(file(nome));
+        return std::filesystem::exists(percorso(file(nome)));
     }
     /// Copies the built tables into this root.
     void con_tabelle() const {
