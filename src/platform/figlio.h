@@ -25,7 +25,7 @@ public:
     Figlio& operator=(const Figlio&) = delete;
     ~Figlio();
 
-    /// Starts it with an empty environment, no input and nobody to complain to.
+    /// Starts it with no input and nobody to complain to.
     bool avvia(const std::string& programma, const std::vector<std::string>& argomenti);
     /// Takes all that it writes until its end.
     Fine uscita(const Limiti& limiti, std::string& dati);

@@ -23,6 +23,8 @@ enum class Guasto {
     pieno,        ///< no space or quota left
     altro,
 };
+/// Of a call that failed with that errno.
+Guasto da_errno(int errore);
 
 /// What stands under a name.
 struct Voce {

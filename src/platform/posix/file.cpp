@@ -1,7 +1,6 @@
 #include "platform/file.h"
 
 #include <array>
-#include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
@@ -33,54 +32,10 @@ int modo_posix(File::Modo modo) {
 
 }  // namespace
 
-bool File::esito(bool riuscito) {
-    if (!riuscito) guasto_ = macchina::da_errno(errno);
-    return riuscito;
-}
-
 bool File::apri(const std::string& nome, Modo modo) {
     chiudi();
     fd_ = syscalls().open(nome.c_str(), modo_posix(modo) | O_NONBLOCK, 0666);
     return esito(aperto());
-}
-
-bool File::chiudi() {
-    if (fd_ < 0) return true;
-    const int chiuso = syscalls().close(fd_);
-    fd_ = -1;
-    // A signal during the closing leaves the file closed all the same.
-    return esito(chiuso == 0 || errno == EINTR);
-}
-
-std::ptrdiff_t File::leggi(void* dati, std::size_t quanti) {
-    std::ptrdiff_t n = 0;
-    do {
-        n = syscalls().read(fd_, dati, quanti);
-    } while (n < 0 && errno == EINTR);
-    esito(n >= 0);
-    return n;
-}
-
-bool File::scrivi(std::string_view dati) {
-    while (!dati.empty()) {
-        const std::ptrdiff_t n = syscalls().write(fd_, dati.data(), dati.size());
-        if (n < 0 && errno == EINTR) continue;
-        if (n < 0) return esito(false);
-        if (n == 0) {
-            guasto_ = macchina::Guasto::pieno;
-            return false;
-        }
-        dati.remove_prefix(static_cast<std::size_t>(n));
-    }
-    return true;
-}
-
-bool File::sincronizza() {
-    int fatto = 0;
-    do {
-        fatto = syscalls().fsync(fd_);
-    } while (fatto != 0 && errno == EINTR);
-    return esito(fatto == 0);
 }
 
 bool File::tronca(std::int64_t byte) {
@@ -110,10 +65,6 @@ std::string File::attributo(const char* quale) const {
     std::array<char, 256> testo{};
     const ssize_t n = ::fgetxattr(fd_, quale, testo.data(), testo.size());
     return {testo.data(), n > 0 ? static_cast<std::size_t>(n) : 0};
-}
-
-bool File::annota(const char* quale, std::string_view parola) {
-    return esito(syscalls().fsetxattr(fd_, quale, parola.data(), parola.size()) == 0);
 }
 
 }  // namespace platform

@@ -21,34 +21,6 @@
 
 namespace platform::macchina {
 
-Guasto da_errno(int errore) {
-    switch (errore) {
-        case ENOENT:
-            return Guasto::assente;
-        case ENOTDIR:
-        case ELOOP:
-        case ENAMETOOLONG:
-            return Guasto::percorso;
-        case EACCES:
-        case EPERM:
-            return Guasto::permesso;
-        // What shares of other machines report for a file that is open there for one alone.
-        case EBUSY:
-        case ETXTBSY:
-        case EAGAIN:
-            return Guasto::occupato;
-        case EEXIST:
-            return Guasto::esiste;
-        case EXDEV:
-            return Guasto::altro_disco;
-        case ENOSPC:
-        case EDQUOT:
-            return Guasto::pieno;
-        default:
-            return Guasto::altro;
-    }
-}
-
 Voce da_stat(const struct stat& s) {
     constexpr std::int64_t al_secondo = 1'000'000'000;
     Voce voce;
@@ -65,10 +37,6 @@ Voce da_stat(const struct stat& s) {
 }
 
 namespace {
-
-Guasto esito(int risposta) {
-    return risposta == 0 ? Guasto::nessuno : da_errno(errno);
-}
 
 Guasto con_stat(int risposta, const struct stat& s, Voce& voce) {
     if (risposta != 0) return da_errno(errno);
@@ -159,23 +127,6 @@ bool collega_cartella(const std::string& meta, const std::string& nome) {
     return ::symlink(meta.c_str(), nome.c_str()) == 0;
 }
 
-Guasto togli(const std::string& nome) {
-    return esito(syscalls().unlink(nome.c_str()));
-}
-
-Guasto rinomina(const std::string& vecchio, const std::string& nuovo) {
-    return esito(syscalls().rename(vecchio.c_str(), nuovo.c_str()));
-}
-
-Guasto rinomina_senza_coprire(const std::string& vecchio, const std::string& nuovo) {
-    if (syscalls().rename_noreplace(vecchio.c_str(), nuovo.c_str()) == 0) return Guasto::nessuno;
-    if (errno != EINVAL && errno != ENOSYS && errno != EOPNOTSUPP) return da_errno(errno);
-    if (syscalls().link(vecchio.c_str(), nuovo.c_str()) == 0)
-        return esito(syscalls().unlink(vecchio.c_str()));
-    if (errno == EEXIST || c_e(nuovo)) return Guasto::esiste;
-    return rinomina(vecchio, nuovo);
-}
-
 void sincronizza_cartella(const std::string& cartella) {
     // A file system without folder sync loses nothing by it.
     const int fd = syscalls().open(cartella.c_str(), O_RDONLY | O_DIRECTORY, 0);
@@ -185,7 +136,7 @@ void sincronizza_cartella(const std::string& cartella) {
 }
 
 Guasto collega(const std::string& meta, const std::string& nome) {
-    return esito(::symlink(meta.c_str(), nome.c_str()));
+    return ::symlink(meta.c_str(), nome.c_str()) == 0 ? Guasto::nessuno : da_errno(errno);
 }
 
 std::int64_t processo() {

@@ -11,8 +11,6 @@ namespace platform::macchina {
 /// replaced file goes with its successor in this attribute.
 inline constexpr const char* attributo_nascita = "user.tabellino.creazione";
 
-/// Of a step that failed with that errno.
-Guasto da_errno(int errore);
 Voce da_stat(const struct stat& s);
 
 }  // namespace platform::macchina

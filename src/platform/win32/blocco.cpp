@@ -24,7 +24,7 @@ bool in_mano_altrui(const File& file, std::int64_t dimensione, bool esclusivo) {
         errno == EWOULDBLOCK)
         return true;
     // Only locks on the content count; engines mark their users by locks far beyond the end.
-    auto* aperto = reinterpret_cast<HANDLE>(_get_osfhandle(file.fd()));
+    HANDLE aperto = win32::maniglia_del_file(file.fd());
     const auto quanti = static_cast<std::uint64_t>(std::max<std::int64_t>(dimensione, 1));
     const auto bassi = static_cast<DWORD>(quanti);
     const auto alti = static_cast<DWORD>(quanti >> 32U);

@@ -6,23 +6,12 @@
 
 namespace platform {
 
+using win32::citata;
 using win32::Maniglia;
 
 namespace {
 
 using Orologio = std::chrono::steady_clock;
-
-/// A word as programs of this system read it back from their line.
-std::wstring citata(const std::wstring& parola) {
-    std::wstring scritta = L"\"";
-    std::size_t barre = 0;
-    for (const wchar_t c : parola) {
-        if (c == L'"') scritta.append(barre + 1, L'\\');
-        barre = c == L'\\' ? barre + 1 : 0;
-        scritta += c;
-    }
-    return scritta.append(barre, L'\\') + L'"';
-}
 
 /// What is in it dies with this process.
 HANDLE compagnia() {

@@ -1,6 +1,5 @@
 #include "platform/file.h"
 
-#include <cerrno>
 #include <io.h>
 
 #include "platform/syscalls.h"
@@ -11,6 +10,7 @@
 namespace platform {
 
 using win32::Maniglia;
+using win32::maniglia_del_file;
 
 namespace {
 
@@ -31,21 +31,13 @@ int modo_di(File::Modo modo) {
     }
 }
 
-HANDLE di(int fd) {
-    return reinterpret_cast<HANDLE>(_get_osfhandle(fd));
-}
-
 /// Whoever may read a file may also be the one to change what is told about it.
 HANDLE per_i_tempi(int fd) {
-    return ReOpenFile(di(fd), FILE_WRITE_ATTRIBUTES | FILE_READ_ATTRIBUTES, win32::con_tutti, 0);
+    return ReOpenFile(maniglia_del_file(fd), FILE_WRITE_ATTRIBUTES | FILE_READ_ATTRIBUTES,
+                      win32::con_tutti, 0);
 }
 
 }  // namespace
-
-bool File::esito(bool riuscito) {
-    if (!riuscito) guasto_ = win32::da_errno(errno);
-    return riuscito;
-}
 
 bool File::apri(const std::string& nome, Modo modo) {
     chiudi();
@@ -53,49 +45,12 @@ bool File::apri(const std::string& nome, Modo modo) {
     return esito(aperto());
 }
 
-bool File::chiudi() {
-    if (fd_ < 0) return true;
-    const int chiuso = syscalls().close(fd_);
-    fd_ = -1;
-    return esito(chiuso == 0 || errno == EINTR);
-}
-
-std::ptrdiff_t File::leggi(void* dati, std::size_t quanti) {
-    std::ptrdiff_t n = 0;
-    do {
-        n = syscalls().read(fd_, dati, quanti);
-    } while (n < 0 && errno == EINTR);
-    esito(n >= 0);
-    return n;
-}
-
-bool File::scrivi(std::string_view dati) {
-    while (!dati.empty()) {
-        const std::ptrdiff_t n = syscalls().write(fd_, dati.data(), dati.size());
-        if (n < 0 && errno == EINTR) continue;
-        if (n < 0) return esito(false);
-        if (n == 0) {
-            guasto_ = macchina::Guasto::pieno;
-            return false;
-        }
-        dati.remove_prefix(static_cast<std::size_t>(n));
-    }
-    return true;
-}
-
-bool File::sincronizza() {
-    int fatto = 0;
-    do {
-        fatto = syscalls().fsync(fd_);
-    } while (fatto != 0 && errno == EINTR);
-    return esito(fatto == 0);
-}
-
 bool File::tronca(std::int64_t byte) {
     FILE_END_OF_FILE_INFO fine{};
     fine.EndOfFile.QuadPart = byte;
-    return esito(win32::risposta(SetFileInformationByHandle(di(fd_), FileEndOfFileInfo, &fine,
-                                                            sizeof fine) != 0) == 0);
+    return esito(
+        win32::risposta(SetFileInformationByHandle(maniglia_del_file(fd_), FileEndOfFileInfo, &fine,
+                                                   sizeof fine) != 0) == 0);
 }
 
 bool File::vai(std::int64_t dove) {
@@ -103,15 +58,16 @@ bool File::vai(std::int64_t dove) {
 }
 
 bool File::guarda(macchina::Voce& voce) {
-    return esito(win32::risposta(win32::voce_di(di(fd_), voce)) == 0);
+    return esito(win32::risposta(win32::voce_di(maniglia_del_file(fd_), voce)) == 0);
 }
 
 bool File::permessi(unsigned permessi) {
     constexpr unsigned scrivere = 0222;
     const Maniglia file(per_i_tempi(fd_));
     FILE_BASIC_INFO stato{};
-    if (GetFileInformationByHandleEx(file, FileBasicInfo, &stato, sizeof stato) == 0)
-        return esito(win32::fallito() == 0);
+    if (!file.valida() ||
+        GetFileInformationByHandleEx(file, FileBasicInfo, &stato, sizeof stato) == 0)
+        return esito(win32::risposta(false) == 0);
     const DWORD prima = stato.FileAttributes;
     stato.FileAttributes &= ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY);
     if ((permessi & scrivere) == 0) stato.FileAttributes |= FILE_ATTRIBUTE_READONLY;
@@ -124,15 +80,12 @@ bool File::permessi(unsigned permessi) {
 bool File::nasce(std::int64_t secondi) {
     const Maniglia file(per_i_tempi(fd_));
     const FILETIME tempo = win32::tempo_di(secondi);
-    return file.valida() && SetFileTime(file, &tempo, nullptr, nullptr) != 0;
+    return esito(
+        win32::risposta(file.valida() && SetFileTime(file, &tempo, nullptr, nullptr) != 0) == 0);
 }
 
 std::string File::attributo(const char* quale) const {
-    return win32::leggi_parola(win32::luogo(di(fd_)), quale);
-}
-
-bool File::annota(const char* quale, std::string_view parola) {
-    return esito(syscalls().fsetxattr(fd_, quale, parola.data(), parola.size()) == 0);
+    return win32::leggi_parola(win32::luogo(maniglia_del_file(fd_)), quale);
 }
 
 }  // namespace platform

@@ -1,12 +1,11 @@
 #include "platform/macchina.h"
 
-#include <cerrno>
 #include <cstdlib>
+#include <fcntl.h>
 #include <shlobj.h>
 #include <winioctl.h>
 
 #include "platform/syscalls.h"
-#include "platform/win32/modi.h"
 #include "platform/win32/nomi.h"
 #include "platform/win32/parola.h"
 #include "platform/win32/stato.h"
@@ -19,13 +18,13 @@ using win32::nome_stretto;
 
 namespace {
 
-Guasto esito(int risposta) {
-    return risposta == 0 ? Guasto::nessuno : win32::da_errno(errno);
+Guasto esito(bool riuscito) {
+    return riuscito ? Guasto::nessuno : da_errno(win32::errno_di(GetLastError()));
 }
 
 Guasto guarda(const std::string& nome, bool segui, Voce& voce) {
     const Maniglia aperto(win32::per_guardare(nome_largo(nome), segui));
-    return esito(win32::risposta(aperto.valida() && win32::voce_di(aperto, voce)));
+    return esito(aperto.valida() && win32::voce_di(aperto, voce));
 }
 
 std::string variabile(const wchar_t* nome) {
@@ -140,26 +139,9 @@ bool collega_cartella(const std::string& meta, const std::string& nome) {
     return true;
 }
 
-Guasto togli(const std::string& nome) {
-    return esito(syscalls().unlink(nome.c_str()));
-}
-
-Guasto rinomina(const std::string& vecchio, const std::string& nuovo) {
-    return esito(syscalls().rename(vecchio.c_str(), nuovo.c_str()));
-}
-
-Guasto rinomina_senza_coprire(const std::string& vecchio, const std::string& nuovo) {
-    if (syscalls().rename_noreplace(vecchio.c_str(), nuovo.c_str()) == 0) return Guasto::nessuno;
-    if (errno != EINVAL && errno != ENOSYS && errno != EOPNOTSUPP) return win32::da_errno(errno);
-    if (syscalls().link(vecchio.c_str(), nuovo.c_str()) == 0)
-        return esito(syscalls().unlink(vecchio.c_str()));
-    if (errno == EEXIST || c_e(nuovo)) return Guasto::esiste;
-    return rinomina(vecchio, nuovo);
-}
-
 void sincronizza_cartella(const std::string& cartella) {
     // A disk without folder sync loses nothing by it.
-    const int fd = syscalls().open(cartella.c_str(), _O_RDONLY | win32::una_cartella, 0);
+    const int fd = syscalls().open(cartella.c_str(), _O_RDONLY, 0);
     if (fd < 0) return;
     syscalls().fsync(fd);
     syscalls().close(fd);
@@ -171,7 +153,7 @@ Guasto collega(const std::string& meta, const std::string& nome) {
     const std::wstring qui = nome_largo(nome);
     if (CreateSymbolicLinkW(qui.c_str(), verso.c_str(), senza_privilegio) != 0)
         return Guasto::nessuno;
-    return esito(win32::risposta(CreateHardLinkW(qui.c_str(), verso.c_str(), nullptr) != 0));
+    return esito(CreateHardLinkW(qui.c_str(), verso.c_str(), nullptr) != 0);
 }
 
 std::int64_t processo() {
@@ -192,7 +174,7 @@ std::string cartella_eseguibile() {
     std::wstring vero(massimo, L'\0');
     vero.resize(GetLongPathNameW(nome.c_str(), vero.data(), static_cast<DWORD>(vero.size())));
     const std::string percorso = nome_stretto(vero.empty() ? nome : vero);
-    return percorso.substr(0, percorso.rfind('/') == std::string::npos ? 0 : percorso.rfind('/'));
+    return percorso.substr(0, percorso.rfind('/'));
 }
 
 std::string coda_dei_programmi() {

@@ -7,11 +7,9 @@ namespace platform::win32 {
 
 /// A link is refused.
 inline constexpr int non_seguire = 1 << 24;
-/// A folder, to be synced.
-inline constexpr int una_cartella = 1 << 25;
 /// A folder, to be locked: a file in it that is there meanwhile stands for it, since no folder can
 /// be locked.
-inline constexpr int una_cartella_da_bloccare = 1 << 26;
+inline constexpr int una_cartella_da_bloccare = 1 << 25;
 
 /// What `Syscalls::flock` is asked for.
 inline constexpr int blocco_condiviso = 1;

@@ -3,6 +3,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdint>
+#include <io.h>
 
 namespace platform::win32 {
 
@@ -139,6 +140,17 @@ std::string nome_stretto(std::wstring_view nome) {
     return scritto;
 }
 
+std::wstring citata(const std::wstring& parola) {
+    std::wstring scritta = L"\"";
+    std::size_t barre = 0;
+    for (const wchar_t c : parola) {
+        if (c == L'"') scritta.append(barre + 1, L'\\');
+        barre = c == L'\\' ? barre + 1 : 0;
+        scritta += c;
+    }
+    return scritta.append(barre, L'\\') + L'"';
+}
+
 int errno_di(unsigned long errore) {
     switch (errore) {
         case ERROR_SUCCESS:
@@ -207,6 +219,10 @@ HANDLE maniglia_di(int numero) {
     // Of a handle's bits only those of an int count, on 64-bit systems too.
     return numero < 0 ? INVALID_HANDLE_VALUE
                       : reinterpret_cast<HANDLE>(static_cast<std::intptr_t>(numero));
+}
+
+HANDLE maniglia_del_file(int fd) {
+    return reinterpret_cast<HANDLE>(_get_osfhandle(fd));
 }
 
 HANDLE per_guardare(const std::wstring& nome, bool segui, DWORD diritti) {

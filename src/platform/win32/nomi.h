@@ -31,6 +31,9 @@ std::wstring nome_largo(const std::string& nome);
 /// A name that the system told, with plain slashes and without the mark of long ones.
 std::string nome_stretto(std::wstring_view nome);
 
+/// A word as programs of this system read it back from their line.
+std::wstring citata(const std::wstring& parola);
+
 /// The errno of an error of the system.
 int errno_di(unsigned long errore);
 /// Notes the last error in errno; -1.
@@ -41,6 +44,8 @@ int risposta(bool riuscito);
 /// A handle as a number that fits where the platform keeps one, and back.
 int numero_di(HANDLE maniglia);
 HANDLE maniglia_di(int numero);
+/// The handle behind a file of the C library.
+HANDLE maniglia_del_file(int fd);
 
 /// Closes itself at its end.
 class Maniglia {

@@ -1,10 +1,7 @@
 #include "platform/win32/stato.h"
 
-#include <cerrno>
-
 namespace platform::win32 {
 
-using macchina::Guasto;
 using macchina::Voce;
 
 namespace {
@@ -17,32 +14,6 @@ std::uint64_t insieme(DWORD alto, DWORD basso) {
 }
 
 }  // namespace
-
-Guasto da_errno(int errore) {
-    switch (errore) {
-        case ENOENT:
-            return Guasto::assente;
-        case ENOTDIR:
-        case ELOOP:
-        case ENAMETOOLONG:
-            return Guasto::percorso;
-        case EACCES:
-        case EPERM:
-            return Guasto::permesso;
-        case EBUSY:
-        case ETXTBSY:
-        case EAGAIN:
-            return Guasto::occupato;
-        case EEXIST:
-            return Guasto::esiste;
-        case EXDEV:
-            return Guasto::altro_disco;
-        case ENOSPC:
-            return Guasto::pieno;
-        default:
-            return Guasto::altro;
-    }
-}
 
 std::int64_t nanosecondi(const FILETIME& tempo) {
     const auto decimi =

@@ -6,8 +6,6 @@
 
 namespace platform::win32 {
 
-/// Of a step that failed with that errno.
-macchina::Guasto da_errno(int errore);
 /// What is open; false when the system does not tell.
 bool voce_di(HANDLE aperto, macchina::Voce& voce);
 

@@ -16,14 +16,11 @@ namespace platform {
 using win32::con_tutti;
 using win32::fallito;
 using win32::Maniglia;
+using win32::maniglia_del_file;
 using win32::nome_largo;
 using win32::risposta;
 
 namespace {
-
-HANDLE di(int fd) {
-    return reinterpret_cast<HANDLE>(_get_osfhandle(fd));
-}
 
 /// The C library keeps the system's own error beside errno, which tells less.
 std::ptrdiff_t dalla_libreria(int esito) {
@@ -134,11 +131,11 @@ std::ptrdiff_t Syscalls::write(int fd, const void* dati, std::size_t quanti) {
 }
 
 int Syscalls::fsync(int fd) {
-    if (FlushFileBuffers(di(fd)) != 0) return 0;
+    if (FlushFileBuffers(maniglia_del_file(fd)) != 0) return 0;
     if (GetLastError() != ERROR_ACCESS_DENIED) return fallito();
     // What was opened for reading is flushed by who may write.
     const Maniglia scrivano(
-        ReOpenFile(di(fd), GENERIC_WRITE, con_tutti, FILE_FLAG_BACKUP_SEMANTICS));
+        ReOpenFile(maniglia_del_file(fd), GENERIC_WRITE, con_tutti, FILE_FLAG_BACKUP_SEMANTICS));
     return risposta(scrivano.valida() && FlushFileBuffers(scrivano) != 0);
 }
 
@@ -186,7 +183,7 @@ int Syscalls::flock(int fd, int operazione) {
     dove.OffsetHigh = 1U << 29U;
     const DWORD come = LOCKFILE_FAIL_IMMEDIATELY |
                        (operazione == win32::blocco_esclusivo ? LOCKFILE_EXCLUSIVE_LOCK : 0U);
-    if (LockFileEx(di(fd), come, 0, 1, 0, &dove) != 0) return 0;
+    if (LockFileEx(maniglia_del_file(fd), come, 0, 1, 0, &dove) != 0) return 0;
     const DWORD errore = GetLastError();
     errno = errore == ERROR_LOCK_VIOLATION || errore == ERROR_IO_PENDING ? EWOULDBLOCK : ENOLCK;
     return -1;
@@ -196,13 +193,14 @@ int Syscalls::fcntl_lock(int fd) {
     OVERLAPPED dove{};
     dove.OffsetHigh = 1U << 18U;
     constexpr DWORD come = LOCKFILE_FAIL_IMMEDIATELY | LOCKFILE_EXCLUSIVE_LOCK;
-    if (LockFileEx(di(fd), come, 0, 1, 0, &dove) != 0) return 0;
+    if (LockFileEx(maniglia_del_file(fd), come, 0, 1, 0, &dove) != 0) return 0;
     errno = GetLastError() == ERROR_LOCK_VIOLATION ? EAGAIN : ENOLCK;
     return -1;
 }
 
 int Syscalls::fsetxattr(int fd, const char* nome, const void* dati, std::size_t quanti) {
-    if (win32::scrivi_parola(di(fd), nome, {static_cast<const char*>(dati), quanti})) return 0;
+    if (win32::scrivi_parola(maniglia_del_file(fd), nome, {static_cast<const char*>(dati), quanti}))
+        return 0;
     errno = ENOTSUP;
     return -1;
 }

@@ -6,20 +6,10 @@ namespace support {
 
 namespace {
 
+using platform::win32::citata;
 using platform::win32::largo;
 using platform::win32::Maniglia;
 using platform::win32::nome_largo;
-
-std::wstring citata(const std::wstring& parola) {
-    std::wstring scritta = L"\"";
-    std::size_t barre = 0;
-    for (const wchar_t c : parola) {
-        if (c == L'"') scritta.append(barre + 1, L'\\');
-        barre = c == L'\\' ? barre + 1 : 0;
-        scritta += c;
-    }
-    return scritta.append(barre, L'\\') + L'"';
-}
 
 HANDLE nuovo(const std::string& nome) {
     SECURITY_ATTRIBUTES ereditati{sizeof ereditati, nullptr, TRUE};
