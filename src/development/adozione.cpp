@@ -1,6 +1,8 @@
 #include "development/adozione.h"
 
 #include <algorithm>
+#include <set>
+#include <sstream>
 
 #include "development/coperture.h"
 #include "development/economiche.h"
@@ -14,6 +16,31 @@ namespace development {
 using crossword::Gioco;
 
 namespace {
+
+/// Names given to tables so far, one a line, beside the tables. A saved system keeps the number
+/// alone: that of a table deleted since must lead to no other one.
+constexpr const char* registro = "/adottate";
+
+/// Those of the names, and of the own tables of that length there are, that tables ever had.
+struct Presi {
+    std::set<std::string> nomi;
+    std::string da_annotare;  ///< names that stand in no line yet
+};
+
+Presi nomi_presi(const std::string& cartella, Gioco gioco, int n) {
+    Presi presi;
+    std::istringstream righe(platform::leggi_tutto(cartella + registro).value_or(""));
+    for (std::string nome; std::getline(righe, nome);) {
+        if (nome.ends_with('\r')) nome.pop_back();
+        presi.nomi.insert(nome);
+    }
+    for (int numero = prima_propria; numero <= ultima_economica; ++numero) {
+        const std::string nome = nome_tabella(gioco, n, numero);
+        if (platform::esiste_file(cartella + "/" + nome) && presi.nomi.insert(nome).second)
+            presi.da_annotare += nome + "\n";
+    }
+    return presi;
+}
 
 /// Why a table cannot be adopted; empty when nothing speaks against it.
 std::string prova(const Tabella& tabella, Gioco gioco, const std::optional<Garanzia>& detta) {
@@ -43,23 +70,22 @@ std::string gia_presente(const Tabella& tabella, Gioco gioco, const std::string&
     return {};
 }
 
-/// A number that no table of this length has. The diagonals play lines of two lengths under one
-/// number: beside a table of the same guarantee it does best, beside another one it is of no use.
+/// A number that no table of this length ever had. The diagonals play lines of two lengths under
+/// one number: beside a table of the same guarantee it does best, beside another one it is of no
+/// use.
 int numero_libero(const Tabella& tabella, Gioco gioco, const std::string& cartella,
-                  const Garanzia& garanzia) {
+                  const Garanzia& garanzia, const std::set<std::string>& presi) {
     Economiche economiche;
     int libero = 0;
     int solo = 0;
     for (int numero = prima_propria; numero <= ultima_economica; ++numero) {
-        const auto occupato = [&](int n) {
-            return platform::esiste_file(cartella + "/" + nome_tabella(gioco, n, numero));
-        };
-        if (occupato(tabella.n)) continue;
+        if (presi.contains(nome_tabella(gioco, tabella.n, numero))) continue;
         bool sola = true;
         for (const int vicina : {tabella.n - 1, tabella.n + 1}) {
             const auto e = economiche.una(cartella, gioco, vicina, numero);
             if (e && e->garanzia == garanzia) return numero;
-            sola = sola && !occupato(vicina);
+            sola = sola &&
+                   !platform::esiste_file(cartella + "/" + nome_tabella(gioco, vicina, numero));
         }
         if (libero == 0) libero = numero;
         if (sola && solo == 0) solo = numero;
@@ -83,9 +109,17 @@ Adozione adotta(Tabella tabella, Gioco gioco, const std::optional<Garanzia>& det
     const platform::Turno turno(ridotti);
     if (const std::string c_e = gia_presente(tabella, gioco, ridotti); !c_e.empty())
         return rifiutata("c'è già, e si chiama " + c_e);
-    const int numero = numero_libero(tabella, gioco, ridotti, *migliore);
-    if (numero == 0) return rifiutata("tutti i numeri per le tabelle proprie sono presi");
+    const Presi presi = nomi_presi(ridotti, gioco, tabella.n);
+    const int numero = numero_libero(tabella, gioco, ridotti, *migliore, presi.nomi);
+    if (numero == 0) {
+        return rifiutata(
+            "tutti i numeri per le tabelle proprie sono presi, o lo sono stati: "
+            "quello di una tabella cancellata non si dà a un'altra");
+    }
     const std::string nome = nome_tabella(gioco, tabella.n, numero);
+    if (platform::aggiungi(ridotti + registro, presi.da_annotare + nome + "\n") !=
+        platform::Esito::ok)
+        return {"non posso scrivere " + ridotti + registro, true, {}, {}};
     if (platform::sostituisci(ridotti + "/" + nome, testo_tabella(tabella)) != platform::Esito::ok)
         return {"non posso scrivere " + ridotti + "/" + nome, true, {}, {}};
     return {{}, false, nome, *migliore};

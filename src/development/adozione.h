@@ -18,7 +18,8 @@ struct Adozione {
 };
 
 /// Proves a table, `detta` too where it is given, and writes it into the folder `ridotti`, without
-/// a final separator, under a number that is free. `gioco` plays rows as long as the table's.
+/// a final separator, under a number that no table had before. `gioco` plays rows as long as the
+/// table's.
 Adozione adotta(Tabella tabella, crossword::Gioco gioco, const std::optional<Garanzia>& detta,
                 const std::string& ridotti);
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "avvio.h"
+#include "platform/disk.h"
 #include "support/cartella.h"
 #include "systems/sessione.h"
 
@@ -28,10 +29,7 @@ protected:
         std::ifstream f(tabelle() + "/" + nome, std::ios::binary);
         return {std::istreambuf_iterator<char>(f), {}};
     }
-    [[nodiscard]] std::size_t quante() const {
-        return static_cast<std::size_t>(
-            std::distance(std::filesystem::directory_iterator(tabelle()), {}));
-    }
+    [[nodiscard]] std::size_t quante() const { return platform::Dir(tabelle(), "*.rid").size(); }
     std::string mia(const std::string& testo, const std::string& nome = "mia.rid") {
         cartella_.scrivi(nome, testo);
         return cartella_.file(nome);
@@ -71,6 +69,37 @@ TEST_F(RidottiAdotta, UnaCheCEGiaERifiutata) {
     EXPECT_EQ(quante(), 1U);
 }
 
+TEST_F(RidottiAdotta, IlNumeroDiUnaCancellataNonVaAUnAltra) {
+    ASSERT_EQ(adotta({mia(ambi_di_5)}), 0);
+    std::filesystem::remove(tabelle() + "/tr0570.rid");
+    ASSERT_EQ(adotta({mia("3,4,5\r\n")}), 0);
+    EXPECT_EQ(adottata("tr0570.rid"), "");
+    EXPECT_EQ(adottata("tr0571.rid"), "3,4,5\r\n");
+    // One that came by another way had its number too.
+    std::ofstream(tabelle() + "/tr0572.rid") << "1,2,4\r\n";
+    ASSERT_EQ(adotta({mia("1,2,5\r\n")}), 0);
+    EXPECT_EQ(adottata("tr0573.rid"), "1,2,5\r\n");
+    std::filesystem::remove(tabelle() + "/tr0572.rid");
+    ASSERT_EQ(adotta({mia("1,3,5\r\n")}), 0);
+    EXPECT_EQ(adottata("tr0572.rid"), "");
+    EXPECT_EQ(adottata("tr0574.rid"), "1,3,5\r\n");
+    // Other lengths and games count for themselves.
+    ASSERT_EQ(adotta({"--numeri", "6", mia("1,2,3\r\n4,5,6\r\n1,4,6\r\n2,3,5\r\n")}), 0)
+        << errori();
+    EXPECT_NE(adottata("tr0670.rid"), "");
+}
+
+TEST_F(RidottiAdotta, QuelloCheNonSiPuoScrivereSiDice) {
+    std::filesystem::create_directories(tabelle() + "/adottate/piena");
+    EXPECT_EQ(adotta({mia(ambi_di_5)}), 2);
+    EXPECT_EQ(errori(), "ridotti: non posso scrivere " + tabelle() + "/adottate\n");
+    EXPECT_EQ(quante(), 0U);
+    std::filesystem::remove_all(tabelle() + "/adottate");
+    std::filesystem::create_directories(tabelle() + "/tr0570.rid/piena");
+    EXPECT_EQ(adotta({mia(ambi_di_5)}), 2);
+    EXPECT_EQ(errori(), "ridotti: non posso scrivere " + tabelle() + "/tr0570.rid\n");
+}
+
 TEST_F(RidottiAdotta, LeDueLunghezzeDelleDiagonaliHannoLoStessoNumero) {
     cartella_.con_tabelle();
     const auto della_suite = [&](const std::string& nome) {
@@ -84,12 +113,12 @@ TEST_F(RidottiAdotta, LeDueLunghezzeDelleDiagonaliHannoLoStessoNumero) {
     std::filesystem::remove(tabelle() + "/cr1070.rid");
     ASSERT_EQ(adotta({mia(lunga)}), 0) << errori();
     ASSERT_EQ(adotta({mia(corta)}), 0) << errori();
-    EXPECT_FALSE(adottata("cr1070.rid").empty());
-    EXPECT_FALSE(adottata("cr0970.rid").empty());
+    EXPECT_FALSE(adottata("cr1071.rid").empty());
+    EXPECT_FALSE(adottata("cr0971.rid").empty());
     systems::Sessione s(cartella_.programma());
     s.avvia();
     s.dimensioni(10, 10);
-    EXPECT_TRUE(s.scegli_indice(crossword::Elenco::diagonali, 70));
+    EXPECT_TRUE(s.scegli_indice(crossword::Elenco::diagonali, 71));
     EXPECT_TRUE(s.tabelle_mancanti().empty());
 }
 
@@ -107,6 +136,8 @@ TEST_F(RidottiAdotta, QuelloCheNonValeERifiutatoColPerche) {
                   "casi scoperti, il primo è 1,4\n");
     EXPECT_EQ(rifiutata({"--garanzia", "2:3", mia(ambi_di_5)}, 2),
               "ridotti: --garanzia vuole p:t: \"2:3\" non lo è\n");
+    EXPECT_EQ(rifiutata({"--garanzia", "4:2:2", mia(ambi_di_5)}, 2),
+              "ridotti: --garanzia vuole p:t: \"4:2:2\" non lo è\n");
     EXPECT_EQ(rifiutata({"--garanzia", "6:2", mia(ambi_di_5)}, 1),
               "ridotti: " + file + ": non si estraggono 6 numeri su 5\n");
     EXPECT_EQ(rifiutata({"--numeri", "15", mia("1,2,3,4,5\r\n")}, 1),
@@ -138,7 +169,8 @@ TEST_F(RidottiAdotta, FinitiINumeriLoDice) {
     }
     EXPECT_EQ(adotta({mia(ambi_di_5)}), 1);
     EXPECT_EQ(errori(), "ridotti: " + cartella_.file("mia.rid") +
-                            ": tutti i numeri per le tabelle proprie sono presi\n");
+                            ": tutti i numeri per le tabelle proprie sono presi, o lo sono stati: "
+                            "quello di una tabella cancellata non si dà a un'altra\n");
     EXPECT_EQ(quante(), 30U);
 }
 
