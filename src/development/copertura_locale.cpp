@@ -64,9 +64,7 @@ void Incidenza::trasponi() {
     colonne.resize(righe.size());
     std::vector<std::uint32_t> libero(inizio_riga.begin(), inizio_riga.end() - 1);
     for (std::uint32_t c = 0; c < quante_colonne(); ++c) {
-        for (std::uint32_t j = inizio_colonna[c]; j < inizio_colonna[c + 1]; ++j) {
-            colonne[libero[righe[j]]++] = c;
-        }
+        for (const std::uint32_t r : righe_di(c)) colonne[libero[r]++] = c;
     }
 }
 
@@ -111,20 +109,18 @@ void CoperturaLocale::metti(std::uint32_t colonna) {
     std::int32_t valore = 0;
     Riga* const righe = righe_.data();
     std::int32_t* const perdita = perdita_.data();
-    const std::uint32_t* r = i_.righe.data() + i_.inizio_colonna[colonna];
-    const std::uint32_t* const fine = i_.righe.data() + i_.inizio_colonna[colonna + 1];
-    for (; r != fine; ++r) {
-        Riga& riga = righe[*r];
+    for (const std::uint32_t r : i_.righe_di(colonna)) {
+        Riga& riga = righe[r];
         // Which rows have one column is past guessing: where it is another number, nothing is
         // taken from a place that has nothing to do with it.
         perdita[riga.chi] -= riga.peso & -static_cast<std::int32_t>(riga.quante == 1);
         if (riga.quante == 0) {
             valore += riga.peso;
             const std::uint32_t ultima = scoperte_.back();
-            scoperte_[posto_scoperta_[*r]] = ultima;
-            posto_scoperta_[ultima] = posto_scoperta_[*r];
+            scoperte_[posto_scoperta_[r]] = ultima;
+            posto_scoperta_[ultima] = posto_scoperta_[r];
             scoperte_.pop_back();
-            scoperto_ -= i_.peso_riga[*r];
+            scoperto_ -= i_.peso_riga[r];
         }
         ++riga.quante;
         riga.chi = static_cast<Posto>(riga.chi ^ posto);
@@ -141,16 +137,14 @@ void CoperturaLocale::togli(std::uint32_t posto) {
     const std::uint32_t colonna = dentro_[posto];
     Riga* const righe = righe_.data();
     std::int32_t* const perdita = perdita_.data();
-    const std::uint32_t* r = i_.righe.data() + i_.inizio_colonna[colonna];
-    const std::uint32_t* const fine = i_.righe.data() + i_.inizio_colonna[colonna + 1];
-    for (; r != fine; ++r) {
-        Riga& riga = righe[*r];
+    for (const std::uint32_t r : i_.righe_di(colonna)) {
+        Riga& riga = righe[r];
         riga.chi = static_cast<Posto>(riga.chi ^ posto);
         --riga.quante;
         if (riga.quante == 0) {
-            posto_scoperta_[*r] = static_cast<std::uint32_t>(scoperte_.size());
-            scoperte_.push_back(*r);
-            scoperto_ += i_.peso_riga[*r];
+            posto_scoperta_[r] = static_cast<std::uint32_t>(scoperte_.size());
+            scoperte_.push_back(r);
+            scoperto_ += i_.peso_riga[r];
         }
         perdita[riga.chi] += riga.peso & -static_cast<std::int32_t>(riga.quante == 1);
     }
@@ -210,9 +204,8 @@ void CoperturaLocale::stima(std::uint32_t riga) {
     if (scoperte_.size() / (insiemi ? 4 : 1) >= i_.righe.size() / i_.quante_colonne()) {
         for (std::size_t j = 0; j < quante; ++j) {
             guadagno[j] = 0;
-            for (std::uint32_t c = i_.inizio_colonna[colonne[j]];
-                 c < i_.inizio_colonna[colonne[j] + 1]; ++c) {
-                const Riga& altra = righe_[i_.righe[c]];
+            for (const std::uint32_t r : i_.righe_di(colonne[j])) {
+                const Riga& altra = righe_[r];
                 guadagno[j] += altra.quante == 0 ? altra.peso : 0;
             }
         }
@@ -222,9 +215,7 @@ void CoperturaLocale::stima(std::uint32_t riga) {
         for (std::size_t j = 0; j < quante; ++j) somma_[colonne[j]] = 0;
         for (const std::uint32_t r : scoperte_) {
             const std::int32_t peso = righe_[r].peso;
-            const std::uint32_t* c = i_.colonne.data() + i_.inizio_riga[r];
-            const std::uint32_t* const fine = i_.colonne.data() + i_.inizio_riga[r + 1];
-            for (; c != fine; ++c) somma_[*c] += peso;
+            for (const std::uint32_t c : i_.colonne_di(r)) somma_[c] += peso;
         }
         for (std::size_t j = 0; j < quante; ++j) guadagno[j] = somma_[colonne[j]];
         return;

@@ -24,6 +24,19 @@ struct Incidenza {
     std::vector<std::uint32_t> insieme_colonna;
     int fuori = 0;
     int comuni = 0;
+    /// Plain pointers: the walk goes through these all the time.
+    struct Fila {
+        const std::uint32_t* primo;
+        const std::uint32_t* oltre;
+        [[nodiscard]] const std::uint32_t* begin() const { return primo; }
+        [[nodiscard]] const std::uint32_t* end() const { return oltre; }
+    };
+    [[nodiscard]] Fila righe_di(std::uint32_t colonna) const {
+        return {righe.data() + inizio_colonna[colonna], righe.data() + inizio_colonna[colonna + 1]};
+    }
+    [[nodiscard]] Fila colonne_di(std::uint32_t riga) const {
+        return {colonne.data() + inizio_riga[riga], colonne.data() + inizio_riga[riga + 1]};
+    }
     [[nodiscard]] std::size_t quante_righe() const { return peso_riga.size(); }
     [[nodiscard]] std::size_t quante_colonne() const { return costo.size(); }
     /// Fills the columns of each row from the rows of each column.

@@ -17,9 +17,7 @@ constexpr std::uint64_t scambi_alla_volta = 2'000;
 Incidenza resto(const Incidenza& intera, const std::vector<std::uint32_t>& presenti) {
     std::vector<bool> coperta(intera.quante_righe(), false);
     for (const std::uint32_t c : presenti) {
-        for (std::uint32_t j = intera.inizio_colonna[c]; j < intera.inizio_colonna[c + 1]; ++j) {
-            coperta[intera.righe[j]] = true;
-        }
+        for (const std::uint32_t r : intera.righe_di(c)) coperta[r] = true;
     }
     Incidenza i;
     std::vector<std::uint32_t> nuova(intera.quante_righe(), 0);
@@ -30,8 +28,7 @@ Incidenza resto(const Incidenza& intera, const std::vector<std::uint32_t>& prese
         i.insieme_riga.push_back(intera.insieme_riga[r]);
     }
     for (std::uint32_t c = 0; c < intera.quante_colonne(); ++c) {
-        for (std::uint32_t j = intera.inizio_colonna[c]; j < intera.inizio_colonna[c + 1]; ++j) {
-            const std::uint32_t r = intera.righe[j];
+        for (const std::uint32_t r : intera.righe_di(c)) {
             if (!coperta[r]) i.righe.push_back(nuova[r]);
         }
         i.inizio_colonna.push_back(static_cast<std::uint32_t>(i.righe.size()));
