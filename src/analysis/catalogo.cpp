@@ -100,7 +100,7 @@ Tavola Catalogo::vincite(std::size_t quale) const {
     t.colonne = {"Estratti"};
     for (int j = una.tabella.k; j >= 1; --j) t.colonne.push_back(std::to_string(j));
     t.colonne.emplace_back("Sempre");
-    const int estratti = std::min(n_, gioco_.e_lotto() ? 5 : 6);
+    const int estratti = std::min(n_, development::estratti_di(gioco_));
     for (int p = 1; p <= estratti; ++p) {
         const development::Vincite v = development::vincite(una.tabella, p);
         std::vector<std::string> riga{std::to_string(p)};

@@ -3,7 +3,6 @@
 #include <thread>
 
 #include <QClipboard>
-#include <QCloseEvent>
 #include <QDate>
 #include <QGuiApplication>
 #include <QPointer>
@@ -307,18 +306,7 @@ void frmanalisi::migliora() {
 void frmanalisi::keyPressEvent(QKeyEvent* evento) {
     // Return in a prize box must press no button.
     if (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter) return;
-    QDialog::keyPressEvent(evento);
-}
-
-void frmanalisi::closeEvent(QCloseEvent* evento) {
-    if (!al_lavoro_) {
-        evento->accept();
-        return;
-    }
-    // The job ends at its next pending-events point and closes the form itself.
-    fermata_ = true;
-    chiusura_chiesta_ = true;
-    evento->ignore();
+    DialogoLungo::keyPressEvent(evento);
 }
 
 }  // namespace analysis

@@ -4,7 +4,6 @@
 #include <memory>
 #include <optional>
 
-#include <QDialog>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
@@ -14,6 +13,7 @@
 #include <QTabBar>
 #include <QTableWidget>
 
+#include "analysis/dialogo_lungo.h"
 #include "analysis/grafico.h"
 #include "analysis/relazione.h"
 #include "platform/qt/controls.h"
@@ -46,7 +46,7 @@ private:
 
 /// Analyses the development of the system named by its `Tag`, in the game that `finestra` plays
 /// when the form is made. `finestra` outlives it.
-class frmanalisi : public QDialog {
+class frmanalisi : public DialogoLungo {
     Q_OBJECT
 public:
     explicit frmanalisi(app::Finestra& finestra);
@@ -54,8 +54,6 @@ public:
 
     /// Reads and counts; returns when that is done or was stopped, and the form may be gone then.
     void iniz();
-    /// The same way out as the button.
-    void reject() override { close(); }
 
     QLabel* lblnomesistema = nullptr;
     QLabel* lblnumconb = nullptr;
@@ -89,7 +87,7 @@ public:
     QPushButton* CmdEsci = nullptr;
 
 protected:
-    void closeEvent(QCloseEvent* evento) override;
+    void abbandona() override { fermata_ = true; }
     void keyPressEvent(QKeyEvent* evento) override;
 
 private:
@@ -129,9 +127,7 @@ private:
     std::shared_ptr<Conto> conto_;  ///< null until one is whole
     QElapsedTimer da_quando_;
     std::optional<platform::Clessidra> attesa_;
-    bool al_lavoro_ = false;
     bool fermata_ = false;
-    bool chiusura_chiesta_ = false;
 };
 
 }  // namespace analysis

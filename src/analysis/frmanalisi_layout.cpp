@@ -94,7 +94,7 @@ void VistaTavola::mostra(const Tavola& t) {
 }
 
 frmanalisi::frmanalisi(app::Finestra& finestra)
-    : QDialog(&finestra),
+    : DialogoLungo(&finestra),
       finestra_(finestra),
       gioco_(finestra.sessione.gioco()),
       categorie_(categorie(gioco_)) {

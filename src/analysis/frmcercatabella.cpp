@@ -4,13 +4,13 @@
 #include <array>
 #include <thread>
 
-#include <QCloseEvent>
 #include <QElapsedTimer>
 #include <QHBoxLayout>
 #include <QPointer>
 #include <QVBoxLayout>
 
 #include "development/adozione.h"
+#include "development/economiche.h"
 #include "development/garanzie.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
@@ -26,7 +26,6 @@ using platform::q;
 namespace {
 
 constexpr int margine = 8;
-constexpr int larghezza_pulsante = 100;
 constexpr int larghezza_finestra = 520;
 constexpr int passi_barra = 1000;
 constexpr double ms_al_secondo = 1000;
@@ -36,7 +35,7 @@ constexpr std::array<double, 4> secondi_scelti{10, 60, 300, 0};
 constexpr int fili_massimi = 4;
 
 QString quante(std::size_t n) {
-    return n == 1 ? QString("1 colonna") : QString::number(n) + " colonne";
+    return q(development::colonne_in_parole(n));
 }
 
 QString percento_di(std::uint64_t parte, std::uint64_t tutto) {
@@ -48,7 +47,7 @@ QString percento_di(std::uint64_t parte, std::uint64_t tutto) {
 }  // namespace
 
 frmcercatabella::frmcercatabella(const Partenza& partenza, QWidget* padre)
-    : QDialog(padre), da_(partenza) {
+    : DialogoRicerca(padre), da_(partenza) {
     setObjectName("frmcercatabella");
     setWindowTitle(tr("Cerca una tabella"));
     setAttribute(Qt::WA_DeleteOnClose);
@@ -71,7 +70,9 @@ frmcercatabella::frmcercatabella(const Partenza& partenza, QWidget* padre)
     ProgressBar1->hide();
     sotto->addWidget(ProgressBar1);
     sotto->addStretch(1);
-    crea_comandi(sotto);
+    cmdadotta = crea_piede(sotto, margine, "cmdadotta", tr("Adotta"), tr("Chiudi"));
+    cmdadotta->setToolTip(tr("Prova la tabella e la mette fra quelle economiche"));
+    connect(cmdadotta, &QPushButton::clicked, this, &frmcercatabella::adotta);
     dimentica();
     resize(larghezza_finestra, sizeHint().height());
     platform::rendi_scalabile(this);
@@ -122,7 +123,7 @@ void frmcercatabella::crea_scelte(QVBoxLayout* sotto) {
     fila({platform::scritta(tr("Colonne"), nullptr, f), colonne,
           platform::scritta(tr("Quanto cercare"), nullptr, f), tempo});
     sotto->addWidget(f);
-    const int massimi = qMin(da_.n, da_.gioco.e_lotto() ? 5 : 6);
+    const int massimi = qMin(da_.n, development::estratti_di(da_.gioco));
     for (int p = 2; p <= massimi; ++p) estratti->AddItem(QString::number(p));
     estratti->setCurrentIndex(qBound(2, da_.garanzia.p, massimi) - 2);
     elenca_indovinati(da_.garanzia.t);
@@ -132,28 +133,6 @@ void frmcercatabella::crea_scelte(QVBoxLayout* sotto) {
     });
     connect(indovinati, &platform::ComboBox::Click, this, &frmcercatabella::dimentica);
     connect(colonne, &QSpinBox::valueChanged, this, &frmcercatabella::dimentica);
-}
-
-void frmcercatabella::crea_comandi(QVBoxLayout* sotto) {
-    auto* riga = new QHBoxLayout;
-    riga->setSpacing(margine);
-    cmdcerca = platform::pulsante_in_fila("cmdcerca", tr("Cerca"), this, larghezza_pulsante);
-    cmdferma = platform::pulsante_in_fila("cmdferma", tr("Ferma"), this, larghezza_pulsante);
-    cmdferma->setEnabled(false);
-    cmdferma->setShortcut(Qt::Key_Escape);
-    cmdadotta = platform::pulsante_in_fila("cmdadotta", tr("Adotta"), this, larghezza_pulsante);
-    cmdadotta->setToolTip(tr("Prova la tabella e la mette fra quelle economiche"));
-    CmdEsci = platform::pulsante_in_fila("CmdEsci", tr("Chiudi"), this, larghezza_pulsante);
-    riga->addWidget(cmdcerca);
-    riga->addWidget(cmdferma);
-    riga->addStretch(1);
-    riga->addWidget(cmdadotta);
-    riga->addWidget(CmdEsci);
-    sotto->addLayout(riga);
-    connect(cmdcerca, &QPushButton::clicked, this, &frmcercatabella::cerca);
-    connect(cmdferma, &QPushButton::clicked, this, [this] { fermata_ = true; });
-    connect(cmdadotta, &QPushButton::clicked, this, &frmcercatabella::adotta);
-    connect(CmdEsci, &QPushButton::clicked, this, &QDialog::close);
 }
 
 Desiderio frmcercatabella::desiderio() const {
@@ -201,7 +180,7 @@ void frmcercatabella::mostra_andamento(double secondi) {
     if (tutti > 0) ProgressBar1->setValue(static_cast<int>(secondi / tutti * passi_barra));
     QString testo = tr("Ricerca in corso da ") + QString::number(static_cast<int>(secondi)) + " s";
     if (!trovata_.empty()) testo += ": " + quante(trovata_.size());
-    if (scoperti_ > 0) testo += ", " + QString::number(scoperti_) + tr(" scoperti");
+    if (scoperti_ > 0) testo += ", " + q(development::scoperti_in_parole(scoperti_));
     lblstato->setText(testo + ".");
 }
 
@@ -264,12 +243,17 @@ void frmcercatabella::concludi() {
         testo += trovata_.size() == limite
                      ? tr("Con meno non è possibile.")
                      : tr("Meno di ") + quante(limite) + tr(" non è possibile.");
+        const QString oltre =
+            d.righe > 0 ? q(development::oltre_in_parole(d, trovata_)) : QString();
+        if (!oltre.isEmpty()) testo += " " + oltre + ".";
         const bool confrontabile =
             !da_.nome.empty() && da_.garanzia == development::Garanzia{d.p, d.t};
         if (const int meno = da_.righe - static_cast<int>(trovata_.size());
             confrontabile && d.righe == 0) {
             testo += " " + q(da_.nome) + tr(" ne ha ") + QString::number(da_.righe);
-            testo += meno > 0 ? tr(": se ne risparmiano ") + QString::number(meno) + "." : ".";
+            testo += meno > 1    ? tr(": se ne risparmiano ") + QString::number(meno) + "."
+                     : meno == 1 ? tr(": se ne risparmia una.")
+                                 : QString(".");
         }
     }
     lblstato->setText(testo);
@@ -291,17 +275,6 @@ void frmcercatabella::adotta() {
                       tr(", negli elenchi con la garanzia più alta: ") +
                       q(development::in_parole(esito.garanzia)) + ".");
     emit adottata(q(esito.nome));
-}
-
-void frmcercatabella::closeEvent(QCloseEvent* evento) {
-    if (!al_lavoro_) {
-        evento->accept();
-        return;
-    }
-    // The search ends at its next pending-events point and closes the form itself.
-    fermata_ = true;
-    chiusura_chiesta_ = true;
-    evento->ignore();
 }
 
 }  // namespace analysis

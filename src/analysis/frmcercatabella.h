@@ -5,12 +5,11 @@
 #include <string>
 #include <vector>
 
-#include <QDialog>
 #include <QLabel>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QSpinBox>
 
+#include "analysis/dialogo_lungo.h"
 #include "crossword/gioco.h"
 #include "development/coperture.h"
 #include "platform/qt/controls.h"
@@ -31,13 +30,11 @@ struct Partenza {
 };
 
 /// Holds all other windows while it is open.
-class frmcercatabella : public QDialog {
+class frmcercatabella : public DialogoRicerca {
     Q_OBJECT
 public:
     frmcercatabella(const Partenza& partenza, QWidget* padre);
 
-    /// The same way out as the button.
-    void reject() override { close(); }
     /// Rows of the best table so far; none before the first search.
     [[nodiscard]] const std::vector<development::Maschera>& trovata() const { return trovata_; }
 
@@ -47,27 +44,22 @@ public:
     platform::ComboBox* tempo = nullptr;
     QLabel* lblstato = nullptr;
     QProgressBar* ProgressBar1 = nullptr;
-    QPushButton* cmdcerca = nullptr;
-    QPushButton* cmdferma = nullptr;
     QPushButton* cmdadotta = nullptr;
-    QPushButton* CmdEsci = nullptr;
 
 signals:
     /// A table stands among the economical ones under this file name.
     void adottata(const QString& nome);
 
 protected:
-    void closeEvent(QCloseEvent* evento) override;
+    void ferma() override { fermata_ = true; }
+    void cerca() override;
 
 private:
-    // Layout, each routine one area of the window.
     void crea_scelte(QVBoxLayout* sotto);
-    void crea_comandi(QVBoxLayout* sotto);
 
     [[nodiscard]] development::Desiderio desiderio() const;
     void elenca_indovinati(int t);
     void dimentica();
-    void cerca();
     void occupato(bool si);
     void mostra_andamento(double secondi);
     void concludi();
@@ -77,9 +69,7 @@ private:
     std::vector<development::Maschera> trovata_;
     std::uint64_t scoperti_ = 0;
     std::uint64_t seme_ = 0;
-    bool al_lavoro_ = false;
     bool fermata_ = false;
-    bool chiusura_chiesta_ = false;
 };
 
 }  // namespace analysis

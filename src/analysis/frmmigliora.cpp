@@ -2,7 +2,6 @@
 
 #include <thread>
 
-#include <QCloseEvent>
 #include <QElapsedTimer>
 #include <QLayout>
 #include <QPointer>
@@ -163,17 +162,6 @@ void frmmigliora::usa() {
     close();
     // What is analysed behind this is the old layout.
     if (analisi != nullptr) analisi->close();
-}
-
-void frmmigliora::closeEvent(QCloseEvent* evento) {
-    if (!al_lavoro_) {
-        evento->accept();
-        return;
-    }
-    // The job ends at its next pending-events point and closes the form itself.
-    ordine_ = Ordine::annulla;
-    chiusura_chiesta_ = true;
-    evento->ignore();
 }
 
 }  // namespace analysis

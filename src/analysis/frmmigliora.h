@@ -5,29 +5,24 @@
 #include <optional>
 
 #include <QCheckBox>
-#include <QDialog>
 #include <QLabel>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QTableWidget>
 
+#include "analysis/dialogo_lungo.h"
 #include "analysis/disposizione.h"
 #include "analysis/frmanalisi.h"
 #include "platform/qt/controls.h"
-
-class QBoxLayout;
 
 namespace analysis {
 
 /// Works on the crossword of the session as it stands when the form is made, and holds all other
 /// windows while it is open. `finestra` outlives it.
-class frmmigliora : public QDialog {
+class frmmigliora : public DialogoRicerca {
     Q_OBJECT
 public:
     frmmigliora(app::Finestra& finestra, QWidget* padre);
 
-    /// The same way out as the button.
-    void reject() override { close(); }
     /// True once a better layout was found that "Usa" would lay.
     [[nodiscard]] bool trovata() const { return trovata_.has_value(); }
 
@@ -41,26 +36,23 @@ public:
     QLabel* lblstato = nullptr;
     QProgressBar* ProgressBar1 = nullptr;
     VistaTavola* confronto = nullptr;
-    QPushButton* cmdcerca = nullptr;
-    QPushButton* cmdferma = nullptr;
     QPushButton* cmdusa = nullptr;
-    QPushButton* CmdEsci = nullptr;
 
 protected:
-    void closeEvent(QCloseEvent* evento) override;
+    void ferma() override { ordine_ = Ordine::basta; }
+    void cerca() override;
+    void abbandona() override { ordine_ = Ordine::annulla; }
 
 private:
     // Layout, each routine one area of the window.
     QWidget* crea_griglia();
     QWidget* crea_scelte();
-    void crea_comandi(QBoxLayout* sotto);
 
     void mostra_griglia();
     void cambia_ferma(int riga, int colonna);
     void dimentica();
     [[nodiscard]] RichiestaDisposizione richiesta() const;
     [[nodiscard]] int punti() const;
-    void cerca();
     void occupato(bool si);
     void mostra_andamento(const Andamento& andamento);
     void mostra_chance(double prima, double migliore);
@@ -76,8 +68,6 @@ private:
     std::optional<Disposizione> trovata_;
     Ordine ordine_ = Ordine::continua;
     double mostrata_ = 0;
-    bool al_lavoro_ = false;
-    bool chiusura_chiesta_ = false;
 };
 
 }  // namespace analysis

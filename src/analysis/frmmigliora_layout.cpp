@@ -21,12 +21,11 @@ constexpr QSize cella(34, 22);
 constexpr int larghezza_scelte = 320;
 /// Of the crossword and the choices together, so that the table has room below.
 constexpr int larghezza_insieme = 680;
-constexpr int larghezza_pulsante = 100;
 
 }  // namespace
 
 frmmigliora::frmmigliora(app::Finestra& finestra, QWidget* padre)
-    : QDialog(padre),
+    : DialogoRicerca(padre),
       finestra_(finestra),
       sistema_(finestra.sessione.sistema()),
       classi_(finestra.sessione.classi_generate()) {
@@ -48,7 +47,9 @@ frmmigliora::frmmigliora(app::Finestra& finestra, QWidget* padre)
     confronto->hide();
     sotto->addWidget(confronto);
     sotto->addStretch(1);
-    crea_comandi(sotto);
+    cmdusa = crea_piede(sotto, margine, "cmdusa", tr("Usa"), tr("Annulla"));
+    cmdusa->setToolTip(tr("Mette la nuova disposizione nel cruciverba; si può annullare"));
+    connect(cmdusa, &QPushButton::clicked, this, &frmmigliora::usa);
     mostra_griglia();
     resize(sizeHint());
     platform::rendi_scalabile(this);
@@ -159,29 +160,6 @@ QWidget* frmmigliora::crea_scelte() {
         connect(scelta, &QCheckBox::clicked, this, &frmmigliora::dimentica);
     }
     return f;
-}
-
-void frmmigliora::crea_comandi(QBoxLayout* sotto) {
-    auto* riga = new QHBoxLayout;
-    riga->setSpacing(margine);
-    cmdcerca = platform::pulsante_in_fila("cmdcerca", tr("Cerca"), this, larghezza_pulsante);
-    cmdferma = platform::pulsante_in_fila("cmdferma", tr("Ferma"), this, larghezza_pulsante);
-    cmdferma->setEnabled(false);
-    cmdferma->setShortcut(Qt::Key_Escape);
-    cmdusa = platform::pulsante_in_fila("cmdusa", tr("Usa"), this, larghezza_pulsante);
-    cmdusa->setToolTip(tr("Mette la nuova disposizione nel cruciverba; si può annullare"));
-    cmdusa->setEnabled(false);
-    CmdEsci = platform::pulsante_in_fila("CmdEsci", tr("Annulla"), this, larghezza_pulsante);
-    riga->addWidget(cmdcerca);
-    riga->addWidget(cmdferma);
-    riga->addStretch(1);
-    riga->addWidget(cmdusa);
-    riga->addWidget(CmdEsci);
-    sotto->addLayout(riga);
-    connect(cmdcerca, &QPushButton::clicked, this, &frmmigliora::cerca);
-    connect(cmdferma, &QPushButton::clicked, this, [this] { ordine_ = Ordine::basta; });
-    connect(cmdusa, &QPushButton::clicked, this, &frmmigliora::usa);
-    connect(CmdEsci, &QPushButton::clicked, this, &QDialog::close);
 }
 
 }  // namespace analysis

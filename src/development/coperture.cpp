@@ -6,6 +6,7 @@
 #include <condition_variable>
 #include <limits>
 #include <mutex>
+#include <numeric>
 #include <optional>
 #include <thread>
 
@@ -13,6 +14,7 @@
 #include "development/garanzie.h"
 #include "development/gruppi.h"
 #include "development/riempimento.h"
+#include "platform/runtime.h"
 
 namespace development {
 
@@ -99,6 +101,24 @@ std::string impossibile(const Desiderio& d) {
                ": per questa garanzia ne servono almeno " + std::to_string(limite_inferiore(d));
     }
     return {};
+}
+
+std::string colonne_in_parole(std::size_t quante) {
+    return quante == 1 ? "1 colonna" : numero(quante) + " colonne";
+}
+
+std::string scoperti_in_parole(std::uint64_t quanti) {
+    return quanti == 1 ? "1 scoperto" : numero(quanti) + " scoperti";
+}
+
+std::string oltre_in_parole(const Desiderio& d, const std::vector<Maschera>& righe) {
+    if (d.t >= std::min(d.p, d.k)) return {};
+    const Vincite v = vincite({d.n, d.k, righe}, d.p);
+    const auto oltre =
+        std::accumulate(v.migliore.begin() + d.t + 1, v.migliore.end(), std::uint64_t{0});
+    const double parte = static_cast<double>(oltre) / static_cast<double>(v.gruppi);
+    return std::to_string(d.t + 1) + " o più nel " + platform::Significative(parte * 100, 3) +
+           " % dei casi";
 }
 
 bool riga_precede(Maschera a, Maschera b) {
@@ -291,9 +311,12 @@ private:
         filo.di_gruppo = quale % 2 == 1;
         filo.ricomincia();
         if (!condotta_.inizio.empty()) filo.parti_da(condotta_.inizio);
+        // A whole turn may take long: so there is a table to tell of before its end.
+        filo.turno_semplice(1);
+        confronta(filo);
         while (!fermo_ && !filo.finito()) {
             filo.turno(std::numeric_limits<std::uint64_t>::max());
-            if (!filo.righe_migliori.empty()) confronta(filo);
+            confronta(filo);
         }
         const std::lock_guard chiusa(porta_);
         --al_lavoro_;
@@ -303,6 +326,7 @@ private:
 
     /// The better of what this thread has and what all have goes to the other side.
     void confronta(Ricerca& filo) {
+        if (filo.righe_migliori.empty()) return;
         const std::lock_guard chiusa(porta_);
         const auto mia = std::pair(filo.scoperti, filo.righe_migliori.size());
         const auto di_tutti = std::pair(scoperti_, migliore_.size());
@@ -357,7 +381,7 @@ private:
 }  // namespace
 
 void cerca(const Desiderio& desiderio, const Condotta& condotta) {
-    Squadra(desiderio, condotta).cerca();
+    if (impossibile(desiderio).empty()) Squadra(desiderio, condotta).cerca();
 }
 
 }  // namespace development

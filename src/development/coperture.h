@@ -31,6 +31,14 @@ int limite_inferiore(const Desiderio& desiderio);
 /// nothing against it.
 std::string impossibile(const Desiderio& desiderio);
 
+/// "7 colonne".
+std::string colonne_in_parole(std::size_t quante);
+/// "12 scoperti", of the draws that a table misses.
+std::string scoperti_in_parole(std::uint64_t quanti);
+/// "4 o più nel 12,3 % dei casi", of a table that misses nothing: the draws that have more than its
+/// guarantee. Empty where no row could have more.
+std::string oltre_in_parole(const Desiderio& desiderio, const std::vector<Maschera>& righe);
+
 /// Orders rows by their positions, as the files have them.
 bool riga_precede(Maschera a, Maschera b);
 
@@ -71,8 +79,9 @@ struct Condotta {
     std::function<void(const std::vector<Maschera>&, std::uint64_t scoperti)> trovata;
 };
 
-/// Searches until nothing better is possible or it is told to end. With a number of rows, those
-/// that a table without a miss does not need are then spent on what it wins above its guarantee.
+/// Searches until nothing better is possible or it is told to end, and then has a table all the
+/// same; for a wish that is not possible it does nothing. With a number of rows, those that a table
+/// without a miss does not need are then spent on what it wins above its guarantee.
 void cerca(const Desiderio& desiderio, const Condotta& condotta);
 
 }  // namespace development

@@ -18,10 +18,6 @@ namespace {
 /// No table is longer than the full one of 5005 rows of six positions.
 constexpr std::int64_t byte_massimi = 1 << 20;
 
-int estratti_di(Gioco gioco) {
-    return gioco.e_lotto() ? 5 : 6;
-}
-
 /// "1 Ambo", "1 Terno" and so on, as the lists of Lotto have them.
 const char* vincita(int t) {
     static constexpr std::array<const char*, 6> nomi = {"1 Numero", "1 Numero",   "1 Ambo",

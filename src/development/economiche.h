@@ -19,6 +19,11 @@ inline constexpr int prima_economica = 10;
 inline constexpr int prima_propria = 70;
 inline constexpr int ultima_economica = 99;
 
+/// Numbers of a draw that a line can win by.
+constexpr int estratti_di(crossword::Gioco gioco) {
+    return gioco.e_lotto() ? 5 : 6;
+}
+
 /// True for a type number that is an economical table's.
 constexpr bool e_economica(int tipo) {
     return tipo >= prima_economica && tipo <= ultima_economica;

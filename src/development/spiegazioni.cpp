@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "development/economiche.h"
 #include "development/garanzie.h"
 #include "development/tabelle.h"
 #include "platform/disk.h"
@@ -24,10 +25,9 @@ std::string minuscolo(std::string nome, bool una) {
 
 /// The guarantees of a win, each with the fewest numbers drawn that it takes.
 std::string garanzie(const Tabella& tabella, Gioco gioco) {
-    const int estratti = gioco.e_lotto() ? 5 : 6;
     std::string testo;
     int fin_qui = (gioco.e_lotto() ? 2 : 3) - 1;
-    for (int p = fin_qui + 1; p <= std::min(estratti, tabella.n); ++p) {
+    for (int p = fin_qui + 1; p <= std::min(estratti_di(gioco), tabella.n); ++p) {
         const int t = vincite(tabella, p).garantito();
         if (t <= fin_qui) continue;
         fin_qui = t;

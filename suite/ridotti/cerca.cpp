@@ -135,10 +135,8 @@ public:
 
 private:
     [[nodiscard]] std::string stato() const {
-        const std::size_t quante = tabella_.righe.size();
-        return std::to_string(quante) + (quante == 1 ? " colonna, " : " colonne, ") +
-               std::to_string(scoperti_) + (scoperti_ == 1 ? " scoperto, " : " scoperti, ") +
-               decimale(secondi(), 1) + " s";
+        return development::colonne_in_parole(tabella_.righe.size()) + ", " +
+               development::scoperti_in_parole(scoperti_) + ", " + decimale(secondi(), 1) + " s";
     }
     void scrivi() {
         scritta_ = Orologio::now();
@@ -155,16 +153,6 @@ private:
     Orologio::time_point inizio_ = Orologio::now();
     Orologio::time_point scritta_ = inizio_ - ritardo_massimo;
 };
-
-/// What the rows that were not needed have bought.
-std::string sopra_la_garanzia(const Desiderio& d, const Arrivo& arrivo) {
-    const auto v = development::vincite({d.n, d.k, arrivo.righe_trovate()}, d.p);
-    std::uint64_t sopra = 0;
-    for (auto t = static_cast<std::size_t>(d.t) + 1; t < v.migliore.size(); ++t)
-        sopra += v.migliore[t];
-    const double parte = static_cast<double>(sopra) / static_cast<double>(v.gruppi);
-    return std::to_string(d.t + 1) + " o più nel " + decimale(parte * 100, 2) + " % dei casi; ";
-}
 
 /// What the search came to.
 int concludi(const Ordine& ordine, Arrivo& arrivo) {
@@ -187,7 +175,10 @@ int concludi(const Ordine& ordine, Arrivo& arrivo) {
                std::to_string(development::binomiale(d.n, d.p)) + "\n");
         return garanzia_mancata;
     }
-    if (d.righe > 0 && d.t < std::min(d.p, d.k)) stampa(sopra_la_garanzia(d, arrivo));
+    if (d.righe > 0) {
+        const std::string oltre = development::oltre_in_parole(d, arrivo.righe_trovate());
+        if (!oltre.empty()) stampa(oltre + "; ");
+    }
     stampa(quante == limite ? "VALE, e con meno righe non è possibile\n"
                             : "VALE; meno di " + righe(static_cast<std::uint64_t>(limite)) +
                                   " non è possibile\n");

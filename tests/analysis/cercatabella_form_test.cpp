@@ -119,7 +119,7 @@ TEST_F(CercaTabellaForm, DiceQuantoSiRisparmiaSuUnaTabellaDetta) {
     EXPECT_FALSE(d.ProgressBar1->isVisible());
     EXPECT_EQ(d.lblstato->text(),
               "7 colonne, con 6 estratti almeno una riga con 5 numeri indovinati (cinquina). Meno "
-              "di 5 colonne non è possibile. cr0901 ne ha 8: se ne risparmiano 1.");
+              "di 5 colonne non è possibile. cr0901 ne ha 8: se ne risparmia una.");
 }
 
 TEST_F(CercaTabellaForm, EscapeFermaLaRicercaEPoiChiude) {
@@ -178,6 +178,38 @@ TEST_F(CercaTabellaForm, ConLeColonneContateDiceQuanteVolteManca) {
     d.colonne->setValue(35);
     Programma::clic(d.cmdcerca);
     EXPECT_EQ(d.trovata().size(), 35U);
+}
+
+TEST_F(CercaTabellaForm, LeColonneCheAvanzanoDiconoCheCosaComprano) {
+    frmtabelle& f = tabelle(1, 7);
+    frmcercatabella& d = cerca_da(f, "tr0701");
+    Programma::scegli(d.estratti, 1);
+    Programma::scegli(d.indovinati, 0);
+    d.colonne->setValue(10);
+    Programma::clic(d.cmdcerca);
+    EXPECT_EQ(d.trovata().size(), 10U);
+    EXPECT_EQ(d.lblstato->text(),
+              "10 colonne, con 3 estratti almeno una riga con 2 numeri indovinati (ambo). Meno di "
+              "3 colonne non è possibile. 3 o più nel 28,6 % dei casi.");
+}
+
+TEST_F(CercaTabellaForm, NonSiEstraggonoPiuNumeriDiQuantiNeHannoGiocoELinea) {
+    const auto elenco = [](const platform::ComboBox* c) {
+        QStringList voci;
+        for (int i = 0; i < c->count(); ++i) voci << c->itemText(i);
+        return voci.join(" ");
+    };
+    frmcercatabella& d = cerca_da(tabelle(0, 9), "cr0901");
+    EXPECT_EQ(elenco(d.estratti), "2 3 4 5 6");
+    EXPECT_EQ(elenco(d.indovinati), "2 3 4 5 6");
+    EXPECT_EQ(d.colonne->maximum(), 84);
+    d.close();
+    QApplication::processEvents();
+    frmcercatabella& lotto = cerca_da(tabelle(1, 7), "tr0701");
+    EXPECT_EQ(elenco(lotto.estratti), "2 3 4 5");
+    Programma::scegli(lotto.estratti, 3);
+    EXPECT_EQ(elenco(lotto.indovinati), "2 3") << "no more than a combination has";
+    EXPECT_EQ(lotto.colonne->maximum(), 35);
 }
 
 TEST_F(CercaTabellaForm, UnaTabellaDiUnFileSiProvaESiAdotta) {

@@ -44,6 +44,9 @@ TEST(Coperture, CioCheNonSiPuoChiedereHaIlSuoPerche) {
     dice({12, 6, 3, 3, 1}, "1 riga è poca");
     dice({6, 5, 5, 4, 7}, "le combinazioni possibili sono 6");
     dice({30, 15, 15, 5}, "la ricerca è troppo grande");
+    dice({30, 6, 6, 6}, "la ricerca è troppo grande: 593775 righe");
+    dice({20, 6, 3, 2, 32769}, "la ricerca è troppo grande: 32769 righe");
+    EXPECT_EQ(impossibile({20, 6, 3, 2, 32768}), "");
 }
 
 TEST(Coperture, LeRigheSiOrdinanoComeNeiFile) {
@@ -192,6 +195,50 @@ TEST(Coperture, OgniGruppoDivideLeRigheENeDaDiBuone) {
         const auto righe = o.espandi(prova.migliore());
         ASSERT_EQ(std::ssize(righe), prova.costo_migliore());
     }
+}
+
+TEST(Coperture, LeParoleSonoAlSingolareEAlPlurale) {
+    EXPECT_EQ(colonne_in_parole(1), "1 colonna");
+    EXPECT_EQ(colonne_in_parole(0), "0 colonne");
+    EXPECT_EQ(colonne_in_parole(32), "32 colonne");
+    EXPECT_EQ(scoperti_in_parole(1), "1 scoperto");
+    EXPECT_EQ(scoperti_in_parole(2), "2 scoperti");
+    // Of the 35 triples of seven, those that are rows.
+    const std::vector<Maschera> fano{0b0000111, 0b0011001, 0b1100001, 0b0101010,
+                                     0b1010010, 0b1001100, 0b0110100};
+    EXPECT_EQ(scoperti_di(fano, {7, 3, 3, 2}), 0U);
+    EXPECT_EQ(oltre_in_parole({7, 3, 3, 2}, fano), "3 o più nel 20 % dei casi");
+    EXPECT_EQ(oltre_in_parole({7, 3, 2, 2}, fano), "");
+    EXPECT_EQ(oltre_in_parole({7, 3, 4, 3}, fano), "");
+}
+
+TEST(Coperture, CioCheNonSiPuoNonSiCerca) {
+    Condotta condotta;
+    condotta.fermo = [] { return false; };
+    condotta.trovata = [](const std::vector<Maschera>&, std::uint64_t) { FAIL(); };
+    cerca({7, 3, 2, 3}, condotta);
+    cerca({7, 3, 2, 2, 6}, condotta);
+    cerca({31, 3, 2, 2}, condotta);
+}
+
+TEST(Coperture, UnaTabellaCEPrimaCheUnGiroSiaFinito) {
+    std::vector<std::size_t> dette;
+    Condotta condotta;
+    condotta.fili = 1;
+    condotta.fermo = [&] { return !dette.empty(); };
+    condotta.trovata = [&](const std::vector<Maschera>& righe, std::uint64_t) {
+        EXPECT_EQ(scoperti_di(righe, {12, 6, 6, 5}), 0U);
+        dette.push_back(righe.size());
+    };
+    cerca({12, 6, 6, 5}, condotta);
+    ASSERT_FALSE(dette.empty());
+    // A whole turn comes to 42 at most.
+    EXPECT_GT(dette.front(), 45U);
+    // And however early it is told to end.
+    dette.clear();
+    condotta.fermo = [] { return true; };
+    cerca({12, 6, 6, 5}, condotta);
+    EXPECT_FALSE(dette.empty());
 }
 
 TEST(Coperture, SuPiuFiliDiceOgniTabellaMiglioreEFinisceAlLimite) {

@@ -123,6 +123,18 @@ TEST_F(RidottiCerca, ConLeRigheContateDiceQuantiSorteggiManca) {
     EXPECT_FALSE(cartella_.esiste("b.rid"));
 }
 
+TEST_F(RidottiCerca, LeRigheCheAvanzanoDiconoCheCosaComprano) {
+    const Risposta r = esegui({"--numeri", "7", "--combinazione", "3", "--garanzia", "3:2",
+                               "--righe", "10", "-o", cartella_.file("a.rid")});
+    EXPECT_EQ(r.codice, 0) << r.errori;
+    EXPECT_EQ(letta("a.rid", 7, 3).tabella.righe.size(), 10U);
+    ASSERT_FALSE(r.righe.empty());
+    EXPECT_EQ(r.righe.back(), cartella_.file("a.rid") +
+                                  ": 10 righe di 3 su 7 numeri; con 3 estratti almeno una riga con "
+                                  "2 numeri indovinati (ambo): 3 o più nel 28,6 % dei casi; VALE; "
+                                  "meno di 3 righe non è possibile");
+}
+
 TEST_F(RidottiCerca, RifiutaCioCheNonHaSenso) {
     const auto con = [&](const std::string& nome, const std::string& valore) {
         std::vector<std::string> parole = facile("no.rid");
@@ -138,6 +150,12 @@ TEST_F(RidottiCerca, RifiutaCioCheNonHaSenso) {
         EXPECT_FALSE(cartella_.esiste("no.rid"));
         return r.errori;
     };
+    EXPECT_EQ(con("--combinazione", "21"), "ridotti: una combinazione ha da 1 a 20 numeri\n");
+    EXPECT_EQ(con("--combinazione", "1"),
+              "ridotti: nessuna combinazione di 1 numeri ne contiene 2\n");
+    EXPECT_NE(con("--garanzia", "1001:2").find("--garanzia vuole p:t"), std::string::npos);
+    EXPECT_EQ(con("mia.rid", "tua.rid"),
+              "ridotti: cerca scrive dove dice -o: \"mia.rid\" avanza\n");
     EXPECT_EQ(con("--garanzia", "2:3"), "ridotti: con 2 estratti non se ne indovinano 3\n");
     EXPECT_EQ(con("--garanzia", "8:2"), "ridotti: non si estraggono 8 numeri su 7\n");
     EXPECT_NE(con("--garanzia", "due").find("--garanzia vuole p:t"), std::string::npos);
