@@ -6,41 +6,25 @@
 #include <unistd.h>
 #include <zlib.h>
 
-#include "archivio/importa.h"
 #include "archivio/lettura.h"
 #include "platform/ambiente.h"
 #include "platform/disk.h"
 #include "platform/sqlite.h"
-#include "support/archivio.h"
-#include "support/cartella.h"
+#include "suite/archivio_prova.h"
 
-using namespace importazione;
+using namespace prova;
 
 namespace {
 
-namespace fs = std::filesystem;
-
-const std::string una_sestina = "1997-12-03,20,36,39,41,72,76,88,5\n";
 const std::string altra_sestina = "1997-12-06,32,4,25,29,30,52,24,\n";
 
-class DifeseArchivio : public testing::Test {
+class DifeseArchivio : public prova::ArchivioSuite {
 protected:
-    std::string scrivi(const std::string& nome, const std::string& dati) const {
-        cartella_.scrivi(nome, dati);
-        return cartella_.file(nome);
-    }
-    Rapporto porta(const std::string& testo, bool sostituisci = false) const {
-        return importa(archivio_, {scrivi("da_importare.txt", testo)}, sostituisci, {});
-    }
     [[nodiscard]] Contenuto contenuto() const {
         Contenuto c;
         EXPECT_EQ(carica(archivio_, c), 0);
         return c;
     }
-
-    support::Cartella cartella_;
-    const std::string archivio_ = cartella_.radice() + "/archivio/drawit.sqlite";
-    const bool fatta_ = fs::create_directories(cartella_.radice() + "/archivio");
 };
 
 /// Files put in a ZIP archive as they are.

@@ -3,9 +3,7 @@
 
 #include "suite/sistema_prova.h"
 
-using crossword::Gioco;
-using prova::Detto;
-using prova::Sistema;
+using namespace prova;
 
 namespace {
 

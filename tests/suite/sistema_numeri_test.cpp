@@ -3,11 +3,7 @@
 #include "platform/disk.h"
 #include "suite/sistema_prova.h"
 
-using crossword::Gioco;
-using prova::Detto;
-using prova::fotografia;
-using prova::Sistema;
-using support::Valore;
+using namespace prova;
 
 namespace {
 

@@ -16,6 +16,9 @@
 
 namespace prova {
 
+using crossword::Gioco;
+using support::Valore;
+
 struct Detto {
     int codice = -1;
     std::string uscita;
