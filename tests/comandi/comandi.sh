@@ -56,6 +56,27 @@ echo '50% tests passed, 1 tests failed out of 2'
 exit 8
 FINE
   attesa "1 passed, 1 failed" no
+  # Two groups, of which one has a test that fails, a test alone, and one that is no test of theirs.
+  al_posto_di ctest <<'FINE'
+mkdir -p build/asan/Testing/Temporary
+cat >build/asan/Testing/Temporary/LastTest.log <<'DETTO'
+[==========] Running 25 tests from 9 test suites.
+[==========] 25 tests from 9 test suites ran. (123 ms total)
+[  PASSED  ] 24 tests.
+[  SKIPPED ] 1 test, listed below:
+[  SKIPPED ] Uno.Due
+[==========] 20 tests from 9 test suites ran. (123 ms total)
+[  PASSED  ] 18 tests.
+[  FAILED  ] 2 tests, listed below:
+[  FAILED  ] Due.Uno
+[  FAILED  ] Due.Due
+[==========] 1 test from 1 test suite ran. (1 ms total)
+[  PASSED  ] 1 test.
+DETTO
+echo '75% tests passed, 1 tests failed out of 4'
+exit 8
+FINE
+  attesa "45 passed, 2 failed" no
   al_posto_di ctest <<'FINE'
 echo '1/9 Test #1: Uno ..............   Passed    0.01 sec'
 echo '2/9 Test #2: Due ..............***Skipped   0.01 sec'

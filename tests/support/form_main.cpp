@@ -24,6 +24,8 @@ int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     QApplication applicazione(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
+    // A cursor that blinks would make two pictures of one window differ by the time of day.
+    QApplication::setCursorFlashTime(0);
     app::applica_stile(applicazione);
     platform::scrivania().stampa_solo_su_file = true;
     return RUN_ALL_TESTS();
