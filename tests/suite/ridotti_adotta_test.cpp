@@ -83,7 +83,9 @@ TEST_F(RidottiAdotta, IlNumeroDiUnaCancellataNonVaAUnAltra) {
     ASSERT_EQ(adotta({mia("1,3,5\r\n")}), 0);
     EXPECT_EQ(adottata("tr0572.rid"), "");
     EXPECT_EQ(adottata("tr0574.rid"), "1,3,5\r\n");
-    // Other lengths and games count for themselves.
+    // Other lengths count for themselves, away from one that stands beside them.
+    for (const char* nome : {"/tr0571.rid", "/tr0573.rid", "/tr0574.rid"})
+        std::filesystem::remove(tabelle() + nome);
     ASSERT_EQ(adotta({"--numeri", "6", mia("1,2,3\r\n4,5,6\r\n1,4,6\r\n2,3,5\r\n")}), 0)
         << errori();
     EXPECT_NE(adottata("tr0670.rid"), "");
