@@ -163,6 +163,22 @@ TEST_F(RigaArchivioForm, TheAnalysisCountsThePastOverTheNewDraws) {
     EXPECT_FALSE(f->anni->griglia->findItems("2026", Qt::MatchExactly).isEmpty());
 }
 
+TEST_F(RigaArchivioForm, InventedDrawsInTheSteadOfAFileThatNothingReadsAreSaid) {
+    platform::LettoreJet nessuno;
+    nessuno.programma = p.cartella.file("manca");
+    const platform::Ripristina finto(platform::ambiente().lettore_jet, nessuno);
+    std::filesystem::copy_file(SOURCE_DIR "/tests/fixtures/jet/drawit.mdb",
+                               p.cartella.radice() + "/archivio/drawit.mdb");
+    ASSERT_TRUE(p.form1.sessione.apri_archivio().ok());
+    riga().aggiorna();
+    EXPECT_EQ(riga().lblarchivio->text(),
+              "Estrazioni inventate (drawit.mdb vuole il driver di Access)");
+    EXPECT_TRUE(riga().cmdarchivio->isVisible());
+    QApplication::processEvents();
+    EXPECT_GE(riga().lblarchivio->height(),
+              riga().lblarchivio->heightForWidth(riga().lblarchivio->width()));
+}
+
 TEST_F(RigaArchivioForm, TheImporterOpensAtTheGameInForce) {
     const std::string programma = p.cartella.programma() + "/archivio";
     const std::string detto = p.cartella.programma() + "/detto";
