@@ -117,11 +117,14 @@ comandi=$(find "$usr/bin" -type f -printf '%f\n' | sort | tr '\n' ' ')
 for eseguibile in bin/tabellino bin/ridotti bin/archivio bin/sistema bin/stampa libexec/tabellino/leggi_mdb; do
   [ -x "$usr/$eseguibile" ] || fallisci "$eseguibile is not there"
 done
-# The program looks for its reader of Jet files there, and the reader reads.
-LC_ALL=C grep -aqF /../libexec/tabellino/leggi_mdb "$usr/bin/tabellino" ||
-  fallisci "the program looks elsewhere for its reader"
-[ "$("$usr/bin/../libexec/tabellino/leggi_mdb" "$sorgenti/tests/fixtures/jet/drawit.mdb" archivio | wc -c)" -gt 1000 ] ||
-  fallisci "leggi_mdb reads nothing"
+# What is installed looks for its reader of Jet files there, and reads through it.
+jet=$lavoro/jet
+mkdir -p "$jet/archivio" "$jet/cruciverba"
+cp "$sorgenti/tests/fixtures/jet/drawit.mdb" "$jet/archivio/"
+cp "$usr"/share/tabellino/cruciverba/primipassi.* "$jet/cruciverba/"
+"$usr/bin/sistema" spoglio --programma "$jet/cruciverba" --concorso ultimo \
+  "$jet/cruciverba/primipassi.sen" >"$lavoro/log" 2>&1 ||
+  { cat "$lavoro/log"; fallisci "the reader of Jet files is not found, or reads nothing"; }
 for nome in applications/tabellino.desktop metainfo/local.tabellino.tabellino.metainfo.xml \
   icons/hicolor/scalable/apps/tabellino.svg man/man1/tabellino.1.gz man/man1/ridotti.1.gz man/man1/archivio.1.gz \
   man/man1/sistema.1.gz man/man1/stampa.1.gz \
