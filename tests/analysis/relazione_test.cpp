@@ -33,6 +33,17 @@ TEST(Relazione, PercentoMaiArrotondatoATutto) {
     EXPECT_EQ(percento(1, 0), "");
 }
 
+TEST(Relazione, OgniRisultatoHaIlSuoNome) {
+    const auto superenalotto = crossword::Gioco::superenalotto();
+    const auto terzine = crossword::Gioco::lotto(3);
+    EXPECT_EQ(nome_risultato(superenalotto, 0), "nessun punto");
+    EXPECT_EQ(nome_risultato(superenalotto, 1), "1 punto");
+    EXPECT_EQ(nome_risultato(terzine, 0), "nessun numero");
+    EXPECT_EQ(nome_risultato(terzine, 1), "1 numero");
+    EXPECT_EQ(nome_risultato(terzine, 5), "5 numeri");
+    EXPECT_EQ(nome_risultato(superenalotto, 7), "7 punti");
+}
+
 TEST(Relazione, UnaSestinaInTutteLeEstrazioni) {
     const Tavola t = tavola_estrazioni(una_sestina(), enalotto);
     EXPECT_EQ(t.titolo, "Tutte le 622.614.630 estrazioni possibili");

@@ -54,6 +54,7 @@ TEST(Gioco, UnaFormaCheNonEsisteRestaENonGioca) {
         EXPECT_EQ(g.numeri(), 0);
         EXPECT_STREQ(g.prefisso_tabelle(), "");
         EXPECT_STREQ(g.nome_combinazioni(), "");
+        EXPECT_EQ(g.titolo(), "Tabellino - Lotto");
         EXPECT_STREQ(g.estensione_sistema(), ".sel");
     }
 }

@@ -161,6 +161,22 @@ TEST(NumeriSulleLinee, NumeriGuastiECaselleInesistentiNonFannoDanno) {
     EXPECT_TRUE(numeri_sulle_linee(Matrice(), 0, 0).none());
 }
 
+TEST(CelleSulleLinee, SonoQuelleCheSbarranoEFuoriDallaGrigliaNessuna) {
+    for (const auto& [colonne, righe] : {std::pair{6, 6}, std::pair{7, 7}, std::pair{8, 6}}) {
+        const Matrice m(colonne, righe);
+        for (int r = 0; r < righe; ++r) {
+            for (int c = 0; c < colonne; ++c) {
+                std::set<std::pair<int, int>> trovate;
+                for (const crossword::Incrocio& i : crossword::celle_sulle_linee(m, r, c))
+                    trovate.insert({i.x, i.y});
+                EXPECT_EQ(trovate, caselle(colonne, righe, r, c)) << r << "," << c;
+            }
+        }
+        EXPECT_TRUE(crossword::celle_sulle_linee(m, -1, 0).empty());
+        EXPECT_TRUE(crossword::celle_sulle_linee(m, 0, colonne).empty());
+    }
+}
+
 TEST(LineeSviluppo, ComeLaDefinizioneInOgniMisuraEGioco) {
     for (const Gioco gioco : {Gioco::superenalotto(), Gioco::lotto()}) {
         for (int c = 5; c <= 15; ++c) {

@@ -125,6 +125,22 @@ TEST(EsitoDetto, WhatWentWellOrHasABoxIsNotTold) {
     EXPECT_FALSE(esito_detto(systems::Generato::abbandonato).empty());
 }
 
+TEST(EsitoDetto, ALongJobTellsHowItWasCutShort) {
+    EXPECT_EQ(esito_detto(systems::Elaborato::guasto),
+              "Nessuno sviluppo: il disco non lo ha accettato");
+    EXPECT_EQ(esito_detto(systems::Elaborato::interrotto), "Elaborazione interrotta");
+    EXPECT_EQ(esito_detto(systems::Generato::interrotto), "Generazione interrotta");
+    EXPECT_EQ(esito_detto(systems::Generato::abbandonato),
+              "Il sistema non è stato generato: l'archivio delle estrazioni non basta");
+    EXPECT_EQ(esito_detto(systems::Generato::completo), "");
+}
+
+TEST(EsitoDetto, AFullDiskIsToldBeforeAllElse) {
+    using platform::Esito;
+    EXPECT_EQ(esito_detto(Operazione::importato, "mio", {Esito::errore, Esito::disco_pieno}),
+              "Il sistema «mio» non è stato importato: sul disco non c'è più posto");
+}
+
 TEST(EsitoDetto, AnOperationTellsWhatBecameOfThePair) {
     using platform::Esito;
     EXPECT_EQ(esito_detto(Operazione::inviato, "mio", {Esito::ok, Esito::assente}, "/usb"),
