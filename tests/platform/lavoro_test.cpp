@@ -93,6 +93,32 @@ TEST_F(LavoroTest, GoesWithItsOwnerUnlessPublished) {
     EXPECT_EQ(Lavoro(f("manca")).esito(), Esito::assente);
 }
 
+TEST_F(LavoroTest, AHundredNamesAreTriedAndAHundredMoreToPutAFileAside) {
+    const auto numero = [](int n) {
+        return "temp-" + std::to_string(::getpid()) + "-" + std::to_string(n) + ".nuovo";
+    };
+    for (int n = 0; n < 99; ++n) cartella_.scrivi(numero(n), "");
+    {
+        Lavoro ultimo(cartella_.programma());
+        EXPECT_EQ(ultimo.esito(), Esito::ok);
+        EXPECT_EQ(ultimo.nome(), f(numero(99)));
+        const Lavoro nessuno(cartella_.programma());
+        EXPECT_EQ(nessuno.esito(), Esito::errore);
+        EXPECT_EQ(nessuno.nome(), "");
+    }
+    cartella_.scrivi("a", "mio");
+    for (int n = 100; n < 200; ++n) {
+        Accantonato da_parte;
+        EXPECT_EQ(da_parte.metti(f("a")), Esito::ok);
+        EXPECT_TRUE(cartella_.esiste(numero(n)));
+        EXPECT_EQ(da_parte.rimetti(), Esito::ok);
+        cartella_.scrivi(numero(n), "");
+    }
+    Accantonato fuori;
+    EXPECT_EQ(fuori.metti(f("a")), Esito::errore);
+    EXPECT_EQ(cartella_.leggi("a"), "mio");
+}
+
 TEST_F(LavoroTest, NobodySweepsWhatItsOwnerHolds) {
     Lavoro lavoro(cartella_.programma());
     lavoro.file().chiudi();
