@@ -4,15 +4,10 @@
 #include <QMenuBar>
 
 #include "platform/disk.h"
-#include "support/programma.h"
 #include "support/riferimento.h"
+#include "systems/apertura.h"
 
-using support::Icona;
-using support::Mostrato;
-using support::Programma;
-using support::Pulsanti;
-using support::vbNo;
-using support::vbYes;
+using namespace apertura;
 
 namespace {
 
@@ -23,8 +18,6 @@ const Mostrato prima_salvare{"Per elaborare il sistema occore prima salvarlo.Vuo
                              "Cruciverba", Pulsanti::si_no, Icona::nessuna};
 const Mostrato completata{"Elaborazione completata.", "Tabellino", Pulsanti::ok,
                           Icona::informazione};
-using Mostrati = std::vector<Mostrato>;
-
 /// Makes the system in line unsaved without touching its crossword.
 void tocca(Programma& p) {
     p.cella(0, 0);

@@ -5,21 +5,13 @@
 #include "platform/disk.h"
 #include "printing/frmstsvl.h"
 #include "support/guasti.h"
-#include "support/programma.h"
 #include "support/riferimento.h"
+#include "systems/apertura.h"
 #include "systems/appartenenza.h"
 
-using support::Icona;
-using support::Mostrato;
-using support::Programma;
-using support::Pulsanti;
-using support::vbNo;
-using support::vbYes;
-using systems::Form2;
+using namespace apertura;
 
 namespace {
-
-using Mostrati = std::vector<Mostrato>;
 
 const Mostrato d_altri{
     "Lo sviluppo di questo sistema è di un altro cruciverba: le sue colonne non sono quelle da "
@@ -29,18 +21,6 @@ const Mostrato completata{"Elaborazione completata.", "Tabellino", Pulsanti::ok,
                           Icona::informazione};
 const Mostrato salvare{"Per elaborare il sistema occore prima salvarlo.Vuoi salvare ora?",
                        "Cruciverba", Pulsanti::si_no, Icona::nessuna};
-
-void apri(const QString& nome, Programma& p) {
-    Programma::voce(p.form1.mnuapri);
-    Form2* form2 = Programma::gestore();
-    ASSERT_NE(form2, nullptr);
-    const QList<QTreeWidgetItem*> voci = form2->ListView1->findItems(nome, Qt::MatchExactly);
-    ASSERT_EQ(voci.size(), 1);
-    QTest::mouseClick(form2->ListView1->viewport(), Qt::LeftButton, {},
-                      form2->ListView1->visualItemRect(voci.first()).center());
-    Programma::clic(form2->Command5);
-    EXPECT_EQ(Programma::gestore(), nullptr);
-}
 
 /// Changes the first cell to the next number that it may hold.
 void tocca(Programma& p) {
@@ -79,21 +59,21 @@ protected:
 TEST_F(Superato, AprendoloLoSiDiceESiOffreDiElaborare) {
     if (!segnato()) GTEST_SKIP() << "this disk keeps no attributes";
     p.risposte = {vbYes};
-    apri("uno", p);
+    apri(p, "uno");
     EXPECT_EQ(p.mostrati(), (Mostrati{d_altri, completata}));
     EXPECT_EQ(p.form1.Tag(), "uno");
     EXPECT_NE(p.cartella.leggi("uno.col"), vecchio);
     EXPECT_EQ(p.cartella.leggi("uno.col"), sviluppo_di(p));
     for (const int comando : {2, 6}) p.comando(comando);
     EXPECT_EQ(p.dialoghi.sviluppi + p.dialoghi.spogli, 2);
-    apri("uno", p);
+    apri(p, "uno");
     EXPECT_TRUE(p.mostrati().empty());
 }
 
 TEST_F(Superato, ChiDiceNoNonLoVedeNonLoSpogliaENonLoStampa) {
     if (!segnato()) GTEST_SKIP() << "this disk keeps no attributes";
     p.risposte = {vbNo, vbNo, vbNo};
-    apri("uno", p);
+    apri(p, "uno");
     for (const int comando : {2, 6}) p.comando(comando);
     EXPECT_EQ(p.mostrati(), (Mostrati{d_altri, d_altri, d_altri}));
     EXPECT_EQ(p.dialoghi.sviluppi + p.dialoghi.spogli, 0);
@@ -118,7 +98,7 @@ TEST_F(Superato, ChiDiceSiNelMomentoDellUsoVaAvanti) {
     if (!segnato()) GTEST_SKIP() << "this disk keeps no attributes";
     for (const int comando : {2, 6}) {
         p.risposte = {vbNo};
-        apri("uno", p);
+        apri(p, "uno");
         p.mostrati();
         p.risposte = {vbYes};
         p.comando(comando);
@@ -160,7 +140,7 @@ TEST(Elaborazione, UnoSviluppoSenzaSegnoSiApreSenzaDomande) {
     p.cartella.scrivi("uno.col", "1,2,3,4,5,6\r\n");
     p.dialoghi.finti = true;
     Programma::voce(p.form1.mnunuovo);
-    apri("uno", p);
+    apri(p, "uno");
     for (const int comando : {2, 6}) p.comando(comando);
     EXPECT_TRUE(p.mostrati().empty());
     EXPECT_EQ(p.dialoghi.sviluppi + p.dialoghi.spogli, 2);
@@ -174,7 +154,7 @@ TEST(Nomi, UnNomeCheNonEUtf8SiApreSiElaboraESiSalva) {
     ASSERT_EQ(platform::Name(p.cartella.file("uno.sen"), p.cartella.file(nome + ".sen")),
               platform::Esito::ok);
     Programma::voce(p.form1.mnunuovo);
-    apri(platform::q(nome), p);
+    apri(p, platform::q(nome));
     EXPECT_EQ(p.griglia(), griglia);
     EXPECT_EQ(platform::s(p.form1.Tag()), nome);
     p.comando(1);

@@ -6,16 +6,10 @@
 
 #include "platform/ambiente.h"
 #include "platform/disk.h"
-#include "support/programma.h"
 #include "support/riferimento.h"
+#include "systems/apertura.h"
 
-using support::Icona;
-using support::Mostrato;
-using support::Programma;
-using support::Pulsanti;
-using support::vbNo;
-using support::vbYes;
-using systems::Form2;
+using namespace apertura;
 
 namespace {
 
@@ -23,8 +17,6 @@ const Mostrato senza_nome{"Inserire il nome del sistema.", "Tabellino", Pulsanti
                           Icona::informazione};
 const Mostrato esiste_gia{"Esiste già un sistema con questo nome. Sovrascrivere?", "Tabellino",
                           Pulsanti::si_no, Icona::nessuna};
-using Mostrati = std::vector<Mostrato>;
-
 void salva_con_nome(Programma& p, const std::function<void(Form2&)>& fare) {
     p.nel_gestore(fare);
     Programma::voce(p.form1.mnusalvanome);
