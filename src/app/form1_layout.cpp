@@ -9,6 +9,7 @@
 #include "platform/application.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
+#include "statistics/riga_archivio.h"
 
 namespace app {
 
@@ -167,9 +168,18 @@ void Form1::crea_comandi() {
 }
 
 void Form1::ordine_tastiera() {
-    QList<QWidget*> ordine = {MSFlexGrid1, List1,  Image8, Image10, Imageb[0], Imageb[1],
-                              Imageb[2],   Combo1, Combo2, cmdstat, Combo6,    cmdstat2,
-                              Combo3,      Combo4, Combo5, UpDown2};
+    const auto importa = [this](const char* riga) {
+        return Frame7->findChild<statistics::RigaArchivio*>(riga)->cmdarchivio;
+    };
+    QList<QWidget*> ordine = {MSFlexGrid1, List1,
+                              Image8,      Image10,
+                              Imageb[0],   Imageb[1],
+                              Imageb[2],   Combo1,
+                              Combo2,      importa("archivio_breve"),
+                              cmdstat,     importa("archivio"),
+                              Combo6,      cmdstat2,
+                              Combo3,      Combo4,
+                              Combo5,      UpDown2};
     for (platform::Image* i : Image3) ordine << i;
     for (qsizetype i = 1; i < ordine.size(); ++i) setTabOrder(ordine[i - 1], ordine[i]);
 }

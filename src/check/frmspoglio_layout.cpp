@@ -318,8 +318,8 @@ void frmspoglio::ordine_tastiera() {
     poi(txtnum[0]);
     for (QLineEdit* casella : txtnumlotto) poi(casella);
     for (QWidget* w : std::initializer_list<QWidget*>{
-             Cmdspoglio, Cmdvincenti, Cmdvincentilotto, Command1, CmdEsci, cmdsched, cmdpunti,
-             ListView1, Combo1, Combo3, Combo2, riga_archivio->cmdarchivio}) {
+             Cmdspoglio, Cmdvincenti, Cmdvincentilotto, riga_archivio->cmdarchivio, Command1,
+             CmdEsci, cmdsched, cmdpunti, ListView1, Combo1, Combo3, Combo2}) {
         poi(w);
     }
 }

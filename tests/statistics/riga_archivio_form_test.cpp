@@ -60,6 +60,23 @@ TEST_F(RigaArchivioForm, TheFrameOfTheGeneratorsSaysThatTheDrawsAreInvented) {
     EXPECT_TRUE(riga("archivio_breve").cmdarchivio->toolTip().startsWith(inventate));
 }
 
+TEST_F(RigaArchivioForm, TheTabulatorComesToTheButtonWhereItStands) {
+    const auto dopo = [](QWidget* w) {
+        w->setFocus();
+        QTest::keyClick(w, Qt::Key_Tab);
+        return w->window()->focusWidget();
+    };
+    EXPECT_EQ(dopo(p.form1.cmdstat), riga().cmdarchivio);
+    EXPECT_EQ(dopo(riga().cmdarchivio), p.form1.Combo3);
+    Programma::clic(p.form1.Image10);
+    EXPECT_EQ(dopo(p.form1.Combo2), riga("archivio_breve").cmdarchivio);
+    EXPECT_EQ(dopo(riga("archivio_breve").cmdarchivio), p.form1.cmdstat);
+    Programma::clic(p.form1.Image8);
+    const check::frmspoglio& f = spoglio();
+    EXPECT_EQ(dopo(f.Cmdspoglio), f.riga_archivio->cmdarchivio);
+    EXPECT_EQ(dopo(f.riga_archivio->cmdarchivio), f.Command1);
+}
+
 TEST_F(RigaArchivioForm, WhatIsSaidFitsItsPlace) {
     const auto sta = [](const RigaArchivio& r) {
         if (r.lblarchivio->isVisible()) {
