@@ -99,7 +99,11 @@ void Riempimento::genera() {
 }
 
 void Riempimento::genera_in_vista() {
-    if (finestra_.in_elaborazione() || finestra_.sessione.matrice()(0, 0) != 0) return;
+    if (finestra_.in_elaborazione()) return;
+    if (finestra_.sessione.matrice()(0, 0) != 0) {
+        finestra_.mostra_esito(platform::q(esito_detto(systems::Generato::gia_iniziato)));
+        return;
+    }
     const platform::Clessidra attesa;
     {
         const platform::FinestraFerma ferma(&finestra_);
@@ -127,10 +131,6 @@ void Riempimento::genera_in_vista() {
         const platform::FinestraFerma ferma(&finestra_);
         c_.Frame3->show();
         DoEvents();
-    }
-    if (esito == systems::Generato::completo) {
-        finestra_.mostra_analisi(
-            "Generato. Ctrl+M cerca dove gli stessi numeri vincono più spesso.");
     }
 }
 

@@ -77,6 +77,12 @@ std::string esito_detto(Elaborato esito) {
 
 std::string esito_detto(Generato esito) {
     switch (esito) {
+        case Generato::completo:
+            return "Generato: salvatelo (Ctrl+S); Ctrl+M cerca dove gli stessi numeri vincono più "
+                   "spesso";
+        case Generato::gia_iniziato:
+            return "Non generato: la prima casella ha già un numero. Svuotate il cruciverba, poi "
+                   "«Genera»";
         case Generato::abbandonato:
             return "Il sistema non è stato generato: l'archivio delle estrazioni non basta";
         case Generato::interrotto:

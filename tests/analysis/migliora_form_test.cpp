@@ -193,8 +193,7 @@ TEST_F(MiglioraForm, AGeneratedCrosswordKeepsItsClassesOfDelay) {
         const Matrice prima = q.form1.sessione.matrice();
         const auto classi = q.form1.sessione.classi_generate();
         ASSERT_TRUE(classi);
-        EXPECT_EQ(q.form1.lblanalisi->text(),
-                  "Generato. Ctrl+M cerca dove gli stessi numeri vincono più spesso.");
+        EXPECT_TRUE(q.form1.lblpasso->text().startsWith("Generato: salvatelo (Ctrl+S); Ctrl+M"));
         q.form1.mnumigliora->trigger();
         auto* f = aperta<frmmigliora>();
         ASSERT_NE(f, nullptr);

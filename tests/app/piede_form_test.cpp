@@ -117,6 +117,29 @@ TEST_F(PiedeForm, WhereASystemWasSentIsTold) {
     if (systems::Form2* nuovo = Programma::gestore()) nuovo->close();
 }
 
+TEST_F(PiedeForm, AGenerationIsToldUntilTheNextThingHappens) {
+    Programma::clic(p.form1.cmdstat);
+    EXPECT_TRUE(passo().startsWith("Generato")) << passo().toStdString();
+    p.scrivi_nel_gestore("prova");
+    Programma::voce(p.form1.mnusalva);
+    EXPECT_EQ(passo(), "Salvato: elaboratelo (F5)");
+    p.comando(1);
+    EXPECT_TRUE(passo().startsWith("Elaborato"));
+    EXPECT_FALSE(p.form1.lblanalisi->isVisible());
+    p.mostrati();
+}
+
+TEST_F(PiedeForm, GenerateSaysWhyItDoesNothingOverAStartedCrossword) {
+    p.cella(0, 0);
+    p.numero(7);
+    const auto prima = p.form1.sessione.matrice();
+    Programma::clic(p.form1.cmdstat);
+    EXPECT_EQ(p.form1.sessione.matrice(), prima);
+    EXPECT_TRUE(passo().startsWith("Non generato: la prima casella")) << passo().toStdString();
+    p.numero(8);
+    EXPECT_EQ(passo(), "Mancano 34 numeri");
+}
+
 TEST_F(PiedeForm, ASaveThatTheDiskRefusesIsTold) {
     p.riempi_e_salva("prova");
     // A folder in the place of the system file lets nothing be written.

@@ -122,6 +122,8 @@ TEST(EsitoDetto, WhatWentWellOrHasABoxIsNotTold) {
     EXPECT_EQ(esito_detto(systems::Elaborato::rimasto),
               "Il disco non ha accettato lo sviluppo, e tiene quello di prima");
     EXPECT_EQ(esito_detto(systems::Generato::poche_estrazioni), "");
+    EXPECT_FALSE(esito_detto(systems::Generato::completo).empty());
+    EXPECT_FALSE(esito_detto(systems::Generato::gia_iniziato).empty());
     EXPECT_FALSE(esito_detto(systems::Generato::abbandonato).empty());
 }
 
