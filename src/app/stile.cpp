@@ -105,7 +105,8 @@ QScrollBar::add-page, QScrollBar::sub-page { background: none; }
 QMessageBox { messagebox-information-icon: url(:/informazione.svg); }
 QMessageBox, QDialogButtonBox { button-layout: 0; dialogbuttonbox-buttons-have-icons: 0; }
 QComboBox:focus { border-color: #E07B00; }
-QComboBox:disabled { background: #EEF2F7; color: #5A6779; border-color: #C9D4E2; }
+QComboBox::down-arrow:disabled, QSpinBox::down-arrow:disabled { image: url(:/freccia_giu_spenta.svg); }
+QSpinBox::up-arrow:disabled { image: url(:/freccia_su_spenta.svg); }
 QComboBox[lunga="true"] { combobox-popup: 0; }
 QComboBox[in_griglia="true"] { border-radius: 0; border: 1px solid #B9CBE0; }
 QComboBox[in_griglia="true"]:focus { border-color: #E07B00; }
@@ -150,6 +151,10 @@ QFrame[fondo="true"] { background: #000080; border-radius: 4px; }
 QLabel[su_fondo="true"] { color: white; font-weight: bold; }
 QProgressBar { background: #D5E2F0; border: 0; border-radius: 4px; }
 QProgressBar::chunk { background: #000080; border-radius: 4px; }
+QComboBox:disabled, QSpinBox:disabled, QLineEdit:disabled { background: #EEF2F7; color: #414C5E;
+    border-color: #C9D4E2; }
+QCheckBox:disabled, QRadioButton:disabled { color: #5A6779; }
+QCheckBox::indicator:disabled { background: #EEF2F7; border-color: #C9D4E2; }
 )";
 
 /// Fusion, but what has the focus gets a thin amber frame, for its own tint makes dark rows

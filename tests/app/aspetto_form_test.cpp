@@ -1,5 +1,9 @@
 // The skin changed while the program runs.
+#include <QCheckBox>
 #include <QImage>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QVBoxLayout>
 
 #include "app/aspetto.h"
 #include "support/finestre_aperte.h"
@@ -54,6 +58,35 @@ TEST_F(AspettoForm, OpenWindowsChangeWithIt) {
     EXPECT_LT(vista(*f).pixelColor(2, f->height() - 2).lightness(), 60);
     scegli("mnuclassico");
     EXPECT_EQ(vista(*f), prima);
+}
+
+TEST_F(AspettoForm, WhatCannotBeUsedLooksSo) {
+    for (const char* aspetto : {"mnuclassico", "mnuchiaro", "mnuscuro"}) {
+        scegli(aspetto);
+        QDialog f(&p.form1);
+        auto* riga = new QVBoxLayout(&f);
+        auto* numero = new QSpinBox(&f);
+        auto* campo = new QLineEdit("12", &f);
+        auto* scelta = new QCheckBox("Con", &f);
+        auto* una = new QRadioButton("Una", &f);
+        auto* elenco = new QComboBox(&f);
+        elenco->addItem("12");
+        const QList<QWidget*> tutti{numero, campo, scelta, una, elenco};
+        for (QWidget* w : tutti) riga->addWidget(w);
+        f.show();
+        QApplication::processEvents();
+        for (QWidget* w : tutti) {
+            SCOPED_TRACE(std::string(aspetto) + ' ' + w->metaObject()->className());
+            const QImage prima = vista(*w);
+            w->setEnabled(false);
+            const QImage spento = vista(*w);
+            const QPoint testo(w->width() - 30, w->height() / 2);
+            if (w != scelta && w != una) {
+                EXPECT_NE(spento.pixelColor(testo), prima.pixelColor(testo));
+            }
+            EXPECT_NE(spento, prima);
+        }
+    }
 }
 
 TEST_F(AspettoForm, TheMenuTicksWhatIsInForce) {
