@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QStyledItemDelegate>
 #include <QtMath>
 
@@ -218,8 +219,13 @@ void MSFlexGrid::misura_celle() {
         if (tutte == base.width()) x = qreal(width() - 2) / tutte;
         if (alte == base.height()) y = qreal(height() - 2) / alte;
     }
+    // Told of each, the view would be painted once more a moment later.
+    const QSignalBlocker colonne(horizontalHeader());
+    const QSignalBlocker righe(verticalHeader());
     da_a(larghezze_, columnCount(), x, [this](int c, int largo) { setColumnWidth(c, largo); });
     da_a(altezze_, rowCount(), y, [this](int r, int alto) { setRowHeight(r, alto); });
+    updateGeometries();
+    viewport()->update();
 }
 
 void MSFlexGrid::misura(QSize a_100, qreal fattore) {
@@ -234,11 +240,13 @@ void MSFlexGrid::misura(QSize a_100, qreal fattore) {
     const int dx = qMax(0, misura.width() - 2 - horizontalHeader()->length());
     const int dy = qMax(0, misura.height() - 2 - verticalHeader()->length());
     // The table sets its own margins anew at every layout; padding is left alone.
-    setStyleSheet(QStringLiteral("QTableView { padding: %1px %2px %3px %4px; }")
-                      .arg(dy / 2)
-                      .arg(dx - dx / 2)
-                      .arg(dy - dy / 2)
-                      .arg(dx / 2));
+    const QString foglio = QStringLiteral("QTableView { padding: %1px %2px %3px %4px; }")
+                               .arg(dy / 2)
+                               .arg(dx - dx / 2)
+                               .arg(dy - dy / 2)
+                               .arg(dx / 2);
+    // The same one polishes the table anew too.
+    if (foglio != styleSheet()) setStyleSheet(foglio);
 }
 
 void MSFlexGrid::CellForeColor(const QColor& colore) {

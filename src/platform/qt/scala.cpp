@@ -25,7 +25,6 @@
 
 #include "platform/application.h"
 #include "platform/qt/desktop.h"
-#include "platform/qt/foglio_scalato.h"
 
 namespace platform {
 
@@ -305,6 +304,8 @@ void Scala::misura(QSize a_100) {
     }
     if (!con_disposizione_) finestra_->setMinimumSize((QSizeF(base_) * minimo).toSize());
     finestra_->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    // Before the window, or its least size at 100 % would hold it.
+    if (con_disposizione_) adegua();
     finestra_->resize(nuova.expandedTo(finestra_->minimumSize()));
     if (area() != finestra_) {
         const QSizeF intorno = QSizeF(base_ - base_area_) * finestra_->width() / base_.width();
@@ -342,8 +343,13 @@ void Scala::porta_a(qreal fattore) {
     voluto_ = f;
     // Before the window, or the old least size would hold it.
     if (con_disposizione_) adegua();
-    const QSize nuova = f == 1 ? base_ : (QSizeF(base_) * f).toSize();
-    finestra_->resize(con_disposizione_ && f != 1 ? nuova.boundedTo(libero()) : nuova);
+    QSize nuova = f == 1 ? base_ : (QSizeF(base_) * f).toSize();
+    // At 100 % it is as large as it opened.
+    if (con_disposizione_) {
+        nuova =
+            nuova.boundedTo(f == 1 ? finestra_->screen()->availableGeometry().size() : libero());
+    }
+    finestra_->resize(nuova);
     tieni_sullo_schermo(finestra_);
     adegua();
 }
@@ -390,17 +396,6 @@ void Scala::ricorda() {
     platform::ricorda(file_ricordi(), nome(), ora);
 }
 
-// A write of the program's own is taken for a new place at 100 %.
-void Scala::accogli(Posto& posto) {
-    const QRect ora = posto.controllo->geometry();
-    const QRect& scritto = posto.scritto;
-    if (ora.x() != scritto.x()) posto.base.moveLeft(ora.x());
-    if (ora.y() != scritto.y()) posto.base.moveTop(ora.y());
-    if (ora.width() != scritto.width()) posto.base.setWidth(ora.width());
-    if (ora.height() != scritto.height()) posto.base.setHeight(ora.height());
-    posto.scritto = ora;
-}
-
 void Scala::adegua() {
     if (in_corso_ || !misurata_) return;
     const QScopedValueRollback guardia(in_corso_, true);
@@ -425,6 +420,7 @@ void Scala::adegua() {
         }
         scrivi_spazi();
         finestra_->setMinimumSize(base_minima_ * fattore_);
+        rifai_disposizione();
     }
     for (const Posto& p : posti_) {
         if (!p.controllo) continue;
@@ -435,30 +431,6 @@ void Scala::adegua() {
         if (!w->property(da_se).toBool()) continue;
         QEvent avviso(cambiata());
         QCoreApplication::sendEvent(w, &avviso);
-    }
-}
-
-// In steps of a twentieth, down: polishing a whole window anew is the dearest part of a change.
-void Scala::vesti() {
-    constexpr qreal passi = 20;
-    const QWidget* sotto = finestra_->parentWidget();
-    const qreal f = std::floor(fattore_ * passi + 1e-6) / passi;
-    const Scala* sua = sotto != nullptr ? di(sotto) : nullptr;
-    QString foglio = foglio_;
-    if (fattore_ != 1 || (sua != nullptr && sua->fattore_ != 1)) {
-        QString skin = foglio_;
-        for (const QWidget* w = sotto; w != nullptr; w = w->parentWidget()) {
-            const Scala* di_sotto = di(w);
-            skin.prepend(di_sotto != nullptr ? di_sotto->foglio_ : w->styleSheet());
-        }
-        foglio += "\n" + misure_scalate(qApp->styleSheet(), f) + misure_scalate(skin, f);
-    }
-    if (foglio == foglio_scritto_ || (foglio_scritto_.isNull() && foglio == foglio_)) return;
-    foglio_scritto_ = foglio;
-    const QScopedValueRollback guardia(in_corso_, true);
-    finestra_->setStyleSheet(foglio);
-    for (Scala* altra : qAsConst(tutte())) {
-        if (altra->finestra_->parentWidget() == finestra_) altra->vesti();
     }
 }
 
@@ -502,12 +474,13 @@ bool Scala::eventFilter(QObject* oggetto, QEvent* evento) {
             }
             for (qsizetype i = da; i < posti_.size(); ++i) {
                 if (posti_[i].assoluto) disponi_uno(posti_[i]);
-                if (fattore_ != 1) scrivi_carattere(posti_[i]);
+                if (fattore_ != 1) scrivi_carattere(posti_[i], fattore_);
             }
             break;
         }
         case QEvent::Show:
             if (w == finestra_ && !evento->spontaneous()) {
+                if (con_disposizione_) rifai_disposizione();
                 if (ricordo_ && ricordo_->massima) w->setWindowState(Qt::WindowMaximized);
             }
             break;

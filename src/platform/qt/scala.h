@@ -100,8 +100,9 @@ private:
         QSize dentro;  ///< see `dentro_a_100`; none unless it was put elsewhere
         QRect scritto;
         QFont carattere;
-        bool proprio = false;   ///< the font is the control's own, not its window's
-        bool assoluto = false;  ///< no layout places it
+        qreal punti_scritti = 0;  ///< size of the font that was written last; 0 after none
+        bool proprio = false;     ///< the font is the control's own, not its window's
+        bool assoluto = false;    ///< no layout places it
         // In a window that layouts fill: what bounds the control, and the cells of a table.
         QSize minima;
         QSize massima;
@@ -115,6 +116,15 @@ private:
         int spazio = 0;
     };
 
+    /// What the sheet of a scaled window is made of.
+    struct Fonte {
+        qreal fattore = 0;
+        QString suo;
+        QString generale;
+        QString skin;
+        bool operator==(const Fonte&) const = default;
+    };
+
     void ascolta_tasti();
     void raccogli(QWidget* contenitore);
     void registra(QWidget* controllo);
@@ -123,7 +133,7 @@ private:
     void disponi();
     void disponi_uno(Posto& posto);
     void scrivi_caratteri();
-    void scrivi_carattere(const Posto& posto);
+    static void scrivi_carattere(Posto& posto, qreal fattore);
     void scrivi_limiti(Posto& posto, qreal prima);
     void raccogli_spazi();
     void scrivi_spazi();
@@ -148,6 +158,7 @@ private:
     qreal fattore_ = 1;
     QString foglio_;
     QString foglio_scritto_;
+    Fonte fonte_;
     QHash<const QWidget*, qsizetype> indici_;
     QList<Posto> posti_;
     QList<Spazi> spazi_;

@@ -1,13 +1,17 @@
-// What a scale writes: places, bounds, letters and the room between.
+// What a scale writes: the style sheet, places, bounds, letters and the room between.
 #include <algorithm>
+#include <cmath>
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QLayout>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTableView>
 #include <QWidget>
 #include <QtMath>
 
+#include "platform/qt/foglio_scalato.h"
 #include "platform/qt/scala.h"
 
 namespace platform {
@@ -21,6 +25,54 @@ QSize per(QSize misura, qreal fattore) {
 }
 
 }  // namespace
+
+// In steps of a twentieth, down: polishing a whole window anew is the dearest part of a change, and
+// reading the sheet anew at each step the next.
+void Scala::vesti() {
+    constexpr qreal passi = 20;
+    const QWidget* sotto = finestra_->parentWidget();
+    const Scala* sua = sotto != nullptr ? di(sotto) : nullptr;
+    Fonte fonte{0, foglio_, {}, {}};
+    if (fattore_ != 1 || (sua != nullptr && sua->fattore_ != 1)) {
+        fonte.fattore = std::floor(fattore_ * passi + 1e-6) / passi;
+        fonte.generale = qApp->styleSheet();
+        fonte.skin = foglio_;
+        for (const QWidget* w = sotto; w != nullptr; w = w->parentWidget()) {
+            const Scala* di_sotto = di(w);
+            fonte.skin.prepend(di_sotto != nullptr ? di_sotto->foglio_ : w->styleSheet());
+        }
+    }
+    const QString ora = finestra_->styleSheet();
+    if (fonte == fonte_ && ora == foglio_scritto_) return;
+    fonte_ = fonte;
+    QString foglio = foglio_;
+    if (fonte.fattore > 0) {
+        foglio += "\n" + misure_scalate(fonte.generale, fonte.fattore) +
+                  misure_scalate(fonte.skin, fonte.fattore);
+    }
+    if (foglio == ora) return;
+    foglio_scritto_ = foglio;
+    const QScopedValueRollback guardia(in_corso_, true);
+    finestra_->setStyleSheet(foglio);
+    // Fonts that the sheet sets have come back.
+    for (Posto& p : posti_) p.punti_scritti = 0;
+    for (QObject* figlio : finestra_->children()) {
+        const auto* altra = qobject_cast<QWidget*>(figlio);
+        Scala* di_altra = altra != nullptr && altra->isWindow() ? di(altra) : nullptr;
+        if (di_altra != nullptr && di_altra != this) di_altra->vesti();
+    }
+}
+
+// A write of the program's own is taken for a new place at 100 %.
+void Scala::accogli(Posto& posto) {
+    const QRect ora = posto.controllo->geometry();
+    const QRect& scritto = posto.scritto;
+    if (ora.x() != scritto.x()) posto.base.moveLeft(ora.x());
+    if (ora.y() != scritto.y()) posto.base.moveTop(ora.y());
+    if (ora.width() != scritto.width()) posto.base.setWidth(ora.width());
+    if (ora.height() != scritto.height()) posto.base.setHeight(ora.height());
+    posto.scritto = ora;
+}
 
 void Scala::disponi() {
     for (Posto& p : posti_) {
@@ -107,19 +159,23 @@ void Scala::scrivi_spazi() {
 }
 
 void Scala::scrivi_caratteri() {
-    for (const Posto& p : posti_) {
-        if (p.controllo) scrivi_carattere(p);
+    for (Posto& p : posti_) {
+        if (p.controllo) scrivi_carattere(p, fattore_);
     }
 }
 
-void Scala::scrivi_carattere(const Posto& posto) {
+void Scala::scrivi_carattere(Posto& posto, qreal fattore) {
     QWidget* w = posto.controllo;
     if (qobject_cast<QScrollBar*>(w) != nullptr) return;
-    if (fattore_ == 1) {
+    if (fattore == 1) {
+        posto.punti_scritti = 0;
         w->setFont(posto.proprio ? posto.carattere : QFont());
         return;
     }
-    const QFont suo = scalato(posto.carattere, fattore_, w);
+    const QFont suo = scalato(posto.carattere, fattore, w);
+    // Written again, it would undo the narrow letters of a control that made them so.
+    if (suo.pointSizeF() == posto.punti_scritti) return;
+    posto.punti_scritti = suo.pointSizeF();
     if (posto.proprio) {
         w->setFont(suo);
         return;
