@@ -91,6 +91,8 @@ void VistaTavola::mostra(const Tavola& t) {
     for (const std::string& nota : t.note) frasi << q(nota);
     note->setText(frasi.join("\n"));
     note->setVisible(!frasi.isEmpty());
+    layout()->invalidate();
+    updateGeometry();
 }
 
 frmanalisi::frmanalisi(app::Finestra& finestra)

@@ -137,6 +137,7 @@ private:
     void scrivi_limiti(Posto& posto, qreal prima);
     void raccogli_spazi();
     void scrivi_spazi();
+    void rifai_disposizione();
     void vesti();
     void ricorda();
     [[nodiscard]] QWidget* area() const;

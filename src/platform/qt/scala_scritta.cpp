@@ -158,6 +158,13 @@ void Scala::scrivi_spazi() {
     }
 }
 
+// Layouts in one another keep what they reckoned before letters and bounds were others.
+void Scala::rifai_disposizione() {
+    for (const Posto& p : qAsConst(posti_)) {
+        if (p.controllo) p.controllo->updateGeometry();
+    }
+}
+
 void Scala::scrivi_caratteri() {
     for (Posto& p : posti_) {
         if (p.controllo) scrivi_carattere(p, fattore_);
