@@ -12,6 +12,7 @@
 #include <QWheelEvent>
 
 #include "platform/qt/printer_pittore.h"
+#include "platform/qt/scala.h"
 
 namespace schedine {
 
@@ -90,10 +91,9 @@ Anteprima::Anteprima(QWidget* padre) : QScrollArea(padre) {
     viewport()->setAutoFillBackground(false);
     // The style would paint the corner between the bars in a colour of no skin.
     setCornerWidget(new QWidget(this));
-    // The style would paint the corner between the bars in a colour of no skin.
-    setCornerWidget(new QWidget(this));
     foglio_->setAutoFillBackground(false);
     setFocusPolicy(Qt::StrongFocus);
+    setProperty(platform::Scala::rotella_sua, true);
 }
 
 double Anteprima::al_millimetro() const {

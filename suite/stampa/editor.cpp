@@ -12,6 +12,7 @@
 #include "platform/qt/disposizione.h"
 #include "platform/qt/folder.h"
 #include "platform/qt/printer_qt.h"
+#include "platform/qt/scala.h"
 #include "stampa/anteprima.h"
 #include "stampa/lavoro.h"
 #include "stampa/tavolo.h"
@@ -66,7 +67,8 @@ Editor::Editor(std::string radice, const QString& nome, QWidget* padre)
     riga->setSpacing(12);
     riga->addWidget(crea_campi());
     riga->addWidget(crea_tavolo(), 1);
-    resize(misura.boundedTo(padre != nullptr ? padre->size() : misura));
+    resize(misura.boundedTo(padre != nullptr ? platform::posto_a_100(padre).size() : misura));
+    platform::rendi_scalabile(this);
     txtnome->setText(nome);
     Modulo letto;
     std::optional<Difetto> difetto;
@@ -216,8 +218,8 @@ QWidget* Editor::crea_tavolo() {
     scorre->setWidget(tavolo);
     scorre->viewport()->setAutoFillBackground(false);
     scorre->setCornerWidget(new QWidget(scorre));
-    scorre->setCornerWidget(new QWidget(scorre));
     tavolo->setAutoFillBackground(false);
+    tavolo->setProperty(platform::Scala::rotella_sua, true);
     colonna->addWidget(scorre, 1);
     tavolo->al_clic = [this](Punto p) { clic(p); };
     connect(cmdimmagine, &QPushButton::clicked, this, &Editor::scegli_immagine);

@@ -7,6 +7,7 @@
 #include <QScreen>
 
 #include "platform/qt/desktop.h"
+#include "platform/qt/scala.h"
 #include "platform/runtime.h"
 #include "stampa/editor.h"
 #include "viewer/importo.h"
@@ -19,7 +20,7 @@ using platform::s;
 namespace {
 
 constexpr QSize misura(1040, 720);
-constexpr QSize misura_minima(720, 420);
+constexpr QSize misura_minima(860, 420);
 constexpr int centesimi_all_euro = 100;
 
 QString intero(std::int64_t quanti) {
@@ -46,6 +47,7 @@ Finestra::Finestra(std::string radice) : radice_(std::move(radice)) {
     crea_lavoro();
     setMinimumSize(misura_minima);
     resize(misura.boundedTo(screen()->availableGeometry().size() * 0.94));
+    platform::rendi_scalabile(this);
     crea_scorciatoie();
     optgenere[0]->setChecked(true);
 
@@ -321,8 +323,13 @@ void Finestra::reject() {
 
 void Finestra::resizeEvent(QResizeEvent* evento) {
     QDialog::resizeEvent(evento);
-    constexpr int alto = 52;
-    constexpr int margine = 12;
+    metti_lavoro();
+}
+
+void Finestra::metti_lavoro() {
+    const qreal f = platform::scala(this);
+    const int alto = platform::scalato(52, f);
+    const int margine = platform::scalato(12, f);
     lavoro->setGeometry(margine, height() - alto - margine, width() - 2 * margine, alto);
 }
 

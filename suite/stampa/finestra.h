@@ -115,6 +115,7 @@ private:
     void di_file(const QString& file, bool pdf);
     int messaggio(const QString& testo, const QStringList& altri = {});
     void mostra_avanzamento(double parte);
+    void metti_lavoro();
 
     std::string radice_;
     std::vector<Scelta> scelte_;

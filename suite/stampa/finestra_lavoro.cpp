@@ -52,6 +52,7 @@ private:
 
 void Finestra::mostra_avanzamento(double parte) {
     if (lavoro->isHidden()) {
+        metti_lavoro();
         lavoro->show();
         lavoro->raise();
         cmdferma->setFocus();

@@ -20,7 +20,7 @@ using platform::q;
 
 namespace {
 
-constexpr int larghezza_sinistra = 316;
+constexpr int larghezza_sinistra = 320;
 constexpr int alto_titolo = 24;
 constexpr int cifre = 9;
 
@@ -230,10 +230,10 @@ QWidget* Finestra::crea_destra() {
     };
     dice(cmdindietro, "Foglio precedente", "Ctrl+Pag↑");
     dice(cmdavanti, "Foglio seguente", "Ctrl+Pag↓");
-    dice(cmdmeno, "Rimpicciolisci", "Ctrl+−");
-    dice(cmdpiu, "Ingrandisci", "Ctrl++");
+    dice(cmdmeno, "Rimpicciolisci il foglio", "Alt+−");
+    dice(cmdpiu, "Ingrandisci il foglio", "Alt++");
     dice(cmdvero, "Grandezza vera", "Ctrl+1");
-    dice(cmdintero, "Foglio intero", "Ctrl+0");
+    dice(cmdintero, "Foglio intero", "Ctrl+2");
     for (QPushButton* b : {cmdindietro, cmdavanti, cmdmeno, cmdpiu}) b->setFixedWidth(40);
     for (QPushButton* b : {cmdmeno, cmdpiu}) b->setFont(carattere_segni());
     cmdvero->setMinimumWidth(70);
@@ -289,11 +289,11 @@ void Finestra::crea_scorciatoie() {
     tasto(Qt::CTRL | Qt::Key_End, [this] {
         if (lavoro_ != nullptr) vai(lavoro_->pagine());
     });
-    tasto(QKeySequence::ZoomIn, [this] { anteprima->ingrandisci(1); });
-    tasto(Qt::CTRL | Qt::Key_Equal, [this] { anteprima->ingrandisci(1); });
-    tasto(QKeySequence::ZoomOut, [this] { anteprima->ingrandisci(-1); });
+    // Ctrl with plus, minus and 0 is for the window, as everywhere.
+    tasto(Qt::ALT | Qt::Key_Plus, [this] { anteprima->ingrandisci(1); });
+    tasto(Qt::ALT | Qt::Key_Minus, [this] { anteprima->ingrandisci(-1); });
     tasto(Qt::CTRL | Qt::Key_1, [this] { anteprima->a_grandezza_vera(); });
-    tasto(Qt::CTRL | Qt::Key_0, [this] { anteprima->intero(true); });
+    tasto(Qt::CTRL | Qt::Key_2, [this] { anteprima->intero(true); });
     tasto(Qt::CTRL | Qt::Key_W, [this] { close(); });
 }
 

@@ -6,6 +6,7 @@
 #include "app/stile.h"
 #include "platform/application.h"
 #include "platform/qt/desktop.h"
+#include "platform/qt/scala.h"
 #include "platform/segno.h"
 #include "stampa/avvio.h"
 #include "stampa/finestra.h"
@@ -14,6 +15,7 @@ int main(int argc, char** argv) {
     const std::string radice =
         schedine::radice_suite(argc > 0 ? argv[0] : "", platform::cartella_eseguibile());
     const platform::Segno segno(radice + "sch");
+    platform::App().Path = radice + "cruciverba";
     QApplication qt(argc, argv);
     QApplication::setApplicationName("tabellino-stampa");
     QApplication::setDesktopFileName("tabellino");
@@ -25,6 +27,7 @@ int main(int argc, char** argv) {
     }
     schedine::Finestra finestra(radice);
     finestra.setStyleSheet(platform::q(app::foglio_aspetto(radice, app::desktop_scuro())));
+    platform::Scala::di(&finestra)->rimetti();
     finestra.show();
     return QApplication::exec();
 }

@@ -7,11 +7,13 @@
 #include <QPointer>
 #include <QPrinter>
 #include <QTimer>
+#include <QWheelEvent>
 
 #include "platform/disk.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/folder.h"
 #include "platform/qt/printer_qt.h"
+#include "platform/qt/scala.h"
 #include "platform/qt/scrivania.h"
 #include "suite/stampa_prova.h"
 
@@ -240,6 +242,48 @@ TEST_F(FinestraSchedine, SiSfogliaESiIngrandisce) {
     clic(f->cmdmeno);
     EXPECT_EQ(f->anteprima->ingrandimento(), 75);
     clic(f->cmdintero);
+    EXPECT_TRUE(f->anteprima->foglio_intero());
+}
+
+TEST_F(FinestraSchedine, SiIngrandisceLaFinestraOIlFoglio) {
+    sviluppa("prova", 200);
+    consegna("prova");
+    apri();
+    const auto premi = [this](Qt::Key tasto, Qt::KeyboardModifiers con) {
+        QTest::keyClick(f.get(), tasto, con);
+        QApplication::processEvents();
+    };
+    premi(Qt::Key_1, Qt::ControlModifier);
+    premi(Qt::Key_Plus, Qt::AltModifier);
+    EXPECT_EQ(f->anteprima->ingrandimento(), 125);
+    premi(Qt::Key_Minus, Qt::AltModifier);
+    EXPECT_EQ(f->anteprima->ingrandimento(), 100);
+    // The screen of the tests may have room for less than 100 %.
+    const qreal prima = platform::scala(f.get());
+    const int campo = f->txtpagina->width();
+    premi(Qt::Key_Minus, Qt::ControlModifier);
+    EXPECT_NEAR(platform::scala(f.get()), 0.9, 0.001);
+    EXPECT_LT(f->txtpagina->width(), campo);
+    EXPECT_EQ(f->anteprima->ingrandimento(), 100);
+    premi(Qt::Key_0, Qt::ControlModifier);
+    EXPECT_NEAR(platform::scala(f.get()), prima, 0.01);
+    EXPECT_NEAR(f->txtpagina->width(), campo, 1);
+    // Over the page the wheel is the page's.
+    const auto gira = [](QWidget* sotto) {
+        QWheelEvent giro(QPointF(5, 5), sotto->mapToGlobal(QPointF(5, 5)), {}, {0, -120},
+                         Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
+        // Else it would go no further than to this very control.
+        QSpontaneKeyEvent::setSpontaneous(&giro);
+        qApp->notify(sotto, &giro);
+        QApplication::processEvents();
+    };
+    gira(f->anteprima->widget());
+    EXPECT_EQ(f->anteprima->ingrandimento(), 75);
+    EXPECT_NEAR(platform::scala(f.get()), prima, 0.01);
+    gira(f->lblconto);
+    EXPECT_EQ(f->anteprima->ingrandimento(), 75);
+    EXPECT_NEAR(platform::scala(f.get()), 0.9, 0.001);
+    premi(Qt::Key_2, Qt::ControlModifier);
     EXPECT_TRUE(f->anteprima->foglio_intero());
 }
 

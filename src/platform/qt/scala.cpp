@@ -69,6 +69,9 @@ public:
         auto* controllo = qobject_cast<QWidget*>(oggetto);
         Scala* sua = controllo != nullptr ? Scala::di(controllo) : nullptr;
         if (sua == nullptr) return false;
+        for (const QWidget* w = controllo; w != nullptr; w = w->parentWidget()) {
+            if (w->property(Scala::rotella_sua).toBool()) return false;
+        }
         constexpr int scatto = 120;
         resto_ += giro->angleDelta().y();
         for (; std::abs(resto_) >= scatto; resto_ -= resto_ > 0 ? scatto : -scatto) {

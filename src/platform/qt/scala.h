@@ -58,6 +58,8 @@ public:
     static QEvent::Type cambiata();
     /// A control with this property true sees to its own place, font and scale.
     static constexpr const char* da_se = "scala_da_se";
+    /// A control with this property true takes Ctrl with the wheel for what it shows.
+    static constexpr const char* rotella_sua = "scala_rotella_sua";
     /// How a control follows what its parent has beyond its scaled size: a sum of these. Without
     /// any for a direction it stays in the middle of a window, and in the corner of a frame.
     static constexpr const char* ancora = "scala_ancora";
