@@ -21,7 +21,7 @@ QString in_italiano(const QKeySequence& tasti) {
     const std::vector<std::pair<QString, QString>> parole{
         {"Shift", "Maiusc"}, {"PgUp", "Pag su"},   {"PgDown", "Pag giù"}, {"Home", "Inizio"},
         {"End", "Fine"},     {"Left", "Sinistra"}, {"Right", "Destra"},   {"Del", "Canc"},
-        {"Space", "Spazio"}, {"Ctrl+=", "Ctrl++"}, {"Ctrl+-", "Ctrl+−"}};
+        {"Space", "Spazio"}, {"Ctrl+=", "Ctrl++"}, {"+-", "+−"}};
     for (const auto& [inglese, italiano] : parole) testo.replace(inglese, italiano);
     return testo;
 }
