@@ -6,10 +6,17 @@
 #include "app/finestra.h"
 #include "platform/calendario.h"
 #include "platform/qt/desktop.h"
+#include "platform/qt/scala.h"
 #include "statistics/importatore.h"
 #include "statistics/stato_archivio.h"
 
 namespace statistics {
+
+namespace {
+
+constexpr int altezza = 28;
+
+}  // namespace
 
 RigaArchivio::RigaArchivio(app::Finestra& finestra, QWidget* padre, Forma forma)
     : QWidget(padre), finestra_(finestra), forma_(forma) {
@@ -23,7 +30,10 @@ RigaArchivio::RigaArchivio(app::Finestra& finestra, QWidget* padre, Forma forma)
     cmdarchivio = new QPushButton(breve ? tr("Inventate…") : tr("Importa…"), this);
     cmdarchivio->setObjectName("cmdarchivio");
     cmdarchivio->setAutoDefault(false);
-    if (!breve) cmdarchivio->setMinimumHeight(28);
+    if (!breve) {
+        cmdarchivio->setMinimumHeight(altezza);
+        cmdarchivio->installEventFilter(this);
+    }
     auto* riga = new QHBoxLayout(this);
     riga->setContentsMargins(0, 0, 0, 0);
     riga->setSpacing(4);
@@ -62,6 +72,9 @@ void RigaArchivio::guarda() {
 
 bool RigaArchivio::eventFilter(QObject* oggetto, QEvent* evento) {
     if (evento->type() == QEvent::WindowActivate && oggetto == window()) guarda();
+    if (evento->type() == platform::Scala::cambiata() && oggetto == cmdarchivio) {
+        cmdarchivio->setMinimumHeight(platform::scalato(altezza, platform::scala(this)));
+    }
     return QWidget::eventFilter(oggetto, evento);
 }
 

@@ -77,6 +77,15 @@ TEST_F(RigaArchivioForm, TheTabulatorComesToTheButtonWhereItStands) {
     EXPECT_EQ(dopo(f.riga_archivio->cmdarchivio), f.Command1);
 }
 
+TEST_F(RigaArchivioForm, TheButtonGrowsWithItsNeighbours) {
+    check::frmspoglio& f = spoglio();
+    ASSERT_EQ(f.riga_archivio->cmdarchivio->height(), f.Command1->height());
+    f.resize(f.size() * 2);
+    QApplication::processEvents();
+    EXPECT_NEAR(f.riga_archivio->cmdarchivio->height(), f.Command1->height(), 1);
+    f.close();
+}
+
 TEST_F(RigaArchivioForm, WhatIsSaidFitsItsPlace) {
     const auto sta = [](const RigaArchivio& r) {
         if (r.lblarchivio->isVisible()) {
