@@ -1,6 +1,7 @@
 // The slip program of the suite: the main program starts it and leaves it a word in "trans".
 #include <QApplication>
 #include <QIcon>
+#include <QScreen>
 
 #include "app/aspetto.h"
 #include "app/stile.h"
@@ -10,6 +11,21 @@
 #include "platform/segno.h"
 #include "stampa/avvio.h"
 #include "stampa/finestra.h"
+
+namespace {
+
+/// In the middle of the screen; a dialog's own middle takes no heed of its title.
+void metti(QWidget& finestra) {
+    platform::Scala* scala = platform::Scala::di(&finestra);
+    if (scala->rimetti()) return;
+    constexpr QSize cornice(8, 36);
+    const QRect schermo = finestra.screen()->availableGeometry();
+    const QSize resto = (schermo.size() - finestra.size() - cornice).expandedTo({0, 0}) / 2;
+    finestra.move(schermo.topLeft() + QPoint(resto.width(), resto.height()));
+    scala->messa(finestra.pos());
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
     const std::string radice =
@@ -27,7 +43,7 @@ int main(int argc, char** argv) {
     }
     schedine::Finestra finestra(radice);
     finestra.setStyleSheet(platform::q(app::foglio_aspetto(radice, app::desktop_scuro())));
-    platform::Scala::di(&finestra)->rimetti();
+    metti(finestra);
     finestra.show();
     return QApplication::exec();
 }
