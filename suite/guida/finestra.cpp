@@ -98,11 +98,12 @@ QVariant Foglio::loadResource(int tipo, const QUrl& nome) {
     if (tipo != QTextDocument::ImageResource) return QTextBrowser::loadResource(tipo, nome);
     QImage figura(":/guida/figure/" + nome.fileName());
     const double punti = devicePixelRatioF();
+    const double largo = std::min<double>(figura.width() / densita_figure, posto_figure());
+    const int pixel = qRound(largo * punti);
     // Scaled here, since the document's own scaling takes the nearest pixel.
-    if (!figura.isNull() && punti != densita_figure) {
+    if (!figura.isNull() && pixel != figura.width()) {
         figura = figura.convertToFormat(QImage::Format_RGB32)
-                     .scaledToWidth(qRound(figura.width() / densita_figure * punti),
-                                    Qt::SmoothTransformation);
+                     .scaledToWidth(pixel, Qt::SmoothTransformation);
     }
     figura.setDevicePixelRatio(punti);
     return figura;
@@ -120,6 +121,28 @@ void Foglio::resizeEvent(QResizeEvent* evento) {
     const int margine = std::max(0, (width() - larghezza_righe) / 2);
     setViewportMargins(margine, 0, margine, 0);
     QTextBrowser::resizeEvent(evento);
+    adatta_figure();
+}
+
+int Foglio::posto_figure() const {
+    constexpr int minimo = 100;
+    return std::max(minimo, viewport()->width() - 2 * qRound(document()->documentMargin()));
+}
+
+void Foglio::adatta_figure() {
+    const int posto = posto_figure();
+    if (posto == posto_figure_) return;
+    posto_figure_ = posto;
+    for (QTextBlock b = document()->begin(); b.isValid(); b = b.next()) {
+        for (auto parte = b.begin(); !parte.atEnd(); ++parte) {
+            const QTextImageFormat figura = parte.fragment().charFormat().toImageFormat();
+            if (!figura.isValid()) continue;
+            const QUrl nome = document()->baseUrl().resolved(QUrl(figura.name()));
+            document()->addResource(QTextDocument::ImageResource, nome,
+                                    loadResource(QTextDocument::ImageResource, nome));
+        }
+    }
+    document()->markContentsDirty(0, document()->characterCount());
 }
 
 Finestra::Finestra(const QString& pagina) {

@@ -31,7 +31,12 @@ protected:
     void resizeEvent(QResizeEvent* evento) override;
 
 private:
+    /// Width that a picture has room for.
+    [[nodiscard]] int posto_figure() const;
+    void adatta_figure();
+
     int ingrandimento_ = 0;
+    int posto_figure_ = 0;  ///< for which those in view were made
 };
 
 class Finestra : public QMainWindow {

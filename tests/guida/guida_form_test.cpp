@@ -11,6 +11,7 @@
 #include <QListWidget>
 #include <QPdfWriter>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QTest>
 #include <QTreeWidget>
 
@@ -315,6 +316,23 @@ TEST_F(FinestraGuida, ICaratteriSiIngrandiscono) {
     EXPECT_EQ(foglio->document()->defaultFont().pixelSize(), prima);
     for (int i = 0; i < 30; ++i) clic("meno");
     EXPECT_GE(foglio->document()->defaultFont().pixelSize(), 9);
+}
+
+TEST_F(FinestraGuida, LeFigureStannoNellaPagina) {
+    auto* foglio = trova<Foglio>("foglio");
+    const auto larga = [&] {
+        const QVariant figura =
+            foglio->document()->resource(QTextDocument::ImageResource, QUrl("figure/form1.png"));
+        const auto i = figura.value<QImage>();
+        return i.width() / i.devicePixelRatio();
+    };
+    for (const int largo : {640, 1080, 780, 640}) {
+        finestra.resize(largo, 500);
+        QApplication::processEvents();
+        EXPECT_EQ(foglio->horizontalScrollBar()->maximum(), 0) << largo;
+        EXPECT_LE(larga(), foglio->viewport()->width()) << largo;
+        EXPECT_GE(larga(), foglio->viewport()->width() * 9 / 10) << largo;
+    }
 }
 
 TEST_F(FinestraGuida, OgniControlloHaUnNomePerChiNonVede) {
