@@ -94,14 +94,15 @@ fai_ospite() {
   cmake --build "$OPERA/ospite" | tail -1
 }
 
-# fai_programma FOLDER OPTION...: the program itself, in a folder of build/windows.
+# fai_programma TARGETS OPTION...: the program itself, or its tests, which share all that both have.
 fai_programma() {
-  local cartella=$OPERA/$1
+  local -a mete
+  read -ra mete <<<"$1"
   shift
-  cmake -S . -B "$cartella" -G Ninja -DCMAKE_BUILD_TYPE=Release \
+  cmake -S . -B "$OPERA/x64" -G Ninja -DCMAKE_BUILD_TYPE=Release \
     -DCMAKE_TOOLCHAIN_FILE="$PWD/packaging/windows/toolchain.cmake" \
     -DCMAKE_PREFIX_PATH="$OPERA/qt/qt" "${QT_OSPITE[@]}" \
     -DTABELLINO_OSPITE="$OPERA/ospite" -DTABELLINO_SQLITE="$OPERA/sqlite" \
     "-DCMAKE_CXX_FLAGS=-ffile-prefix-map=$PWD=." "$@" >/dev/null
-  cmake --build "$cartella" | tail -1
+  cmake --build "$OPERA/x64" --target "${mete[@]}" | tail -1
 }
