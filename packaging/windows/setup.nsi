@@ -59,6 +59,7 @@ VIAddVersionKey LegalCopyright "The Tabellino developers"
   !insertmacro CHIUSO "guida.exe"
 !macroend
 
+; A name and an icon, and no way to open: the program takes no file from its command line.
 !macro TIPO ESTENSIONE NOME ICONA
   WriteRegStr HKCU "${CLASSI}\.${ESTENSIONE}" "" "Tabellino.${ESTENSIONE}"
   WriteRegStr HKCU "${CLASSI}\Tabellino.${ESTENSIONE}" "" "${NOME}"
