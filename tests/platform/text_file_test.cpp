@@ -309,7 +309,7 @@ TEST_F(TextReaderTest, OfAnEndlessLineTheMemoryHoldsAPartOnly) {
     const std::string nome = cartella_.file("f");
     cartella_.scrivi("f", "\"");
     ASSERT_EQ(::truncate(nome.c_str(), lunghezza), 0);
-    std::ofstream(nome, std::ios::app) << "\"\r\n7";
+    std::ofstream(nome, std::ios::app | std::ios::binary) << "\"\r\n7";
     ASSERT_TRUE(lettore_.apri(nome));
     EXPECT_EQ(campo().size(), std::size_t{1} << 24);
     EXPECT_EQ(numero(), 7);

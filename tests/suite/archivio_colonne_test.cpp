@@ -75,14 +75,19 @@ std::vector<Concorso> storia() {
 }
 
 std::string in_forma(const Data& d, std::size_t forma) {
-    const char* modelli[] = {
-        "%1$04d-%2$02d-%3$02d",         "%1$04d/%2$02d/%3$02d", "%1$04d%2$02d%3$02d",
-        "%3$02d/%2$02d/%1$04d",         "%3$d/%2$d/%1$d",       "%3$02d.%2$02d.%1$d",
-        "%1$04d-%2$02d-%3$02d 20:00:00"};
-    char testo[64];
-    std::snprintf(testo, sizeof testo, modelli[forma % std::size(modelli)], d.anno, d.mese,
-                  d.giorno);
-    return testo;
+    const auto corto = [](int n) { return std::to_string(n); };
+    const auto lungo = [&](int n) { return (n < 10 ? "0" : "") + corto(n); };
+    const std::string a = corto(d.anno);
+    const std::string m = lungo(d.mese);
+    const std::string g = lungo(d.giorno);
+    const std::string forme[] = {a + "-" + m + "-" + g,
+                                 a + "/" + m + "/" + g,
+                                 a + m + g,
+                                 g + "/" + m + "/" + a,
+                                 corto(d.giorno) + "/" + corto(d.mese) + "/" + a,
+                                 g + "." + m + "." + a,
+                                 a + "-" + m + "-" + g + " 20:00:00"};
+    return forme[forma % std::size(forme)];
 }
 
 /// Names of a day, a number, six drawn, Jolly, SuperStar and a wheel, as files spell them.

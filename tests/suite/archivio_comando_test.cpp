@@ -40,7 +40,7 @@ class ComandoInstallato : public Comando {
 protected:
     ComandoInstallato() {
         fs::create_directories(cartella_.file("bin"));
-        programma_ = cartella_.file("bin/archivio");
+        programma_ = cartella_.file("bin/archivio") + fs::path(ARCHIVIO).extension().string();
         std::error_code altro_disco;
         fs::create_hard_link(ARCHIVIO, programma_, altro_disco);
         if (altro_disco) fs::copy_file(ARCHIVIO, programma_);

@@ -17,6 +17,7 @@
 #include <string>
 #include <sys/stat.h>
 #include <sys/types.h>
+#include <sys/utime.h>
 #include <unistd.h>
 
 #ifndef EDQUOT
@@ -136,10 +137,12 @@ inline int fcntl(int /*fd*/, int /*cosa*/, ...) {
 constexpr int O_NONBLOCK = 0;
 constexpr int O_CLOEXEC = 0;
 constexpr int AT_FDCWD = -100;
-inline int utimensat(int /*dove*/, const char* /*nome*/, const struct timespec* /*tempi*/,
-                     int /*come*/) {
-    return non_c_e();
+inline int utimensat(int /*dove*/, const char* nome, const struct timespec* tempi, int /*come*/) {
+    __utimbuf64 quando{tempi[0].tv_sec, tempi[1].tv_sec};
+    return _utime64(nome, &quando);
 }
+// Files of many gigabytes are cut to size by the call of that width alone.
+#define truncate truncate64
 inline int lstat(const char* nome, struct stat* s) {
     return stat(nome, s);
 }
