@@ -5,6 +5,7 @@
 #include <QIntValidator>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QScreen>
 #include <QShortcut>
 
 #include "app/finestra.h"
@@ -110,6 +111,26 @@ bool Strumenti::eventFilter(QObject* oggetto, QEvent* evento) {
     return QObject::eventFilter(oggetto, evento);
 }
 
+namespace {
+
+/// Where a window stands beside the viewer, on the side that has room; with none on either, over
+/// its right edge.
+QPoint accanto(const Form3& visore, const QWidget& quale) {
+    constexpr int distanza = 8;
+    // What its frame will take.
+    constexpr QSize cornice(8, 36);
+    const QSize serve = quale.size() + cornice;
+    const QRect schermo = visore.screen()->availableGeometry();
+    const QRect suo = visore.frameGeometry();
+    const QPoint dove = suo.topRight() + QPoint(distanza, 0);
+    if (dove.x() + serve.width() <= schermo.right() + 1) return dove;
+    const int a_sinistra = suo.left() - distanza - serve.width();
+    if (a_sinistra >= schermo.left()) return {a_sinistra, suo.top()};
+    return {schermo.right() + 1 - serve.width(), suo.top()};
+}
+
+}  // namespace
+
 void Strumenti::cerca() {
     if (!visore_.HScroll1->isEnabled() || al_lavoro_) return;
     auto* aperta = visore_.findChild<frmcerca*>();
@@ -117,9 +138,7 @@ void Strumenti::cerca() {
         aperta = new frmcerca(visore_);
         platform::Scala* sua = platform::Scala::di(aperta);
         if (!sua->rimetti()) {
-            // Beside what it looks for, where the screen has room.
-            constexpr int distanza = 8;
-            aperta->move(visore_.frameGeometry().topRight() + QPoint(distanza, 0));
+            aperta->move(accanto(visore_, *aperta));
             platform::tieni_sullo_schermo(aperta);
             sua->messa(aperta->pos());
         }

@@ -1,5 +1,8 @@
 // Going to a page, searching and exporting from the viewer.
+#include <QScreen>
+
 #include "platform/qt/folder.h"
+#include "platform/qt/scala.h"
 #include "platform/qt/scrivania.h"
 #include "support/finestre_aperte.h"
 #include "viewer/frmcerca.h"
@@ -50,6 +53,21 @@ protected:
     std::string file;
     QString proposto;
 };
+
+TEST_F(StrumentiTest, TheSearchStandsOnTheSideThatHasRoom) {
+    Form3& f = apri(100);
+    platform::Scala::di(&f)->porta_a(0.6);
+    const QRect schermo = f.screen()->availableGeometry();
+    for (const int x : {schermo.left(), schermo.right() + 1 - f.frameGeometry().width()}) {
+        f.move(x, schermo.top());
+        f.activateWindow();
+        QApplication::processEvents();
+        frmcerca& c = cerca(f, "3");
+        EXPECT_FALSE(c.frameGeometry().intersects(f.frameGeometry())) << x;
+        EXPECT_TRUE(schermo.contains(c.frameGeometry())) << x;
+        delete &c;
+    }
+}
 
 TEST_F(StrumentiTest, TheButtonsStandBetweenThePageAndTheExit) {
     const Form3& f = apri(100);
