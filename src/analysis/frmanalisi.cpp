@@ -91,7 +91,12 @@ bool frmanalisi::superata() {
 }
 
 void frmanalisi::iniz() {
-    if (al_lavoro_ || superata()) return;
+    if (al_lavoro_) return;
+    if (superata()) {
+        // Before the first count there is nothing to print or to copy.
+        occupato(false);
+        return;
+    }
     const QString nome = platform::Tag(this);
     lblnomesistema->setText(nome);
     lblstato->setText("Analisi in corso…");

@@ -398,6 +398,21 @@ TEST_F(AnalisiForm, ASystemThatChangedMeanwhileIsNotAnalysed) {
     EXPECT_EQ(p.form1.lblanalisi->text(), "");
 }
 
+TEST_F(AnalisiForm, OpenedOnASystemThatChangedItHasNothingToPrintOrToCopy) {
+    in_linea("1,2,3,4,5,6\r\n");
+    p.form1.sessione.segna_salvato(false);
+    frmanalisi f(p.form1);
+    platform::set_Tag(&f, p.form1.Tag());
+    f.show();
+    f.iniz();
+    EXPECT_TRUE(f.lblstato->text().startsWith("Il sistema è cambiato"));
+    for (const QWidget* w :
+         std::initializer_list<QWidget*>{f.cmdpdf, f.cmdcopia, f.cmdmigliora, f.schede, f.pagine}) {
+        EXPECT_FALSE(w->isEnabled()) << w->objectName().toStdString();
+    }
+    EXPECT_TRUE(f.CmdEsci->isEnabled());
+}
+
 TEST_F(AnalisiForm, ASystemThatChangedMeanwhileIsNotLaidBetter) {
     frmanalisi& f = apri("1,2,3,4,5,6\r\n");
     p.form1.sessione.in_linea("altro");
