@@ -22,9 +22,9 @@ TEST(AvvioSchedine, LaRadiceEQuellaDelComando) {
 TEST(AvvioSchedine, UnComandoDAltrovePrendeLaSuiteDellUtente) {
     const support::Cartella suite;
     const fs::path dati = suite.radice() + "/dati";
-    ::setenv("XDG_DATA_HOME", dati.c_str(), 1);
+    ::setenv("XDG_DATA_HOME", dati.string().c_str(), 1);
     EXPECT_EQ(schedine::radice_suite("/usr/bin/stampa", "/usr/bin"),
-              (dati / "sortivario/").string());
+              (dati / "sortivario/").generic_string());
     ::unsetenv("XDG_DATA_HOME");
 }
 
