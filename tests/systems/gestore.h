@@ -27,7 +27,7 @@ inline Stato stato(const std::string& cartella) {
     Stato s;
     for (const auto& voce : fs::directory_iterator(cartella)) {
         std::ifstream f(voce.path(), std::ios::binary);
-        s[voce.path().filename()] = {std::istreambuf_iterator<char>(f), {}};
+        s[voce.path().filename().string()] = {std::istreambuf_iterator<char>(f), {}};
     }
     return s;
 }
