@@ -23,7 +23,7 @@ namespace fs = std::filesystem;
 namespace {
 
 /// Beginnings of every text that the program may show in a box.
-const std::array<const char*, 36> previsti = {
+const std::array<const char*, 38> previsti = {
     "Per procedere al salvataggio del sistema occorre completare lo schema del Cruciverba",
     "Per procedere al salvataggio del sistema si deve completare il Cruciverba",
     "Per procedere all'elaborazione del sistema occorre completare lo schema del Cruciverba",
@@ -59,6 +59,8 @@ const std::array<const char*, 36> previsti = {
     "Per poter  stampare sviluppo, prospetto o scehdine è necessario prima salvare il sistema.",
     "Il prospetto è nel file\n",
     "Lo sviluppo è nel file\n",
+    "L'analisi è nel file\n",
+    "L'analisi non è stata scritta.\n",
     "Reinstalla Sortivario dal tuo CD-ROM.\r\nFile Danneggiato!",
 };
 const std::array<const char*, 4> previsti_rari = {
@@ -125,6 +127,7 @@ void Giocatore::annota(const QString& riga) {
 
 int Giocatore::rispondi(const platform::Messaggio& messaggio) {
     if (!previsto(messaggio.testo)) boxes_inattesi_ << messaggio.testo;
+    if (sorte_.una_su(6)) return rispondi_alla_vera(messaggio);
     int risposta = platform::vbOK;
     if (messaggio.pulsanti != platform::Pulsanti::ok) {
         const int caso = sorte_.sotto(10);
@@ -134,6 +137,15 @@ int Giocatore::rispondi(const platform::Messaggio& messaggio) {
         }
     }
     annota(QStringLiteral("   box \"%1\" -> %2").arg(messaggio.testo.left(60)).arg(risposta));
+    return risposta;
+}
+
+int Giocatore::rispondi_alla_vera(const platform::Messaggio& messaggio) {
+    const auto risponde = std::exchange(platform::scrivania().risponde, {});
+    annota(QStringLiteral("   box vero \"%1\"").arg(messaggio.testo.left(60)));
+    const int risposta = platform::MsgBox(form1_.get(), messaggio);
+    platform::scrivania().risponde = risponde;
+    annota(QStringLiteral("   -> %1").arg(risposta));
     return risposta;
 }
 
@@ -163,6 +175,12 @@ void Giocatore::gioca_modale(QWidget* finestra) {
             }
             QApplication::processEvents();
         }
+    } else if (auto* box = qobject_cast<QMessageBox*>(finestra)) {
+        gioca_box(*box);
+    } else if (auto* migliora = qobject_cast<analysis::frmmigliora*>(finestra)) {
+        gioca_migliora(*migliora);
+    } else if (auto* cerca = qobject_cast<analysis::frmcercatabella*>(finestra)) {
+        gioca_cerca(*cerca);
     } else if (auto* info = qobject_cast<help::frmAbout*>(finestra)) {
         clic(info->cmdOK);
     }
@@ -203,6 +221,12 @@ void Giocatore::agisci() {
     }
     if (auto* f = aperta<viewer::formeuro>()) {
         scelte.push_back({3, "formeuro", [this, f] { gioca_importo(*f); }});
+    }
+    if (auto* f = aperta<analysis::frmanalisi>()) {
+        scelte.push_back({3, "frmanalisi", [this, f] { gioca_analisi(*f); }});
+    }
+    if (auto* f = aperta<analysis::frmtabelle>()) {
+        scelte.push_back({3, "frmtabelle", [this, f] { gioca_tabelle(*f); }});
     }
     esegui(scelte);
     QApplication::processEvents();

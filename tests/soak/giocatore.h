@@ -9,9 +9,14 @@
 #include <utility>
 #include <vector>
 
+#include <QMessageBox>
 #include <QPointer>
 #include <QStringList>
 
+#include "analysis/frmanalisi.h"
+#include "analysis/frmcercatabella.h"
+#include "analysis/frmmigliora.h"
+#include "analysis/frmtabelle.h"
 #include "app/dialoghi_qt.h"
 #include "app/form1.h"
 #include "check/frmspoglio.h"
@@ -71,6 +76,8 @@ private:
     void avvia();
     void ferma();
     int rispondi(const platform::Messaggio& messaggio);
+    /// The answer of a box that stands, with all that knocks at the windows below it.
+    int rispondi_alla_vera(const platform::Messaggio& messaggio);
     void annota(const QString& riga);
     void esegui(const std::vector<Scelta>& scelte);
     /// The window of a kind that stands, null when there is none.
@@ -90,6 +97,11 @@ private:
     void gioca_spoglio(check::frmspoglio& f);
     void gioca_stampa(printing::frmstsvl& f);
     void gioca_importo(viewer::formeuro& f);
+    void gioca_analisi(analysis::frmanalisi& f);
+    void gioca_tabelle(analysis::frmtabelle& f);
+    void gioca_box(QMessageBox& box);
+    void gioca_migliora(analysis::frmmigliora& f);
+    void gioca_cerca(analysis::frmcercatabella& f);
     void gioca_modale(QWidget* finestra);
 
     // Actions on the main form.

@@ -142,12 +142,16 @@ void Giocatore::controlla_finestre(QStringList& difetti) {
     }
     if (nomi.removeDuplicates() > 0) difetti << "doppie: " + nomi.join(' ');
     const QStringList note{"Form1",    "Form2",    "Form3",      "frmspoglio",
-                           "frmstsvl", "formeuro", "frmanalisi", "frmmigliora"};
+                           "frmstsvl", "formeuro", "frmanalisi", "frmtabelle"};
     for (const QString& nome : nomi) {
         if (!note.contains(nome)) difetti << "finestra: " + nome;
     }
     if (nomi.contains("Form1") == nomi.contains("frmspoglio")) difetti << "Form1 e lo spoglio";
     if (form1_->ProgressBar1->isVisible()) difetti << "barra rimasta";
+    if (const auto* f = aperta<analysis::frmanalisi>()) {
+        if (f->ProgressBar1->isVisible() || f->cmdannulla->isVisible() || !f->CmdEsci->isEnabled())
+            difetti << "un'analisi che non finisce";
+    }
     if (platform::MousePointer() != 0 && clessidra_ammessa_) platform::MousePointer(0);
     clessidra_ammessa_ = false;
     if (platform::MousePointer() != 0 || QApplication::overrideCursor() != nullptr) {

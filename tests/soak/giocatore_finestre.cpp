@@ -2,6 +2,7 @@
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QTest>
+#include <QTimer>
 
 #include "platform/qt/desktop.h"
 #include "soak/giocatore.h"
@@ -151,6 +152,88 @@ void Giocatore::gioca_importo(viewer::formeuro& f) {
         {6, " pulsante", [this, &f] { premi_un_pulsante(f); }},
         {1, " esc", [&f] { QTest::keyClick(&f, Qt::Key_Escape); }},
     });
+}
+
+void Giocatore::gioca_analisi(analysis::frmanalisi& f) {
+    const auto scheda = [this, &f] {
+        const int quale = sorte_.sotto(f.schede->count());
+        QTest::mouseClick(f.schede, Qt::LeftButton, {}, f.schede->tabRect(quale).center());
+    };
+    const auto premio = [this, &f] {
+        QLineEdit* t = sorte_.uno(f.txtpremio);
+        if (!t->isVisible()) return;
+        t->setFocus();
+        t->clear();
+        QTest::keyClicks(t, sorte_.uno(QStringList{"100", "1.000,50", "0", "x", "-3", ""}));
+        QTest::keyClick(t, Qt::Key_Return);
+    };
+    esegui({
+        {5, " scheda", scheda},
+        {3, " premio", premio},
+        {2, " ruota",
+         [this, &f] {
+             if (f.Combo1 != nullptr) scegli(f.Combo1, 11);
+         }},
+        {6, " pulsante", [this, &f] { premi_un_pulsante(f); }},
+        {1, " invio", [&f] { QTest::keyClick(&f, Qt::Key_Return); }},
+        {1, " esc", [&f] { QTest::keyClick(&f, Qt::Key_Escape); }},
+        {1, " chiudi", [&f] { f.close(); }},
+    });
+}
+
+void Giocatore::gioca_tabelle(analysis::frmtabelle& f) {
+    const auto riga = [this, &f] {
+        QTableWidget* g = f.catalogo->griglia;
+        if (g->rowCount() == 0) return;
+        const QModelIndex i = g->model()->index(sorte_.sotto(g->rowCount()), 0);
+        g->scrollTo(i);
+        QTest::mouseClick(g->viewport(), Qt::LeftButton, {}, g->visualRect(i).center());
+    };
+    esegui({
+        {3, " gioco", [this, &f] { scegli(f.gioco, 4); }},
+        {3, " numeri", [this, &f] { scegli(f.numeri, 4); }},
+        {4, " riga", riga},
+        {6, " pulsante", [this, &f] { premi_un_pulsante(f); }},
+        {1, " esc", [&f] { QTest::keyClick(&f, Qt::Key_Escape); }},
+        {1, " chiudi", [&f] { f.close(); }},
+    });
+}
+
+void Giocatore::gioca_box(QMessageBox& box) {
+    // Escape answers the others.
+    if (!sorte_.una_su(4)) clic(sorte_.uno(box.buttons()));
+}
+
+void Giocatore::gioca_migliora(analysis::frmmigliora& f) {
+    const QPointer<analysis::frmmigliora> ancora(&f);
+    for (int i = sorte_.sotto(4); i >= 0 && ancora && ancora->isVisible(); --i) {
+        esegui({
+            {3, "   modale: scopo", [this, &f] { scegli(f.scopo, 4); }},
+            {3, "   modale: ferma un numero",
+             [this, &f] {
+                 const QModelIndex c = f.griglia->model()->index(
+                     sorte_.sotto(f.griglia->rowCount()), sorte_.sotto(f.griglia->columnCount()));
+                 QTest::mouseClick(f.griglia->viewport(), Qt::LeftButton, {},
+                                   f.griglia->visualRect(c).center());
+             }},
+            {2, "   modale: pareggia", [this, &f] { clic(f.chkpareggia); }},
+        });
+    }
+}
+
+void Giocatore::gioca_cerca(analysis::frmcercatabella& f) {
+    scegli(f.estratti, 5);
+    scegli(f.indovinati, 5);
+    if (sorte_.una_su(3)) f.colonne->setValue(sorte_.sotto(30));
+    if (sorte_.una_su(2)) return;
+    annota("   modale: cerca e ferma");
+    // How far it comes is the machine's affair, so nothing is adopted of it.
+    QTimer::singleShot(0, f.cmdferma,
+                       [ferma = f.cmdferma] { QTest::mouseClick(ferma, Qt::LeftButton); });
+    clic(f.cmdcerca);
+    if (!f.CmdEsci->isEnabled() || f.ProgressBar1->isVisible()) {
+        boxes_inattesi_ << "una ricerca che non finisce";
+    }
 }
 
 }  // namespace soak

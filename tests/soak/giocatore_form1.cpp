@@ -159,6 +159,10 @@ void Giocatore::comando(int quale) {
 
 void Giocatore::menu() {
     const app::Form1& f = *form1_;
+    if (!troppo_grande() && sorte_.una_su(4)) {
+        voce(sorte_.uno(std::array{f.mnuanalisi, f.mnuanalisi, f.mnutabelle, f.mnumigliora}));
+        return;
+    }
     const std::array<QAction*, 12> voci = {f.mnunuovo,
                                            f.mnuapri,
                                            f.mnuapri,
