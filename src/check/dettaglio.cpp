@@ -45,7 +45,6 @@ bool Dettaglio::aggiungi(const RichiestaSpoglio& richiesta, const Spoglio& spogl
     for (std::size_t k = 1; k <= spoglio.quante() && avanti; ++k) {
         const std::int32_t posizione = spoglio.lista_colonne(k);
         while (i < posizione && lettore.prossimo()) ++i;
-        i = posizione;
         schede_.push_back(scheda_di(posizione, pannelli));
         numeri_.push_back(lettore.colonna());
         punti_.push_back(spoglio.lista_punti(k));

@@ -164,7 +164,7 @@ std::uint32_t CoperturaLocale::da_togliere() {
         const std::int32_t di_ultimo = std::exchange(perdita_[ultimo_], nessuna_perdita);
         std::int32_t minimo = nessuna_perdita;
         for (std::uint32_t b = 0; b < quanti / blocco; ++b) {
-            const std::int32_t* const p = perdita_.data() + b * blocco;
+            const std::int32_t* const p = perdita_.data() + static_cast<std::size_t>(b) * blocco;
             std::int32_t suo = p[0];
             for (std::uint32_t i = 1; i < blocco; ++i) suo = std::min(suo, p[i]);
             minimi_[b] = suo;

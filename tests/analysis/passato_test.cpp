@@ -55,6 +55,7 @@ TEST_F(Passato, LottoPerRuotaEPerTutte) {
     const auto roma = leggi(Gioco::lotto(3), "RM");
     EXPECT_EQ(dove(roma), (std::vector<std::string>{"3Roma", "4Roma"}));
     EXPECT_EQ(roma[1].numeri, (std::array<std::uint8_t, 6>{16, 17, 18, 19, 20, 0}));
+    EXPECT_EQ(roma[1].data, "05/01/2001");
     EXPECT_EQ(roma[1].jolly, 0);
     EXPECT_EQ(dove(leggi(Gioco::lotto(3), statistics::nazionale)),
               (std::vector<std::string>{"4Nazionale"}));
