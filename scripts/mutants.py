@@ -386,7 +386,8 @@ def main():
     if chosen.write:
         tried = sum(results.get(m.key, "invalid") != "invalid" for m in mutants)
         replace_section("Mutants", f"A sample of {tried} changes of one thing each, seed {chosen.seed}, by "
-                        "the lines of each room of the core, and whether the\nlogic's own tests notice: "
+                        "the lines of each room of the core, and whether the\ntests of "
+                        f"{'all rooms' if chosen.all else 'its room alone'} notice: "
                         "`scripts/mutants.py --write`. Those that change nothing stand with the reason in\n"
                         "`tests/mutants/equivalent.txt`.\n\n" + text)
 
