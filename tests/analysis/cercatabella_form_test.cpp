@@ -33,6 +33,14 @@ protected:
         QApplication::processEvents();
         return *dialogo;
     }
+    /// Of tables of three numbers over a line of seven, three drawn and so many guessed.
+    frmcercatabella& terzine_di_7(int indovinati, int colonne) {
+        frmcercatabella& d = cerca_da(tabelle(1, 7), "tr0701");
+        Programma::scegli(d.estratti, 1);
+        Programma::scegli(d.indovinati, indovinati - 2);
+        d.colonne->setValue(colonne);
+        return d;
+    }
     /// Row of a table in the catalogue; -1 when it is not there.
     static int riga(const frmtabelle& f, const QString& nome) {
         for (int y = 0; y < f.catalogo->griglia->rowCount(); ++y) {
@@ -167,11 +175,7 @@ TEST_F(CercaTabellaForm, CioCheNonSiPuoHaIlSuoPerche) {
 }
 
 TEST_F(CercaTabellaForm, ConLeColonneContateDiceQuanteVolteManca) {
-    frmtabelle& f = tabelle(1, 7);
-    frmcercatabella& d = cerca_da(f, "tr0701");
-    Programma::scegli(d.estratti, 1);
-    Programma::scegli(d.indovinati, 1);
-    d.colonne->setValue(34);
+    frmcercatabella& d = terzine_di_7(3, 34);
     EXPECT_EQ(d.lblstato->text(),
               "Non si può: 34 righe sono poche: per questa garanzia ne servono "
               "almeno 35.");
@@ -181,11 +185,7 @@ TEST_F(CercaTabellaForm, ConLeColonneContateDiceQuanteVolteManca) {
 }
 
 TEST_F(CercaTabellaForm, LeColonneCheAvanzanoDiconoCheCosaComprano) {
-    frmtabelle& f = tabelle(1, 7);
-    frmcercatabella& d = cerca_da(f, "tr0701");
-    Programma::scegli(d.estratti, 1);
-    Programma::scegli(d.indovinati, 0);
-    d.colonne->setValue(10);
+    frmcercatabella& d = terzine_di_7(2, 10);
     Programma::clic(d.cmdcerca);
     EXPECT_EQ(d.trovata().size(), 10U);
     EXPECT_EQ(d.lblstato->text(),

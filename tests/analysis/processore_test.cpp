@@ -63,37 +63,4 @@ TEST(Processore, EveryOneCountsTheSameWins) {
     }
 }
 
-TEST(Storico, TheBetterDrawHasTheHigherCategoryFirstThenMoreOfIt) {
-    EsitoEstrazione piu;
-    EsitoEstrazione meno;
-    EXPECT_FALSE(piu.meglio_di(meno));
-    for (const std::size_t t : {1U, 2U, 3U, 4U, 5U}) {
-        piu = meno = {};
-        piu.combinazioni[t] = 1;
-        meno.combinazioni[t - 1] = 9;
-        EXPECT_TRUE(piu.meglio_di(meno)) << t;
-        EXPECT_FALSE(meno.meglio_di(piu)) << t;
-        meno.combinazioni[t] = 2;
-        EXPECT_FALSE(piu.meglio_di(meno)) << t;
-    }
-    piu = meno = {};
-    piu.cinque_piu_uno = 1;
-    meno.combinazioni[5] = 9;
-    EXPECT_TRUE(piu.meglio_di(meno));
-    meno.combinazioni[6] = 1;
-    EXPECT_FALSE(piu.meglio_di(meno));
-    EXPECT_TRUE(meno.meglio_di(piu));
-}
-
-TEST(Storico, FiveAndTheJollyCountAsFiveHits) {
-    EsitoEstrazione esito;
-    EXPECT_EQ(esito.migliore(), 0);
-    esito.combinazioni[2] = 1;
-    EXPECT_EQ(esito.migliore(), 2);
-    esito.cinque_piu_uno = 1;
-    EXPECT_EQ(esito.migliore(), 5);
-    esito.combinazioni[6] = 1;
-    EXPECT_EQ(esito.migliore(), 6);
-}
-
 }  // namespace
