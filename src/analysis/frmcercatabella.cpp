@@ -154,11 +154,13 @@ void frmcercatabella::dimentica() {
     cmdadotta->setEnabled(false);
     const Desiderio d = desiderio();
     const std::string perche = development::impossibile(d);
-    lblstato->setText(perche.empty()
-                          ? tr("Servono almeno ") +
-                                quante(static_cast<std::size_t>(development::limite_inferiore(d))) +
-                                "."
-                          : tr("Non si può: ") + q(perche) + ".");
+    if (!perche.empty()) {
+        lblstato->setText(tr("Non si può: ") + q(perche) + ".");
+        return;
+    }
+    const auto almeno = static_cast<std::size_t>(development::limite_inferiore(d));
+    lblstato->setText((almeno == 1 ? tr("Serve almeno ") : tr("Servono almeno ")) + quante(almeno) +
+                      ".");
 }
 
 void frmcercatabella::occupato(bool si) {

@@ -193,6 +193,10 @@ TEST_F(CercaTabellaForm, LeColonneCheAvanzanoDiconoCheCosaComprano) {
               "3 colonne non è possibile. 3 o più nel 28,6 % dei casi.");
 }
 
+TEST_F(CercaTabellaForm, UnaColonnaSolaStaAlSingolare) {
+    EXPECT_EQ(cerca_da(tabelle(0, 6), "cr0600").lblstato->text(), "Serve almeno 1 colonna.");
+}
+
 TEST_F(CercaTabellaForm, NonSiEstraggonoPiuNumeriDiQuantiNeHannoGiocoELinea) {
     const auto elenco = [](const platform::ComboBox* c) {
         QStringList voci;
