@@ -206,7 +206,7 @@ private:
         platform::scrivi(altrove + file(nome, false), p_.cartella.leggi(file(nome, false)));
         comando_.json({"sviluppa", "--scrivi", altrove + file(nome, false)});
         for (const bool sviluppo : {false, true}) {
-            EXPECT_EQ(support::leggi(altrove + file(nome, sviluppo)),
+            EXPECT_EQ(support::contenuto(altrove + file(nome, sviluppo)),
                       p_.cartella.leggi(file(nome, sviluppo)));
             platform::Kill(altrove + file(nome, sviluppo));
         }

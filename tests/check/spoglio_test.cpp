@@ -19,10 +19,6 @@ namespace {
 
 using Righe = std::vector<std::vector<int>>;
 
-bool sempre(std::int32_t /*fatte*/) {
-    return true;
-}
-
 class SpoglioTest : public ::testing::Test {
 protected:
     [[nodiscard]] RichiestaSpoglio superenalotto(const Righe& righe,
@@ -50,7 +46,7 @@ protected:
         return cartella.file(nome);
     }
     Spoglio& conta(const RichiestaSpoglio& r) {
-        EXPECT_TRUE(s.conta(r, sempre));
+        EXPECT_TRUE(s.conta(r, [](std::int32_t) { return true; }));
         return s;
     }
     /// Texts of the second list.
@@ -69,7 +65,7 @@ protected:
     Spoglio s;
 };
 
-using Testi = std::vector<std::string>;
+using TestiVincenti = std::vector<std::string>;
 
 // Jolly 7, winning numbers 1 to 6.
 constexpr std::array<std::int16_t, 7> uno_a_sei{7, 1, 2, 3, 4, 5, 6};
@@ -86,7 +82,7 @@ TEST_F(SpoglioTest, EachCategoryCountsExactlyItsPoints) {
     for (int n = 0; n <= 6; ++n) EXPECT_EQ(s.totale(n), 1) << n;
     EXPECT_EQ(s.totale_jolly(5), 0);
     EXPECT_EQ(s.vincenti(), 4);
-    EXPECT_EQ(punti(), (Testi{"6", "5", "4", "3", "2", "1", "0"}));
+    EXPECT_EQ(punti(), (TestiVincenti{"6", "5", "4", "3", "2", "1", "0"}));
     EXPECT_EQ(colonne(), (std::vector<int>{1, 2, 3, 4, 5, 6, 7}));
 }
 
@@ -94,7 +90,7 @@ TEST_F(SpoglioTest, AllSixNumbersScoreSix) {
     conta(superenalotto({{1, 2, 3, 4, 5, 6}}, uno_a_sei));
     EXPECT_EQ(s.totale(6), 1);
     EXPECT_EQ(s.vincenti(), 1);
-    EXPECT_EQ(punti(), Testi{"6"});
+    EXPECT_EQ(punti(), TestiVincenti{"6"});
 }
 
 TEST_F(SpoglioTest, SixPointsWithARepeatedJollyGoToNoLabelButToTheTotalAndTheList) {
@@ -102,7 +98,7 @@ TEST_F(SpoglioTest, SixPointsWithARepeatedJollyGoToNoLabelButToTheTotalAndTheLis
     EXPECT_EQ(s.totale(6), 0);
     EXPECT_EQ(s.totale_jolly(6), 1);
     EXPECT_EQ(s.vincenti(), 1);
-    EXPECT_EQ(punti(), Testi{"6 + 1"});
+    EXPECT_EQ(punti(), TestiVincenti{"6 + 1"});
 }
 
 TEST_F(SpoglioTest, FiveNumbersAndTheJollyAreACategoryOfTheirOwn) {
@@ -110,14 +106,14 @@ TEST_F(SpoglioTest, FiveNumbersAndTheJollyAreACategoryOfTheirOwn) {
     EXPECT_EQ(s.totale_jolly(5), 1);
     EXPECT_EQ(s.totale(5), 0);
     EXPECT_EQ(s.vincenti(), 1);
-    EXPECT_EQ(punti(), Testi{"5 + 1"});
+    EXPECT_EQ(punti(), TestiVincenti{"5 + 1"});
 }
 
 TEST_F(SpoglioTest, FourNumbersAndTheJollyAreFour) {
     conta(superenalotto({{1, 2, 3, 4, 7, 60}}, uno_a_sei));
     EXPECT_EQ(s.totale(4), 1);
     EXPECT_EQ(s.totale_jolly(4), 0);
-    EXPECT_EQ(punti(), Testi{"4"});
+    EXPECT_EQ(punti(), TestiVincenti{"4"});
 }
 
 TEST_F(SpoglioTest, NumberTwiceAmongTheWinningOnesCountsTwice) {
@@ -137,7 +133,7 @@ TEST_F(SpoglioTest, TwoPointsAreACategoryAndNoWin) {
 TEST_F(SpoglioTest, EveryCombinationOfASuperenalottoEntersTheLists) {
     conta(superenalotto({{10, 20, 30, 40, 50, 60}, {1, 2, 3, 40, 50, 60}}, uno_a_sei));
     EXPECT_EQ(s.quante(), 2U);
-    EXPECT_EQ(punti(), (Testi{"0", "3"}));
+    EXPECT_EQ(punti(), (TestiVincenti{"0", "3"}));
 }
 
 TEST_F(SpoglioTest, ShortFileCountsItsLastRecordAgain) {
@@ -145,7 +141,7 @@ TEST_F(SpoglioTest, ShortFileCountsItsLastRecordAgain) {
     EXPECT_EQ(s.totale(0), 1);
     EXPECT_EQ(s.totale(3), 4);
     EXPECT_EQ(s.vincenti(), 4);
-    EXPECT_EQ(punti(), (Testi{"0", "3", "3", "3", "3"}));
+    EXPECT_EQ(punti(), (TestiVincenti{"0", "3", "3", "3", "3"}));
     EXPECT_EQ(colonne(), (std::vector<int>{1, 2, 3, 4, 5}));
     conta(lotto({{1, 20, 30}, {1, 2, 30}}, 3, {1, 2, 3, 4, 5}, 4));
     EXPECT_EQ(s.totale(2), 3);
@@ -155,13 +151,13 @@ TEST_F(SpoglioTest, ShortFileCountsItsLastRecordAgain) {
 TEST_F(SpoglioTest, RecordCutShortKeepsTheNumbersOfTheOneBefore) {
     cartella.scrivi("s.col", "1,2,3,40,50,60\r\n70,2");
     conta({cartella.file("s.col"), 2, Gioco(), uno_a_sei});
-    EXPECT_EQ(punti(), (Testi{"3", "2"}));
+    EXPECT_EQ(punti(), (TestiVincenti{"3", "2"}));
 }
 
 TEST_F(SpoglioTest, NumberBeyondSixteenBitsLeavesTheOneBefore) {
     cartella.scrivi("s.col", "1,2,3,40,50,60\r\n70000,2,3,40,50,60\r\n");
     conta({cartella.file("s.col"), 2, Gioco(), uno_a_sei});
-    EXPECT_EQ(punti(), (Testi{"3", "3"}));
+    EXPECT_EQ(punti(), (TestiVincenti{"3", "3"}));
 }
 
 TEST_F(SpoglioTest, NumberOutOfRangeIsComparedAsItStands) {
@@ -223,7 +219,7 @@ TEST_F(SpoglioTest, LottoCountsUnderTheWholeNumberOfHits) {
     EXPECT_EQ(s.totale(3), 1);
     EXPECT_EQ(s.totale(2), 1);
     EXPECT_EQ(s.vincenti(), 4);
-    EXPECT_EQ(punti(), (Testi{"5", "4", "3", "2"}));
+    EXPECT_EQ(punti(), (TestiVincenti{"5", "4", "3", "2"}));
 }
 
 TEST_F(SpoglioTest, OneHitLeavesNoTraceInLotto) {
@@ -254,7 +250,7 @@ TEST_F(SpoglioTest, LottoHasNoJolly) {
     r.vincente[6] = 2;
     conta(r);
     EXPECT_EQ(s.totale(5), 1);
-    EXPECT_EQ(punti(), Testi{"5"});
+    EXPECT_EQ(punti(), TestiVincenti{"5"});
 }
 
 TEST_F(SpoglioTest, WidthThatIsNoFormReadsNothing) {
@@ -292,10 +288,10 @@ TEST_F(SpoglioTest, CancellingErasesTheLists) {
     EXPECT_EQ(s.quante(), 0U);
 }
 
-using Caselle = std::vector<std::string>;
+using TestiVincenti = std::vector<std::string>;
 
 TEST(Vincenti, AreTheNumericValuesOfTheBoxes) {
-    const auto v = check::leggi_vincenti(Caselle{"7", "01", " 2 ", "3x", "90", "300", "6"});
+    const auto v = check::leggi_vincenti(TestiVincenti{"7", "01", " 2 ", "3x", "90", "300", "6"});
     ASSERT_TRUE(v);
     EXPECT_EQ(*v, (std::array<std::int16_t, 7>{7, 1, 2, 3, 90, 300, 6}));
 }
@@ -303,7 +299,7 @@ TEST(Vincenti, AreTheNumericValuesOfTheBoxes) {
 TEST(Vincenti, EachBoxIsRequiredTheJollyToo) {
     for (std::size_t i = 0; i < 7; ++i) {
         for (const char* vuota : {"", "0", "00", "x", "-3"}) {
-            Caselle caselle{"7", "1", "2", "3", "4", "5", "6"};
+            TestiVincenti caselle{"7", "1", "2", "3", "4", "5", "6"};
             caselle[i] = vuota;
             EXPECT_FALSE(check::leggi_vincenti(caselle)) << i << " " << vuota;
         }
@@ -311,7 +307,7 @@ TEST(Vincenti, EachBoxIsRequiredTheJollyToo) {
 }
 
 TEST(Vincenti, ValueThatDoesNotFitStaysZero) {
-    const auto v = check::leggi_vincenti(Caselle{"40000", "1e400", "2", "3", "4"});
+    const auto v = check::leggi_vincenti(TestiVincenti{"40000", "1e400", "2", "3", "4"});
     ASSERT_TRUE(v);
     EXPECT_EQ((*v)[0], 0);
     EXPECT_EQ((*v)[1], 0);

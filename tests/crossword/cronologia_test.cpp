@@ -9,43 +9,43 @@ using crossword::Cronologia;
 using crossword::Modifica;
 using Azione = std::vector<Modifica>;
 
-constexpr Modifica a{0, 0, 0, 5};
-constexpr Modifica b{0, 1, 0, 6};
-constexpr Modifica c{0, 1, 6, 0};
+constexpr Modifica primo_passo{0, 0, 0, 5};
+constexpr Modifica secondo_passo{0, 1, 0, 6};
+constexpr Modifica terzo_passo{0, 1, 6, 0};
 
 TEST(Cronologia, AnnullaERipeteInOrdine) {
     Cronologia k;
     EXPECT_EQ(k.annulla(), nullptr);
     EXPECT_EQ(k.ripeti(), nullptr);
-    k.annota(a);
-    k.annota(b);
+    k.annota(primo_passo);
+    k.annota(secondo_passo);
     ASSERT_NE(k.annulla(), nullptr);
-    EXPECT_EQ(*k.annulla(), Azione{a});
+    EXPECT_EQ(*k.annulla(), Azione{primo_passo});
     EXPECT_EQ(k.annulla(), nullptr);
-    EXPECT_EQ(*k.ripeti(), Azione{a});
-    EXPECT_EQ(*k.ripeti(), Azione{b});
+    EXPECT_EQ(*k.ripeti(), Azione{primo_passo});
+    EXPECT_EQ(*k.ripeti(), Azione{secondo_passo});
     EXPECT_EQ(k.ripeti(), nullptr);
 }
 
 TEST(Cronologia, UnaModificaNuovaToglieCioCheFuAnnullato) {
     Cronologia k;
-    k.annota(a);
-    k.annota(b);
+    k.annota(primo_passo);
+    k.annota(secondo_passo);
     k.annulla();
     k.annulla();
-    k.annota(c);
+    k.annota(terzo_passo);
     EXPECT_EQ(k.ripeti(), nullptr);
-    EXPECT_EQ(*k.annulla(), Azione{c});
+    EXPECT_EQ(*k.annulla(), Azione{terzo_passo});
     EXPECT_EQ(k.annulla(), nullptr);
 }
 
 TEST(Cronologia, UnGruppoEUnAzioneSola) {
     Cronologia k;
     k.apri();
-    k.annota(a);
-    k.annota(b);
+    k.annota(primo_passo);
+    k.annota(secondo_passo);
     k.chiudi();
-    EXPECT_EQ(*k.annulla(), (Azione{a, b}));
+    EXPECT_EQ(*k.annulla(), (Azione{primo_passo, secondo_passo}));
     EXPECT_EQ(k.annulla(), nullptr);
 }
 
@@ -59,9 +59,9 @@ TEST(Cronologia, CioCheNonCambiaNonEUnAzione) {
 
 TEST(Cronologia, VuotaNonLasciaNullaNemmenoDelGruppoAperto) {
     Cronologia k;
-    k.annota(a);
+    k.annota(primo_passo);
     k.apri();
-    k.annota(b);
+    k.annota(secondo_passo);
     k.vuota();
     k.chiudi();
     EXPECT_EQ(k.annulla(), nullptr);
@@ -85,7 +85,7 @@ TEST(Cronologia, DiceSeCEDaAnnullareEDaRipetere) {
     Cronologia k;
     EXPECT_FALSE(k.annullabile());
     EXPECT_FALSE(k.ripetibile());
-    k.annota(a);
+    k.annota(primo_passo);
     EXPECT_TRUE(k.annullabile());
     EXPECT_FALSE(k.ripetibile());
     k.annulla();
@@ -102,7 +102,7 @@ TEST(Cronologia, DueCruciverbaSiAnnotanoNelleCaselleCheCambiano) {
     k.apri();
     k.annota(prima, dopo);
     k.chiudi();
-    EXPECT_EQ(*k.annulla(), (Azione{a, c}));
+    EXPECT_EQ(*k.annulla(), (Azione{primo_passo, terzo_passo}));
 }
 
 TEST(Cronologia, ITipiDimenticatiLascianoLeCaselle) {
@@ -110,16 +110,16 @@ TEST(Cronologia, ITipiDimenticatiLascianoLeCaselle) {
     const Modifica tipo{0, 2, 1, 0, true};
     k.annota(tipo);
     k.apri();
-    k.annota(a);
+    k.annota(primo_passo);
     k.annota(tipo);
     k.chiudi();
-    k.annota(b);
+    k.annota(secondo_passo);
     k.annulla();
     k.dimentica_tipi();
-    EXPECT_EQ(*k.annulla(), Azione{a});
+    EXPECT_EQ(*k.annulla(), Azione{primo_passo});
     EXPECT_FALSE(k.annullabile());
     k.ripeti();
-    EXPECT_EQ(*k.ripeti(), Azione{b});
+    EXPECT_EQ(*k.ripeti(), Azione{secondo_passo});
 }
 
 TEST(Rimetti, ScambiaDueNumeriDiUnaLinea) {
@@ -146,7 +146,7 @@ TEST(Rimetti, UnAltroCruciverbaRestaComE) {
     crossword::Matrice m(6, 6);
     m.scrivi(0, 0, 9);
     const crossword::Matrice prima = m;
-    EXPECT_FALSE(crossword::rimetti({b, a}, true, m));
+    EXPECT_FALSE(crossword::rimetti({secondo_passo, primo_passo}, true, m));
     EXPECT_EQ(m, prima);
 }
 

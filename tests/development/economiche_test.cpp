@@ -16,6 +16,7 @@
 
 using namespace development;
 using crossword::Gioco;
+using support::contenuto;
 
 namespace {
 
@@ -23,13 +24,8 @@ const std::string spedite = SUITE_DIR "/ridotti";
 constexpr std::array giochi = {Gioco::superenalotto(), Gioco::lotto(3), Gioco::lotto(4),
                                Gioco::lotto(5)};
 
-std::string contenuto(const std::string& file) {
-    std::ifstream f(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(f), {}};
-}
-
 /// Rows of a file of numbers, commas and CR LF, read without the program's own readers.
-std::vector<unsigned> righe_di(const std::string& file, std::size_t k) {
+std::vector<unsigned> insiemi_di(const std::string& file, std::size_t k) {
     std::istringstream testo(contenuto(file));
     std::vector<unsigned> righe;
     for (std::string riga; std::getline(testo, riga);) {
@@ -90,7 +86,7 @@ TEST(Economiche, OgniGaranziaDiOgniLunghezzaHaLaSuaTabellaProvataPerEsteso) {
                 const int numero = g.t * 10 + g.p;
                 EXPECT_EQ(garanzia_del_numero(gioco, numero), g);
                 const std::string file = spedite + "/" + nome_tabella(gioco, n, numero);
-                const auto righe = righe_di(file, static_cast<std::size_t>(gioco.numeri()));
+                const auto righe = insiemi_di(file, static_cast<std::size_t>(gioco.numeri()));
                 ASSERT_FALSE(righe.empty()) << file;
                 EXPECT_EQ(scoperti(righe, n, g.p, g.t), 0) << file;
                 const Desiderio d{n, gioco.numeri(), g.p, g.t};
@@ -135,30 +131,30 @@ TEST(Economiche, NessunaCostaPiuDellaTabellaDettaConLaStessaGaranzia) {
 
 TEST(Economiche, LeMisureNoteSonoRaggiunte) {
     Economiche economiche;
-    struct Nota {
+    struct Misura {
         int n;
         int numero;
         int righe;
     };
-    for (const Nota& nota : {Nota{15, 56, 150},
-                             {14, 56, 103},
-                             {13, 56, 61},
-                             {12, 56, 39},
-                             {11, 56, 22},
-                             {10, 56, 14},
-                             {9, 56, 7},
-                             {8, 56, 4},
-                             {13, 46, 10},
-                             {14, 46, 14},
-                             {15, 46, 19},
-                             {15, 45, 40},
-                             {15, 44, 117},
-                             {15, 33, 31},
-                             {14, 36, 4},
-                             {15, 36, 4},
-                             {12, 36, 2},
-                             {13, 55, 245},
-                             {12, 55, 132}}) {
+    for (const Misura& nota : {Misura{15, 56, 150},
+                               {14, 56, 103},
+                               {13, 56, 61},
+                               {12, 56, 39},
+                               {11, 56, 22},
+                               {10, 56, 14},
+                               {9, 56, 7},
+                               {8, 56, 4},
+                               {13, 46, 10},
+                               {14, 46, 14},
+                               {15, 46, 19},
+                               {15, 45, 40},
+                               {15, 44, 117},
+                               {15, 33, 31},
+                               {14, 36, 4},
+                               {15, 36, 4},
+                               {12, 36, 2},
+                               {13, 55, 245},
+                               {12, 55, 132}}) {
         const auto e = economiche.una(spedite, Gioco(), nota.n, nota.numero);
         ASSERT_TRUE(e) << nota.n << " " << nota.numero;
         EXPECT_LE(e->righe, nota.righe) << nota.n << " " << nota.numero;

@@ -3,27 +3,15 @@
 
 #include <QMenuBar>
 
+#include "development/elaborare.h"
 #include "platform/disk.h"
 #include "support/riferimento.h"
 #include "systems/apertura.h"
 
 using namespace apertura;
+using namespace elaborare;
 
 namespace {
-
-const Mostrato incompleto{
-    "Per procedere all'elaborazione del sistema occorre completare lo schema del Cruciverba",
-    "Cruciverba", Pulsanti::ok, Icona::informazione};
-const Mostrato prima_salvare{"Per elaborare il sistema occore prima salvarlo.Vuoi salvare ora?",
-                             "Cruciverba", Pulsanti::si_no, Icona::nessuna};
-const Mostrato completata{"Elaborazione completata.", "Tabellino", Pulsanti::ok,
-                          Icona::informazione};
-/// Makes the system in line unsaved without touching its crossword.
-void tocca(Programma& p) {
-    p.cella(0, 0);
-    p.numero(p.form1.MSFlexGrid1->testo(0, 0).toInt());
-    ASSERT_FALSE(p.form1.sessione.salvato());
-}
 
 /// Nothing of a job is left on the screen or on the disk.
 void aspetta_a_riposo(const Programma& p) {

@@ -6,19 +6,17 @@
 #include <iterator>
 #include <string>
 
+#include "support/cartella.h"
+
 using namespace development;
 
 namespace {
 
-std::string contenuto(const std::string& nome) {
-    std::ifstream f(SUITE_DIR "/ridotti/" + nome + ".rid", std::ios::binary);
-    return {std::istreambuf_iterator<char>(f), {}};
-}
-
 Tabella tabella(const std::string& nome) {
     const auto parti = leggi_nome(nome);
     EXPECT_TRUE(parti.has_value());
-    const Lettura lettura = leggi_rigorosa(contenuto(nome), parti->n, parti->k());
+    const Lettura lettura = leggi_rigorosa(
+        support::contenuto(SUITE_DIR "/ridotti/" + nome + ".rid"), parti->n, parti->k());
     EXPECT_TRUE(lettura.errori.empty());
     return lettura.tabella;
 }

@@ -1,26 +1,18 @@
 // The roads that need a development: viewer and check ask, elaborate, and stop when told to.
 #include <QMenuBar>
 
+#include "development/elaborare.h"
 #include "platform/disk.h"
 #include "platform/runtime.h"
-#include "support/programma.h"
 #include "support/riferimento.h"
 
-using support::Icona;
-using support::Mostrato;
-using support::Pulsanti;
+using namespace elaborare;
+using support::Programma;
 using support::vbNo;
 using support::vbYes;
 
 namespace {
 
-const Mostrato incompleto{
-    "Per procedere all'elaborazione del sistema occorre completare lo schema del Cruciverba",
-    "Cruciverba", Pulsanti::ok, Icona::informazione};
-const Mostrato prima_salvare{"Per elaborare il sistema occore prima salvarlo.Vuoi salvare ora?",
-                             "Cruciverba", Pulsanti::si_no, Icona::nessuna};
-const Mostrato completata{"Elaborazione completata.", "Tabellino", Pulsanti::ok,
-                          Icona::informazione};
 const Mostrato sviluppo_senza_nome{
     "Per poter visulizzare le colonne del sistema occorre prima salvarlo.\nSalvare ora?",
     "Cruciverba", Pulsanti::si_no, Icona::nessuna};
@@ -48,30 +40,23 @@ const Mostrato spoglio_assente{
 using Mostrati = std::vector<Mostrato>;
 
 /// The windows that need a development are only counted.
-struct Programma : support::Programma {
-    explicit Programma(bool tabelle = false) : support::Programma(tabelle) {
+struct ProgrammaSpia : support::Programma {
+    explicit ProgrammaSpia(bool tabelle = false) : support::Programma(tabelle) {
         dialoghi.finti = true;
     }
 };
 
-/// Makes the system in line unsaved without touching its crossword.
-void tocca(Programma& p) {
-    p.cella(0, 0);
-    p.numero(p.form1.MSFlexGrid1->testo(0, 0).toInt());
-    ASSERT_FALSE(p.form1.sessione.salvato());
-}
-
 }  // namespace
 
 TEST(Sviluppo, IncompletoAvverte) {
-    Programma p;
+    ProgrammaSpia p;
     p.comando(2);
     EXPECT_EQ(p.mostrati(), Mostrati{incompleto});
     EXPECT_EQ(p.dialoghi.sviluppi, 0);
 }
 
 TEST(Sviluppo, SenzaNomeNoFinisce) {
-    Programma p;
+    ProgrammaSpia p;
     p.riempi();
     p.risposte = {vbNo};
     p.comando(2);
@@ -80,7 +65,7 @@ TEST(Sviluppo, SenzaNomeNoFinisce) {
 }
 
 TEST(Sviluppo, SenzaNomeEGestoreCongedatoFinisce) {
-    Programma p;
+    ProgrammaSpia p;
     p.riempi();
     p.annulla_nel_gestore();
     p.risposte = {vbYes};
@@ -90,7 +75,7 @@ TEST(Sviluppo, SenzaNomeEGestoreCongedatoFinisce) {
 }
 
 TEST(Sviluppo, AppenaSalvatoSenzaSviluppoLoDice) {
-    Programma p;
+    ProgrammaSpia p;
     p.riempi();
     p.scrivi_nel_gestore("uno");
     p.risposte = {vbYes};
@@ -100,7 +85,7 @@ TEST(Sviluppo, AppenaSalvatoSenzaSviluppoLoDice) {
 }
 
 TEST(Sviluppo, ModificatoNoFinisce) {
-    Programma p;
+    ProgrammaSpia p;
     p.riempi_e_salva("uno");
     tocca(p);
     p.risposte = {vbNo};
@@ -110,7 +95,7 @@ TEST(Sviluppo, ModificatoNoFinisce) {
 }
 
 TEST(Sviluppo, ModificatoSiElaboraEMostra) {
-    Programma p(true);
+    ProgrammaSpia p(true);
     p.riempi_e_salva("uno");
     tocca(p);
     p.risposte = {vbYes, vbYes};
@@ -121,7 +106,7 @@ TEST(Sviluppo, ModificatoSiElaboraEMostra) {
 }
 
 TEST(Sviluppo, ModificatoSiMaSenzaSalvareCadeSulFileAssente) {
-    Programma p(true);
+    ProgrammaSpia p(true);
     p.riempi_e_salva("uno");
     tocca(p);
     p.risposte = {vbYes, vbNo};
@@ -131,7 +116,7 @@ TEST(Sviluppo, ModificatoSiMaSenzaSalvareCadeSulFileAssente) {
 }
 
 TEST(Sviluppo, SalvatoConLoSviluppoMostraSenzaDomande) {
-    Programma p;
+    ProgrammaSpia p;
     p.riempi_e_salva("uno");
     p.cartella.scrivi("uno.col", "1,2,3,4,5,6\r\n");
     p.comando(2);
@@ -140,7 +125,7 @@ TEST(Sviluppo, SalvatoConLoSviluppoMostraSenzaDomande) {
 }
 
 TEST(Sviluppo, CancellatoIlFileInLineaSiChiedeDiElaborare) {
-    Programma p(true);
+    ProgrammaSpia p(true);
     p.riempi_e_salva("uno");
     p.comando(1);
     ASSERT_TRUE(std::filesystem::remove(p.cartella.file("uno.col")));
@@ -150,7 +135,7 @@ TEST(Sviluppo, CancellatoIlFileInLineaSiChiedeDiElaborare) {
 }
 
 TEST(Spoglio, IncompletoAvverteERidaIlPuntatore) {
-    Programma p;
+    ProgrammaSpia p;
     p.comando(6);
     EXPECT_EQ(p.mostrati(), Mostrati{spoglio_incompleto});
     EXPECT_EQ(platform::MousePointer(), 0);
@@ -158,7 +143,7 @@ TEST(Spoglio, IncompletoAvverteERidaIlPuntatore) {
 }
 
 TEST(Spoglio, SenzaNomeNoFinisce) {
-    Programma p;
+    ProgrammaSpia p;
     p.riempi();
     p.risposte = {vbNo};
     p.comando(6);
@@ -168,7 +153,7 @@ TEST(Spoglio, SenzaNomeNoFinisce) {
 }
 
 TEST(Spoglio, SenzaNomeEGestoreCongedatoFinisce) {
-    Programma p;
+    ProgrammaSpia p;
     p.riempi();
     p.annulla_nel_gestore();
     p.risposte = {vbYes};
@@ -179,7 +164,7 @@ TEST(Spoglio, SenzaNomeEGestoreCongedatoFinisce) {
 }
 
 TEST(Spoglio, AppenaSalvatoElaboraPoiApre) {
-    Programma p(true);
+    ProgrammaSpia p(true);
     p.riempi();
     p.scrivi_nel_gestore("uno");
     p.risposte = {vbYes, vbYes};
@@ -190,7 +175,7 @@ TEST(Spoglio, AppenaSalvatoElaboraPoiApre) {
 }
 
 TEST(Spoglio, SenzaFileNoFinisce) {
-    Programma p;
+    ProgrammaSpia p;
     p.riempi_e_salva("uno");
     p.risposte = {vbNo};
     p.comando(6);
@@ -199,7 +184,7 @@ TEST(Spoglio, SenzaFileNoFinisce) {
 }
 
 TEST(Spoglio, ModificatoNoFinisce) {
-    Programma p;
+    ProgrammaSpia p;
     p.riempi_e_salva("uno");
     p.cartella.scrivi("uno.col", "1,2,3,4,5,6\r\n");
     tocca(p);
@@ -210,7 +195,7 @@ TEST(Spoglio, ModificatoNoFinisce) {
 }
 
 TEST(Spoglio, ModificatoSiElaboraEApre) {
-    Programma p(true);
+    ProgrammaSpia p(true);
     p.riempi_e_salva("uno");
     tocca(p);
     p.risposte = {vbYes, vbYes};
@@ -220,7 +205,7 @@ TEST(Spoglio, ModificatoSiElaboraEApre) {
 }
 
 TEST(Spoglio, SalvatoConLoSviluppoApreSenzaDomande) {
-    Programma p;
+    ProgrammaSpia p;
     p.riempi_e_salva("uno");
     p.cartella.scrivi("uno.col", "1,2,3,4,5,6\r\n");
     p.comando(6);
@@ -230,7 +215,7 @@ TEST(Spoglio, SalvatoConLoSviluppoApreSenzaDomande) {
 }
 
 /// Runs `fare` once, at the first step of the bar at or past `da` while a job runs.
-void al_passo(Programma& p, int da, const std::function<void()>& fare) {
+void al_passo(ProgrammaSpia& p, int da, const std::function<void()>& fare) {
     auto fatto = std::make_shared<bool>(false);
     QObject::connect(p.form1.ProgressBar1, &QProgressBar::valueChanged, &p.form1,
                      [&p, da, fare, fatto](int valore) {
@@ -241,7 +226,7 @@ void al_passo(Programma& p, int da, const std::function<void()>& fare) {
 }
 
 TEST(DuranteIlLavoro, MenuEComandiSonoSpenti) {
-    Programma p(true);
+    ProgrammaSpia p(true);
     p.dimensioni(9, 9);
     p.riempi_e_salva("uno");
     const auto prima = p.griglia();
@@ -271,7 +256,7 @@ TEST(DuranteIlLavoro, MenuEComandiSonoSpenti) {
 }
 
 TEST(DuranteIlLavoro, NelLottoLaBarraStaFermaSulleLinee) {
-    Programma p(true);
+    ProgrammaSpia p(true);
     Programma::clic(p.form1.Image10);
     p.dimensioni(12, 12);
     p.riempi_e_salva("uno");
@@ -285,7 +270,7 @@ TEST(DuranteIlLavoro, NelLottoLaBarraStaFermaSulleLinee) {
 
 TEST(DuranteIlLavoro, LaBarraFinisceSulleCombinazioniSenzaRipetizioni) {
     for (const bool lotto : {false, true}) {
-        Programma p(true);
+        ProgrammaSpia p(true);
         if (lotto) Programma::clic(p.form1.Image10);
         p.dimensioni(9, 9);
         p.riempi_e_salva("uno");
@@ -308,7 +293,7 @@ INSTANTIATE_TEST_SUITE_P(Passi, Interruzione, ::testing::Values(1, 1500, 30000))
 
 TEST_P(Interruzione, LaCasellaDiChiusuraFermaIlLavoroELasciaIlFileFinale) {
     const std::string vecchio = "1,2,3,4,5,6\r\n";
-    Programma p(true);
+    ProgrammaSpia p(true);
     p.dimensioni(12, 12);
     p.riempi_e_salva("uno");
     p.cartella.scrivi("uno.col", vecchio);
@@ -331,7 +316,7 @@ TEST_P(Interruzione, LaCasellaDiChiusuraFermaIlLavoroELasciaIlFileFinale) {
 }
 
 TEST(Interrotta, ITemporaneiSparisconoAlLavoroDopo) {
-    Programma p(true);
+    ProgrammaSpia p(true);
     p.dimensioni(12, 12);
     p.riempi_e_salva("uno");
     al_passo(p, 500, [&p] { p.form1.close(); });
@@ -346,7 +331,7 @@ TEST(Interrotta, ITemporaneiSparisconoAlLavoroDopo) {
 
 TEST(Interrotta, ChiSviluppavaPerVedereOSpogliareFinisceInSilenzio) {
     for (const int comando : {2, 6}) {
-        Programma p(true);
+        ProgrammaSpia p(true);
         p.dimensioni(12, 12);
         p.riempi_e_salva("uno");
         p.cartella.scrivi("uno.col", "1,2,3,4,5,6\r\n");

@@ -11,6 +11,9 @@
 #include <vector>
 
 #include "development/garanzie.h"
+#include "support/cartella.h"
+
+using support::contenuto;
 
 namespace {
 
@@ -28,7 +31,7 @@ void PrintTo(const Attesa& attesa, std::ostream* uscita) {
 
 // Row counts as the captions tell them, and what the captions promise. The quartine of 14 numbers
 // have the 18 rows of their caption, since 14 rows cannot give its guarantee.
-constexpr std::array<Attesa, 136> attese = {
+constexpr std::array<Attesa, 136> tabelle_attese = {
     {{"cr0600", 1, 6, 6, 1},    {"cr0700", 7, 6, 6, 1},    {"cr0701", 1, 6, 5, 1},
      {"cr0702", 1, 6, 4, 1},    {"cr0703", 1, 6, 3, 1},    {"cr0800", 28, 6, 6, 1},
      {"cr0801", 4, 6, 5, 1},    {"cr0802", 1, 6, 4, 1},    {"cr0803", 1, 6, 3, 1},
@@ -75,11 +78,6 @@ constexpr std::array<Attesa, 136> attese = {
      {"cn1401", 12, 2, 2, 1},   {"cn1402", 43, 3, 3, 1},   {"cn1403", 230, 4, 4, 1},
      {"cn1500", 3003, 5, 5, 1}, {"cn1501", 13, 2, 2, 1},   {"cn1502", 56, 3, 3, 1},
      {"cn1503", 295, 4, 4, 1}}};
-
-std::string contenuto(const std::string& file) {
-    std::ifstream f(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(f), {}};
-}
 
 std::string file_di(const std::string& nome) {
     return SUITE_DIR "/ridotti/" + nome + ".rid";
@@ -185,7 +183,7 @@ TEST_P(TabellaRidotta, RigheEGaranzia) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Tutte, TabellaRidotta, testing::ValuesIn(attese),
+INSTANTIATE_TEST_SUITE_P(Tutte, TabellaRidotta, testing::ValuesIn(tabelle_attese),
                          [](const testing::TestParamInfo<Attesa>& parametro) {
                              return std::string(parametro.param.nome);
                          });

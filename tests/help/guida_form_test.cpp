@@ -9,12 +9,8 @@
 namespace {
 
 using support::AltreFinestre;
+using support::contenuto;
 using support::Programma;
-
-std::string contenuto(const std::string& nome) {
-    std::ifstream file(nome, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// Waits for what another process writes.
 std::string quando_arriva(const std::string& nome) {

@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <QWheelEvent>
 
+#include "platform/controlli_prova.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/flexgrid.h"
@@ -22,20 +23,6 @@ using platform::ListView;
 using platform::MSFlexGrid;
 using platform::TabStrip;
 using platform::UpDown;
-
-namespace {
-
-void mostra(QWidget& w) {
-    w.show();
-    w.activateWindow();
-    QApplication::processEvents();
-}
-
-void riempi(ComboBox& combo) {
-    for (const char* testo : {"uno", "due", "tre"}) combo.AddItem(testo);
-}
-
-}  // namespace
 
 TEST(Combo, NullaEScelto) {
     ComboBox combo(nullptr);

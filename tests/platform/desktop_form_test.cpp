@@ -6,6 +6,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include "platform/controlli_prova.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/pittura.h"
@@ -15,16 +16,6 @@ using platform::ComboBox;
 using platform::UpDown;
 
 namespace {
-
-void riempi(ComboBox& combo) {
-    for (const char* testo : {"uno", "due", "tre"}) combo.AddItem(testo);
-}
-
-void mostra(QWidget& w) {
-    w.show();
-    w.activateWindow();
-    QApplication::processEvents();
-}
 
 /// Runs pending events for sure, though they are paced.
 void eventi() {

@@ -10,6 +10,7 @@ using support::confronta_centro;
 using support::foglio_alto;
 using support::foglio_largo;
 using support::largo;
+using support::mezzo;
 using support::Registratore;
 using support::Tipo;
 using support::x0;
@@ -17,7 +18,6 @@ using support::x0;
 namespace {
 
 const Testata testata{"1.0.0", "Prova", "21/11/2026"};
-constexpr float mezzo = foglio_largo / 2;
 
 }  // namespace
 

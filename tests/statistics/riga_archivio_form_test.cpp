@@ -9,6 +9,7 @@
 
 using statistics::RigaArchivio;
 using support::aperta;
+using support::contenuto;
 using support::Programma;
 
 namespace {
@@ -16,11 +17,6 @@ namespace {
 constexpr platform::Data ultima{2026, 11, 12};
 const QString inventate = "Estrazioni inventate per prova";
 const QString vere = "L'ultima estrazione è del 12/11/2026, 10 giorni fa";
-
-std::string contenuto(const std::string& nome) {
-    std::ifstream file(nome, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 class RigaArchivioForm : public testing::Test {
 protected:

@@ -16,6 +16,8 @@
 #include "avvio.h"
 #include "support/cartella.h"
 
+using support::contenuto;
+
 namespace {
 
 struct Risposta {
@@ -23,11 +25,6 @@ struct Risposta {
     std::string uscita;
     std::string errori;
 };
-
-std::string contenuto(const std::string& file) {
-    std::ifstream f(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(f), {}};
-}
 
 class Ridotti : public testing::Test {
 protected:

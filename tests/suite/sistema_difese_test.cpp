@@ -82,7 +82,7 @@ TEST_F(Sistema, LoSviluppoCheMancaOEGuasto) {
 }
 
 TEST_F(Sistema, IFileCheNonSonoSistemi) {
-    const std::string buono = support::leggi(metti("a", Gioco(), 6, 6));
+    const std::string buono = support::contenuto(metti("a", Gioco(), 6, 6));
     std::string zero = buono;
     zero.replace(zero.find("\r\n1,") + 2, 1, "0");
     std::string tipo = buono;
@@ -119,7 +119,7 @@ TEST_F(Sistema, IFileCheNonSonoSistemi) {
 }
 
 TEST_F(Sistema, UnNumeroDueVolteSuUnaLineaEUnAvviso) {
-    std::string testo = support::leggi(metti("a", Gioco(), 6, 6));
+    std::string testo = support::contenuto(metti("a", Gioco(), 6, 6));
     testo.replace(testo.find("\r\n1,2,") + 2, 4, "1,1,");
     cartella.scrivi("a.sen", testo);
     const Detto detto = comando({"conta", cartella.file("a.sen")});
@@ -207,7 +207,7 @@ TEST_F(Sistema, DopoDueTrattiniOgniParolaEUnFile) {
 }
 
 TEST_F(Sistema, IByteDiControlloNonArrivanoAlTerminale) {
-    const std::string buono = support::leggi(metti("a", Gioco(), 6, 6));
+    const std::string buono = support::contenuto(metti("a", Gioco(), 6, 6));
     cartella.scrivi("e\x1b[2J\n.sen", buono);
     const std::string file = cartella.file("e\x1b[2J\n.sen");
     const Detto detto = comando({"conta", file, file + "x"});
@@ -218,7 +218,7 @@ TEST_F(Sistema, IByteDiControlloNonArrivanoAlTerminale) {
 }
 
 TEST_F(Sistema, FileDiQualunqueByte) {
-    const std::string sistema_buono = support::leggi(pronto("a"));
+    const std::string sistema_buono = support::contenuto(pronto("a"));
     const std::string sviluppo_buono = cartella.leggi("a.col");
     std::mt19937 caso(7);  // NOLINT: the same bytes every run
     const auto rovina = [&caso](std::string dati) {
@@ -279,17 +279,17 @@ TEST_F(Sistema, IlProgrammaEsceConISuoiCodici) {
         "--programma " + cartella.programma() + " -- " + metti("a", Gioco(), 6, 6);
     const std::string uscita = cartella.radice() + "/uscita";
     EXPECT_EQ(programma("conta " + file, ">" + uscita + " 2>&1"), 0);
-    EXPECT_EQ(support::leggi(uscita), comando({"conta", cartella.file("a.sen")}).uscita);
+    EXPECT_EQ(support::contenuto(uscita), comando({"conta", cartella.file("a.sen")}).uscita);
     EXPECT_EQ(programma("conta " + file + "x", ">" + uscita + " 2>&1"), 1);
     EXPECT_EQ(programma("canta", ">" + uscita + " 2>&1"), 2);
     EXPECT_EQ(programma("conta " + file, ">/dev/full 2>" + uscita), 1);
-    EXPECT_EQ(support::leggi(uscita), "sistema: l'uscita non si può scrivere\n");
+    EXPECT_EQ(support::contenuto(uscita), "sistema: l'uscita non si può scrivere\n");
     // No screen is needed for the page, nor asked for.
     EXPECT_EQ(
         programma("prospetto -o " + cartella.radice() + "/p.pdf " + file, ">" + uscita + " 2>&1"),
         0);
-    EXPECT_TRUE(support::leggi(cartella.radice() + "/p.pdf").starts_with("%PDF"));
-    EXPECT_EQ(support::leggi(uscita),
+    EXPECT_TRUE(support::contenuto(cartella.radice() + "/p.pdf").starts_with("%PDF"));
+    EXPECT_EQ(support::contenuto(uscita),
               cartella.file("a.sen") + ": il prospetto è in " + cartella.radice() + "/p.pdf\n");
 }
 

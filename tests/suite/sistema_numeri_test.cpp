@@ -65,11 +65,11 @@ TEST_F(Sistema, MiglioraScriveGliStessiNumeriDispostiMeglio) {
         return tutti;
     };
     EXPECT_EQ(numeri("b"), numeri("a"));
-    const std::string scritto = support::leggi(file);
-    EXPECT_NE(scritto, support::leggi(a));
+    const std::string scritto = support::contenuto(file);
+    EXPECT_NE(scritto, support::contenuto(a));
     const Valore v = comando.json(
         {"migliora", "--passi", "20000", "--seme", "3", "--sovrascrivi", "-o", file, a})[0];
-    EXPECT_EQ(support::leggi(file), scritto) << "the same steps, the same crossword";
+    EXPECT_EQ(support::contenuto(file), scritto) << "the same steps, the same crossword";
     EXPECT_EQ(v["scritto"].testo, file);
     EXPECT_GT(v["dopo"]["estrazioni_vincenti"].intero(),
               v["prima"]["estrazioni_vincenti"].intero());

@@ -61,7 +61,7 @@ inline std::map<std::string, std::string> fotografia(const std::string& cartella
     std::map<std::string, std::string> tutti;
     for (const auto& voce : std::filesystem::recursive_directory_iterator(cartella)) {
         if (voce.is_regular_file())
-            tutti[voce.path().string()] = support::leggi(voce.path().string());
+            tutti[voce.path().string()] = support::contenuto(voce.path().string());
     }
     return tutti;
 }

@@ -19,7 +19,7 @@ std::vector<std::int64_t> interi(const Valore& lista) {
 /// The combinations of a development, as numbers.
 std::vector<std::vector<std::int64_t>> combinazioni(const std::string& file) {
     std::vector<std::vector<std::int64_t>> tutte;
-    for (const std::string& riga : support::righe_di(support::leggi(file))) {
+    for (const std::string& riga : support::righe_di(support::contenuto(file))) {
         std::vector<std::int64_t>& numeri = tutte.emplace_back();
         std::istringstream campi(riga);
         for (std::string campo; std::getline(campi, campo, ',');)
@@ -93,13 +93,13 @@ TEST_F(Sistema, SviluppaAccantoComeIlProgramma) {
             const std::string sviluppo =
                 cartella.file(std::string("x") + gioco.estensione_sviluppo());
             elabora("x", gioco, ripetizioni);
-            const std::string atteso = support::leggi(sviluppo);
-            const std::string salvato = support::leggi(file);
+            const std::string atteso = support::contenuto(sviluppo);
+            const std::string salvato = support::contenuto(file);
             metti("x", gioco, 7, 7, 85);
             platform::Kill(sviluppo);
             const Valore v = comando.json({"sviluppa", "--scrivi", file})[0];
-            EXPECT_EQ(support::leggi(sviluppo), atteso);
-            EXPECT_EQ(support::leggi(file), salvato);
+            EXPECT_EQ(support::contenuto(sviluppo), atteso);
+            EXPECT_EQ(support::contenuto(file), salvato);
             EXPECT_EQ(v["giocate"].intero(),
                       static_cast<std::int64_t>(support::righe_di(atteso).size()));
             EXPECT_EQ(v["scritto"].testo, sviluppo);
@@ -110,7 +110,7 @@ TEST_F(Sistema, SviluppaAccantoComeIlProgramma) {
 
 TEST_F(Sistema, LeRipetizioniSiPossonoDire) {
     // Two rows of the same numbers.
-    std::string testo = support::leggi(metti("x", Gioco(), 6, 7));
+    std::string testo = support::contenuto(metti("x", Gioco(), 6, 7));
     const std::size_t riga = testo.find("\r\n") + 2;
     testo.replace(testo.find("\r\n", riga) + 2, std::string("8,9,10,11,12,13,").size(),
                   "6,5,4,3,2,1,");
@@ -135,10 +135,10 @@ TEST_F(Sistema, SviluppaAltrove) {
     platform::Kill(cartella.file("a.col"));
     const std::string altrove = cartella.radice() + "/altrove";
     EXPECT_EQ(comando({"sviluppa", "-o", altrove + ".col", a}).codice, 0);
-    EXPECT_EQ(support::leggi(altrove + ".col"), atteso);
+    EXPECT_EQ(support::contenuto(altrove + ".col"), atteso);
     std::filesystem::create_directory(altrove);
     EXPECT_EQ(comando({"sviluppa", "-o", altrove, a, b}).codice, 0);
-    EXPECT_EQ(support::leggi(altrove + "/a.col"), atteso);
+    EXPECT_EQ(support::contenuto(altrove + "/a.col"), atteso);
     EXPECT_TRUE(std::filesystem::exists(altrove + "/b.lot"));
     EXPECT_FALSE(cartella.esiste("a.col"));
     // Beside the system it would stand without its count.
@@ -323,15 +323,15 @@ TEST_F(Sistema, EsportaInFile) {
     const std::string csv = comando({"esporta", a}).uscita;
     const std::string cosa = cartella.radice() + "/uscita";
     EXPECT_EQ(comando({"esporta", "-o", cosa + ".csv", a}).codice, 0);
-    EXPECT_EQ(support::leggi(cosa + ".csv"), csv);
+    EXPECT_EQ(support::contenuto(cosa + ".csv"), csv);
     EXPECT_EQ(comando({"esporta", a, b}).codice, 2);
     EXPECT_EQ(comando({"esporta", "-o", cosa, a, b}).codice, 2);
     std::filesystem::create_directory(cosa);
     EXPECT_EQ(comando({"esporta", "-o", cosa, a, b}).codice, 0);
-    EXPECT_EQ(support::leggi(cosa + "/a.csv"), csv);
+    EXPECT_EQ(support::contenuto(cosa + "/a.csv"), csv);
     EXPECT_TRUE(std::filesystem::exists(cosa + "/b.csv"));
     comando.json({"esporta", "-o", cosa, a});
-    EXPECT_TRUE(support::leggi_json(support::leggi(cosa + "/a.json")).has_value());
+    EXPECT_TRUE(support::leggi_json(support::contenuto(cosa + "/a.json")).has_value());
     for (const char* suo : {"a.sen", "a.col"}) {
         const std::string prima = cartella.leggi(suo);
         EXPECT_EQ(comando({"esporta", "-o", cartella.file(suo), a}).codice, 1) << suo;

@@ -27,11 +27,6 @@ struct Estrazioni {
 
 inline const std::string fixture_jet = SOURCE_DIR "/tests/fixtures/jet/";
 
-inline std::string contenuto(const std::string& nome) {
-    std::ifstream f(nome, std::ios::binary);
-    return {std::istreambuf_iterator<char>(f), {}};
-}
-
 inline void scrivi_file(const std::string& nome, const std::string& dati) {
     std::ofstream(nome, std::ios::binary) << dati;
 }

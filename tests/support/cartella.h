@@ -16,6 +16,12 @@ inline std::filesystem::path percorso(const std::string& nome) {
     return std::u8string(nome.begin(), nome.end());
 }
 
+/// All bytes of a file; none when it is not there.
+inline std::string contenuto(const std::string& nome) {
+    std::ifstream f(percorso(nome), std::ios::binary);
+    return {std::istreambuf_iterator<char>(f), {}};
+}
+
 class Cartella {
 public:
     Cartella() {
@@ -45,10 +51,7 @@ public:
     void scrivi(const std::string& nome, const std::string& dati) const {
         std::ofstream(percorso(file(nome)), std::ios::binary) << dati;
     }
-    [[nodiscard]] std::string leggi(const std::string& nome) const {
-        std::ifstream f(percorso(file(nome)), std::ios::binary);
-        return {std::istreambuf_iterator<char>(f), {}};
-    }
+    [[nodiscard]] std::string leggi(const std::string& nome) const { return contenuto(file(nome)); }
     [[nodiscard]] bool esiste(const std::string& nome) const {
         return std::filesystem::exists(percorso(file(nome)));
     }

@@ -11,8 +11,6 @@
 
 namespace support {
 
-constexpr float mezzo = foglio_largo / 2;
-
 inline printing::Prospetto esempio(int colonne, int righe, bool lotto = false) {
     printing::Prospetto p;
     p.testata = {"1.0.0", "Prova", "21/11/2026"};

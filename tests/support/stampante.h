@@ -52,6 +52,7 @@ inline float alto(float corpo) {
 }
 
 constexpr float foglio_largo = 99.2126F;
+constexpr float mezzo = foglio_largo / 2;
 constexpr float foglio_alto = 70.1575F;
 /// Left edge of the drawing column.
 constexpr float x0 = foglio_largo / 2 - 45;

@@ -32,11 +32,6 @@ inline crossword::Matrice cruciverba(int colonne, int righe) {
     return m;
 }
 
-inline std::string leggi(const std::string& nome) {
-    std::ifstream f(nome, std::ios::binary);
-    return {std::istreambuf_iterator<char>(f), {}};
-}
-
 inline std::vector<std::string> righe_di(const std::string& testo) {
     std::vector<std::string> righe;
     std::istringstream f(testo);
@@ -124,7 +119,7 @@ protected:
         const Conclusione esito = lavoro.sviluppa();
         righe = lavoro.righe_scritte();
         byte = lavoro.byte_scritti();
-        testo = leggi(lavoro.file_temporaneo());
+        testo = contenuto(lavoro.file_temporaneo());
         return esito;
     }
     Cartella cartella;

@@ -6,7 +6,6 @@
 #include "platform/disk.h"
 #include "support/cartella.h"
 
-using crossword::Elenco;
 using systems::esito_detto;
 using systems::Operazione;
 using systems::prossimo_passo;
@@ -70,7 +69,7 @@ TEST_F(PassoTest, TheRoadFromFullToElaborated) {
 TEST_F(PassoTest, AnotherTypeAsksForASaveAndAnElaboration) {
     s.dimensioni(8, 8);
     elaborato();
-    ASSERT_TRUE(s.scegli_tipo(Elenco::orizzontali, 1));
+    ASSERT_TRUE(s.scegli_tipo(crossword::Elenco::orizzontali, 1));
     EXPECT_EQ(frase(), "Sistema cambiato: salvatelo (Ctrl+S)");
     ASSERT_EQ(s.salva(), Salvataggio::salvato);
     EXPECT_EQ(frase(), "Salvato dopo l'elaborazione: elaboratelo di nuovo (F5)");
