@@ -129,7 +129,6 @@ void CoperturaLocale::metti(std::uint32_t colonna) {
     perdita_[posto] = valore;
     entrata_[posto] = ora_;
     costo_ += i_.costo[colonna];
-    mossa_[colonna] = ora_;
     ultimo_ = posto;
 }
 

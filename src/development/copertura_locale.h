@@ -118,7 +118,7 @@ private:
     std::vector<std::int32_t> guadagno_;
     std::vector<std::uint32_t> insieme_;
     std::vector<std::int32_t> somma_;    ///< by column, right where it was just made
-    std::vector<std::uint64_t> mossa_;   ///< when it last went in or out
+    std::vector<std::uint64_t> mossa_;   ///< when it last went out
     std::vector<std::uint64_t> libera_;  ///< from when it may go in again
     /// A column that goes in takes a place and keeps it, and one that goes out leaves it empty.
     std::vector<std::uint32_t> dentro_;

@@ -64,6 +64,8 @@ bool ricorda(const std::string& file, const std::string& nome,
              const std::optional<Ricordo>& finestra) {
     auto tutti = leggi(file);
     if (finestra) {
+        // Of a file that is full another window gives way, or the newest would never be read.
+        if (tutti.size() >= finestre_massime && !tutti.contains(nome)) tutti.erase(tutti.begin());
         tutti[nome] = *finestra;
     } else {
         tutti.erase(nome);

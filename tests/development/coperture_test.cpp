@@ -49,6 +49,7 @@ TEST(Coperture, CioCheNonSiPuoChiedereHaIlSuoPerche) {
     dice({30, 6, 6, 6}, "la ricerca è troppo grande: 593775 righe");
     dice({20, 6, 3, 2, 32769}, "la ricerca è troppo grande: 32769 righe");
     EXPECT_EQ(impossibile({20, 6, 3, 2, 32768}), "");
+    EXPECT_EQ(impossibile({7, 6, 7, 5}), "");
 }
 
 TEST(Coperture, LeRigheSiOrdinanoComeNeiFile) {
@@ -95,6 +96,16 @@ TEST(Coperture, TrovaLeMisureNoteDelleTabellePiccole) {
         const int limite = limite_inferiore(nota.desiderio);
         EXPECT_EQ(cercatore.finito(), nota.righe == static_cast<std::size_t>(limite));
     }
+}
+
+TEST(Coperture, AncheDoveNullaMiglioraIGiriFiniscono) {
+    // Seven are the fewest, and counting alone cannot say so.
+    const Desiderio d{9, 6, 6, 5};
+    ASSERT_LT(limite_inferiore(d), 7);
+    Cercatore cercatore(d, 1);
+    for (int giro = 0; giro < 6; ++giro) cercatore.passi(500);
+    EXPECT_EQ(cercatore.migliore().size(), 7U);
+    EXPECT_FALSE(cercatore.finito());
 }
 
 TEST(Coperture, ConLeRigheContateContaGiustiISorteggiScoperti) {
