@@ -88,6 +88,13 @@ TEST_F(RicordiTest, OfAFloodSixtyFourWindowsAreRead) {
     cartella.scrivi("finestre.dat", tutte);
     EXPECT_TRUE(ricordo(file, "163"));
     EXPECT_FALSE(ricordo(file, "164"));
+    const Ricordo ultima{1, 2, 3, 4};
+    EXPECT_TRUE(ricorda(file, "zeta", ultima));
+    EXPECT_EQ(ricordo(file, "zeta"), ultima);
+    EXPECT_TRUE(ricordo(file, "163"));
+    EXPECT_TRUE(ricorda(file, "163", ultima));
+    EXPECT_EQ(ricordo(file, "163"), ultima);
+    EXPECT_TRUE(ricordo(file, "101")) << "one that stands there already takes nobody's place";
 }
 
 }  // namespace
