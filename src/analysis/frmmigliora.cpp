@@ -62,7 +62,7 @@ RichiestaDisposizione frmmigliora::richiesta() const {
     RichiestaDisposizione r;
     r.sistema = sistema_;
     if (trovata_) r.sistema.matrice = trovata_->matrice;
-    r.ridotti = platform::radice(App().Path) + "ridotti";
+    r.ridotti = finestra_.sessione.ridotti();
     r.scopo = punti();
     r.ferme = ferme_;
     r.pareggia = chkpareggia->isChecked();

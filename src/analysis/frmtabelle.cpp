@@ -8,7 +8,6 @@
 #include "app/finestra.h"
 #include "development/adozione.h"
 #include "development/garanzie.h"
-#include "platform/application.h"
 #include "platform/disk.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
@@ -142,12 +141,8 @@ void frmtabelle::elenca_numeri(int quanti) {
     mostra();
 }
 
-std::string frmtabelle::ridotti() const {
-    return platform::radice(finestra_.sessione.cartella()) + "ridotti";
-}
-
 void frmtabelle::mostra() {
-    catalogo_.emplace(ridotti(), gioco_scelto(), numeri->Text().toInt());
+    catalogo_.emplace(finestra_.sessione.ridotti(), gioco_scelto(), numeri->Text().toInt());
     catalogo->mostra(catalogo_->tavola());
     catalogo->griglia->clearSelection();
     if (!catalogo_->tabelle().empty()) catalogo->griglia->selectRow(0);
@@ -169,7 +164,8 @@ void frmtabelle::cambia_scelta() {
 }
 
 void frmtabelle::cerca() {
-    Partenza da{ridotti(), gioco_scelto(), numeri->Text().toInt(), {}, {2, 2}, 0};
+    Partenza da{
+        finestra_.sessione.ridotti(), gioco_scelto(), numeri->Text().toInt(), {}, {2, 2}, 0};
     if (const auto quale = scelta()) {
         const TabellaInCatalogo& una = catalogo_->tabelle()[*quale];
         da.nome = una.nome;
@@ -199,7 +195,7 @@ void frmtabelle::adotta_file() {
                        primo.testo);
     }
     const development::Adozione esito =
-        development::adotta(std::move(letta.tabella), scelto, {}, ridotti());
+        development::adotta(std::move(letta.tabella), scelto, {}, finestra_.sessione.ridotti());
     if (!esito.rifiuto.empty()) return rifiuta(esito.rifiuto);
     accogli(q(esito.nome));
     lblstato->setText(tr("Adottata: ") + q(esito.nome) + ", " +

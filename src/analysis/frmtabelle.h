@@ -46,7 +46,6 @@ private:
     [[nodiscard]] crossword::Gioco gioco_scelto() const;
     /// Lengths of the game chosen; `quanti` is taken where it is one.
     void elenca_numeri(int quanti);
-    [[nodiscard]] std::string ridotti() const;
     void mostra();
     void cerca();
     void adotta_file();

@@ -4,7 +4,6 @@
 #include <QEvent>
 #include <QHBoxLayout>
 
-#include "platform/application.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
 #include "systems/passo.h"
@@ -116,7 +115,7 @@ QString Piede::spiegazione(crossword::Elenco quale, int posto) {
     const int tipo = sessione_.indice_in(quale, posto);
     const crossword::Gioco g = sessione_.gioco();
     const int n = quale == crossword::Elenco::orizzontali ? sessione_.colonne() : sessione_.righe();
-    const std::string ridotti = platform::radice(sessione_.cartella()) + "ridotti";
+    const std::string& ridotti = sessione_.ridotti();
     QString testo = q(spiegazioni_.di(ridotti, g, n, tipo));
     if (quale == crossword::Elenco::diagonali && g.adiacenti(n)) {
         testo += tr(". Le adiacenti: ") + q(spiegazioni_.di(ridotti, g, n - 1, tipo));

@@ -71,9 +71,6 @@ std::string attributo(const std::string& nome, const char* quale);
 void crea_cartella(const std::string& nome);
 /// Makes a folder for a while, whose name begins so; empty when none can be made.
 std::string cartella_temporanea(const std::string& nome);
-/// Makes a folder at `nome` in which the files of `meta` are, without copying them where the disk
-/// can; it goes as any folder does, and leaves `meta` alone.
-bool collega_cartella(const std::string& meta, const std::string& nome);
 Guasto togli(const std::string& nome);
 Guasto rinomina(const std::string& vecchio, const std::string& nuovo);
 /// Leaves what is at `nuovo` alone; on disks without such a step as nearly so as they do.

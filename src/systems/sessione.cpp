@@ -23,7 +23,11 @@ std::string formattato(double n) {
 
 }  // namespace
 
-Sessione::Sessione(std::string cartella) : cartella_(std::move(cartella)) {}
+Sessione::Sessione(std::string cartella)
+    : cartella_(std::move(cartella)), ridotti_(platform::radice(cartella_) + "ridotti") {}
+
+Sessione::Sessione(std::string cartella, std::string ridotti)
+    : cartella_(std::move(cartella)), ridotti_(std::move(ridotti)) {}
 
 void Sessione::avvia() {
     const Azione azione(*this);
@@ -209,7 +213,7 @@ void Sessione::cambia_forma(int forma) {
 // Types and counts.
 
 FonteTipi Sessione::fonte() const {
-    return {gioco_, platform::radice(cartella_) + "ridotti", con_economiche_, &tabelle_};
+    return {gioco_, ridotti_, con_economiche_, &tabelle_};
 }
 
 int Sessione::numeri_di(Elenco quale) const {

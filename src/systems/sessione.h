@@ -120,6 +120,8 @@ public:
     /// `cartella` is the program folder, without a final separator; the suite's root is cut off
     /// it. Touches no file before `avvia`.
     explicit Sessione(std::string cartella);
+    /// With the tables of the folder `ridotti`, without a final separator, instead of the suite's.
+    Sessione(std::string cartella, std::string ridotti);
     Sessione(const Sessione&) = delete;
     Sessione& operator=(const Sessione&) = delete;
 
@@ -138,6 +140,8 @@ public:
 
     // What it is.
     [[nodiscard]] const std::string& cartella() const { return cartella_; }
+    /// The folder of the tables, without a final separator.
+    [[nodiscard]] const std::string& ridotti() const { return ridotti_; }
     [[nodiscard]] crossword::Gioco gioco() const { return gioco_; }
     /// The crossword; of other sizes than `colonne` by `righe` when a damaged file had such.
     [[nodiscard]] const crossword::Matrice& matrice() const { return matrice_; }
@@ -303,6 +307,7 @@ private:
     }
 
     std::string cartella_;
+    std::string ridotti_;
     Osservatore osservatore_;
     Cambiamento cambiamento_;
     int azioni_ = 0;

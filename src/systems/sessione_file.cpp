@@ -148,7 +148,7 @@ Elaborato Sessione::elabora(const SeguitoSviluppo& seguito) {
     r.tipo_colonne = indice(Elenco::verticali);
     r.tipo_diagonali = indice(Elenco::diagonali);
     r.cartella = cartella_;
-    r.ridotti = fonte().ridotti;
+    r.ridotti = ridotti_;
     r.senza_ripetizioni = !con_ripetizioni_;
     development::Elaborazione lavoro(r, seguito.avanzamento);
     const Conclusione conclusione = lavoro.sviluppa();

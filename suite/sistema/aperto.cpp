@@ -69,7 +69,8 @@ std::string Aperto::apri() {
         std::ofstream copia(propria().sistema(), std::ios::binary);
         if (!(copia << *byte).flush()) return "la cartella dei file temporanei è piena";
     }
-    sessione_ = std::make_unique<systems::Sessione>(banco_->cartella());
+    sessione_ = std::make_unique<systems::Sessione>(
+        banco_->cartella(), platform::radice(contesto_.programma) + "ridotti");
     sessione_->avvia();
     if (gioco->e_lotto()) sessione_->passa_al_lotto();
     sessione_->quote(contesto_.quote);
@@ -144,10 +145,9 @@ void Aperto::avverti() {
 
 std::string Aperto::tabella_mancante() const {
     const systems::Sessione& s = *sessione_;
-    const std::string ridotti = platform::radice(banco_->cartella()) + "ridotti/";
     const auto manca = [&](int n, Elenco quale) {
         const std::string nome = development::nome_tabella(s.gioco(), n, s.indice(quale));
-        return platform::esiste_file(ridotti + nome) ? std::string() : nome;
+        return platform::esiste_file(s.ridotti() + "/" + nome) ? std::string() : nome;
     };
     std::vector<std::string> nomi{manca(s.colonne(), Elenco::orizzontali),
                                   manca(s.righe(), Elenco::verticali)};
@@ -162,8 +162,7 @@ std::string Aperto::tabella_mancante() const {
 
 std::string Aperto::sviluppa() {
     if (const std::string nome = tabella_mancante(); !nome.empty()) {
-        return "manca la tabella " + nome + " in " + platform::radice(contesto_.programma) +
-               "ridotti";
+        return "manca la tabella " + nome + " in " + sessione_->ridotti();
     }
     suite::Progresso progresso("Sviluppo di " + file_);
     systems::SeguitoSviluppo seguito;
@@ -179,10 +178,9 @@ std::string Aperto::sviluppa() {
             return "sviluppo interrotto";
         case Elaborato::senza_tabella:
             return "la tabella " + sessione_->tabelle_mancanti().front() + " in " +
-                   platform::radice(contesto_.programma) + "ridotti è guasta";
+                   sessione_->ridotti() + " è guasta";
         case Elaborato::senza_file:
-            return "le tabelle in " + platform::radice(contesto_.programma) +
-                   "ridotti non si possono leggere";
+            return "le tabelle in " + sessione_->ridotti() + " non si possono leggere";
         case Elaborato::rimasto:
             return "lo sviluppo non si può scrivere, e quello di prima non si può togliere";
         default:

@@ -21,7 +21,7 @@ struct Sviluppo {
     analysis::Giocate giocate;
 };
 
-/// One system, open in a session over a suite of its own. Nothing here writes where the file is.
+/// One system, open in a session over a folder of its own. Nothing here writes where the file is.
 class Aperto {
 public:
     Aperto(std::string file, const Contesto& contesto);

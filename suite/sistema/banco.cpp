@@ -14,10 +14,7 @@ Banco::Banco(const std::string& programma) {
     std::error_code errore;
     radice_ = platform::macchina::cartella_temporanea("sistema");
     if (radice_.empty()) return;
-    const fs::path tabelle = fs::absolute(platform::radice(programma) + "ridotti", errore);
-    if (!errore) fs::create_directory(cartella(), errore);
-    if (!errore && !platform::macchina::collega_cartella(tabelle.string(), radice_ + "/ridotti"))
-        errore = std::make_error_code(std::errc::io_error);
+    fs::create_directory(cartella(), errore);
     for (const char* nome : {"cst", "rip.dat", "col.dat"}) {
         const std::string origine = platform::nome_su_disco(programma + "/" + nome);
         if (!errore && platform::esiste_file(origine)) fs::copy_file(origine, file(nome), errore);

@@ -1,12 +1,12 @@
-// A suite of its own for a moment, in the folder for temporary files.
+// A program folder of its own for a moment, among the temporary files.
 #pragma once
 
 #include <string>
 
 namespace sistema {
 
-/// A program folder with the player's settings and the tables of his suite, gone with the object: a
-/// session at work there leaves no trace where his systems are.
+/// A program folder with the player's settings, gone with the object: a session at work there
+/// leaves no trace where his systems are.
 class Banco {
 public:
     /// `programma` is the player's program folder.

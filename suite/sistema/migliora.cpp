@@ -1,7 +1,6 @@
 // The same numbers in other cells, so that they win more often.
 #include "analysis/confronto.h"
 #include "analysis/premi.h"
-#include "platform/application.h"
 #include "platform/codepage.h"
 #include "platform/runtime.h"
 #include "sistema/verbi.h"
@@ -81,7 +80,7 @@ std::string migliora(const suite::Parole& parole, Contesto& contesto, Fare& fare
         if (!errore.empty()) return Risposta{"", "", errore};
         analysis::RichiestaDisposizione r = richiesta;
         r.sistema = s.sistema();
-        r.ridotti = platform::radice(aperto.propria().cartella) + "ridotti";
+        r.ridotti = s.ridotti();
         const analysis::Disposizione d = analysis::disponi(r, [&](const analysis::Andamento&) {
             return contesto.fermato() ? analysis::Ordine::annulla : analysis::Ordine::continua;
         });

@@ -195,16 +195,6 @@ TEST_F(FileWin32, AWorkingFileThatIsHeldIsNotSwept) {
     EXPECT_EQ(quanti(), 0U);
 }
 
-TEST_F(FileWin32, ABorrowedFolderGoesWithoutWhatItShows) {
-    const std::string tabelle = cartella_.radice() + "/ridotti";
-    ASSERT_EQ(sostituisci(tabelle + "/sn0600.rid", "1,2,3,4,5,6\r\n"), Esito::ok);
-    const std::string copia = cartella_.file("ridotti");
-    ASSERT_TRUE(macchina::collega_cartella(tabelle, copia));
-    EXPECT_EQ(leggi_tutto(copia + "/sn0600.rid"), "1,2,3,4,5,6\r\n");
-    std::filesystem::remove_all(copia);
-    EXPECT_EQ(leggi_tutto(tabelle + "/sn0600.rid"), "1,2,3,4,5,6\r\n");
-}
-
 TEST_F(FileWin32, ASecondInstanceSeesTheFirstAndLeavesNothing) {
     {
         Application prima;

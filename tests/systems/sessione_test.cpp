@@ -53,6 +53,17 @@ protected:
 
 }  // namespace
 
+TEST_F(SessioneTest, LeTabelleStannoDoveSiDice) {
+    riempi();
+    ASSERT_EQ(s.salva_come("a"), Salvataggio::salvato);
+    EXPECT_EQ(s.ridotti(), cartella.radice() + "/ridotti");
+    EXPECT_EQ(s.sviluppa({}), Elaborato::senza_file);
+    Sessione altra(cartella.programma(), SUITE_DIR "/ridotti");
+    altra.avvia();
+    ASSERT_TRUE(altra.apri("a"));
+    EXPECT_EQ(altra.sviluppa({}), Elaborato::completo);
+}
+
 TEST_F(SessioneTest, SiApreVuotaInSuperEnalotto) {
     EXPECT_EQ(s.gioco(), Gioco::superenalotto());
     EXPECT_EQ(s.matrice(), crossword::Matrice(6, 6));

@@ -123,10 +123,6 @@ std::string cartella_temporanea(const std::string& nome) {
     return errore || ::mkdtemp(modello.data()) == nullptr ? "" : modello;
 }
 
-bool collega_cartella(const std::string& meta, const std::string& nome) {
-    return ::symlink(meta.c_str(), nome.c_str()) == 0;
-}
-
 void sincronizza_cartella(const std::string& cartella) {
     // A file system without folder sync loses nothing by it.
     const int fd = syscalls().open(cartella.c_str(), O_RDONLY | O_DIRECTORY, 0);

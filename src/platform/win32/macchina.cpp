@@ -122,23 +122,6 @@ std::string cartella_temporanea(const std::string& nome) {
     return {};
 }
 
-bool collega_cartella(const std::string& meta, const std::string& nome) {
-    const std::wstring da = nome_largo(meta);
-    const std::wstring a = nome_largo(nome);
-    Voce voce;
-    // A link to a folder is a privilege here; one to a file of the same disk is not.
-    if (guarda(meta, voce) != Guasto::nessuno || !voce.cartella() ||
-        CreateDirectoryW(a.c_str(), nullptr) == 0)
-        return false;
-    for (const std::string& file : voci(meta)) {
-        const std::wstring coda = L"\\" + win32::largo(file);
-        if (CreateHardLinkW((a + coda).c_str(), (da + coda).c_str(), nullptr) != 0) continue;
-        if (guarda(meta + "/" + file, voce) != Guasto::nessuno || !voce.file()) continue;
-        if (CopyFileW((da + coda).c_str(), (a + coda).c_str(), TRUE) == 0) return false;
-    }
-    return true;
-}
-
 void sincronizza_cartella(const std::string& cartella) {
     // A disk without folder sync loses nothing by it.
     const int fd = syscalls().open(cartella.c_str(), _O_RDONLY, 0);
