@@ -13,6 +13,7 @@
 #include "app/finestra.h"
 #include "platform/application.h"
 #include "platform/qt/desktop.h"
+#include "platform/qt/folder.h"
 #include "platform/qt/printer_qt.h"
 #include "platform/runtime.h"
 #include "systems/elenco.h"
@@ -281,17 +282,18 @@ void frmanalisi::salva_pdf() {
         return platform::MsgBox(this, {testo, platform::Pulsanti::ok, "Tabellino",
                                        platform::Icona::informazione, altri});
     };
+    const QString dove = platform::da_mostrare(esito.file);
     if (!riuscito) {
-        QString testo = "L'analisi non è stata scritta.\n\n" + esito.file;
+        QString testo = "L'analisi non è stata scritta.\n\n" + dove;
         if (!esito.motivo.isEmpty()) testo += "\n" + esito.motivo + ".";
         if (esito.altro_prima) testo += "\n\nIl PDF di prima è rimasto com'era.";
         dice(testo, {});
         return;
     }
-    QString testo = "L'analisi è nel file\n" + esito.file;
+    QString testo = "L'analisi è nel file\n" + dove;
     if (esito.altro_prima) testo += "\n\nHa preso il posto del PDF con lo stesso nome.";
     if (dice(testo, {"Apri"}) != platform::vbAltri || platform::apri_documento(esito.file)) return;
-    dice("Nessun programma di questo computer apre i PDF.\nIl file è\n" + esito.file, {});
+    dice("Nessun programma di questo computer apre i PDF.\nIl file è\n" + dove, {});
 }
 
 void frmanalisi::copia() {

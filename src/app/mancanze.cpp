@@ -3,6 +3,7 @@
 #include "platform/application.h"
 #include "platform/disk.h"
 #include "platform/qt/desktop.h"
+#include "platform/qt/folder.h"
 
 namespace app {
 
@@ -22,10 +23,10 @@ void avvisa_mancanze(QWidget* padre) {
         avvisa(padre,
                "Mancano le tabelle dei sistemi: nessun sistema si può elaborare.\n"
                "I file .rid vanno nella cartella \"" +
-                   platform::q(tabelle) + "\".");
+                   platform::da_mostrare(platform::q(tabelle)) + "\".");
     }
     if (!platform::cartella_scrivibile(programma)) {
-        avvisa(padre, "Nella cartella \"" + platform::q(programma) +
+        avvisa(padre, "Nella cartella \"" + platform::da_mostrare(platform::q(programma)) +
                           "\" non si può scrivere: i sistemi non si possono salvare né "
                           "elaborare.");
     }

@@ -7,6 +7,7 @@
 #include "platform/application.h"
 #include "platform/disk.h"
 #include "platform/qt/desktop.h"
+#include "platform/qt/folder.h"
 #include "printing/frmstsvl.h"
 #include "printing/listati.h"
 
@@ -76,15 +77,16 @@ bool frmstsvl::esegui(const Lavoro& cosa,
 }
 
 void frmstsvl::di_fatto(const Lavoro& cosa, const platform::EsitoStampa& esito) {
+    const QString file = platform::da_mostrare(esito.file);
     finestra_.mostra_esito(cosa.nome + (esito.file.isEmpty() ? " è stato mandato alla stampante «" +
                                                                    esito.stampante + "»"
-                                                             : " è nel file " + esito.file));
+                                                             : " è nel file " + file));
     if (esito.file.isEmpty()) {
         messaggio(cosa.nome + " è stato mandato alla stampante «" + esito.stampante + "».",
                   "Tabellino", true);
         return;
     }
-    QString testo = cosa.nome + " è nel file\n" + esito.file;
+    QString testo = cosa.nome + " è nel file\n" + file;
     if (esito.altro_prima) testo += "\n\nHa preso il posto del PDF con lo stesso nome.";
     const int risposta = messaggio(testo, "Tabellino", true, {"Apri", "Mostra la cartella"});
     if (risposta < platform::vbAltri) return;
@@ -96,7 +98,7 @@ void frmstsvl::di_fatto(const Lavoro& cosa, const platform::EsitoStampa& esito) 
     }
     messaggio((cartella ? "Nessun programma di questo computer mostra le cartelle.\nIl file è\n"
                         : "Nessun programma di questo computer apre i PDF.\nIl file è\n") +
-                  esito.file,
+                  file,
               "Tabellino", true);
 }
 
@@ -109,7 +111,8 @@ void frmstsvl::di_perso(const Lavoro& cosa, const platform::EsitoStampa& esito) 
         if (!platform::esiste_file(s(dove))) return;
         motivo = "il file non si può leggere";
     }
-    QString testo = cosa.nome + " non è stato stampato.\n\n" + dove + "\n" + motivo + ".";
+    QString testo = cosa.nome + " non è stato stampato.\n\n" + platform::da_mostrare(dove) + "\n" +
+                    motivo + ".";
     if (esito.altro_prima) testo += "\n\nIl PDF di prima è rimasto com'era.";
     messaggio(testo, "Tabellino", true);
 }

@@ -100,7 +100,8 @@ void Form2::avverti(const QString& testo, Icona icona) {
 
 void Form2::racconta(Operazione operazione, const QString& nome, const Passi& passi,
                      const QString& dove) {
-    finestra_.mostra_esito(q(esito_detto(operazione, s(nome), passi, s(dove))));
+    finestra_.mostra_esito(
+        q(esito_detto(operazione, s(nome), passi, s(platform::da_mostrare(dove)))));
 }
 
 Coppia Form2::coppia(const QString& cartella, const QString& nome) const {

@@ -184,6 +184,7 @@ void Strumenti::esporta() {
 }
 
 void Strumenti::racconta(const Esportazione& fatta, const QString& file) {
+    const QString dove = platform::da_mostrare(file);
     const QString nome = platform::Tag(&visore_);
     switch (fatta.esito) {
         case Esportato::interrotto:
@@ -191,23 +192,23 @@ void Strumenti::racconta(const Esportazione& fatta, const QString& file) {
         case Esportato::illeggibile:
             return dice(&visore_, "Lo sviluppo non si può leggere: nessun file è stato scritto.");
         case Esportato::non_scritto:
-            return dice(&visore_, "Lo sviluppo non è stato esportato.\n\n" + file + "\n" +
+            return dice(&visore_, "Lo sviluppo non è stato esportato.\n\n" + dove + "\n" +
                                       q(platform::perche_non_si_scrive(s(file), fatta.disco)) +
                                       ".");
         default:
             break;
     }
-    visore_.finestra().mostra_esito("Lo sviluppo di " + nome + " è nel file " + file);
+    visore_.finestra().mostra_esito("Lo sviluppo di " + nome + " è nel file " + dove);
     const QString quante = q(platform::Format(fatta.righe, platform::Modello::interi));
     const int risposta = platform::MsgBox(
-        &visore_, {"Lo sviluppo è nel file\n" + file + "\n\n" +
+        &visore_, {"Lo sviluppo è nel file\n" + dove + "\n\n" +
                        (fatta.righe == 1 ? tr("Una combinazione.") : quante + tr(" combinazioni.")),
                    platform::Pulsanti::ok,
                    "Tabellino",
                    platform::Icona::informazione,
                    {"Apri"}});
     if (risposta != platform::vbAltri || platform::apri_documento(file)) return;
-    dice(&visore_, "Nessun programma di questo computer apre questo file.\nIl file è\n" + file);
+    dice(&visore_, "Nessun programma di questo computer apre questo file.\nIl file è\n" + dove);
 }
 
 }  // namespace viewer

@@ -296,7 +296,8 @@ void Editor::scegli_immagine() {
                               "Immagini (*.png *.jpg *.jpeg *.bmp *.gif *.webp *.tif *.tiff)");
     if (file.isEmpty()) return;
     if (!tavolo->immagine(file.first())) {
-        messaggio("Questo file non è un'immagine che si possa leggere:\n" + file.first());
+        messaggio("Questo file non è un'immagine che si possa leggere:\n" +
+                  platform::da_mostrare(file.first()));
     }
 }
 
@@ -362,7 +363,8 @@ void Editor::stampa_prova() {
     disegna_prova(printer, modulo_);
     const bool riuscita = printer.EndDoc();
     const platform::EsitoStampa& esito = printer.esito();
-    const QString dove = carta ? "Stampante «" + esito.stampante + "»" : esito.file;
+    const QString dove =
+        carta ? "Stampante «" + esito.stampante + "»" : platform::da_mostrare(esito.file);
     messaggio(riuscita ? "La pagina di prova è stata stampata.\n\n" + dove
                        : "La pagina di prova non è stata stampata.\n\n" + dove + "\n" +
                              esito.motivo + ".");
@@ -384,7 +386,7 @@ void Editor::salva() {
     platform::crea_cartella(radice_ + std::string(cartella_moduli));
     const auto esito = platform::sostituisci(file, testo_modulo(modulo_));
     if (esito != platform::Esito::ok) {
-        messaggio("Il modulo non è stato salvato.\n\n" + q(file) + "\n" +
+        messaggio("Il modulo non è stato salvato.\n\n" + platform::da_mostrare(q(file)) + "\n" +
                   q(platform::perche_non_si_scrive(file, esito)) + ".");
         return;
     }

@@ -192,8 +192,9 @@ void Finestra::di_stampato(Fine fine, const platform::EsitoStampa& esito, std::i
 }
 
 void Finestra::di_file(const QString& file, bool pdf) {
+    const QString dove = platform::da_mostrare(file);
     const int risposta =
-        messaggio("Le schedine sono nel file\n" + file, {"Apri", "Mostra la cartella"});
+        messaggio("Le schedine sono nel file\n" + dove, {"Apri", "Mostra la cartella"});
     if (risposta < platform::vbAltri) return;
     const bool cartella = risposta > platform::vbAltri;
     const QString tipo = cartella ? "inode/directory" : pdf ? "application/pdf" : "text/plain";
@@ -201,7 +202,7 @@ void Finestra::di_file(const QString& file, bool pdf) {
         platform::apri_documento(cartella ? QFileInfo(file).path() : file)) {
         return;
     }
-    messaggio("Nessun programma di questo computer lo mostra.\nIl file è\n" + file);
+    messaggio("Nessun programma di questo computer lo mostra.\nIl file è\n" + dove);
 }
 
 void Finestra::scrivi_pdf() {
@@ -227,7 +228,7 @@ void Finestra::scrivi_pdf() {
         di_file(printer.esito().file, true);
         return;
     }
-    QString testo = "Le schedine non sono state scritte.\n\n" + file + "\n";
+    QString testo = "Le schedine non sono state scritte.\n\n" + platform::da_mostrare(file) + "\n";
     if (fine == Fine::fermato) testo = "La stampa è stata fermata: il PDF non è stato scritto.";
     if (fine == Fine::cambiato) testo += "Lo sviluppo nel frattempo è cambiato.";
     if (fine == Fine::perso) testo += printer.esito().motivo + ".";
@@ -249,7 +250,8 @@ void Finestra::scrivi_testo() {
     } else if (motivo.empty()) {
         messaggio("La scrittura è stata fermata: il file non è stato scritto.");
     } else {
-        messaggio("Le schedine non sono state scritte.\n\n" + file + "\n" + q(motivo) + ".");
+        messaggio("Le schedine non sono state scritte.\n\n" + platform::da_mostrare(file) + "\n" +
+                  q(motivo) + ".");
     }
 }
 

@@ -13,6 +13,7 @@
 #include "analysis/frmanalisi.h"
 #include "analysis/frmmigliora.h"
 #include "check/modulo_spoglio.h"
+#include "platform/qt/folder.h"
 #include "platform/qt/scrivania.h"
 #include "support/finestre_aperte.h"
 #include "support/guasti.h"
@@ -262,8 +263,8 @@ TEST_F(AnalisiForm, SavesAPdfAndShowsIt) {
     EXPECT_NE(testo.find("Anno per anno"), std::string::npos);
     const auto detti = p.mostrati();
     ASSERT_EQ(detti.size(), 1U);
-    EXPECT_EQ(detti[0].testo,
-              "L'analisi è nel file\n" + platform::q(p.cartella.file("s-analisi.pdf")));
+    EXPECT_EQ(detti[0].testo, "L'analisi è nel file\n" + platform::da_mostrare(platform::q(
+                                                             p.cartella.file("s-analisi.pdf"))));
 }
 
 TEST_F(AnalisiForm, APdfThatCannotBeWrittenIsTold) {

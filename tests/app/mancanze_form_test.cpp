@@ -1,5 +1,6 @@
 // What a start tells of a suite folder that nothing can be made in.
 #include "app/mancanze.h"
+#include "platform/qt/folder.h"
 #include "support/programma.h"
 
 using support::Icona;
@@ -10,7 +11,8 @@ using support::Pulsanti;
 TEST(Mancanze, SenzaAlcunaTabellaLoSiDicePrimaDiElaborare) {
     Programma p;
     app::avvisa_mancanze(&p.form1);
-    const QString tabelle = QString::fromStdString(p.cartella.radice()) + "/ridotti";
+    const QString tabelle =
+        platform::da_mostrare(QString::fromStdString(p.cartella.radice()) + "/ridotti");
     EXPECT_EQ(p.mostrati(),
               (std::vector<Mostrato>{
                   {"Mancano le tabelle dei sistemi: nessun sistema si può elaborare.\nI file "
@@ -33,10 +35,10 @@ TEST(Mancanze, UnaCartellaCheNonSiPuoScrivereSiDice) {
     // A folder that could not be made is as good as one that nobody may write, and root meets it.
     std::filesystem::rename(p.cartella.programma(), p.cartella.radice() + "/spostata");
     app::avvisa_mancanze(&p.form1);
-    EXPECT_EQ(
-        p.mostrati(),
-        (std::vector<Mostrato>{{"Nella cartella \"" + QString::fromStdString(prima) +
-                                    "\" non si può scrivere: i sistemi non si possono salvare né "
-                                    "elaborare.",
-                                "Tabellino", Pulsanti::ok, Icona::informazione}}));
+    EXPECT_EQ(p.mostrati(),
+              (std::vector<Mostrato>{
+                  {"Nella cartella \"" + platform::da_mostrare(QString::fromStdString(prima)) +
+                       "\" non si può scrivere: i sistemi non si possono salvare né "
+                       "elaborare.",
+                   "Tabellino", Pulsanti::ok, Icona::informazione}}));
 }

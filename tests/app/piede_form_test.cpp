@@ -4,6 +4,7 @@
 #include <QSignalSpy>
 
 #include "app/piede.h"
+#include "platform/qt/folder.h"
 #include "platform/qt/scrivania.h"
 #include "support/programma.h"
 
@@ -113,7 +114,8 @@ TEST_F(PiedeForm, WhereASystemWasSentIsTold) {
         [&](const QString&, const QString&) { return platform::q(usb); });
     Programma::voce(f->mnuinvia);
     QTest::qWait(0);
-    EXPECT_EQ(passo(), "Il sistema «prova» è stato inviato in " + platform::q(usb) + "/");
+    EXPECT_EQ(passo(), "Il sistema «prova» è stato inviato in " +
+                           platform::da_mostrare(platform::q(usb) + "/"));
     if (systems::Form2* nuovo = Programma::gestore()) nuovo->close();
 }
 

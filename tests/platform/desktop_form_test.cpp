@@ -1,6 +1,7 @@
 // The desktop under the controls: message boxes, the trash, guards, pending events.
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -9,6 +10,7 @@
 #include "platform/controlli_prova.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/desktop.h"
+#include "platform/qt/folder.h"
 #include "platform/qt/pittura.h"
 #include "support/cartella.h"
 
@@ -130,6 +132,11 @@ private:
     const char* nome_;
     QByteArray prima_;
 };
+
+TEST(DaMostrare, LeBarreSonoQuelleDelSistema) {
+    EXPECT_EQ(platform::da_mostrare("C:/a/b.pdf"),
+              (QStringList{"C:", "a", "b.pdf"}).join(QDir::separator()));
+}
 
 TEST(Cestino, SiFaAncheDoveMancaLaCartellaSopra) {
     const support::Cartella cartella;

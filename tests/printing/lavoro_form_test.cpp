@@ -99,7 +99,7 @@ TEST(DopoLaStampa, SenzaUnProgrammaPerIPdfSiDiceDovE) {
                   (scelta == apri ? "Nessun programma di questo computer apre i PDF.\nIl file è\n"
                                   : "Nessun programma di questo computer mostra le cartelle.\n"
                                     "Il file è\n") +
-                      q(s.pdf("prova-prospetto.pdf")));
+                      platform::da_mostrare(q(s.pdf("prova-prospetto.pdf"))));
     }
 }
 

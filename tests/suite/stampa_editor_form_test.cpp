@@ -126,8 +126,8 @@ TEST_F(EditorModulo, UnImmagineCheNonLoEHaUnaParola) {
     const QString falsa = q(cartella.file("falsa.png"));
     platform::scrivania().sceglie_file = [&] { return QStringList{falsa}; };
     premi(e->cmdimmagine);
-    EXPECT_EQ(messaggi,
-              QStringList{"Questo file non è un'immagine che si possa leggere:\n" + falsa});
+    EXPECT_EQ(messaggi, QStringList{"Questo file non è un'immagine che si possa leggere:\n" +
+                                    platform::da_mostrare(falsa)});
     const QString vera = q(cartella.file("vera.png"));
     QImage immagine(100, 200, QImage::Format_RGB32);
     immagine.fill(QColor("#40A060"));

@@ -94,7 +94,7 @@ TEST_F(FinestraSchedine, IPdfSiRileggonoComeLoSviluppo) {
     clic(f->cmdpdf);
     EXPECT_EQ(proposte, QStringList{"prova-schedine.pdf"});
     EXPECT_EQ(support::pagine(uscita), 2);
-    EXPECT_EQ(messaggi.last(), "Le schedine sono nel file\n" + q(uscita));
+    EXPECT_EQ(messaggi.last(), "Le schedine sono nel file\n" + platform::da_mostrare(q(uscita)));
     EXPECT_EQ(lette_sotto_i_pannelli(), attese);
     clic(f->optgenere[1]);
     clic(f->cmdpdf);

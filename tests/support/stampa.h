@@ -8,6 +8,7 @@
 #include <QPointer>
 
 #include "platform/qt/controls.h"
+#include "platform/qt/folder.h"
 #include "platform/qt/scrivania.h"
 #include "printing/frmstsvl.h"
 #include "support/pdf.h"
@@ -58,14 +59,15 @@ public:
     /// The box that tells where a job went.
     [[nodiscard]] Mostrato scritto(const QString& cosa, const std::string& nome,
                                    bool al_posto = false) const {
-        return {cosa + " è nel file\n" + platform::q(pdf(nome)) +
+        return {cosa + " è nel file\n" + platform::da_mostrare(platform::q(pdf(nome))) +
                     (al_posto ? "\n\nHa preso il posto del PDF con lo stesso nome." : ""),
                 "Tabellino", Pulsanti::ok, Icona::informazione};
     }
     /// The box that tells why a job was lost.
     [[nodiscard]] Mostrato perso(const QString& cosa, const std::string& nome,
                                  const QString& motivo, bool rimasto = false) const {
-        return {cosa + " non è stato stampato.\n\n" + platform::q(pdf(nome)) + "\n" + motivo + "." +
+        return {cosa + " non è stato stampato.\n\n" +
+                    platform::da_mostrare(platform::q(pdf(nome))) + "\n" + motivo + "." +
                     (rimasto ? "\n\nIl PDF di prima è rimasto com'era." : ""),
                 "Tabellino", Pulsanti::ok, Icona::informazione};
     }

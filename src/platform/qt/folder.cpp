@@ -1,5 +1,6 @@
 #include "platform/qt/folder.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -57,6 +58,10 @@ QString scegli_nuovo_file(QWidget* proprietario, const QString& titolo, const QS
         if (!estensione.isEmpty()) dialogo.setDefaultSuffix(estensione);
     });
     return esegui(dialogo).value(0);
+}
+
+QString da_mostrare(const QString& nome) {
+    return QDir::toNativeSeparators(nome);
 }
 
 }  // namespace platform

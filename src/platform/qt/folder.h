@@ -1,4 +1,4 @@
-// Choice of a folder or of files.
+// Choice of a folder or of files, and how they are shown.
 #pragma once
 
 #include <QString>
@@ -22,5 +22,8 @@ QStringList scegli_file(QWidget* proprietario, const QString& titolo, const QStr
 /// asks before one that is there. Empty when cancelled.
 QString scegli_nuovo_file(QWidget* proprietario, const QString& titolo, const QString& proposta,
                           const QString& tipi);
+
+/// The name of a file or folder as the system's own programs show it.
+QString da_mostrare(const QString& nome);
 
 }  // namespace platform
