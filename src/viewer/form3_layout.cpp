@@ -73,7 +73,8 @@ platform::ListView* Form3::lista(const QString& nome, QRect dove, const QString&
     l->setAccessibleName(scopo);
     l->setGeometry(dove);
     l->setProperty("sviluppo", true);
-    QFont arial("Arial");
+    QFont arial;
+    arial.setFamilies({"Arial", "Liberation Sans"});
     arial.setStyleHint(QFont::SansSerif);
     arial.setPixelSize(12);
     l->setFont(arial);
