@@ -18,7 +18,7 @@ protected:
         for (const char* nome : {"uno", "due"}) {
             std::filesystem::copy_file(p.cartella.file("nostro.sen"), da + nome + ".sen");
         }
-        std::ofstream(da + "uno.col") << "1,2,3,4,5,6\r\n";
+        std::ofstream(da + "uno.col", std::ios::binary) << "1,2,3,4,5,6\r\n";
     }
     /// Drags the files over a window; true when it takes them, and then lets go.
     static bool trascina(QWidget& su, const std::vector<std::string>& file) {

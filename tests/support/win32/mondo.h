@@ -116,9 +116,8 @@ constexpr int LOCK_SH = 1;
 constexpr int LOCK_EX = 2;
 constexpr int LOCK_NB = 4;
 constexpr int LOCK_UN = 8;
-inline int flock(int /*fd*/, int /*come*/) {
-    return non_c_e();
-}
+/// Where the program's own locks are.
+int flock(int fd, int come);
 struct flock {
     short l_type;
     short l_whence;
