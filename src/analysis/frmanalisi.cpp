@@ -292,8 +292,7 @@ void frmanalisi::salva_pdf() {
     }
     QString testo = "L'analisi è nel file\n" + dove;
     if (esito.altro_prima) testo += "\n\nHa preso il posto del PDF con lo stesso nome.";
-    if (dice(testo, {"Apri"}) != platform::vbAltri || platform::apri_documento(esito.file)) return;
-    dice("Nessun programma di questo computer apre i PDF.\nIl file è\n" + dove, {});
+    platform::offri_documento(testo, esito.file, "application/pdf", dice);
 }
 
 void frmanalisi::copia() {

@@ -1,6 +1,5 @@
 // A print job as it runs, and what the player is told of its end.
 #include <QCloseEvent>
-#include <QFileInfo>
 #include <QPointer>
 
 #include "app/finestra.h"
@@ -88,18 +87,10 @@ void frmstsvl::di_fatto(const Lavoro& cosa, const platform::EsitoStampa& esito) 
     }
     QString testo = cosa.nome + " è nel file\n" + file;
     if (esito.altro_prima) testo += "\n\nHa preso il posto del PDF con lo stesso nome.";
-    const int risposta = messaggio(testo, "Tabellino", true, {"Apri", "Mostra la cartella"});
-    if (risposta < platform::vbAltri) return;
-    const bool cartella = risposta > platform::vbAltri;
-    const QString documento = cartella ? QFileInfo(esito.file).path() : esito.file;
-    if (!platform::nessuno_apre(cartella ? "inode/directory" : "application/pdf") &&
-        platform::apri_documento(documento)) {
-        return;
-    }
-    messaggio((cartella ? "Nessun programma di questo computer mostra le cartelle.\nIl file è\n"
-                        : "Nessun programma di questo computer apre i PDF.\nIl file è\n") +
-                  file,
-              "Tabellino", true);
+    platform::offri_documento(testo, esito.file, "application/pdf",
+                              [this](const QString& che, const QStringList& altri) {
+                                  return messaggio(che, "Tabellino", true, altri);
+                              });
 }
 
 void frmstsvl::di_perso(const Lavoro& cosa, const platform::EsitoStampa& esito) {

@@ -200,15 +200,14 @@ void Strumenti::racconta(const Esportazione& fatta, const QString& file) {
     }
     visore_.finestra().mostra_esito("Lo sviluppo di " + nome + " è nel file " + dove);
     const QString quante = q(platform::Format(fatta.righe, platform::Modello::interi));
-    const int risposta = platform::MsgBox(
-        &visore_, {"Lo sviluppo è nel file\n" + dove + "\n\n" +
-                       (fatta.righe == 1 ? tr("Una combinazione.") : quante + tr(" combinazioni.")),
-                   platform::Pulsanti::ok,
-                   "Tabellino",
-                   platform::Icona::informazione,
-                   {"Apri"}});
-    if (risposta != platform::vbAltri || platform::apri_documento(file)) return;
-    dice(&visore_, "Nessun programma di questo computer apre questo file.\nIl file è\n" + dove);
+    platform::offri_documento(
+        "Lo sviluppo è nel file\n" + dove + "\n\n" +
+            (fatta.righe == 1 ? tr("Una combinazione.") : quante + tr(" combinazioni.")),
+        file, file.endsWith(".txt", Qt::CaseInsensitive) ? "text/plain" : "text/csv",
+        [this](const QString& testo, const QStringList& altri) {
+            return platform::MsgBox(&visore_, {testo, platform::Pulsanti::ok, "Tabellino",
+                                               platform::Icona::informazione, altri});
+        });
 }
 
 }  // namespace viewer

@@ -1,6 +1,5 @@
 // The jobs of the window, and what the player is told of their ends.
 #include <QDir>
-#include <QFileInfo>
 #include <QStandardPaths>
 
 #include "platform/disk.h"
@@ -192,17 +191,10 @@ void Finestra::di_stampato(Fine fine, const platform::EsitoStampa& esito, std::i
 }
 
 void Finestra::di_file(const QString& file, bool pdf) {
-    const QString dove = platform::da_mostrare(file);
-    const int risposta =
-        messaggio("Le schedine sono nel file\n" + dove, {"Apri", "Mostra la cartella"});
-    if (risposta < platform::vbAltri) return;
-    const bool cartella = risposta > platform::vbAltri;
-    const QString tipo = cartella ? "inode/directory" : pdf ? "application/pdf" : "text/plain";
-    if (!platform::nessuno_apre(tipo) &&
-        platform::apri_documento(cartella ? QFileInfo(file).path() : file)) {
-        return;
-    }
-    messaggio("Nessun programma di questo computer lo mostra.\nIl file è\n" + dove);
+    platform::offri_documento(
+        "Le schedine sono nel file\n" + platform::da_mostrare(file), file,
+        pdf ? "application/pdf" : "text/plain",
+        [this](const QString& testo, const QStringList& altri) { return messaggio(testo, altri); });
 }
 
 void Finestra::scrivi_pdf() {

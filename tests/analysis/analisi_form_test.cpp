@@ -265,6 +265,9 @@ TEST_F(AnalisiForm, SavesAPdfAndShowsIt) {
     ASSERT_EQ(detti.size(), 1U);
     EXPECT_EQ(detti[0].testo, "L'analisi è nel file\n" + platform::da_mostrare(platform::q(
                                                              p.cartella.file("s-analisi.pdf"))));
+    p.risposte = {platform::vbAltri + 1};
+    Programma::clic(f.cmdpdf);
+    EXPECT_EQ(aperti.last(), platform::q(p.cartella.programma()));
 }
 
 TEST_F(AnalisiForm, APdfThatCannotBeWrittenIsTold) {

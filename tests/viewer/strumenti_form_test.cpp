@@ -170,6 +170,28 @@ TEST_F(StrumentiTest, TheDevelopmentGoesIntoATable) {
     EXPECT_TRUE(p.form1.lblpasso->text().startsWith("Lo sviluppo di s è nel file "));
 }
 
+TEST_F(StrumentiTest, WhereNoProgramShowsItTheFileIsTold) {
+    const Form3& f = apri(50);
+    scrivi_in("mio");
+    QStringList chiesti;
+    platform::scrivania().apre = [&chiesti](const QString& documento) {
+        chiesti << documento;
+        return false;
+    };
+    for (const int scelta : {platform::vbAltri, platform::vbAltri + 1}) {
+        p.risposte = {scelta};
+        Programma::clic(f.strumenti->cmdesporta);
+        const auto detti = p.mostrati();
+        ASSERT_EQ(detti.size(), 2U);
+        EXPECT_EQ(detti[1].testo,
+                  QString("Nessun programma di questo computer ") +
+                      (scelta == platform::vbAltri ? "apre questo file" : "mostra le cartelle") +
+                      ".\nIl file è\n" + platform::da_mostrare(platform::q(file) + ".csv"));
+    }
+    EXPECT_EQ(chiesti,
+              (QStringList{platform::q(file) + ".csv", platform::q(p.cartella.programma())}));
+}
+
 TEST_F(StrumentiTest, AFileThatCannotBeWrittenIsTold) {
     Form3& f = apri(50);
     scrivi_in("nessuna/cartella.txt");

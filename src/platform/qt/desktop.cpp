@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QLabel>
 #include <QMessageBox>
@@ -20,6 +21,7 @@
 #include <QWidget>
 #include <QWindow>
 
+#include "platform/qt/folder.h"
 #include "platform/qt/scala.h"
 #include "platform/qt/scrivania.h"
 
@@ -293,6 +295,21 @@ bool apri_documento(const QString& documento) {
     if (scrivania().apre) return scrivania().apre(documento);
     const bool indirizzo = documento.contains("://");
     return QDesktopServices::openUrl(indirizzo ? QUrl(documento) : QUrl::fromLocalFile(documento));
+}
+
+void offri_documento(const QString& testo, const QString& file, const QString& mime,
+                     const Dice& dice) {
+    const int risposta = dice(testo, {"Apri", "Mostra la cartella"});
+    if (risposta < vbAltri) return;
+    const bool cartella = risposta > vbAltri;
+    if (!nessuno_apre(cartella ? "inode/directory" : mime) &&
+        apri_documento(cartella ? QFileInfo(file).path() : file)) {
+        return;
+    }
+    const QString cosa = cartella                    ? "mostra le cartelle"
+                         : mime == "application/pdf" ? "apre i PDF"
+                                                     : "apre questo file";
+    dice("Nessun programma di questo computer " + cosa + ".\nIl file è\n" + da_mostrare(file), {});
 }
 
 bool cestina(const QString& nome) {

@@ -1,6 +1,8 @@
 // The desktop: message boxes, pending events, pointer, frozen windows, the trash.
 #pragma once
 
+#include <functional>
+
 #include <QPointer>
 #include <QString>
 #include <QStringList>
@@ -86,6 +88,13 @@ bool nessuno_apre(const QString& mime);
 /// Shows a file or an address in the program that the desktop keeps for it; false when there is
 /// none.
 bool apri_documento(const QString& documento);
+
+/// Shows a box with an OK button and others; returns the answer, vbAltri and on for the others.
+using Dice = std::function<int(const QString& testo, const QStringList& altri)>;
+/// Says `testo`, which tells of a document just written, and opens it or its folder where that is
+/// chosen; where no program does, says that too.
+void offri_documento(const QString& testo, const QString& file, const QString& mime,
+                     const Dice& dice);
 
 /// Moves a file to the desktop's trash; false when it could not, and then it stays.
 bool cestina(const QString& nome);
