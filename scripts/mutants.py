@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
 """Changes the core one thing at a time and looks whether a test notices.
 
-scripts/mutants.py [--build FOLDER] [--sample N] [--seed S] [--rooms a,b] [--minutes M] [--list] [--write]
+scripts/mutants.py [--build FOLDER] [--sample N] [--seed S] [--rooms a,b] [--minutes M]
+                   [--quick] [--all] [--again] [--list] [--write]
 
 Each mutant is one source file with one change, compiled beside the tree and linked before the
 library that holds the original. The suites of test_core that are named after the file run first, then
-those of its room, with --all all others too, until one fails. What was found is kept in results.json of
-the build folder: a run goes on where the last one ended, a changed line is tried anew, and with --again
+those of its room, with --all all others too, the slow tests after the quick ones or, with --quick, not
+at all, until one fails. What was found is kept in results.json of the build folder: a run goes on where the last one ended, a changed line is tried anew, and with --again
 what was alive too.
 Mutants that change nothing are listed, with the reason, in tests/mutants/equivalent.txt.
 """
@@ -31,6 +32,10 @@ from reliability_page import replace_section
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 EQUIVALENT = ROOT / "tests" / "mutants" / "equivalent.txt"
 GOALS = {"printing": 92, "platform": 92}
+# Seconds from which on a test waits until all quick ones have passed.
+SLOW = 0.5
+# Seconds with less than one in a hundred of work after which a test waits for what never comes.
+WAITING = 30
 
 
 # ---- what can be changed -------------------------------------------------------------------------
@@ -185,8 +190,8 @@ def build(folder):
 class Workshop:
     """Compiles, links and tries one mutant after another, in a folder of its own."""
 
-    def __init__(self, folder, everything):
-        self.folder, self.everything = folder, everything
+    def __init__(self, folder, everything, quick):
+        self.folder, self.everything, self.quick = folder, everything, quick
         commands = json.loads((folder / "compile_commands.json").read_text())
         self.compile = {os.path.relpath(c["file"], ROOT): c for c in commands}
         listed = run(["ninja", "-C", folder, "-t", "commands", "tests/test_core"]).stdout.splitlines()
@@ -199,7 +204,6 @@ class Workshop:
                 name = f"{source.parent.name}/{source.stem}"
                 self.suites[name] |= set(re.findall(r"^(?:TEST|TEST_F|TEST_P)\((\w+),",
                                                     source.read_text(encoding="utf-8"), re.M))
-        self.usual = {}
         self.reason = ""
         # Tests that go astray must not reach the tree.
         self.fence = ["unshare", "--mount", "--pid", "--fork", "--kill-child", "--mount-proc", "sh", "-c",
@@ -207,19 +211,71 @@ class Workshop:
                       f"cd {folder}/tests && {{ \"$@\"; exit $?; }}", "sh"]
         if run([*self.fence, "true"]).returncode:
             self.fence = []
+        self.times = self.measured()
 
     def stages(self, file):
-        """Filters for the suites named after the file, those of its room, where asked all others."""
+        """What to run and the seconds of the processor that it may take: the quick tests named after the
+        file, those of its room, where asked all others, then the slow ones in the same order."""
         room, stem = file.split("/")[1], pathlib.Path(file).stem
         every = {suite for suites in self.suites.values() for suite in suites}
         near = {s for name, suites in self.suites.items() if name.startswith(f"{room}/{stem}")
                 for s in suites}
         own = {s for name, suites in self.suites.items() if name.startswith(room + "/") for s in suites}
-        parts = [near, own - near, every - own - near if self.everything else ()]
-        return [":".join(f"{s}.*:*/{s}.*" for s in sorted(part)) for part in parts if part]
+        found = []
+        for slow in (False,) if self.quick else (False, True):
+            for part in (near, own - near, every - own - near if self.everything else set()):
+                tests = {test: spent for test, spent in self.times.items()
+                         if (spent >= SLOW) == slow and part & set(test.split(".")[0].split("/"))}
+                if tests:
+                    found.append((":".join(tests), 5 + int(3 * sum(tests.values()))))
+        return found
+
+    def measured(self):
+        """The seconds of each test without any change, kept until the program is built anew; a test that
+        fails even so is not among them."""
+        program, kept = self.folder / "tests" / "test_core", self.folder / "times.json"
+        if not kept.exists() or kept.stat().st_mtime < program.stat().st_mtime:
+            with tempfile.TemporaryDirectory(prefix="mutant") as name:
+                told = pathlib.Path(name) / "told.json"
+                self.test(program, "*", 3600, pathlib.Path(name), f"--gtest_output=json:{told}")
+                shutil.copy(told, kept)
+        times = {}
+        for suite in json.loads(kept.read_text())["testsuites"]:
+            for test in suite["testsuite"]:
+                name = f"{suite['name']}.{test['name']}"
+                if "failures" in test:
+                    print(f"left out, since it fails without any change: {name}", flush=True)
+                elif test["result"] == "COMPLETED":
+                    times[name] = float(test["time"].rstrip("s"))
+        return times
+
+    def heard(self, child):
+        """What the child says; TimeoutExpired when it waits for ever. On a busy machine the clock tells
+        nothing, so its processes are looked at."""
+        worked, since = -WAITING - 1, time.monotonic()
+        while True:
+            try:
+                return child.communicate(timeout=5)[0]
+            except subprocess.TimeoutExpired:
+                ticks = sum(self.worked(child.pid))
+                if ticks > worked + WAITING:
+                    worked, since = ticks, time.monotonic()
+                elif time.monotonic() - since > WAITING:
+                    raise
+
+    @staticmethod
+    def worked(session):
+        """Ticks of the processor of each process of the session."""
+        for stat in pathlib.Path("/proc").glob("[0-9]*/stat"):
+            try:
+                fields = stat.read_text().rpartition(")")[2].split()
+            except OSError:
+                continue
+            if int(fields[3]) == session:
+                yield int(fields[11]) + int(fields[12])
 
     def test(self, program, chosen, limit, folder, *more):
-        """The outcome of these suites – killed, timeout or alive – and the seconds of the processor."""
+        """The outcome of these tests: killed, timeout or alive."""
         def bounds():
             os.setsid()
             resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
@@ -237,18 +293,17 @@ class Workshop:
             errors="replace", cwd=self.folder / "tests", preexec_fn=bounds,
             env={**os.environ, "TMPDIR": scratch})
         try:
-            # On a busy machine the clock runs faster than the test.
-            said, _ = child.communicate(timeout=60 + 30 * limit)
+            said = self.heard(child)
             after = resource.getrusage(resource.RUSAGE_CHILDREN)
             spent = after.ru_utime - before.ru_utime + after.ru_stime - before.ru_stime
             failed = re.findall(r"FAILED  \] ([^,\s]+)", said)
             self.reason = " ".join(dict.fromkeys(failed)) or f"status {child.returncode}"
             if child.returncode == 0:
-                return "alive", spent
-            return "timeout" if not failed and spent >= limit else "killed", spent
+                return "alive"
+            return "timeout" if not failed and spent >= limit else "killed"
         except subprocess.TimeoutExpired:
-            self.reason = "the clock"
-            return "timeout", limit
+            self.reason = "waits for ever"
+            return "timeout"
         finally:
             if child.poll() is None:
                 os.killpg(child.pid, signal.SIGKILL)
@@ -285,24 +340,11 @@ class Workshop:
             if program is None:
                 return "invalid"
             outcome = "alive"
-            for chosen in self.stages(mutant.file):
-                chosen, limit = self.known(chosen, folder)
-                outcome, _ = self.test(program, chosen, limit, folder, "--gtest_fail_fast")
+            for chosen, limit in self.stages(mutant.file):
+                outcome = self.test(program, chosen, limit, folder, "--gtest_fail_fast")
                 if outcome != "alive":
                     break
             return outcome
-
-    def known(self, chosen, folder):
-        """The suites without what fails unchanged, and the seconds of the processor that they may
-        take: thrice the usual."""
-        if chosen not in self.usual:
-            outcome, spent = self.test(self.folder / "tests" / "test_core", chosen, 600, folder)
-            sound = chosen
-            if outcome != "alive":
-                print(f"left out, since it fails without any change: {self.reason}", flush=True)
-                sound += "-" + self.reason.replace(" ", ":")
-            self.usual[chosen] = sound, 5 + int(3 * spent)
-        return self.usual[chosen]
 
 
 # ---- results -------------------------------------------------------------------------------------
@@ -348,6 +390,7 @@ def main():
     options.add_argument("--rooms", default="")
     options.add_argument("--minutes", type=float, default=0)
     options.add_argument("--all", action="store_true", help="tries the tests of every room")
+    options.add_argument("--quick", action="store_true", help="leaves the slow tests out, for a first look")
     options.add_argument("--again", action="store_true", help="tries those anew that were alive")
     options.add_argument("--list", action="store_true", help="tries nothing")
     options.add_argument("--write", action="store_true", help="renews the table in docs/reliability.md")
@@ -360,7 +403,7 @@ def main():
     results = json.loads(kept.read_text()) if kept.exists() else {}
     if not chosen.list:
         build(folder)
-        workshop = Workshop(folder, chosen.all)
+        workshop = Workshop(folder, chosen.all, chosen.quick)
         # Whenever a run is broken off, what was tried is a fair sample of all rooms.
         random.Random(chosen.seed).shuffle(mutants)
         end = time.monotonic() + 60 * chosen.minutes if chosen.minutes else float("inf")
