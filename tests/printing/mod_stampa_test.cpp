@@ -21,68 +21,6 @@ const Testata testata{"1.0.0", "Prova", "21/11/2026"};
 
 }  // namespace
 
-TEST(Penna, PrintScendeDiUnaRigaETornaAZero) {
-    Registratore r;
-    r.FontSize = 12;
-    r.CurrentX = 7;
-    r.CurrentY = 3;
-    r.Print("ciao");
-    EXPECT_FLOAT_EQ(r.testi().at(0).x1, 7);
-    EXPECT_FLOAT_EQ(r.testi().at(0).y1, 3);
-    EXPECT_FLOAT_EQ(r.CurrentX, 0);
-    EXPECT_FLOAT_EQ(r.CurrentY, 3 + alto(12));
-}
-
-TEST(Penna, PrintVuotoScendeSenzaInchiostro) {
-    Registratore r;
-    r.FontSize = 14;
-    r.CurrentX = 5;
-    r.Print();
-    r.Print("");
-    EXPECT_TRUE(r.testi().empty());
-    EXPECT_EQ(r.fogli, 1);
-    EXPECT_FLOAT_EQ(r.CurrentX, 0);
-    EXPECT_FLOAT_EQ(r.CurrentY, 2 * alto(14));
-}
-
-TEST(Penna, UnNumeroHaUnoSpazioPrimaEUnoDopo) {
-    Registratore r;
-    r.Print(std::int64_t{42});
-    r.Print(std::int64_t{-7});
-    EXPECT_EQ(r.testi().at(0).testo, " 42 ");
-    EXPECT_EQ(r.testi().at(1).testo, "-7 ");
-}
-
-TEST(Penna, LineLasciaLaPennaAllaFine) {
-    Registratore r;
-    r.Line(1, 2, 30, 4);
-    EXPECT_FLOAT_EQ(r.CurrentX, 30);
-    EXPECT_FLOAT_EQ(r.CurrentY, 4);
-    r.LineB(5, 6, 7, 8);
-    EXPECT_FLOAT_EQ(r.CurrentX, 7);
-    EXPECT_FLOAT_EQ(r.CurrentY, 8);
-}
-
-TEST(Penna, LaPaginaComincaColPrimoSegno) {
-    Registratore r;
-    r.CurrentY = 5;
-    r.FontSize = 20;
-    EXPECT_GT(r.TextWidth("a"), 0);
-    EXPECT_EQ(r.fogli, 0);
-    r.Line(0, 0, 0, 0);
-    EXPECT_EQ(r.fogli, 1);
-    r.NewPage();
-    EXPECT_EQ(r.fogli, 1);
-    EXPECT_EQ(r.Page(), 2);
-    EXPECT_FLOAT_EQ(r.CurrentX, 0);
-    EXPECT_FLOAT_EQ(r.CurrentY, 0);
-    r.Print("b");
-    EXPECT_EQ(r.fogli, 2);
-    EXPECT_EQ(r.testi().at(0).pagina, 2);
-    r.EndDoc();
-    EXPECT_EQ(r.Page(), 1);
-}
-
 TEST(Intestazione, RiquadriEPannelli) {
     Registratore r;
     intestazione(r, testata);
