@@ -15,6 +15,7 @@
 
 #include "platform/ambiente.h"
 #include "platform/disk_prova.h"
+#include "platform/links.h"
 
 using namespace platform;
 using prova::Disk;
@@ -190,6 +191,8 @@ TEST(DiskPattern, KnowsStarAndQuestionMarkWithoutCase) {
     EXPECT_TRUE(corrisponde("", ""));
     EXPECT_FALSE(corrisponde("a", ""));
     EXPECT_TRUE(corrisponde("aaab", "*ab"));
+    EXPECT_TRUE(corrisponde("ababbab.", "*abab*bab*"));
+    EXPECT_FALSE(corrisponde("ababx", "*abab*bab*")) << "no letter counts for two stars";
 }
 
 TEST(DiskPattern, AQuestionMarkStandsForOneLetterNotOneByte) {
@@ -238,6 +241,29 @@ TEST_F(Disk, KillTakesALinkAndLeavesWhatItLeadsTo) {
     fs::create_symlink("a", f("link"));
     EXPECT_EQ(Kill(f("link")), Esito::ok);
     EXPECT_EQ(tutti(), Nomi{"a"});
+}
+
+TEST_F(Disk, ALinkAndWhatItLeadsToAreOneFileOnlyFromTheLinksSide) {
+    cartella_.scrivi("a", "x");
+    cartella_.scrivi("b", "x");
+    fs::create_symlink("a", f("link"));
+    EXPECT_TRUE(stesso_file(f("A"), f("a")));
+    EXPECT_TRUE(stesso_file(f("link"), f("link")));
+    EXPECT_TRUE(stesso_file(f("link"), f("a")));
+    EXPECT_FALSE(stesso_file(f("a"), f("link"))) << "deleting the link leaves the file";
+    EXPECT_FALSE(stesso_file(f("a"), f("b")));
+    EXPECT_FALSE(stesso_file(f("link"), f("b")));
+    EXPECT_FALSE(stesso_file(f("manca"), f("a")));
+    EXPECT_FALSE(stesso_file(f("a"), f("manca")));
+}
+
+TEST_F(Disk, TheWordOnAFileIsToldAsKeptWhereItIs) {
+    cartella_.scrivi("Prova.col", "x");
+    const bool tenuta = annota(f("prova.col"), "parola");
+    EXPECT_EQ(annotazione(f("prova.col")), tenuta ? "parola" : "");
+    EXPECT_EQ(cartella_.leggi("Prova.col"), "x");
+    EXPECT_FALSE(annota(f("manca.col"), "parola"));
+    EXPECT_EQ(tutti(), Nomi{"Prova.col"});
 }
 
 TEST_F(Disk, NameRenamesWithoutCaseAndNeverOverwrites) {

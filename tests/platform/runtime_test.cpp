@@ -166,6 +166,7 @@ TEST(Format, TakesAnyMagnitude) {
 
 TEST(Significative, AsManyDecimalsAsItTakes) {
     EXPECT_EQ(Significative(0, 3), "0");
+    EXPECT_EQ(Significative(1, 3), "1");
     EXPECT_EQ(Significative(1234.5, 3), "1.235");
     EXPECT_EQ(Significative(622614630, 3), "622.614.630");
     EXPECT_EQ(Significative(12.34, 3), "12,3");

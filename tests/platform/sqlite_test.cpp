@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include "platform/runtime.h"
+#include "platform/sqlite_scrivi.h"
 #include "support/archivio.h"
 #include "support/cartella.h"
 
@@ -137,6 +138,30 @@ TEST_F(Sqlite, DamagedFilesAreAnsweredWhateverTheyHold) {
     }
     EXPECT_GT(riuscite, 10);
     EXPECT_GT(fallite, 10);
+}
+
+TEST_F(Sqlite, WhatIsWrittenIsReadBackRowByRow) {
+    Table tabella;
+    tabella.aggiungi_colonna("concorso", Table::Tipo::intero);
+    tabella.aggiungi_colonna("RUOTA", Table::Tipo::testo);
+    tabella.aggiungi_colonna("data", Table::Tipo::data);
+    for (std::int32_t i = 1; i <= 3; ++i) {
+        tabella.accoda(0, 10 * i);
+        tabella.accoda(1, i == 2 ? "MI" : "BA");
+        tabella.accoda(2, 36526 + i);
+    }
+    const std::string file = cartella_.file("nuovo.sqlite");
+    ASSERT_TRUE(scrivi_sqlite(file, {{"archivio", tabella, "concorso"}}));
+    EXPECT_EQ(verifica_sqlite(file), 0);
+    Table letta;
+    ASSERT_EQ(leggi_sqlite(file, "archivio", letta), 0);
+    ASSERT_EQ(letta.righe(), 3U);
+    ASSERT_EQ(letta.colonne(), 3U);
+    for (std::size_t r = 0; r < 3; ++r) {
+        for (std::size_t c = 0; c < 3; ++c) {
+            EXPECT_EQ(letta.valore(c, r), tabella.valore(c, r)) << r << " " << c;
+        }
+    }
 }
 
 TEST_F(Sqlite, ValuesThatDoNotFitTheirColumnAreNull) {

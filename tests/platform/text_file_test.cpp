@@ -193,6 +193,13 @@ TEST_F(TextReaderTest, NumbersReadTogetherAreThoseReadOneByOne) {
     }
 }
 
+TEST_F(TextReaderTest, WhatFollowsADigitCountsOnlyWhereItIsOne) {
+    apri("1:,2/,30,4\r\n");
+    std::vector<std::int16_t> record(4, -1);
+    EXPECT_TRUE(lettore_.interi(record));
+    EXPECT_EQ(record, (std::vector<std::int16_t>{1, 2, 30, 4}));
+}
+
 TEST_F(TextReaderTest, NumbersReadTogetherPastTheEndLeaveTheRest) {
     apri("1,2");
     std::vector<std::int16_t> record{7, 8, 9};
