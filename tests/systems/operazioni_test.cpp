@@ -238,6 +238,14 @@ TEST_P(Operazioni, ImportWithoutDevelopmentCopiesTheSystemAlone) {
     EXPECT_EQ(programma(), (Stato{{sis("a"), "S"}}));
 }
 
+TEST_P(Operazioni, SendingSweepsWhatAKilledProgramLeftInTheOtherFolder) {
+    scrivi(sis("a"), "S");
+    scrivi_altra("temp-1-0.nuovo", "half of it");
+    scrivi_altra("temp.txt", "of somebody else");
+    EXPECT_EQ(invia(qui("a"), la("a")).sistema, Esito::ok);
+    EXPECT_EQ(stato(altra), (Stato{{sis("a"), "S"}, {"temp.txt", "of somebody else"}}));
+}
+
 TEST_P(Operazioni, CopiesNeverFollowALinkOutOfTheFolder) {
     std::ofstream(cartella.radice() + "/segreto") << "X";
     fs::create_symlink(cartella.radice() + "/segreto", altra + "/" + sis("a"));

@@ -153,6 +153,26 @@ TEST_F(RipresaTest, ADamagedFileLaysNothingAgainstTheRule) {
     }
 }
 
+TEST_F(RipresaTest, AGameThatDoesNotExistIsNotTakenUp) {
+    Sessione s(cartella_.programma());
+    s.avvia();
+    s.passa_al_lotto();
+    s.cambia_forma(3);
+    s.posa({0, 0}, 7);
+    Ripresa(s).tieni();
+    const std::string intero = tenuto();
+    const std::size_t forma = intero.find('3');
+    ASSERT_NE(forma, std::string::npos);
+    for (const char c : {'1', '2', '3', '4', '5', '6', '7'}) {
+        std::string altro = intero;
+        altro[forma] = c;
+        cartella_.scrivi(".tabellino-ripresa", altro);
+        Sessione dopo(cartella_.programma());
+        dopo.avvia();
+        EXPECT_EQ(Ripresa(dopo).riprendi(), c >= '3' && c <= '5') << c;
+    }
+}
+
 TEST_F(RipresaTest, TwoHundredKillsLeaveWhatWasLaid) {
     for (int i = 0; i < 200; ++i) {
         std::array<int, 2> tubo{};

@@ -252,6 +252,19 @@ TEST_F(SessioneEconomiche, QuellaCheMancaSiDiceENessunAltraNePrendeIlPosto) {
     }
 }
 
+TEST_F(SessioneEconomiche, CambiataLaTabellaISuoiContiSonoQuelliNuovi) {
+    s.economiche(true);
+    salvato("a", 9, 46, 0, 0);
+    const auto totale = s.totale();
+    const auto uno = std::stoi(s.combinazioni(Elenco::orizzontali));
+    // The same guarantee, and one row more.
+    std::ofstream(cartella.radice() + "/ridotti/cr0946.rid", std::ios::binary | std::ios::app)
+        << "1,2,3,4,5,6\r\n";
+    s.rinnova_tipi();
+    EXPECT_EQ(s.combinazioni(Elenco::orizzontali), std::to_string(uno + 1));
+    EXPECT_EQ(s.totale(), totale + 9);
+}
+
 TEST_F(SessioneEconomiche, UnaGuastaValeUnaCheManca) {
     salvato("a", 9, 46, 0, 0);
     std::ofstream(cartella.radice() + "/ridotti/cr0946.rid", std::ios::binary)

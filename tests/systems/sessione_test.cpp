@@ -80,6 +80,13 @@ TEST_F(SessioneTest, SiApreVuotaInSuperEnalotto) {
     EXPECT_EQ(cartella.leggi("cst"), "\"0,50\",\"Euro\"\r\n");
 }
 
+TEST_F(SessioneTest, LeLineeSonoLeRigheLeColonneELeDiagonaliDelQuadrato) {
+    s.dimensioni(9, 7);
+    EXPECT_EQ(s.linee(Elenco::orizzontali), 7);
+    EXPECT_EQ(s.linee(Elenco::verticali), 9);
+    EXPECT_EQ(s.linee(Elenco::diagonali), std::nullopt);
+}
+
 TEST_F(SessioneTest, AllAvvioVannoIFileSenzaNomeEValeRipDat) {
     cartella.scrivi(".sen", "x");
     cartella.scrivi(".col", "x");
@@ -167,6 +174,21 @@ TEST_F(SessioneTest, FermataLaElaborazioneRestaLoSviluppoDiPrima) {
     EXPECT_EQ(s.sviluppa(seguito), Elaborato::interrotto);
     EXPECT_EQ(cartella.leggi("a.col"), prima);
     EXPECT_FALSE(s.occupata());
+}
+
+TEST_F(SessioneTest, FermataLaElaborazioneIlCruciverbaSulloSchermoESalvatoLoStesso) {
+    salvato_e_sviluppato("a");
+    s.dimensioni(7, 7);
+    riempi();
+    ASSERT_FALSE(s.salvato());
+    systems::SeguitoSviluppo seguito;
+    seguito.avanzamento = [](std::int32_t) { return false; };
+    EXPECT_EQ(s.sviluppa(seguito), Elaborato::interrotto);
+    EXPECT_TRUE(s.salvato());
+    Sessione altra(cartella.programma());
+    altra.avvia();
+    ASSERT_TRUE(altra.apri("a"));
+    EXPECT_EQ(altra.matrice(), s.matrice());
 }
 
 TEST_F(SessioneTest, CambiataESalvataSaCheLoSviluppoESuperatoFinoAllaRiapertura) {
@@ -365,7 +387,15 @@ TEST_F(SessioneTest, GenerataNellaRegolaESiAnnullaInUnPasso) {
     int posate = 0;
     statistics::Seguito seguito;
     seguito.posata = [&](int, int, int) { return ++posate > 0; };
+    s.in_linea("vecchio");
+    s.quote(3);
+    Cambiamento detto;
+    s.osserva([&](const Cambiamento& c) { detto = c; });
     EXPECT_EQ(s.genera(0, seguito), Generato::completo);
+    s.osserva({});
+    EXPECT_TRUE(detto.celle);
+    EXPECT_EQ(s.nome(), "");
+    EXPECT_EQ(s.prezzo().quote, "1");
     EXPECT_EQ(posate, 64);
     EXPECT_TRUE(s.completo());
     for (int y = 0; y < 8; ++y) {
@@ -377,6 +407,19 @@ TEST_F(SessioneTest, GenerataNellaRegolaESiAnnullaInUnPasso) {
     s.annulla();
     EXPECT_EQ(s.matrice()(3, 3), 44);
     EXPECT_EQ(s.matrice()(0, 0), 0);
+}
+
+TEST_F(SessioneTest, CompletaRiempieIlCruciverbaSenzaSegnarloCambiato) {
+    support::metti_archivio(cartella.radice(), support::archivio_inventato({4200, 10, 10}, 1));
+    ASSERT_TRUE(s.apri_archivio().ok());
+    s.completa({});
+    EXPECT_TRUE(s.completo());
+    EXPECT_TRUE(s.salvato());
+    for (int y = 0; y < 6; ++y) {
+        for (int x = 0; x < 6; ++x) {
+            EXPECT_FALSE(s.sbarrati({x, y}).test(static_cast<std::size_t>(s.matrice()(x, y))));
+        }
+    }
 }
 
 TEST_F(SessioneTest, SenzaArchivioNonGenera) {
@@ -402,6 +445,17 @@ TEST_F(SessioneTest, InterrottaRestaCioCheHaPosato) {
     EXPECT_EQ(s.matrice()(2, 0), 0);
     EXPECT_EQ(s.annulla(), (systems::Cella{1, 0}));
     EXPECT_EQ(s.matrice()(1, 0), 0);
+}
+
+TEST_F(SessioneTest, CompletataDiceCheLeCelleSonoCambiate) {
+    s.posa({0, 0}, 1);
+    s.posa({0, 1}, 2);
+    Cambiamento detto;
+    s.osserva([&](const Cambiamento& c) { detto = c; });
+    s.completa_con_scelti({});
+    EXPECT_TRUE(detto.celle);
+    EXPECT_TRUE(detto.cronologia);
+    s.osserva({});
 }
 
 TEST_F(SessioneTest, DisponeUnCruciverbaInteroInUnPassoSoloSottoLaRegola) {
