@@ -26,6 +26,13 @@ TEST(Coperture, LimitiDeiConteggiEDiSchonheim) {
     EXPECT_EQ(limite_inferiore({7, 6, 6, 3}), 1);
 }
 
+TEST(Coperture, DoveIlConteggioEPiuBassoValeIlLimiteDiSchonheim) {
+    EXPECT_EQ(limite_inferiore({9, 4, 2, 2}), 7);
+    EXPECT_EQ(limite_inferiore({11, 5, 2, 2}), 7);
+    // It holds only where all that is drawn must be in one row.
+    EXPECT_EQ(limite_inferiore({9, 4, 3, 2}), 3);
+}
+
 TEST(Coperture, CioCheNonSiPuoChiedereHaIlSuoPerche) {
     const auto dice = [](const Desiderio& d, const char* parte) {
         EXPECT_NE(impossibile(d).find(parte), std::string::npos) << impossibile(d);
@@ -184,6 +191,50 @@ TEST(Coperture, RiparteDaUnaTabella) {
     monca.parti_da({prima.migliore().front()});
     monca.passi(1);
     EXPECT_EQ(scoperti_di(monca.migliore(), d), 0U);
+}
+
+TEST(Coperture, NienteDiMeglioNonAllungaIPassi) {
+    // Nine are the fewest, which no bound tells: the walk never ends by itself.
+    const Desiderio d{10, 4, 2, 2};
+    Cercatore cercatore(d, 1);
+    for (int giro = 0; giro < 400 && cercatore.migliore().size() != 9U; ++giro) {
+        cercatore.passi(500);
+    }
+    ASSERT_EQ(cercatore.migliore().size(), 9U);
+    const auto prima = cercatore.migliore();
+    for (int giro = 0; giro < 4; ++giro) cercatore.passi(200);
+    EXPECT_FALSE(cercatore.finito());
+    EXPECT_EQ(cercatore.migliore(), prima);
+}
+
+/// Swaps, cost, misses and columns of each better cover that a walk finds, folded into one number.
+std::uint64_t cammino_di(const Incidenza& incidenza, std::int64_t costo_fisso,
+                         std::uint64_t passi) {
+    CoperturaLocale cammino(incidenza, 7, costo_fisso);
+    std::uint64_t orma = 14695981039346656037U;
+    const auto aggiungi = [&](std::uint64_t n) { orma = (orma ^ n) * 1099511628211U; };
+    while (cammino.fatti() < passi && cammino.passi(passi - cammino.fatti(), 1)) {
+        aggiungi(cammino.fatti());
+        aggiungi(static_cast<std::uint64_t>(cammino.costo_migliore()));
+        aggiungi(static_cast<std::uint64_t>(cammino.scoperto_migliore()));
+        for (const std::uint32_t c : cammino.migliore()) aggiungi(c);
+    }
+    return orma;
+}
+
+// What a seed finds is the same on every machine: a change of these numbers is one of the search.
+TEST(Coperture, IPassiDiUnSemeSonoGliStessiDappertutto) {
+    Sorte sorte(5);
+    const Orbite semplice = orbite({9, 5, 4, 4}, {});
+    EXPECT_EQ(cammino_di(semplice.incidenza, 0, 300), 16452154204102711224U);
+    EXPECT_EQ(cammino_di(semplice.incidenza, 24, 300), 11185334596711254541U);
+    EXPECT_EQ(cammino_di(orbite({10, 6, 6, 5}, {}).incidenza, 0, 300), 9870668102171368422U);
+    EXPECT_EQ(cammino_di(orbite({10, 4, 6, 2}, {}).incidenza, 0, 300), 11813185675669965078U);
+    for (const std::uint64_t orma :
+         {5041352600936008318U, 7000342124383737375U, 13551692951343897184U}) {
+        const Orbite o = orbite({10, 6, 6, 5}, gruppo_a_caso(10, sorte));
+        EXPECT_EQ(cammino_di(o.incidenza, 0, 300), orma) << o.incidenza.quante_colonne();
+    }
 }
 
 TEST(Coperture, OgniGruppoDivideLeRigheENeDaDiBuone) {

@@ -283,6 +283,16 @@ TEST(Buchi, InOrdineEContatiOltreIlLimite) {
     EXPECT_EQ(buchi(t, {2, 1, 2, false}, 9).quanti, 2U);
 }
 
+TEST(InParole, DiceIlMenoEDoveCELOppure) {
+    EXPECT_EQ(in_parole({1, 1, 1, false}),
+              "con 1 estratto almeno una riga con 1 numero indovinato");
+    EXPECT_EQ(in_parole({4, 3, 2, false}),
+              "con 4 estratti almeno 2 righe con 3 numeri indovinati (terno)");
+    EXPECT_EQ(in_parole({5, 4, 2, true}),
+              "con 5 estratti almeno 2 righe con 4 numeri indovinati (quaterna), oppure una riga "
+              "con 5 numeri indovinati (cinquina)");
+}
+
 /// In these designs every subset is covered once, so a missing row leaves exactly its own.
 class DisegnoStretto : public testing::TestWithParam<const char*> {};
 

@@ -72,6 +72,8 @@ TEST(Spiegazioni, DallaTabellaCheStaNelDisco) {
     EXPECT_EQ(s.di(ridotti, terzine, 5, 1), "La tabella tr0501.rid è guasta: non garantisce nulla");
     scrivi("1,2,3\r\n1,4,5\r\n");
     EXPECT_EQ(s.di(ridotti, terzine, 5, 1).substr(0, 31), "2 terzine, 20 % dell'integrale:");
+    const std::string frase = s.di(ridotti, terzine, 5, 1);
+    EXPECT_EQ(frase.substr(0, 31), "2 terzine, 20 % dell'integrale:") << "as it was";
     scrivi("");
     EXPECT_EQ(s.di(ridotti, terzine, 5, 1), "La tabella tr0501.rid è guasta: non garantisce nulla");
     std::filesystem::remove(ridotti + "/tr0501.rid");
