@@ -72,6 +72,16 @@ TEST(Relazione, GaranzieInParole) {
                               {"6", "almeno 6 punti", "almeno 1 combinazione", "1"}}));
 }
 
+TEST(Relazione, DoveIlMinimoNonECertoSiDiceForsePiu) {
+    Analisi a = una_sestina();
+    EXPECT_EQ(tavola_garanzie(a, enalotto).note.size(), 1U);
+    a.minimi[3].esatto = false;
+    const Tavola t = tavola_garanzie(a, enalotto);
+    EXPECT_EQ(t.righe[2][2], "almeno 1 combinazione (forse più)");
+    ASSERT_EQ(t.note.size(), 2U);
+    EXPECT_EQ(t.note[1], "«Forse più»: le combinazioni non sono meno di quelle dette.");
+}
+
 TEST(Relazione, BuchiEdEsempiNelLotto) {
     const Gioco terzine = Gioco::lotto(3);
     // Two that share nothing: a pair with a number of each side is a hole.

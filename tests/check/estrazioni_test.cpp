@@ -220,6 +220,11 @@ TEST(CercaEstrazione, DigitsAreTheNumberAtEachStepOfTheTyping) {
     EXPECT_EQ(cerca_estrazione(voci, "99999999999999999999"), -1);
 }
 
+TEST(CercaEstrazione, ANumberTooLongForAnyDrawFindsNone) {
+    const std::vector<std::string> voci{"    0012    -  08/02/1997", "    0001    -  03/12/1997"};
+    EXPECT_EQ(cerca_estrazione(voci, "99999999999"), -1);
+}
+
 TEST(CercaEstrazione, ANumberThatIsNotListedIsTheBeginningOfOne) {
     const std::vector<std::string> voci{"    9902    -  02/01/2024  -  BA",
                                         "    9902    -  02/01/2024  -  CA",

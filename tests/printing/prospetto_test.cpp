@@ -5,7 +5,9 @@
 
 #include "crossword/tipi.h"
 #include "platform/runtime.h"
+#include "support/cartella.h"
 #include "support/foglio_prospetto.h"
+#include "systems/sessione.h"
 
 using namespace printing;
 using support::alto;
@@ -68,6 +70,23 @@ Attesa attesa(int nc) {
 const std::string lungo_lotto = "5 Numeri - 4 Terzine - Garanzia Ambo con 2 Estratti";
 
 }  // namespace
+
+TEST(ProspettoDi, DiceCioCheLaSessioneHaContato) {
+    const support::Cartella cartella;
+    cartella.scrivi("a.sen", "172172,14,14,\"6\",0,0,0,171234\r\n");
+    systems::Sessione sessione(cartella.programma());
+    sessione.avvia();
+    ASSERT_TRUE(sessione.apri("a"));
+    const Prospetto p = prospetto_di(sessione, {"1.0.0", "a", "oggi"});
+    EXPECT_EQ(p.testata.nome, "a");
+    EXPECT_EQ(p.in_gioco, "");
+    EXPECT_EQ(p.righe[0].quantita, "15");
+    EXPECT_EQ(p.righe[2].quantita, "6");
+    EXPECT_EQ(p.righe[0].combinazioni, "5.005");
+    EXPECT_EQ(p.totale, "172.172");
+    EXPECT_EQ(p.senza_ripetizioni, "171.234");
+    EXPECT_EQ(p.importo, "85.617,00");
+}
 
 TEST(Prospetto, TitoloNumeriEDidascalia) {
     const Foglio f(esempio(6, 6));

@@ -52,6 +52,7 @@ TEST(Cercati, TheCountIsToldWithTheNumbers) {
 TEST_F(RicercaSviluppo, AllTheNumbersMustBeThere) {
     EXPECT_EQ(cerca(sviluppo, 6, insieme({8})), (Posti{2, 3}));
     EXPECT_EQ(cerca(sviluppo, 6, insieme({1, 8})), Posti{3});
+    EXPECT_EQ(cerca(sviluppo, 6, insieme({40, 90})), Posti{3});
     EXPECT_EQ(cerca(sviluppo, 6, insieme({1, 2, 3, 4, 5, 6})), Posti{1});
     EXPECT_EQ(cerca(sviluppo, 6, insieme({1, 7})), Posti{});
     EXPECT_EQ(cerca(sviluppo, 6, insieme({1, 2, 3, 4, 5, 6, 7})), Posti{});
