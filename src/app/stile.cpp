@@ -86,10 +86,11 @@ QComboBox { background: white; border: 1px solid #7E97BE; border-radius: 3px; pa
 QComboBox::drop-down { border: 0; width: 18px; }
 QComboBox::down-arrow { image: url(:/freccia_giu.svg); width: 12px; height: 12px; }
 QSpinBox { background: white; border: 1px solid #7E97BE; border-radius: 3px; }
-QSpinBox::up-button { subcontrol-origin: border; subcontrol-position: top left; width: 18px;
+QSpinBox::up-button { subcontrol-origin: border; subcontrol-position: top right; width: 18px;
     height: 11px; border: 0; }
-QSpinBox::down-button { subcontrol-origin: border; subcontrol-position: bottom left; width: 18px;
+QSpinBox::down-button { subcontrol-origin: border; subcontrol-position: bottom right; width: 18px;
     height: 11px; border: 0; }
+platform--UpDown::up-button, platform--UpDown::down-button { width: 20px; }
 QSpinBox::up-button:hover, QSpinBox::down-button:hover { background: #FFFF00; }
 QSpinBox::up-arrow { image: url(:/freccia_su.svg); width: 10px; height: 10px; }
 QSpinBox::down-arrow { image: url(:/freccia_giu.svg); width: 10px; height: 10px; }
@@ -122,6 +123,7 @@ QListView, QTreeView { outline: 0; }
 QListView::item:selected, QTreeView::item:selected { background: #BFDDF8; color: #000080; }
 QTreeView::item:hover:!selected { background: #EEF6FD; }
 QTreeView::item { height: 22px; }
+platform--ListView QHeaderView { background: #000080; }
 QHeaderView::section { background: #000080; color: white; border: 0; padding: 4px;
     border-right: 1px solid #5C6FA8; }
 QLineEdit { background: white; border: 1px solid #7E97BE; border-radius: 3px; padding: 1px 5px;

@@ -4,6 +4,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QStyleOptionSpinBox>
 #include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
@@ -156,6 +157,30 @@ TEST(Frecce, PassoUnoDaUnoANovecentonovantanove) {
     QTest::keyClick(&frecce, Qt::Key_PageDown);
     QTest::keyClick(&frecce, Qt::Key_PageDown);
     EXPECT_EQ(frecce.value(), 1);
+}
+
+/// The place of a part of a field for numbers.
+QRect parte(const QSpinBox& casella, QStyle::SubControl quale) {
+    QStyleOptionSpinBox come;
+    come.initFrom(&casella);
+    return casella.style()->subControlRect(QStyle::CC_SpinBox, &come, quale, &casella);
+}
+
+TEST(Frecce, StannoDopoIlNumero) {
+    QSpinBox casella;
+    casella.setFixedSize(140, 24);
+    mostra(casella);
+    for (const auto quale : {QStyle::SC_SpinBoxUp, QStyle::SC_SpinBoxDown}) {
+        const QRect freccia = parte(casella, quale);
+        EXPECT_EQ(freccia.right(), casella.rect().right());
+        EXPECT_GT(freccia.left(), parte(casella, QStyle::SC_SpinBoxEditField).right());
+    }
+    // Where the number has a label of its own they have all the place.
+    UpDown sole(nullptr);
+    sole.setFixedSize(20, 24);
+    mostra(sole);
+    EXPECT_EQ(parte(sole, QStyle::SC_SpinBoxUp).left(), 0);
+    EXPECT_EQ(parte(sole, QStyle::SC_SpinBoxUp).width(), sole.width());
 }
 
 TEST(Frecce, IlNumeroSiPuoScrivere) {
