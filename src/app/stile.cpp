@@ -15,6 +15,7 @@
 #include "platform/qt/copia.h"
 #include "platform/qt/lingua.h"
 #include "platform/qt/rotella.h"
+#include "platform/qt/tasti.h"
 #include "platform/qt/tasto_menu.h"
 
 /// A static library's resources are linked in only when somebody asks for them; the macro works
@@ -230,7 +231,8 @@ void applica_stile(QApplication& applicazione) {
     QApplication::setFont(carattere);
     platform::rotella_per_scorrere(applicazione);
     platform::copia_da_griglie(applicazione);
-    platform::menu_con_maiusc_f10(applicazione);
+    platform::menu_da_tastiera(applicazione);
+    platform::alt_non_scrive(applicazione);
 }
 
 }  // namespace app

@@ -74,7 +74,9 @@ void Form2::collega_operazioni() {
         auto* scorciatoia = new QShortcut(quale, ListView1);
         scorciatoia->setContext(Qt::WidgetShortcut);
         connect(scorciatoia, &QShortcut::activated, this, [this, azione] {
-            if (PicUtility->isVisible() && ListView1->selezionata() != nullptr) azione->trigger();
+            if (!PicUtility->isVisible()) return;
+            ListView1->scegli_incorniciata();
+            if (ListView1->selezionata() != nullptr) azione->trigger();
         });
     };
     tasto(Qt::Key_F2, mnurinomina);

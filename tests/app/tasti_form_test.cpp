@@ -3,9 +3,12 @@
 #include <set>
 
 #include <QAction>
+#include <QContextMenuEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QRegularExpression>
 #include <QShortcut>
+#include <QSpinBox>
 
 #include "guida/finestra.h"
 #include "support/finestre_aperte.h"
@@ -100,6 +103,55 @@ TEST_F(MaiuscF10, OpensTheMenuOfTheManager) {
     f->mnuutlituy->close();
     QTest::keyClick(f->ListView1, Qt::Key_F10);
     EXPECT_FALSE(f->mnuutlituy->isVisible());
+}
+
+TEST_F(MaiuscF10, OpensItAtWhatIsChosen) {
+    for (const char* nome : {"uno.sen", "due.sen"}) p.cartella.scrivi(nome, "");
+    Programma::voce(p.form1.mnugest_sist);
+    systems::Form2* f = Programma::gestore();
+    ASSERT_NE(f, nullptr);
+    platform::ListView& elenco = *f->ListView1;
+    ASSERT_EQ(elenco.selezionata(), nullptr);
+    elenco.setCurrentItem(elenco.topLevelItem(1), 0, QItemSelectionModel::NoUpdate);
+    const auto accanto = [&] {
+        // The row that the keys are on is what the menu is for.
+        EXPECT_EQ(elenco.selezionata(), elenco.topLevelItem(1));
+        const QRect riga = elenco.visualItemRect(elenco.topLevelItem(1));
+        const QPoint menu = elenco.viewport()->mapFromGlobal(f->mnuutlituy->pos());
+        EXPECT_TRUE(riga.contains(menu)) << menu.x() << "," << menu.y();
+        f->mnuutlituy->close();
+    };
+    premi(&elenco);
+    accanto();
+    // The menu key asks in the middle of the control.
+    elenco.clearSelection();
+    const QPoint mezzo = elenco.rect().center();
+    QContextMenuEvent tasto(QContextMenuEvent::Keyboard, mezzo, elenco.mapToGlobal(mezzo));
+    QApplication::sendEvent(&elenco, &tasto);
+    accanto();
+}
+
+TEST(TastoAlt, ALetterThatNothingAnswersToIsNotTyped) {
+    Programma p;
+    QLineEdit riga;
+    QSpinBox numero;
+    for (QWidget* w : std::initializer_list<QWidget*>{&riga, &numero}) {
+        w->show();
+        w->setFocus();
+    }
+    riga.setText("26");
+    riga.selectAll();
+    const int prima = numero.value();
+    QTest::keyClick(&riga, Qt::Key_S, Qt::AltModifier);
+    QTest::keyClick(&numero, Qt::Key_7, Qt::AltModifier);
+    EXPECT_EQ(riga.text(), "26");
+    EXPECT_EQ(numero.value(), prima);
+    // AltGr writes, and so does a letter alone.
+    QTest::sendKeyEvent(QTest::Click, &riga, Qt::Key_At, "@",
+                        Qt::AltModifier | Qt::ControlModifier);
+    EXPECT_EQ(riga.text(), "@");
+    QTest::keyClick(&riga, Qt::Key_S);
+    EXPECT_EQ(riga.text(), "@s");
 }
 
 }  // namespace

@@ -203,6 +203,20 @@ TEST_P(Gestore, KeysRenameAndDeleteTheSelectedSystem) {
     EXPECT_EQ(programma(), (Stato{{sis("due"), testo(2)}}));
 }
 
+TEST_P(Gestore, AKeyChoosesTheSystemThatIsFramed) {
+    sistema("uno", 1);
+    Form2& f = apri();
+    f.activateWindow();
+    QApplication::processEvents();
+    f.ListView1->setFocus();
+    f.ListView1->clearSelection();
+    f.ListView1->setCurrentItem(f.ListView1->topLevelItem(0), 0, QItemSelectionModel::NoUpdate);
+    QTest::keyClick(f.ListView1, Qt::Key_F2);
+    QApplication::processEvents();
+    ASSERT_NE(editore(f), nullptr);
+    EXPECT_EQ(editore(f)->text(), "uno");
+}
+
 TEST_P(Gestore, KeysChangeNothingWhereASystemIsChosen) {
     sistema("uno", 1);
     p.form1.mnuapri_Click();

@@ -84,6 +84,13 @@ QTreeWidgetItem* ListView::selezionata() const {
     return scelte.isEmpty() ? nullptr : scelte.first();
 }
 
+bool ListView::scegli_incorniciata() {
+    if (selezionata() != nullptr || currentItem() == nullptr) return false;
+    currentItem()->setSelected(true);
+    Q_EMIT Click();
+    return true;
+}
+
 void ListView::invita(const QString& testo) {
     invito_ = new QLabel(testo);
     invito_->setProperty(Scala::da_se, true);
@@ -121,6 +128,7 @@ bool ListView::event(QEvent* evento) {
 }
 
 void ListView::contextMenuEvent(QContextMenuEvent* evento) {
+    if (evento->reason() == QContextMenuEvent::Keyboard) scegli_incorniciata();
     Q_EMIT TastoDestro(evento->globalPos());
 }
 
@@ -128,14 +136,10 @@ void ListView::keyPressEvent(QKeyEvent* evento) {
     static const QSet<int> frecce{Qt::Key_Up,       Qt::Key_Down, Qt::Key_PageUp,
                                   Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End};
     const bool invio = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
-    if (selezionata() == nullptr && currentItem() != nullptr &&
-        (invio || frecce.contains(evento->key()))) {
-        // The first key chooses the row that is framed instead of leaving it; Return goes on to
-        // the default button, which is to find it chosen.
-        currentItem()->setSelected(true);
-        Q_EMIT Click();
-        if (!invio) return;
-    }
+    // The first key chooses the row that is framed instead of leaving it; Return goes on to the
+    // default button, which is to find it chosen.
+    const bool sceglie = invio || frecce.contains(evento->key());
+    if (sceglie && scegli_incorniciata() && !invio) return;
     const QTreeWidgetItem* prima = currentItem();
     QTreeWidget::keyPressEvent(evento);
     if (currentItem() != prima) Q_EMIT Click();

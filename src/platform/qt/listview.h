@@ -27,6 +27,9 @@ public:
     [[nodiscard]] static QString tag_voce(const QTreeWidgetItem* voce);
     static void set_tag_voce(QTreeWidgetItem* voce, const QString& testo);
     [[nodiscard]] QTreeWidgetItem* selezionata() const;
+    /// Chooses the row that the keys are on, where none is chosen, with a `Click`. False when there
+    /// was nothing to choose.
+    bool scegli_incorniciata();
 
     /// Sorts by the text of a column, case ignored; rows of equal text keep their order.
     void ordina(int colonna, Qt::SortOrder verso);

@@ -1,11 +1,12 @@
-// The other key for pop-up menus.
+// The keys for pop-up menus.
 #pragma once
 
 class QApplication;
 
 namespace platform {
 
-/// From now on Shift+F10 opens in every window of `applicazione` what the menu key does.
-void menu_con_maiusc_f10(QApplication& applicazione);
+/// From now on Shift+F10 opens in every window of `applicazione` what the menu key does, and in
+/// grids and lists either opens it at what is chosen.
+void menu_da_tastiera(QApplication& applicazione);
 
 }  // namespace platform
