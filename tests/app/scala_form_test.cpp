@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <QProcessEnvironment>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QTest>
 #include <QToolTip>
@@ -339,6 +340,21 @@ TEST(Scala, DelFoglioCambianoSoloLeMisure) {
     EXPECT_EQ(platform::misure_scalate(foglio, 1.5),
               "A, B::c {padding:0 6px 2px;}\nE {font-size:36px;}\n");
     EXPECT_EQ(platform::misure_scalate("A { width: 1px; }", 0.1), "A {width:1px;}\n");
+}
+
+TEST(Scala, UnTondoRestaTondo) {
+    // As the dark skin draws what is chosen; a radius beyond half the side would be none.
+    const QString tondo =
+        "A::indicator { width: 12px; height: 12px; border: 1px solid #123; border-radius: 7px; }";
+    static const QRegularExpression misure("width:(\\d+)px;.*border-radius:(\\d+)px;");
+    for (const double f : scale) {
+        const auto m = misure.match(platform::misure_scalate(tondo, f));
+        ASSERT_TRUE(m.hasMatch());
+        const int lato = m.captured(1).toInt() + 2;
+        const int raggio = m.captured(2).toInt();
+        EXPECT_LE(2 * raggio, lato) << f;
+        EXPECT_GE(2 * raggio, lato - 2) << f;
+    }
 }
 
 }  // namespace

@@ -34,11 +34,21 @@ bool e_misura(const QString& proprieta) {
     return note.contains(proprieta);
 }
 
+const QRegularExpression& pixel() {
+    static const QRegularExpression misura("(\\d+(?:\\.\\d+)?)px");
+    return misura;
+}
+
+/// The first length of a property of a rule; 0 without one.
+int lunghezza(const QString& regola, const char* proprieta) {
+    const QRegularExpression dichiarata(QString("(?:^|[;\\s])%1\\s*:([^;]*)").arg(proprieta));
+    return pixel().match(dichiarata.match(regola).captured(1)).captured(1).toInt();
+}
+
 QString scalata(const QString& valore, qreal fattore) {
-    static const QRegularExpression pixel("(\\d+(?:\\.\\d+)?)px");
     QString esito;
     qsizetype da = 0;
-    for (auto trovati = pixel.globalMatch(valore); trovati.hasNext();) {
+    for (auto trovati = pixel().globalMatch(valore); trovati.hasNext();) {
         const QRegularExpressionMatch uno = trovati.next();
         const double lungo = uno.captured(1).toDouble();
         esito += valore.mid(da, uno.capturedStart() - da);
@@ -59,13 +69,22 @@ QString misure_scalate(const QString& foglio, qreal fattore) {
     QString esito;
     for (auto regole = regola.globalMatch(testo); regole.hasNext();) {
         const QRegularExpressionMatch una = regole.next();
+        const QString corpo = una.captured(2);
+        // Lines keep their width, so that a circle's radius would outgrow it, and be none at all.
+        const int largo = qRound(lunghezza(corpo, "width") * fattore);
+        const int tondo = largo > 0 ? largo / 2 + lunghezza(corpo, "border") : 0;
         QString misure;
-        for (const QString& dichiarazione : una.captured(2).split(';', Qt::SkipEmptyParts)) {
+        for (const QString& dichiarazione : corpo.split(';', Qt::SkipEmptyParts)) {
             const qsizetype punti = dichiarazione.indexOf(':');
             const QString proprieta = dichiarazione.left(punti).trimmed();
             if (punti < 0 || !e_misura(proprieta)) continue;
-            misure +=
-                proprieta + ':' + scalata(dichiarazione.mid(punti + 1).trimmed(), fattore) + ';';
+            QString valore = scalata(dichiarazione.mid(punti + 1).trimmed(), fattore);
+            if (tondo > 0 && proprieta == "border-radius") {
+                valore = QString::number(
+                             qMin(tondo, lunghezza(proprieta + ':' + valore, "border-radius"))) +
+                         "px";
+            }
+            misure += proprieta + ':' + valore + ';';
         }
         if (!misure.isEmpty()) esito += una.captured(1).trimmed() + " {" + misure + "}\n";
     }
