@@ -1,6 +1,5 @@
 #include "app/piede.h"
 
-#include <QAccessible>
 #include <QEvent>
 #include <QHBoxLayout>
 
@@ -17,8 +16,9 @@ namespace {
 constexpr int altezza = 20;
 constexpr int spazio = 16;
 
-QLabel* etichetta(const QString& nome, QWidget* padre) {
-    auto* e = new platform::EtichettaValore(padre);
+/// Gives a new line its name and look.
+template <class Riga>
+Riga* arreda(Riga* e, const QString& nome) {
     e->setObjectName(nome);
     e->setTextFormat(Qt::PlainText);
     e->setProperty("invito", true);
@@ -35,8 +35,8 @@ Piede::Piede(Finestra& finestra, QProgressBar* barra,
     setObjectName("piede");
     const QRect dove = barra->geometry();
     setGeometry(dove.x() + 4, dove.center().y() - altezza / 2, dove.width() - 8, altezza);
-    lblpasso = etichetta("lblpasso", this);
-    lblanalisi = etichetta("lblanalisi", this);
+    lblpasso = arreda(new platform::Annuncio(this), "lblpasso");
+    lblanalisi = arreda(new platform::EtichettaValore(this), "lblanalisi");
     auto* riga = new QHBoxLayout(this);
     riga->setContentsMargins(0, 0, 0, 0);
     riga->setSpacing(spazio);
@@ -87,14 +87,7 @@ void Piede::disponi() {
     lblanalisi->setText(destra);
     lblanalisi->setVisible(!destra.isEmpty());
     lblpasso->setVisible(!spiega && !passo.isEmpty());
-    if (lblpasso->text() == passo) return;
-    // The label tells of its new name by itself; as an alert it is read out wherever one is.
-    lblpasso->setText(passo);
-    lblpasso->setToolTip(passo);
-    if (!lblpasso->isVisible() || passo.isEmpty()) return;
-    QAccessibleEvent avviso(lblpasso, QAccessible::Alert);
-    QAccessible::updateAccessibility(&avviso);
-    Q_EMIT detto(passo);
+    lblpasso->annuncia(passo);
 }
 
 void Piede::resizeEvent(QResizeEvent* evento) {

@@ -8,7 +8,7 @@
 
 #include "app/finestra.h"
 #include "development/spiegazioni.h"
-#include "platform/qt/controls.h"
+#include "platform/qt/annuncio.h"
 
 namespace app {
 
@@ -28,12 +28,7 @@ public:
     /// What the last analysis found; empty after a change.
     void mostra_analisi(const QString& riassunto);
 
-Q_SIGNALS:
-    /// A new step was told to those who do not see the window.
-    void detto(const QString& passo);
-
-public:
-    QLabel* lblpasso = nullptr;
+    platform::Annuncio* lblpasso = nullptr;  ///< read out at each new step
     QLabel* lblanalisi = nullptr;
 
 protected:
@@ -42,7 +37,7 @@ protected:
 
 private:
     [[nodiscard]] QString spiegazione(crossword::Elenco quale, int posto);
-    /// Puts the texts into the labels, and tells those who do not see of a new step.
+    /// Puts the texts into the labels.
     void disponi();
     /// The next step, without its invitation where both do not fit.
     [[nodiscard]] QString passo_che_sta(const QString& accanto) const;

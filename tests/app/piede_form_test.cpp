@@ -46,7 +46,8 @@ TEST_F(PiedeForm, TheWholeRoadByMouse) {
 }
 
 TEST_F(PiedeForm, EachNewStepIsToldToThoseWhoDoNotSee) {
-    QSignalSpy detti(p.form1.findChild<app::Piede*>("piede"), &app::Piede::detto);
+    QSignalSpy detti(qobject_cast<platform::Annuncio*>(p.form1.lblpasso),
+                     &platform::Annuncio::detto);
     p.cella(0, 0);
     p.numero(7);
     p.numero(8);
@@ -55,6 +56,9 @@ TEST_F(PiedeForm, EachNewStepIsToldToThoseWhoDoNotSee) {
     EXPECT_EQ(detti[1][0].toString(), "Mancano 34 numeri");
     const auto* a = QAccessible::queryAccessibleInterface(p.form1.lblpasso);
     EXPECT_EQ(a->text(QAccessible::Name), "Mancano 34 numeri");
+    // Screen readers speak of what appears without the focus the notifications alone.
+    EXPECT_EQ(a->role(), QAccessible::Notification);
+    EXPECT_EQ(a->text(QAccessible::Description), "");
 }
 
 TEST_F(PiedeForm, TheStepAndTheAnalysisStandSideBySide) {

@@ -1,0 +1,51 @@
+#include "platform/qt/annuncio.h"
+
+#include <QAccessibleWidget>
+
+namespace platform {
+
+namespace {
+
+class Notifica : public QAccessibleWidget {
+public:
+    explicit Notifica(Annuncio* riga)
+        : QAccessibleWidget(riga, QAccessible::Notification), riga_(riga) {}
+    /// Its tooltip is its text, which is not to be read twice.
+    [[nodiscard]] QString text(QAccessible::Text quale) const override {
+        return quale == QAccessible::Name ? riga_->text() : QString();
+    }
+
+private:
+    Annuncio* riga_;
+};
+
+QAccessibleInterface* notifica(const QString& /*classe*/, QObject* oggetto) {
+    auto* riga = qobject_cast<Annuncio*>(oggetto);
+    return riga != nullptr ? new Notifica(riga) : nullptr;
+}
+
+}  // namespace
+
+Annuncio::Annuncio(QWidget* padre) : EtichettaValore(padre) {
+    static const bool una_volta = [] {
+        QAccessible::installFactory(notifica);
+        return true;
+    }();
+    static_cast<void>(una_volta);
+}
+
+void Annuncio::annuncia(const QString& testo) {
+    if (text() == testo) return;
+    setText(testo);
+    setToolTip(testo);
+    if (!isVisible() || testo.isEmpty()) return;
+    // Screen readers speak a notification when it comes into sight; to an alert Windows would add
+    // its sound, at each number that is laid.
+    QAccessible::State vista;
+    vista.invisible = true;
+    QAccessibleStateChangeEvent comparsa(this, vista);
+    QAccessible::updateAccessibility(&comparsa);
+    Q_EMIT detto(testo);
+}
+
+}  // namespace platform
