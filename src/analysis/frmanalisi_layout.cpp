@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QRegularExpressionValidator>
 #include <QScrollArea>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include "analysis/frmanalisi.h"
@@ -189,6 +190,17 @@ void frmanalisi::crea_pagine(QVBoxLayout* sotto) {
     if (gioco_.e_lotto()) passato.prepend(crea_ruote());
     crea_pagina(tr("Passato"), passato);
     connect(schede, &QTabBar::currentChanged, pagine, &QStackedWidget::setCurrentIndex);
+    const auto passa = [this](std::initializer_list<QKeySequence> tasti, int passo) {
+        for (const QKeySequence& tasto : tasti) {
+            connect(new QShortcut(tasto, this), &QShortcut::activated, this, [this, passo] {
+                const int quante = schede->count();
+                schede->setCurrentIndex((schede->currentIndex() + quante + passo) % quante);
+                schede->setFocus();
+            });
+        }
+    };
+    passa({Qt::CTRL | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageDown}, 1);
+    passa({Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageUp}, -1);
     auto* insieme = new QVBoxLayout;
     insieme->setSpacing(0);
     insieme->addWidget(schede);

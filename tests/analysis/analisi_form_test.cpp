@@ -165,6 +165,21 @@ TEST_F(AnalisiForm, ShowsWhatTheCoreCounts) {
     EXPECT_EQ(f.Combo1, nullptr);
 }
 
+TEST_F(AnalisiForm, KeysGoFromPartToPart) {
+    frmanalisi& f = apri();
+    QList<int> parti;
+    const auto premi = [&](int tasto, Qt::KeyboardModifiers con) {
+        QTest::keyClick(&f, static_cast<Qt::Key>(tasto), con);
+        EXPECT_EQ(f.pagine->currentIndex(), f.schede->currentIndex());
+        parti << f.schede->currentIndex();
+    };
+    premi(Qt::Key_Tab, Qt::ControlModifier);
+    premi(Qt::Key_PageDown, Qt::ControlModifier);
+    for (int i = 0; i < 3; ++i) premi(Qt::Key_PageUp, Qt::ControlModifier);
+    premi(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(parti, (QList<int>{1, 2, 1, 0, f.schede->count() - 1, 0}));
+}
+
 TEST_F(AnalisiForm, ThePicturesCanBeHeard) {
     frmanalisi& f = apri("1,2,3,4,5,6\r\n");
     EXPECT_EQ(f.grafico_estrazioni->voci().size(), 7);
