@@ -31,9 +31,15 @@ QString motivo(int numero, std::uint8_t sbarre) {
     if ((sbarre & sulla_colonna) != 0) dove << Vista::tr("sulla colonna");
     if ((sbarre & sulla_diagonale) != 0) dove << Vista::tr("su una diagonale");
     if (dove.isEmpty()) return {};
-    return Vista::tr("Il %1 sta già %2 di questa casella.")
+    const QString ultimo = dove.takeLast();
+    const QString dove_tutti =
+        dove.isEmpty() ? ultimo : dove.join(", ") + Vista::tr(" e ") + ultimo;
+    // As they are read: l'uno, l'otto, l'undici, l'ottanta.
+    const bool vocale = numero == 1 || numero == 8 || numero == 11 || numero / 10 == 8;
+    return Vista::tr("%1%2 sta già %3 di questa casella.")
+        .arg(vocale ? QStringLiteral("L'") : QStringLiteral("Il "))
         .arg(numero)
-        .arg(dove.join(Vista::tr(" e ")));
+        .arg(dove_tutti);
 }
 
 constexpr int casella = platform::px(360);

@@ -192,6 +192,20 @@ TEST(Tabellone, UnNumeroGrigioDicePerche) {
     EXPECT_EQ(p.form1.CMDnum[12]->toolTip(), "Il 12 sta già sulla colonna di questa casella.");
     p.comando(3);
     EXPECT_EQ(p.form1.CMDnum[12]->toolTip(), "");
+    // Numbers as they are read, and more than two lines as they are listed.
+    p.cella(0, 0);
+    for (const int n : {8, 10, 11, 80}) p.numero(n);
+    EXPECT_EQ(p.form1.CMDnum[8]->toolTip(), "L'8 sta già sulla riga di questa casella.");
+    EXPECT_EQ(p.form1.CMDnum[10]->toolTip(), "Il 10 sta già sulla riga di questa casella.");
+    EXPECT_EQ(p.form1.CMDnum[11]->toolTip(), "L'11 sta già sulla riga di questa casella.");
+    EXPECT_EQ(p.form1.CMDnum[80]->toolTip(), "L'80 sta già sulla riga di questa casella.");
+    p.cella(1, 4);
+    p.numero(1);
+    p.cella(3, 3);
+    p.numero(1);
+    p.cella(3, 4);
+    EXPECT_EQ(p.form1.CMDnum[1]->toolTip(),
+              "L'1 sta già sulla riga e sulla colonna di questa casella.");
 }
 
 }  // namespace
