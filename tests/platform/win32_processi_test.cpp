@@ -1,5 +1,4 @@
-// What a second program on the same folder sees of the first, and of one that was killed: this very
-// program, started once more, is the other one.
+// What a second program on the same folder sees of the first, and of one that was killed.
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
@@ -21,12 +20,8 @@ namespace {
 class Altro {
 public:
     Altro(const std::string& cosa, const std::string& dove) : pronto_(dove + "/.pronto") {
-        _putenv_s("PROVA_COSA", cosa.c_str());
-        _putenv_s("PROVA_DOVE", dove.c_str());
         figlio_ = std::make_unique<Figlio>();
-        EXPECT_TRUE(figlio_->avvia(
-            cartella_eseguibile() + "/test_core",
-            {"--gtest_also_run_disabled_tests", "--gtest_filter=Altro.DISABLED_FaEdAspetta"}));
+        EXPECT_TRUE(figlio_->avvia(ALTRO, {cosa, dove}));
         // There is nothing to wait on but the file that it makes.
         for (int n = 0; n < 12000 && !esiste_file(pronto_); ++n) Sleep(5);
     }
@@ -57,40 +52,6 @@ protected:
 };
 
 }  // namespace
-
-/// Not a test but what the other program does: it tells its outcome, and stays until it is killed.
-TEST(Altro, DISABLED_FaEdAspetta) {
-    const std::string cosa = std::getenv("PROVA_COSA");
-    const std::string dove = std::getenv("PROVA_DOVE");
-    const auto aspetta = [&](bool esito) {
-        sostituisci(dove + "/.pronto", esito ? "1" : "0");
-        Sleep(INFINITE);
-    };
-    if (cosa == "istanza") {
-        Application app;
-        app.Path = dove;
-        aspetta(app.PrevInstance());
-    } else if (cosa == "turno") {
-        const Turno turno(dove);
-        aspetta(turno.preso());
-    } else if (cosa == "lavoro") {
-        const Lavoro lavoro(dove);
-        aspetta(lavoro.esito() == Esito::ok);
-    } else if (cosa == "segno") {
-        const Segno segno(dove + "/sch");
-        aspetta(!segno.occupato());
-    } else if (cosa == "archivio") {
-        sqlite3* db = nullptr;
-        sqlite3_open((dove + "/drawit.sqlite").c_str(), &db);
-        // So small a cache that the changed pages go to the file ahead of the commit.
-        aspetta(sqlite3_exec(db, "PRAGMA cache_size=1; BEGIN; UPDATE archivio SET concorso = 7;",
-                             nullptr, nullptr, nullptr) == SQLITE_OK);
-    } else if (cosa == "sostituisce") {
-        sostituisci(dove + "/.pronto", "1");
-        for (char c = 'a';; c = c == 'z' ? 'a' : static_cast<char>(c + 1))
-            sostituisci(dove + "/a.col", std::string(100'000, c));
-    }
-}
 
 TEST_F(ProcessiWin32, ASecondProgramOnTheFolderSeesTheFirstUntilItIsKilled) {
     Altro primo("istanza", qui_);
