@@ -2,7 +2,7 @@
 """Changes the core one thing at a time and looks whether a test notices.
 
 scripts/mutants.py [--build FOLDER] [--sample N] [--seed S] [--rooms a,b] [--minutes M]
-                   [--quick] [--all] [--again] [--list] [--write]
+                   [--jobs N] [--quick] [--all] [--again] [--list] [--write]
 
 Each mutant is one source file with one change, compiled beside the tree and linked before the
 library that holds the original. The suites of test_core that are named after the file run first, then
@@ -22,10 +22,10 @@ import shlex
 import shutil
 import signal
 import subprocess
-import sys
 import tempfile
 import time
 from collections import defaultdict
+from concurrent.futures import ThreadPoolExecutor
 
 from reliability_page import replace_section
 
@@ -204,7 +204,7 @@ class Workshop:
                 name = f"{source.parent.name}/{source.stem}"
                 self.suites[name] |= set(re.findall(r"^(?:TEST|TEST_F|TEST_P)\((\w+),",
                                                     source.read_text(encoding="utf-8"), re.M))
-        self.reason = ""
+        self.running = set()
         # Tests that go astray must not reach the tree.
         self.fence = ["unshare", "--mount", "--pid", "--fork", "--kill-child", "--mount-proc", "sh", "-c",
                       f"mount --bind {ROOT} {ROOT} && mount -o remount,bind,ro {ROOT} && "
@@ -275,7 +275,7 @@ class Workshop:
                 yield int(fields[11]) + int(fields[12])
 
     def test(self, program, chosen, limit, folder, *more):
-        """The outcome of these tests: killed, timeout or alive."""
+        """The outcome of these tests – killed, timeout or alive – and what told it."""
         def bounds():
             os.setsid()
             resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
@@ -286,28 +286,27 @@ class Workshop:
         scratch = tempfile.mkdtemp(dir=folder)
         folder.chmod(0o755)
         os.chmod(scratch, 0o777)
-        before = resource.getrusage(resource.RUSAGE_CHILDREN)
         child = subprocess.Popen(
             [*self.fence, program, f"--gtest_filter={chosen}", "--gtest_brief=1", *more],
             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
             errors="replace", cwd=self.folder / "tests", preexec_fn=bounds,
             env={**os.environ, "TMPDIR": scratch})
+        self.running.add(child.pid)
         try:
             said = self.heard(child)
-            after = resource.getrusage(resource.RUSAGE_CHILDREN)
-            spent = after.ru_utime - before.ru_utime + after.ru_stime - before.ru_stime
             failed = re.findall(r"FAILED  \] ([^,\s]+)", said)
-            self.reason = " ".join(dict.fromkeys(failed)) or f"status {child.returncode}"
+            reason = " ".join(dict.fromkeys(failed)) or f"status {child.returncode}"
             if child.returncode == 0:
-                return "alive"
-            return "timeout" if not failed and spent >= limit else "killed"
+                return "alive", ""
+            spent = not failed and child.returncode % 128 in (signal.SIGXCPU, signal.SIGKILL)
+            return "timeout" if spent else "killed", reason
         except subprocess.TimeoutExpired:
-            self.reason = "waits for ever"
-            return "timeout"
+            return "timeout", "waits for ever"
         finally:
             if child.poll() is None:
                 os.killpg(child.pid, signal.SIGKILL)
                 child.communicate()
+            self.running.discard(child.pid)
             shutil.rmtree(scratch, ignore_errors=True)
 
     def make(self, file, text, folder):
@@ -332,19 +331,25 @@ class Workshop:
         return folder / "test_core"
 
     def attempt(self, mutant):
+        """The outcome of a mutant, and what told it."""
         with tempfile.TemporaryDirectory(prefix="mutant") as name:
             folder = pathlib.Path(name)
             source = (ROOT / mutant.file).read_text(encoding="utf-8")
             program = self.make(mutant.file, source[:mutant.start] + mutant.text + source[mutant.end:],
                                 folder)
             if program is None:
-                return "invalid"
-            outcome = "alive"
+                return "invalid", ""
             for chosen, limit in self.stages(mutant.file):
-                outcome = self.test(program, chosen, limit, folder, "--gtest_fail_fast")
+                outcome, reason = self.test(program, chosen, limit, folder, "--gtest_fail_fast")
                 if outcome != "alive":
-                    break
-            return outcome
+                    return outcome, reason
+            return "alive", ""
+
+    def leave(self):
+        """Ends at once, and takes the tests at work along."""
+        for pid in list(self.running):
+            os.killpg(pid, signal.SIGKILL)
+        os._exit(130)
 
 
 # ---- results -------------------------------------------------------------------------------------
@@ -389,14 +394,13 @@ def main():
     options.add_argument("--seed", type=int, default=1)
     options.add_argument("--rooms", default="")
     options.add_argument("--minutes", type=float, default=0)
+    options.add_argument("--jobs", type=int, default=1, help="mutants tried at a time")
     options.add_argument("--all", action="store_true", help="tries the tests of every room")
     options.add_argument("--quick", action="store_true", help="leaves the slow tests out, for a first look")
     options.add_argument("--again", action="store_true", help="tries those anew that were alive")
     options.add_argument("--list", action="store_true", help="tries nothing")
     options.add_argument("--write", action="store_true", help="renews the table in docs/reliability.md")
     chosen = options.parse_args()
-    # Broken off, it takes the test at work along.
-    signal.signal(signal.SIGTERM, lambda *_: sys.exit(130))
     mutants, lines = sample(chosen.sample, chosen.seed, set(filter(None, chosen.rooms.split(","))))
     folder = chosen.build.resolve()
     kept = folder / "results.json"
@@ -407,19 +411,24 @@ def main():
         # Whenever a run is broken off, what was tried is a fair sample of all rooms.
         random.Random(chosen.seed).shuffle(mutants)
         end = time.monotonic() + 60 * chosen.minutes if chosen.minutes else float("inf")
-        for mutant in mutants:
-            known = results.get(mutant.key)
-            if known and not (chosen.again and known == "alive"):
-                continue
-            if time.monotonic() > end:
-                break
+        waiting = [m for m in mutants
+                   if m.key not in results or (chosen.again and results[m.key] == "alive")]
+
+        def attempt(mutant):
             start = time.monotonic()
-            results[mutant.key] = workshop.attempt(mutant)
-            print(f"{results[mutant.key]:8} {time.monotonic() - start:5.1f} s  {mutant.file}:{mutant.line}  "
-                  f"{mutant.kind}  "
-                  f"{workshop.reason if results[mutant.key] in ('killed', 'timeout') else ''}\n"
-                  f"    {mutant.before}\n    {mutant.after}", flush=True)
-            kept.write_text(json.dumps(results, indent=0))
+            return (*workshop.attempt(mutant), time.monotonic() - start) if start < end else None
+
+        for sign in (signal.SIGTERM, signal.SIGINT):
+            signal.signal(sign, lambda *_: workshop.leave())
+        with ThreadPoolExecutor(chosen.jobs) as pool:
+            for mutant, done in zip(waiting, pool.map(attempt, waiting)):
+                if done is None:
+                    break
+                outcome, reason, seconds = done
+                results[mutant.key] = outcome
+                print(f"{outcome:8} {seconds:5.1f} s  {mutant.file}:{mutant.line}  {mutant.kind}  {reason}\n"
+                      f"    {mutant.before}\n    {mutant.after}", flush=True)
+                kept.write_text(json.dumps(results, indent=0))
     text = table(mutants, results, lines)
     print(text, end="")
     known = equivalents()
