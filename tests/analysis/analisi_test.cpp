@@ -6,6 +6,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <set>
 #include <string>
 
 #include "analysis/cinque_piu_uno.h"
@@ -261,6 +262,20 @@ TEST(Analisi, SiFermaDovunque) {
         int fatti = 0;
         EXPECT_FALSE(analizza(giocate, 6, 1, analisi, [&](double) { return fatti++ < dopo; }));
     }
+}
+
+TEST(Analisi, LAndamentoPassaPerMolteParti) {
+    Caso caso(5);  // NOLINT: the same system every run
+    const Giocate giocate = prepara(prova::righe_a_caso(caso, 30, 6, 9, 6, 1), 6);
+    std::set<double> parti;
+    Analisi analisi;
+    ASSERT_TRUE(analizza(giocate, 6, 1, analisi, [&](double parte) {
+        parti.insert(parte);
+        return true;
+    }));
+    EXPECT_GT(parti.size(), 20U);
+    EXPECT_LT(*parti.begin(), 0.2);
+    EXPECT_GT(*parti.rbegin(), 0.8);
 }
 
 TEST(Medie, QuantoTornaDiOgniEuro) {

@@ -39,6 +39,7 @@ TEST(Coperture, CioCheNonSiPuoChiedereHaIlSuoPerche) {
     };
     EXPECT_EQ(impossibile({15, 6, 6, 5}), "");
     EXPECT_EQ(impossibile({15, 6, 6, 5, 91}), "");
+    EXPECT_EQ(impossibile({6, 5, 6, 5}), "") << "all of them are drawn";
     EXPECT_EQ(impossibile({20, 6, 6, 4, 32768}), "");
     dice({20, 6, 6, 4, 32769}, "la ricerca è troppo grande: 32769 righe");
     dice({15, 6, 4, 5}, "con 4 estratti non se ne indovinano 5");

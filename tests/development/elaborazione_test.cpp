@@ -78,6 +78,13 @@ TEST_F(Sviluppo, LaSeiPerSeiNonHaAdiacenti) {
     EXPECT_EQ(testo, sviluppo_semplice(richiesta));
 }
 
+TEST(Temporanei, SonoTuttiINomiCheComincianoCosi) {
+    EXPECT_TRUE(e_temporaneo("temp.col"));
+    EXPECT_TRUE(e_temporaneo("TEMPO.lot"));
+    EXPECT_FALSE(e_temporaneo("tem.col"));
+    EXPECT_FALSE(e_temporaneo("mio temp.col"));
+}
+
 TEST_F(Sviluppo, SeiPerOttoRigheDaSeiEColonneDaOtto) {
     spedite();
     richiesta.matrice = cruciverba(6, 8);

@@ -81,6 +81,11 @@ TEST(LetturaRigorosa, MisureDalContenutoQuandoIlNomeNonLeDa) {
 
 TEST(LetturaRigorosa, OgniFineDiRiga) {
     EXPECT_EQ(leggi_rigorosa("1,2\n1,3\r2,3\r\n", 3, 2).tabella.righe.size(), 3U);
+    // A text that ends between the two signs, whatever lies beyond it.
+    const std::string_view intero = "1,2\r\n1,3\r\n";
+    const Lettura tagliata = leggi_rigorosa(intero.substr(0, intero.size() - 1), 3, 2);
+    EXPECT_TRUE(tagliata.errori.empty());
+    EXPECT_EQ(tagliata.tabella.righe.size(), 2U);
 }
 
 TEST(LetturaRigorosa, ErroriConLaLoroRiga) {
@@ -280,6 +285,8 @@ TEST(Buchi, InOrdineEContatiOltreIlLimite) {
     EXPECT_EQ(posizioni(mancati.primi[1]), "1,4");
     EXPECT_EQ(posizioni(mancati.primi[2]), "2,3");
     EXPECT_EQ(buchi(t, {2, 1, 2, true}, 9).quanti, 0U);
+    const Tabella una = leggi_rigorosa("1,2\n", 4, 2).tabella;
+    EXPECT_EQ(buchi(una, {2, 1, 2, true}, 9).quanti, 5U) << "one row of just t is no higher one";
     EXPECT_EQ(buchi(t, {2, 1, 2, false}, 9).quanti, 2U);
 }
 

@@ -1,6 +1,8 @@
 // The pen of the printer: where it stands after each sign, and when a page begins.
 #include "platform/printer.h"
 
+#include <array>
+
 #include "support/stampante.h"
 
 using support::alto;
@@ -46,6 +48,17 @@ TEST(Penna, LineLasciaLaPennaAllaFine) {
     r.LineB(5, 6, 7, 8);
     EXPECT_FLOAT_EQ(r.CurrentX, 7);
     EXPECT_FLOAT_EQ(r.CurrentY, 8);
+    r.Oval(9, 10, 11, 12);
+    EXPECT_FLOAT_EQ(r.CurrentX, 11);
+    EXPECT_FLOAT_EQ(r.CurrentY, 12);
+    // Drawn from corner to corner, each as what it is.
+    const auto dove = [&r](support::Tipo tipo) {
+        const auto o = r.di_tipo(tipo).at(0);
+        return std::array{o.x1, o.y1, o.x2, o.y2};
+    };
+    EXPECT_EQ(dove(support::Tipo::tratto), (std::array{1.0F, 2.0F, 30.0F, 4.0F}));
+    EXPECT_EQ(dove(support::Tipo::riquadro), (std::array{5.0F, 6.0F, 7.0F, 8.0F}));
+    EXPECT_EQ(dove(support::Tipo::ovale), (std::array{9.0F, 10.0F, 11.0F, 12.0F}));
 }
 
 TEST(Penna, LaPaginaComincaColPrimoSegno) {

@@ -193,9 +193,12 @@ TEST_P(Operazioni, DuplicateCopiesTheDevelopmentFirst) {
     scrivi(sis("a"), "S");
     scrivi(svi("a"), "V");
     Stato in_mezzo;
+    int pause = 0;
     duplica(qui("a"), qui("b"), [&] {
+        ++pause;
         if (in_mezzo.empty()) in_mezzo = programma();
     });
+    EXPECT_EQ(pause, 2);
     EXPECT_EQ(in_mezzo, (Stato{{sis("a"), "S"}, {svi("a"), "V"}, {svi("b"), "V"}}));
 }
 

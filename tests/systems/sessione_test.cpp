@@ -1,6 +1,7 @@
 // The session by itself: what it is at the start, what it refuses, the quirks it keeps.
 #include "systems/sessione.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include "platform/disk.h"
@@ -85,6 +86,30 @@ TEST_F(SessioneTest, LeLineeSonoLeRigheLeColonneELeDiagonaliDelQuadrato) {
     EXPECT_EQ(s.linee(Elenco::orizzontali), 7);
     EXPECT_EQ(s.linee(Elenco::verticali), 9);
     EXPECT_EQ(s.linee(Elenco::diagonali), std::nullopt);
+}
+
+TEST_F(SessioneTest, NelLottoLeDiagonaliSonoDue) {
+    s.passa_al_lotto();
+    EXPECT_EQ(s.linee(Elenco::diagonali), 2);
+    EXPECT_EQ(s.totale(), 5 + 5 + 2);
+    s.dimensioni(6, 6);
+    EXPECT_EQ(s.totale(), (6 + 6 + 2) * 6) << "six cinquine for a line of six numbers";
+}
+
+TEST_F(SessioneTest, UnaCombinazioneDiDueRigheSiGiocaUnaVoltaSoloSenzaRipetizioni) {
+    cartella.con_tabelle();
+    for (int x = 0; x < 6; ++x) {
+        ASSERT_EQ(s.posa({x, 0}, x + 1), Posata::posata);
+        ASSERT_EQ(s.posa({x, 1}, (x + 3) % 6 + 1), Posata::posata);
+        for (int y = 2; y < 6; ++y) ASSERT_EQ(s.posa({x, y}, 6 * y + x + 1), Posata::posata);
+    }
+    ASSERT_EQ(s.salva_come("a"), Salvataggio::salvato);
+    ASSERT_EQ(s.sviluppa({}), Elaborato::completo);
+    EXPECT_EQ(s.senza_ripetizioni(), 13);
+    EXPECT_EQ(std::ranges::count(cartella.leggi("a.col"), '\n'), 13);
+    s.ripetizioni(true);
+    ASSERT_EQ(s.sviluppa({}), Elaborato::completo);
+    EXPECT_EQ(std::ranges::count(cartella.leggi("a.col"), '\n'), 14);
 }
 
 TEST_F(SessioneTest, AllAvvioVannoIFileSenzaNomeEValeRipDat) {
@@ -364,6 +389,9 @@ TEST_F(SessioneTest, LaQuotaSiPrendeDalTotaleComeSiLegge) {
     EXPECT_EQ(s.prezzo().quota, "43.043,00");
     s.quote(5000);
     EXPECT_EQ(s.prezzo().quote, "999");
+    s.quote(0);
+    EXPECT_EQ(s.prezzo().quote, "1");
+    s.quote(7);
     s.azzera();
     EXPECT_EQ(s.prezzo().quote, "1");
 }
@@ -394,6 +422,7 @@ TEST_F(SessioneTest, GenerataNellaRegolaESiAnnullaInUnPasso) {
     EXPECT_EQ(s.genera(0, seguito), Generato::completo);
     s.osserva({});
     EXPECT_TRUE(detto.celle);
+    EXPECT_TRUE(s.classi_generate()) << "as long as nothing is laid otherwise";
     EXPECT_EQ(s.nome(), "");
     EXPECT_EQ(s.prezzo().quote, "1");
     EXPECT_EQ(posate, 64);
