@@ -116,6 +116,20 @@ TEST_F(SpoglioTest, FourNumbersAndTheJollyAreFour) {
     EXPECT_EQ(punti(), TestiVincenti{"4"});
 }
 
+TEST_F(SpoglioTest, EveryThousandLinesItTellsHowFarItIsAndMayBeStopped) {
+    const Righe righe(2500, {1, 2, 30, 40, 50, 60});
+    const RichiestaSpoglio r = superenalotto(righe, uno_a_sei);
+    std::vector<std::int32_t> dette;
+    const auto detta = [&dette](std::int32_t fatte) {
+        dette.push_back(fatte);
+        return true;
+    };
+    EXPECT_TRUE(s.conta(r, detta));
+    EXPECT_EQ(dette, (std::vector<std::int32_t>{1024, 2048, 2500}));
+    EXPECT_FALSE(s.conta(r, [](std::int32_t fatte) { return fatte < 2000; }));
+    EXPECT_FALSE(s.conta(r, [](std::int32_t fatte) { return fatte < 2500; }));
+}
+
 TEST_F(SpoglioTest, NumberTwiceAmongTheWinningOnesCountsTwice) {
     conta(superenalotto({{1, 2, 30, 40, 50, 60}}, {7, 1, 1, 2, 70, 71, 72}));
     EXPECT_EQ(s.totale(3), 1);

@@ -284,6 +284,11 @@ TEST(Coperture, SuPiuFiliDiceOgniTabellaMiglioreEFinisceAlLimite) {
     };
     cerca({12, 6, 5, 5},
           {.seme = 1, .fili = 2, .inizio = {}, .fermo = [] { return true; }, .trovata = {}});
+    condotta.fili = 0;
+    cerca(d, condotta);
+    EXPECT_FALSE(dette.empty()) << "one thread at least";
+    condotta.fili = 2;
+    dette.clear();
     cerca(d, condotta);
     ASSERT_FALSE(dette.empty());
     EXPECT_EQ(static_cast<int>(dette.back()), limite_inferiore(d));

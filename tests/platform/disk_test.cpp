@@ -262,6 +262,8 @@ TEST_F(Disk, TheWordOnAFileIsToldAsKeptWhereItIs) {
     cartella_.scrivi("Prova.col", "x");
     const bool tenuta = annota(f("prova.col"), "parola");
     EXPECT_EQ(annotazione(f("prova.col")), tenuta ? "parola" : "");
+    const bool si_puo = ::setxattr(f("Prova.col").c_str(), "user.prova", "1", 1, 0) == 0;
+    EXPECT_EQ(tenuta, si_puo) << "and says so";
     EXPECT_EQ(cartella_.leggi("Prova.col"), "x");
     EXPECT_FALSE(annota(f("manca.col"), "parola"));
     EXPECT_EQ(tutti(), Nomi{"Prova.col"});
