@@ -1,6 +1,7 @@
 // The parts of the search: the lines, the estimates kept up to date, a million steps.
 #include "analysis/ricerca.h"
 
+#include <bit>
 #include <gtest/gtest.h>
 #include <map>
 #include <set>
@@ -73,6 +74,21 @@ TEST(Ricerca, DueCaselleSonoInLineaQuandoLUnaSbarraLAltra) {
                         << p << " " << q;
                 }
             }
+        }
+    }
+}
+
+TEST(Ricerca, UnaLineaRaggiungeConOgniInsiemeCheTieneAbbastanzaDiUnaRiga) {
+    TipoLinea tipo;
+    tipo.n = 7;
+    tipo.righe = {0b0000111, 0b1110000};
+    for (int t = 1; t <= 3; ++t) {
+        const std::vector<bool> si = tipo.raggiunge(t);
+        ASSERT_EQ(si.size(), 128U);
+        for (unsigned s = 0; s < 128; ++s) {
+            const int meglio =
+                std::max(std::popcount(s & 0b0000111U), std::popcount(s & 0b1110000U));
+            EXPECT_EQ(si[s], meglio >= t) << s << " " << t;
         }
     }
 }

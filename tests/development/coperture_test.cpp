@@ -205,6 +205,17 @@ TEST(Coperture, LaSorteEUgualeDappertutto) {
     EXPECT_EQ(sorte.fino_a(90), 3U);
 }
 
+TEST(Coperture, IGruppiDiUnSemeSonoGliStessiDappertutto) {
+    Sorte sorte(9);
+    std::uint64_t orma = 14695981039346656037U;
+    for (int giro = 0; giro < 200; ++giro) {
+        for (const Permutazione& p : gruppo_a_caso(5 + giro % 11, sorte)) {
+            for (const std::uint8_t posto : p) orma = (orma ^ posto) * 1099511628211U;
+        }
+    }
+    EXPECT_EQ(orma, 9665496180571063348U);
+}
+
 TEST(Coperture, OgniGruppoDivideLeRigheENeDaDiBuone) {
     Sorte sorte(5);
     const Desiderio d{9, 5, 4, 3};

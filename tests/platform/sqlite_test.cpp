@@ -184,6 +184,18 @@ TEST_F(Sqlite, ATableWhoseNameNeedsQuotesIsRead) {
     EXPECT_EQ(apri(apri(cartella_.file("q.mdb")), "A\"B").RecordCount(), 1);
 }
 
+TEST_F(Sqlite, ATableWithAKeyOfItsOwnIsRead) {
+    const std::string file = cartella_.file("k.sqlite");
+    support::esegui_sql(file,
+                        "CREATE TABLE archivio(concorso INTEGER PRIMARY KEY, n INTEGER);"
+                        "INSERT INTO archivio VALUES(7, 8), (9, 10);");
+    Table letta;
+    ASSERT_EQ(leggi_sqlite(file, "archivio", letta), 0);
+    ASSERT_EQ(letta.righe(), 2U);
+    EXPECT_EQ(letta.valore(0, 1).intero(), 9);
+    EXPECT_EQ(letta.valore(1, 1).intero(), 10);
+}
+
 TEST_F(Sqlite, WhatNoPageOfTheFileHoldsIsRefused) {
     // A kilobyte that would be read as gigabytes.
     support::esegui_sql(
