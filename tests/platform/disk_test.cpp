@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <climits>
 #include <cstdlib>
 #include <ctime>
@@ -16,6 +17,8 @@
 #include "platform/ambiente.h"
 #include "platform/disk_prova.h"
 #include "platform/links.h"
+#include "platform/runtime.h"
+#include "platform/syscalls.h"
 
 using namespace platform;
 using prova::Disk;
@@ -280,6 +283,34 @@ TEST_F(Disk, NameRenamesWithoutCaseAndNeverOverwrites) {
     EXPECT_EQ(Name(f("vecchio.sen"), f("x")), Esito::assente);
     EXPECT_EQ(Name(f("Nuovo.sen"), f("manca/x")), Esito::assente);
     EXPECT_EQ(tutti(), (Nomi{"Altro.sen", "Nuovo.sen"}));
+}
+
+/// A disk that takes two cases of a name for one, and may fail at the second step.
+class DiscoSenzaCaso : public Syscalls {
+public:
+    int rename_noreplace(const char* vecchio, const char* nuovo) override {
+        const bool stesso = LCase(vecchio) == LCase(nuovo);
+        if (!stesso && ++passi != guasto) return Syscalls::rename_noreplace(vecchio, nuovo);
+        errno = stesso ? EEXIST : EIO;
+        return -1;
+    }
+    int passi = 0;
+    int guasto = 0;
+};
+
+TEST_F(Disk, WhereCasesAreOneNameTheNewCaseGoesByAThirdName) {
+    cartella_.scrivi("prova.sen", "v");
+    DiscoSenzaCaso disco;
+    const Ripristina chiamate(ambiente().chiamate, &disco);
+    EXPECT_EQ(Name(f("prova.sen"), f("Prova.SEN")), Esito::ok);
+    EXPECT_EQ(tutti(), Nomi{"Prova.SEN"});
+    EXPECT_EQ(disco.passi, 2);
+    // The second step fails: the old name comes back, and that it did is told.
+    disco = {};
+    disco.guasto = 2;
+    EXPECT_EQ(Name(f("Prova.SEN"), f("prova.sen")), Esito::errore);
+    EXPECT_EQ(tutti(), Nomi{"Prova.SEN"});
+    EXPECT_EQ(cartella_.leggi("Prova.SEN"), "v");
 }
 
 TEST_F(Disk, NameGivesAFileTheNewCaseOfItsOwnName) {
