@@ -138,6 +138,17 @@ TEST(Disposizione, VinceDiPiuDiQuantoEServitoAMostrarlo) {
     EXPECT_LT(d.passi, 201000U);
 }
 
+TEST(Disposizione, DiceQuandoCercaEQuandoConta) {
+    int cercando = 0;
+    int contando = 0;
+    disponi(richiesta(piccolo(18), 20000), [&](const Andamento& a) {
+        ++(a.conteggio ? contando : cercando);
+        return Ordine::continua;
+    });
+    EXPECT_GT(cercando, 50);
+    EXPECT_GT(contando, 0);
+}
+
 TEST(Disposizione, FermataTieneIlMeglioTrovatoEAnnullataLasciaTutto) {
     for (const Ordine ordine : {Ordine::basta, Ordine::annulla}) {
         for (const int quando : {1, 2, 5, 40, 200}) {
