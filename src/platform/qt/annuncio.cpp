@@ -41,9 +41,7 @@ void Annuncio::annuncia(const QString& testo) {
     if (!isVisible() || testo.isEmpty()) return;
     // Screen readers speak a notification when it comes into sight; to an alert Windows would add
     // its sound, at each number that is laid.
-    QAccessible::State vista;
-    vista.invisible = true;
-    QAccessibleStateChangeEvent comparsa(this, vista);
+    QAccessibleEvent comparsa(this, QAccessible::ObjectShow);
     QAccessible::updateAccessibility(&comparsa);
     Q_EMIT detto(testo);
 }
