@@ -52,7 +52,7 @@ void Scelta::arreda_forme() {
     for (int i = 0; i < 3; ++i) {
         const auto k = static_cast<std::size_t>(i);
         const QRect dove(platform::px(105), 22 + i * 29, 62, 24);
-        etichetta(forme[k], {71, dove.y(), 49, dove.height()}, r_.Frame8);
+        etichetta(forme[k], {70, dove.y(), 51, dove.height()}, r_.Frame8);
         const QString base = QStringLiteral(":/forma_%1").arg(i);
         r_.Imageb[k] = immagine(platform::membro("Imageb", i), base + ".svg", {60, 20}, dove,
                                 forme[k], r_.Frame8);

@@ -122,7 +122,7 @@ void Form2::crea_utility() {
 void Form2::crea_salva() {
     pic_salva = platform::riquadro("pic_salva", QString(), dove_gruppo, this);
     spiega(tr("Inserire il nome del sistema"), {12, 10, 290, 18}, pic_salva);
-    spiega(tr("Nome del sistema"), {12, 37, 100, 20}, pic_salva);
+    spiega(tr("Nome del sistema"), {12, 37, 105, 20}, pic_salva);
     Text1 = casella("Text1", tr("Nome del sistema"), {118, 34, 188, 24}, pic_salva);
     cmdsalva = comando("cmdsalva", tr("Salva"), {106, 68, 96, 28}, pic_salva);
     cmdeffacer1 = comando("cmdeffacer1", tr("Annulla"), {210, 68, 96, 28}, pic_salva);
