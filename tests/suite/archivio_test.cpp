@@ -1,14 +1,12 @@
 // The archive that imports make.
 #include "statistics/archivio.h"
 
-#include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <sys/file.h>
-#include <unistd.h>
 
 #include "archivio/importa.h"
 #include "platform/ambiente.h"
+#include "platform/blocco.h"
 #include "platform/disk.h"
 #include "suite/archivio_prova.h"
 
@@ -203,23 +201,21 @@ TEST_F(ArchivioSuite, UnArchivioCheNonSiLeggeNonSiTocca) {
 }
 
 TEST_F(ArchivioSuite, DueImportazioniInsiemeNo) {
-    const std::string dove = cartella_.radice() + "/archivio";
-    const int fd = ::open(dove.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    ASSERT_EQ(::flock(fd, LOCK_EX | LOCK_NB), 0);
+    platform::File altra(cartella_.radice() + "/archivio", platform::File::Modo::cartella);
+    ASSERT_EQ(platform::blocca(altra), platform::Presa::presa);
     const Rapporto r = porta(una_sestina);
-    ::close(fd);
+    altra.chiudi();
     EXPECT_FALSE(r.riuscito);
     EXPECT_EQ(r.errori.at(0).testo, "un'altra importazione è in corso");
     EXPECT_TRUE(porta(una_sestina).riuscito);
 }
 
 TEST_F(ArchivioSuite, IlDimostrativoAspettaCheUnImportazioneFinisca) {
-    const std::string dove = cartella_.radice() + "/archivio";
-    const int fd = ::open(dove.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    ASSERT_EQ(::flock(fd, LOCK_EX | LOCK_NB), 0);
+    platform::File altra(cartella_.radice() + "/archivio", platform::File::Modo::cartella);
+    ASSERT_EQ(platform::blocca(altra), platform::Presa::presa);
     EXPECT_FALSE(metti_dimostrativo(archivio_));
     EXPECT_FALSE(platform::esiste_file(archivio_));
-    ::close(fd);
+    altra.chiudi();
     EXPECT_TRUE(metti_dimostrativo(archivio_));
     EXPECT_TRUE(difetti(archivio_).empty());
 }

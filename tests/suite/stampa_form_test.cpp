@@ -372,8 +372,8 @@ TEST_F(FinestraSchedine, DoveNonSiScriveLoDice) {
     uscita = cartella.radice() + "/manca/uscita.pdf";
     apri();
     clic(f->cmdpdf);
-    EXPECT_EQ(messaggi.last(),
-              "Le schedine non sono state scritte.\n\n" + q(uscita) + "\nla cartella non esiste.");
+    EXPECT_EQ(messaggi.last(), "Le schedine non sono state scritte.\n\n" +
+                                   platform::da_mostrare(q(uscita)) + "\nla cartella non esiste.");
 }
 
 TEST_F(FinestraSchedine, ElaboratoDiNuovoSiRilegge) {
