@@ -72,6 +72,9 @@ void crea_cartella(const std::string& nome);
 /// Makes a folder for a while, whose name begins so; empty when none can be made.
 std::string cartella_temporanea(const std::string& nome);
 Guasto togli(const std::string& nome);
+/// Takes a file away by the system's own bin, for good where the disk has none; false where the
+/// system has no such call of its own, or it failed.
+bool cestina(const std::string& nome);
 Guasto rinomina(const std::string& vecchio, const std::string& nuovo);
 /// Leaves what is at `nuovo` alone; on disks without such a step as nearly so as they do.
 Guasto rinomina_senza_coprire(const std::string& vecchio, const std::string& nuovo);

@@ -195,6 +195,13 @@ TEST_F(FileWin32, AWorkingFileThatIsHeldIsNotSwept) {
     EXPECT_EQ(quanti(), 0U);
 }
 
+TEST_F(FileWin32, WhatIsGivenToTheBinIsNoLongerThere) {
+    cartella_.scrivi("tempo.sen", "x");
+    EXPECT_TRUE(macchina::cestina(cartella_.file("tempo.sen")));
+    EXPECT_FALSE(macchina::cestina(cartella_.file("tempo.sen")));
+    EXPECT_EQ(quanti(), 0U);
+}
+
 TEST_F(FileWin32, ASecondInstanceSeesTheFirstAndLeavesNothing) {
     {
         Application prima;

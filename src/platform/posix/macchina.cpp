@@ -123,6 +123,10 @@ std::string cartella_temporanea(const std::string& nome) {
     return errore || ::mkdtemp(modello.data()) == nullptr ? "" : modello;
 }
 
+bool cestina(const std::string& /*nome*/) {
+    return false;
+}
+
 void sincronizza_cartella(const std::string& cartella) {
     // A file system without folder sync loses nothing by it.
     const int fd = syscalls().open(cartella.c_str(), O_RDONLY | O_DIRECTORY, 0);

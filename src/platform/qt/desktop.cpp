@@ -21,6 +21,7 @@
 #include <QWidget>
 #include <QWindow>
 
+#include "platform/macchina.h"
 #include "platform/qt/folder.h"
 #include "platform/qt/scala.h"
 #include "platform/qt/scrivania.h"
@@ -315,7 +316,8 @@ void offri_documento(const QString& testo, const QString& file, const QString& m
 bool cestina(const QString& nome) {
     // Where the folder above the trash is missing, the trash would be made in the current folder.
     QDir().mkpath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
-    return QFile::moveToTrash(nome);
+    // Where a disk has none, the system decides what becomes of the file.
+    return QFile::moveToTrash(nome) || macchina::cestina(s(nome));
 }
 
 void tieni_sullo_schermo(QWidget* finestra) {

@@ -122,6 +122,18 @@ std::string cartella_temporanea(const std::string& nome) {
     return {};
 }
 
+bool cestina(const std::string& nome) {
+    std::wstring quali = nome_largo(nome);
+    if (quali.empty()) return false;
+    // A list of names, at whose end stands an empty one.
+    quali += L'\0';
+    SHFILEOPSTRUCTW cosa{};
+    cosa.wFunc = FO_DELETE;
+    cosa.pFrom = quali.c_str();
+    cosa.fFlags = FOF_ALLOWUNDO | FOF_NO_UI;
+    return SHFileOperationW(&cosa) == 0 && cosa.fAnyOperationsAborted == 0;
+}
+
 void sincronizza_cartella(const std::string& cartella) {
     // A disk without folder sync loses nothing by it.
     const int fd = syscalls().open(cartella.c_str(), _O_RDONLY, 0);
