@@ -4,11 +4,11 @@
 scripts/mutants.py [--build FOLDER] [--sample N] [--seed S] [--rooms a,b] [--minutes M]
                    [--jobs N] [--quick] [--all] [--again] [--list] [--write]
 
-Each mutant is one source file with one change, compiled beside the tree and linked before the
-library that holds the original. The suites of test_core that are named after the file run first, then
-those of its room, with --all all others too, the slow tests after the quick ones or, with --quick, not
-at all, until one fails. What was found is kept in results.json of the build folder: a run goes on where the last one ended, a changed line is tried anew, and with --again
-what was alive too.
+Each mutant is one source file with one change, compiled beside the tree and linked before the library
+that holds the original. The suites of test_core that are named after the file run first, then those of
+its room, with --all all others too, the slow tests after the quick ones or, with --quick, not at all,
+until one fails. What was found is kept in results.json of the build folder: a run goes on where the
+last one ended, a changed line is tried anew, and with --again what was alive too.
 Mutants that change nothing are listed, with the reason, in tests/mutants/equivalent.txt.
 """
 import argparse

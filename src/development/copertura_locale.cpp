@@ -62,7 +62,7 @@ void Incidenza::trasponi() {
     for (const std::uint32_t r : righe) ++inizio_riga[r + 1];
     for (std::size_t r = 0; r < quante_righe(); ++r) inizio_riga[r + 1] += inizio_riga[r];
     colonne.resize(righe.size());
-    std::vector<std::uint32_t> libero(inizio_riga.begin(), inizio_riga.end() - 1);
+    std::vector<std::uint32_t> libero = inizio_riga;
     for (std::uint32_t c = 0; c < quante_colonne(); ++c) {
         for (const std::uint32_t r : righe_di(c)) colonne[libero[r]++] = c;
     }
