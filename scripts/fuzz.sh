@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
-# Runs every fuzzer for so many seconds (60 when none are given) and tells what it did; fails on a
-# finding, whose input stays in build/fuzz/trovati. What it learnt stays in build/fuzz/semi, merged: of
-# inputs that reach the same, the smallest.
+# Runs every fuzzer for so many seconds (60 when none are given), from a seed that may follow, and tells
+# what it did; fails on a finding, whose input stays in build/fuzz/trovati. What it learnt stays in
+# build/fuzz/semi, merged: of inputs that reach the same, the smallest.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/setup.sh
 
 seconds=${1:-60}
+seed=${2:-0}
 setup_build
 install_missing clang libclang-rt-14-dev libgtest-dev
 cmake --preset fuzz >/dev/null
@@ -26,7 +27,7 @@ for program in build/fuzz/fuzz/fuzz_*; do
   log=build/fuzz/$reader.log
   mkdir -p "$corpus"
   result=ok
-  "$program" -max_total_time="$seconds" -max_len=$max_length -timeout=20 -rss_limit_mb=2048 \
+  "$program" -max_total_time="$seconds" -seed="$seed" -max_len=$max_length -timeout=20 -rss_limit_mb=2048 \
     -dict="tests/fuzz/dizionari/$reader.dict" -artifact_prefix=build/fuzz/trovati/"$reader"- \
     -print_final_stats=1 "$corpus" "$seeds" 2>"$log" || { result="FOUND, see $log"; status=1; }
   last=$(grep -E '^#[0-9]+.* cov: ' "$log" | tail -n 1)
