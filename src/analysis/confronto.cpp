@@ -60,8 +60,8 @@ std::string frase_disposta(const Disposizione& d, Gioco gioco, int scopo) {
     }
     const double prima = d.prima.almeno(scopo);
     const double dopo = d.dopo.almeno(scopo);
-    std::string frase = o_meglio(gioco, scopo) + " nel " + percento(dopo, 1) +
-                        " delle estrazioni invece che nel " + percento(prima, 1);
+    std::string frase = o_meglio(gioco, scopo) + " " + platform::nel(percento(dopo, 1)) +
+                        " delle estrazioni invece che " + platform::nel(percento(prima, 1));
     if (prima > 0) {
         frase += ": una vincita ogni " + ogni_quante(dopo) + ", non ogni " + ogni_quante(prima);
     }

@@ -238,8 +238,10 @@ void frmcercatabella::concludi() {
     const auto limite = static_cast<std::size_t>(development::limite_inferiore(d));
     QString testo = quante(trovata_.size());
     if (scoperti_ > 0) {
-        testo += tr(": la garanzia manca nel ") +
-                 percento_di(scoperti_, development::binomiale(d.n, d.p)) + tr(" dei sorteggi.");
+        testo += tr(": la garanzia manca ") +
+                 q(platform::nel(
+                     platform::s(percento_di(scoperti_, development::binomiale(d.n, d.p))))) +
+                 tr(" dei sorteggi.");
     } else {
         testo += ", " + q(development::in_parole({d.p, d.t})) + ". ";
         testo += trovata_.size() == limite

@@ -247,8 +247,8 @@ std::string riassunto(const Analisi& a, Gioco gioco) {
     const auto tutte = static_cast<double>(d.estrazioni_possibili());
     const int minimo = vincita_minima(gioco);
     const auto vince = static_cast<double>(d.estrazioni_almeno(minimo));
-    std::string testo = "Analisi: " + nome_risultato(gioco, minimo) + " o meglio nel " +
-                        percento(vince, tutte) + " delle estrazioni";
+    std::string testo = "Analisi: " + nome_risultato(gioco, minimo) + " o meglio " +
+                        platform::nel(percento(vince, tutte)) + " delle estrazioni";
     if (vince == 0) testo = "Analisi: nessuna estrazione dà " + nome_risultato(gioco, minimo);
     const int k = estraibili(d);
     const int g = d.garantito(k);

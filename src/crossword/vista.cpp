@@ -12,6 +12,7 @@
 #include "platform/qt/disposizione.h"
 #include "platform/qt/pittura.h"
 #include "platform/qt/scala.h"
+#include "platform/runtime.h"
 
 namespace crossword {
 
@@ -34,8 +35,7 @@ QString motivo(int numero, std::uint8_t sbarre) {
     const QString ultimo = dove.takeLast();
     const QString dove_tutti =
         dove.isEmpty() ? ultimo : dove.join(", ") + Vista::tr(" e ") + ultimo;
-    // As they are read: l'uno, l'otto, l'undici, l'ottanta.
-    const bool vocale = numero == 1 || numero == 8 || numero == 11 || numero / 10 == 8;
+    const bool vocale = platform::comincia_per_vocale(std::to_string(numero));
     return Vista::tr("%1%2 sta già %3 di questa casella.")
         .arg(vocale ? QStringLiteral("L'") : QStringLiteral("Il "))
         .arg(numero)

@@ -117,8 +117,8 @@ std::string oltre_in_parole(const Desiderio& d, const std::vector<Maschera>& rig
     const auto oltre =
         std::accumulate(v.migliore.begin() + d.t + 1, v.migliore.end(), std::uint64_t{0});
     const double parte = static_cast<double>(oltre) / static_cast<double>(v.gruppi);
-    return std::to_string(d.t + 1) + " o più nel " + platform::Significative(parte * 100, 3) +
-           " % dei casi";
+    return std::to_string(d.t + 1) + " o più " +
+           platform::nel(platform::Significative(parte * 100, 3)) + " % dei casi";
 }
 
 bool riga_precede(Maschera a, Maschera b) {

@@ -181,6 +181,19 @@ std::string Significative(double valore, int cifre) {
     return (valore < 0 ? "-" : "") + testo;
 }
 
+bool comincia_per_vocale(std::string_view numero) {
+    const std::string_view primo = numero.substr(0, numero.find_first_not_of("0123456789"));
+    const bool migliaia = numero.substr(primo.size()).starts_with('.');
+    return primo.starts_with('8') || primo == "11" || (primo == "1" && !migliaia);
+}
+
+std::string nel(std::string_view numero) {
+    const char* const prima = comincia_per_vocale(numero) ? "nell'"
+                              : numero.starts_with('0')   ? "nello "
+                                                          : "nel ";
+    return prima + std::string(numero);
+}
+
 std::string CStr(double valore) {
     if (!std::isfinite(valore)) return "";
     if (valore == 0) return "0";

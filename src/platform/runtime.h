@@ -48,6 +48,13 @@ std::string Format(double valore, Modello modello);
 /// when infinite.
 std::string Significative(double valore, int cifre);
 
+/// True of a number in Italian signs that is read with a vowel first: 1, 8, 11, 80 and so on, not
+/// 1.000.
+bool comincia_per_vocale(std::string_view numero);
+
+/// Such a number after its "in": "nel 12,3 %", "nell'8,4 %", "nello 0,3 %".
+std::string nel(std::string_view numero);
+
 /// Plain text of a number, up to 15 significant digits, with a decimal comma; empty when infinite.
 std::string CStr(double valore);
 

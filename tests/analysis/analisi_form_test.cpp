@@ -459,7 +459,7 @@ TEST_F(AnalisiForm, ClosedWithTheMainFormWhileItCounts) {
 TEST_F(AnalisiForm, TheSummaryStandsUntilTheNextChange) {
     frmanalisi& f = apri("1,2,3,4,5,6\r\n");
     const QString riassunto =
-        "Analisi: 3 punti o meglio nel 0,3146 % delle estrazioni; con 6 numeri usciti almeno "
+        "Analisi: 3 punti o meglio nello 0,3146 % delle estrazioni; con 6 numeri usciti almeno "
         "6 punti";
     EXPECT_EQ(p.form1.lblanalisi->text(), riassunto);
     EXPECT_TRUE(p.form1.lblanalisi->isVisible());

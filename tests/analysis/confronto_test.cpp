@@ -52,9 +52,10 @@ TEST(Confronto, UnaFrasePerOgniEsito) {
     d.prima = misura({{1, 2, 3, 4, 5, 6}});
     d.dopo = misura({{1, 2, 3, 4, 5, 6}, {7, 8, 9, 10, 11, 12}});
     d.esito = Disposta::migliorata;
-    EXPECT_EQ(frase_disposta(d, enalotto, 3),
-              "3 punti o meglio nel 0,629 % delle estrazioni invece che nel 0,3146 %: una vincita "
-              "ogni 159 estrazioni, non ogni 318 estrazioni");
+    EXPECT_EQ(
+        frase_disposta(d, enalotto, 3),
+        "3 punti o meglio nello 0,629 % delle estrazioni invece che nello 0,3146 %: una vincita "
+        "ogni 159 estrazioni, non ogni 318 estrazioni");
     for (const auto& [esito, inizio] : std::vector<std::pair<Disposta, std::string>>{
              {Disposta::uguale, "Non è stata trovata"},
              {Disposta::incompleta, "Per disporre meglio"},

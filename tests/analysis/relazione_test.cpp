@@ -130,9 +130,10 @@ TEST(Relazione, IlRitornoSottoUnoEDetto) {
 }
 
 TEST(Relazione, RiassuntoInUnaRiga) {
-    EXPECT_EQ(riassunto(una_sestina(), enalotto),
-              "Analisi: 3 punti o meglio nel 0,3146 % delle estrazioni; con 6 numeri usciti almeno "
-              "6 punti");
+    EXPECT_EQ(
+        riassunto(una_sestina(), enalotto),
+        "Analisi: 3 punti o meglio nello 0,3146 % delle estrazioni; con 6 numeri usciti almeno "
+        "6 punti");
 }
 
 TEST(Relazione, RigheGuasteSonoDette) {

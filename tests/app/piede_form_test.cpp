@@ -66,7 +66,7 @@ TEST_F(PiedeForm, TheStepAndTheAnalysisStandSideBySide) {
     p.comando(1);
     p.mostrati();
     p.form1.mostra_analisi(
-        "Analisi: 3 punti o meglio nel 0,3146 % delle estrazioni; con 6 numeri usciti almeno "
+        "Analisi: 3 punti o meglio nello 0,3146 % delle estrazioni; con 6 numeri usciti almeno "
         "6 punti");
     QApplication::processEvents();
     const QLabel* passo_visto = p.form1.lblpasso;

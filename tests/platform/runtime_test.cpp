@@ -164,6 +164,15 @@ TEST(Format, TakesAnyMagnitude) {
     EXPECT_EQ(Format(std::nan(""), Modello::decimali), "");
 }
 
+TEST(Italiano, ANumberIsReadAfterTheWordThatSuitsIt) {
+    for (const char* vocale :
+         {"1", "1,5 %", "8", "8,4", "11", "80", "89,9", "800", "8.000", "11.000"})
+        EXPECT_EQ(platform::nel(vocale), std::string("nell'") + vocale);
+    for (const char* altro : {"2", "10", "12,3 %", "18", "100", "110", "111", "1.000", "98"})
+        EXPECT_EQ(platform::nel(altro), std::string("nel ") + altro);
+    EXPECT_EQ(platform::nel("0,3146 %"), "nello 0,3146 %");
+}
+
 TEST(Significative, AsManyDecimalsAsItTakes) {
     EXPECT_EQ(Significative(0, 3), "0");
     EXPECT_EQ(Significative(1, 3), "1");
