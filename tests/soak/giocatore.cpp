@@ -23,7 +23,7 @@ namespace fs = std::filesystem;
 namespace {
 
 /// Beginnings of every text that the program may show in a box.
-const std::array<const char*, 38> previsti = {
+const std::array<const char*, 39> previsti = {
     "Per procedere al salvataggio del sistema occorre completare lo schema del Cruciverba",
     "Per procedere al salvataggio del sistema si deve completare il Cruciverba",
     "Per procedere all'elaborazione del sistema occorre completare lo schema del Cruciverba",
@@ -62,6 +62,7 @@ const std::array<const char*, 38> previsti = {
     "L'analisi è nel file\n",
     "L'analisi non è stata scritta.\n",
     "Reinstalla Sortivario dal tuo CD-ROM.\r\nFile Danneggiato!",
+    "Il programma \"archivio\", che importa le estrazioni, non c'è accanto a questo.",
 };
 const std::array<const char*, 4> previsti_rari = {
     "Lo sviluppo di questo sistema è di un altro cruciverba: le sue colonne non sono quelle da",
