@@ -22,6 +22,12 @@ namespace {
 constexpr int passo_ms = 15;
 constexpr int passi_barra = 1000;
 
+/// Of a cell among all of them, row by row.
+std::size_t posto(int riga, int colonna, int colonne) {
+    return static_cast<std::size_t>(riga) * static_cast<std::size_t>(colonne) +
+           static_cast<std::size_t>(colonna);
+}
+
 }  // namespace
 
 int frmmigliora::punti() const {
@@ -32,7 +38,7 @@ void frmmigliora::mostra_griglia() {
     const crossword::Matrice& m = trovata_ ? trovata_->matrice : sistema_.matrice;
     for (int y = 0; y < m.righe(); ++y) {
         for (int x = 0; x < m.colonne(); ++x) {
-            const bool ferma = ferme_[static_cast<std::size_t>(y * m.colonne() + x)];
+            const bool ferma = ferme_[posto(y, x, m.colonne())];
             const QString numero = QString::number(m(x, y));
             QTableWidgetItem* cella = griglia->item(y, x);
             cella->setText(ferma ? "[" + numero + "]" : numero);
@@ -43,7 +49,7 @@ void frmmigliora::mostra_griglia() {
 
 void frmmigliora::cambia_ferma(int riga, int colonna) {
     if (al_lavoro_ || riga < 0 || colonna < 0) return;
-    const auto c = static_cast<std::size_t>(riga * sistema_.matrice.colonne() + colonna);
+    const std::size_t c = posto(riga, colonna, sistema_.matrice.colonne());
     ferme_[c] = !ferme_[c];
     mostra_griglia();
 }
@@ -140,8 +146,10 @@ void frmmigliora::accogli(Disposizione&& d) {
     if (contate && !prima_) prima_ = d.prima;
     // A search that goes on from a better layout is held against the crossword all the same.
     if (contate) d.prima = *prima_;
-    if (d.esito == Disposta::migliorata) trovata_ = std::move(d);
-    lblstato->setText(q(frase_disposta(trovata_ && contate ? *trovata_ : d, gioco, punti())) + ".");
+    const bool migliore = d.esito == Disposta::migliorata;
+    const Disposizione& detta = contate && !migliore && trovata_ ? *trovata_ : d;
+    lblstato->setText(q(frase_disposta(detta, gioco, punti())) + ".");
+    if (migliore) trovata_ = std::move(d);
     if (!trovata_) return;
     const Costo costo{prezzo_in_euro(App().Path), finestra_.sessione.con_ripetizioni()};
     confronto->mostra(tavola_confronto(*prima_, trovata_->dopo, gioco, punti(), costo));

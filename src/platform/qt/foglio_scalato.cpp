@@ -35,7 +35,7 @@ bool e_misura(const QString& proprieta) {
 }
 
 const QRegularExpression& pixel() {
-    static const QRegularExpression misura("(\\d+(?:\\.\\d+)?)px");
+    static const QRegularExpression misura(R"((\d+(?:\.\d+)?)px)");
     return misura;
 }
 

@@ -53,7 +53,7 @@ QString scegli_nuovo_file(QWidget* proprietario, const QString& titolo, const QS
     dialogo.setDefaultSuffix(QFileInfo(proposta).suffix());
     // Each kind has an ending of its own.
     QObject::connect(&dialogo, &QFileDialog::filterSelected, &dialogo, [&](const QString& tipo) {
-        static const QRegularExpression fine("\\*\\.(\\w+)\\)");
+        static const QRegularExpression fine(R"(\*\.(\w+)\))");
         const QString estensione = fine.match(tipo).captured(1);
         if (!estensione.isEmpty()) dialogo.setDefaultSuffix(estensione);
     });
