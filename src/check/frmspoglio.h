@@ -56,6 +56,7 @@ public:
     QPushButton* Cmdvincenti = nullptr;
     QPushButton* Cmdvincentilotto = nullptr;
     QPushButton* cmdpunti = nullptr;
+    QLabel* lblordina = nullptr;
     QPushButton* cmdsched = nullptr;
     QPushButton* Command1 = nullptr;
     QPushButton* CmdEsci = nullptr;
@@ -134,7 +135,6 @@ private:
     bool occupato_ = false;
     bool chiusura_chiesta_ = false;
     QLineEdit* entrata_ = nullptr;
-    QLabel* lblordina = nullptr;
 };
 
 }  // namespace check

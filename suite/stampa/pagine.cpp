@@ -53,9 +53,10 @@ public:
         testa.alta = alta_schedina + bande * alta_banda;
         for (int k = da; k < fino; ++k) {
             const int posto = k - da;
+            const int banda = posto / pannelli_banda;
             pannelli_.push_back({bordo + margine + posto % pannelli_banda * largo_pannello,
-                                 testa.y + alta_schedina + posto / pannelli_banda * alta_banda,
-                                 k + 1, colonne[static_cast<std::size_t>(k)]});
+                                 testa.y + alta_schedina + banda * alta_banda, k + 1,
+                                 colonne[static_cast<std::size_t>(k)]});
         }
         teste_.push_back(std::move(testa));
     }
@@ -107,8 +108,8 @@ void Lavoro::Ricopiare::tratti() {
         for (const int n : p.colonna) {
             if (n == 0) continue;
             const int i = n - 1;
-            penna_.riquadro(p.x + i % numeri_riga * passo_x,
-                            p.y + titolo + static_cast<double>(i / numeri_riga) * passo_y, passo_x,
+            const int riga = i / numeri_riga;
+            penna_.riquadro(p.x + i % numeri_riga * passo_x, p.y + titolo + riga * passo_y, passo_x,
                             passo_y);
         }
     }
@@ -121,9 +122,9 @@ void Lavoro::Ricopiare::numeri_del_pannello(bool giocati) {
         for (int n = 1; n <= numeri; ++n) {
             if (giocato(p.colonna, n) != giocati) continue;
             const int i = n - 1;
+            const int riga = i / numeri_riga;
             penna_.testo(p.x + (i % numeri_riga + 0.5) * passo_x,
-                         p.y + titolo + static_cast<double>(i / numeri_riga) * passo_y + sopra,
-                         std::to_string(n), Verso::centro);
+                         p.y + titolo + riga * passo_y + sopra, std::to_string(n), Verso::centro);
         }
     }
 }

@@ -47,13 +47,13 @@ CarattereStampa::CarattereStampa(bool grassetto)
       ascendente_(metrica_.ascent() / lato_misura),
       altezza_((metrica_.ascent() + metrica_.descent()) / lato_misura) {
     for (char c = ' '; c <= '~'; ++c) {
-        larghezze_[static_cast<std::size_t>(c)] =
+        larghezze_[static_cast<unsigned char>(c)] =
             metrica_.horizontalAdvance(QLatin1Char(c)) / lato_misura;
     }
 }
 
 double CarattereStampa::larghezza(char lettera) const {
-    return larghezze_[static_cast<std::size_t>(lettera)];
+    return larghezze_[static_cast<unsigned char>(lettera)];
 }
 
 double CarattereStampa::larghezza(std::string_view testo) const {
@@ -75,7 +75,7 @@ void Scrittura::cambia(const QFont& carattere) {
 void Scrittura::aggiungi(char lettera, QPointF dove) {
     // A blank leaves no ink, and whoever reads the page knows it by the gap.
     if (lettera == ' ') return;
-    scelti_.push_back(glifi_[static_cast<std::size_t>(lettera)]);
+    scelti_.push_back(glifi_[static_cast<unsigned char>(lettera)]);
     posti_.push_back(dove);
 }
 
