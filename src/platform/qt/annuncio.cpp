@@ -2,6 +2,8 @@
 
 #include <QAccessibleWidget>
 
+#include "platform/qt/interfaccia.h"
+
 namespace platform {
 
 namespace {
@@ -19,19 +21,10 @@ private:
     Annuncio* riga_;
 };
 
-QAccessibleInterface* notifica(const QString& /*classe*/, QObject* oggetto) {
-    auto* riga = qobject_cast<Annuncio*>(oggetto);
-    return riga != nullptr ? new Notifica(riga) : nullptr;
-}
-
 }  // namespace
 
 Annuncio::Annuncio(QWidget* padre) : EtichettaValore(padre) {
-    static const bool una_volta = [] {
-        QAccessible::installFactory(notifica);
-        return true;
-    }();
-    static_cast<void>(una_volta);
+    parla_per<Annuncio, Notifica>();
 }
 
 void Annuncio::annuncia(const QString& testo) {

@@ -12,6 +12,7 @@
 #include <QVariant>
 
 #include "platform/qt/disegno.h"
+#include "platform/qt/interfaccia.h"
 #include "platform/qt/scala.h"
 #include "platform/qt/tasti.h"
 
@@ -76,19 +77,10 @@ private:
     ComboBox* elenco_;
 };
 
-QAccessibleInterface* accessibile(const QString& /*classe*/, QObject* oggetto) {
-    auto* elenco = qobject_cast<ComboBox*>(oggetto);
-    return elenco != nullptr ? new NomeElenco(elenco) : nullptr;
-}
-
 }  // namespace
 
 ComboBox::ComboBox(QWidget* padre) : QComboBox(padre) {
-    static const bool una_volta = [] {
-        QAccessible::installFactory(accessibile);
-        return true;
-    }();
-    static_cast<void>(una_volta);
+    parla_per<ComboBox, NomeElenco>();
     connect(this, &QComboBox::activated, this, [this] {
         adatta();
         Q_EMIT Click();

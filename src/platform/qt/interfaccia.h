@@ -1,0 +1,22 @@
+// Who speaks to assistive programs for a control of our own.
+#pragma once
+
+#include <QAccessible>
+
+namespace platform {
+
+/// From the first call on, an `Interfaccia` of its own speaks for each `Controllo`.
+template <class Controllo, class Interfaccia>
+void parla_per() {
+    static const bool una_volta = [] {
+        QAccessible::installFactory(
+            [](const QString& /*classe*/, QObject* oggetto) -> QAccessibleInterface* {
+                auto* controllo = qobject_cast<Controllo*>(oggetto);
+                return controllo != nullptr ? new Interfaccia(controllo) : nullptr;
+            });
+        return true;
+    }();
+    static_cast<void>(una_volta);
+}
+
+}  // namespace platform
