@@ -206,6 +206,13 @@ TEST(Tabellone, UnNumeroGrigioDicePerche) {
     p.cella(3, 4);
     EXPECT_EQ(p.form1.CMDnum[1]->toolTip(),
               "L'1 sta già sulla riga e sulla colonna di questa casella.");
+    for (const auto& [riga, colonna] : {std::pair(3, 1), std::pair(1, 3), std::pair(5, 5)}) {
+        p.cella(riga, colonna);
+        p.numero(2);
+    }
+    p.cella(3, 3);
+    EXPECT_EQ(p.form1.CMDnum[2]->toolTip(),
+              "Il 2 sta già sulla riga, sulla colonna e su una diagonale di questa casella.");
 }
 
 }  // namespace
