@@ -27,11 +27,27 @@ TEST_F(SpiegazioniForm, EveryEntryCarriesItsGuarantee) {
     const platform::ComboBox* c = p.form1.Combo4;
     ASSERT_EQ(c->count(), 3);
     EXPECT_EQ(c->itemData(0, Qt::ToolTipRole).toString(), integrale_8);
+    EXPECT_EQ(c->itemData(0, Qt::AccessibleDescriptionRole).toString(), "");
+    p.form1.Combo4->showPopup();
     EXPECT_EQ(c->itemData(0, Qt::AccessibleDescriptionRole).toString(), integrale_8);
+    p.form1.Combo4->hidePopup();
     EXPECT_TRUE(c->itemData(1, Qt::ToolTipRole).toString().startsWith("4 sestine, 14,3 %"));
     EXPECT_TRUE(p.form1.Combo3->itemData(1, Qt::ToolTipRole).toString().startsWith("1 sestina"));
     const auto* a = QAccessible::queryAccessibleInterface(p.form1.Combo4);
     EXPECT_EQ(a->text(QAccessible::Description), integrale_8);
+}
+
+TEST_F(SpiegazioniForm, ToBeLaidOutAListExplainsNothing) {
+    platform::ComboBox c(&p.form1);
+    int chieste = 0;
+    c.spiega([&chieste](int /*posto*/) { return QString::number(++chieste); });
+    c.elenca({"uno", "due", "tre"}, -1);
+    QFont carattere = c.font();
+    carattere.setPixelSize(40);
+    c.setFont(carattere);
+    c.setStyleSheet("QComboBox { color: red; }");
+    c.view()->sizeHintForRow(1);
+    EXPECT_EQ(chieste, 0);
 }
 
 TEST_F(SpiegazioniForm, TheDiagonalsTellOfTheirNeighboursToo) {

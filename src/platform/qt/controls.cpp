@@ -67,13 +67,18 @@ class VociSpiegate : public QStandardItemModel {
 public:
     explicit VociSpiegate(ComboBox* elenco) : QStandardItemModel(elenco), elenco_(elenco) {}
     [[nodiscard]] QVariant data(const QModelIndex& indice, int ruolo) const override {
-        if (ruolo == Qt::ToolTipRole || ruolo == Qt::AccessibleDescriptionRole) {
-            return elenco_->spiegazione(indice.row());
-        }
+        const bool descritta = ruolo == Qt::AccessibleDescriptionRole && si_vede();
+        if (ruolo == Qt::ToolTipRole || descritta) return elenco_->spiegazione(indice.row());
         return QStandardItemModel::data(indice, ruolo);
     }
 
 private:
+    /// To lay items out is to ask each for its description, which tells separators: as long as
+    /// nobody sees them, that explains none.
+    [[nodiscard]] bool si_vede() const {
+        const auto* vista = elenco_->findChild<QAbstractItemView*>();
+        return vista != nullptr && vista->isVisible();
+    }
     ComboBox* elenco_;
 };
 
