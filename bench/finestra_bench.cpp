@@ -6,6 +6,7 @@
 #include <ctime>
 
 #include <QApplication>
+#include <QWindow>
 
 #include "app/dialoghi_qt.h"
 #include "app/form1.h"
@@ -52,7 +53,8 @@ void bordo(benchmark::State& stato, QSize da) {
         const std::clock_t prima = std::clock();
         // Up to half as large again and back, four pixels at a time.
         const int piu = 4 * (100 - std::abs(100 - passo++ % 200));
-        form1.resize(base.width() + piu, base.height() + piu * base.height() / base.width());
+        form1.windowHandle()->resize(base.width() + piu,
+                                     base.height() + piu * base.height() / base.width());
         QApplication::processEvents();
         peggiore = std::max(peggiore, static_cast<double>(std::clock() - prima) / CLOCKS_PER_SEC);
     }

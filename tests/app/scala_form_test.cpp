@@ -10,6 +10,7 @@
 #include <QTest>
 #include <QToolTip>
 #include <QWheelEvent>
+#include <QWindow>
 
 #include "app/frmsplash.h"
 #include "crossword/griglia.h"
@@ -155,6 +156,26 @@ TEST(Scala, UnPassoDelBordoDipingeUnaVoltaSola) {
     EXPECT_EQ(dipinta->quanti, 1);
     EXPECT_EQ(scritta->quanti, 0);
     EXPECT_EQ(vestita->quanti, 0);
+}
+
+TEST(Scala, TrascinatoIlBordoSiVesteDaFermo) {
+    Programma p;
+    porta(p.form1, 1.5);
+    const QString a_150 = p.form1.styleSheet();
+    const QSize misura = p.form1.size();
+    porta(p.form1, 1.1);
+    const auto* vestita = new Contatore(p.form1.MSFlexGrid1, QEvent::StyleChange);
+    int prima_di_disporre = -1;
+    QObject::connect(Scala::di(&p.form1), &Scala::dispone, &p.form1, [&] {
+        if (prima_di_disporre < 0) prima_di_disporre = vestita->quanti;
+    });
+    // As the desktop gives a window another size.
+    p.form1.windowHandle()->resize(misura);
+    QTRY_COMPARE(p.form1.size(), misura);
+    EXPECT_DOUBLE_EQ(platform::scala(&p.form1), 1.5);
+    EXPECT_EQ(prima_di_disporre, 0);
+    QTRY_COMPARE(p.form1.styleSheet(), a_150);
+    EXPECT_GT(vestita->quanti, 0);
 }
 
 TEST(Scala, IlFoglioDiPrimaMessoDiNuovoSiScala) {

@@ -22,6 +22,7 @@
 #include <QTabBar>
 #include <QTableView>
 #include <QWheelEvent>
+#include <QWindow>
 
 #include "platform/application.h"
 #include "platform/qt/desktop.h"
@@ -190,6 +191,10 @@ Scala::Scala(QWidget* finestra)
     raccogli(finestra);
     raccogli_spazi();
     finestra->installEventFilter(this);
+    constexpr int fermo_ms = 120;
+    riposo_.setSingleShot(true);
+    riposo_.setInterval(fermo_ms);
+    connect(&riposo_, &QTimer::timeout, this, &Scala::rivesti);
     ascolta_tasti();
     if (area() != finestra) area()->installEventFilter(this);
     tutte().insert(finestra, this);
@@ -258,6 +263,7 @@ void Scala::registra(QWidget* controllo) {
     Posto p;
     p.controllo = controllo;
     p.base = p.scritto = controllo->geometry();
+    p.come = controllo->property(ancora).toInt();
     p.carattere = controllo->font();
     p.proprio = controllo->testAttribute(Qt::WA_SetFont);
     p.assoluto = !con_disposizione_ && !menu && padre != nullptr && padre->layout() == nullptr &&
@@ -334,7 +340,7 @@ void Scala::colloca(QWidget* controllo, QRect a_100, int come) {
     Posto& p = posti_[*suo];
     if (!p.dentro.isValid()) p.dentro = p.base.size();
     p.base = a_100;
-    controllo->setProperty(ancora, come);
+    p.come = come;
     if (in_corso_) return;
     const QScopedValueRollback guardia(in_corso_, true);
     disponi_uno(p);
@@ -399,49 +405,41 @@ void Scala::ricorda() {
     platform::ricorda(file_ricordi(), nome(), ora);
 }
 
-void Scala::adegua() {
+void Scala::prendi_fattore(QSize ora) {
     if (in_corso_ || !misurata_) return;
-    const QScopedValueRollback guardia(in_corso_, true);
-    const QSize ora = finestra_->size();
     qreal f = qMin(qreal(ora.width()) / base_.width(), qreal(ora.height()) / base_.height());
     f = con_disposizione_ ? voluto_ : qBound(minimo, f, massimo);
-    const bool cambia = f != fattore_;
-    const qreal prima = fattore_;
+    if (f == fattore_) return;
+    const QScopedValueRollback guardia(in_corso_, true);
     fattore_ = f;
-    if (cambia) {
-        // Fonts that the style sheet sets come back with it, where no other size is in force.
-        if (f == 1) scrivi_caratteri();
-        vesti();
-        if (f != 1) scrivi_caratteri();
+    // To dress the window takes longer than a step of the edge may: it waits for its rest.
+    if (dal_bordo_) {
+        riposo_.start();
+        scrivi_caratteri();
+    } else {
+        rivesti();
     }
-    Q_EMIT dispone();
-    disponi();
-    if (!cambia) return;
-    if (con_disposizione_) {
-        for (Posto& p : posti_) {
-            if (p.controllo) scrivi_limiti(p, prima);
-        }
-        scrivi_spazi();
-        finestra_->setMinimumSize(base_minima_ * fattore_);
-        rifai_disposizione();
-    }
-    for (const Posto& p : posti_) {
-        if (!p.controllo) continue;
-        QEvent avviso(cambiata());
-        QCoreApplication::sendEvent(p.controllo, &avviso);
-    }
-    for (QWidget* w : finestra_->findChildren<QWidget*>()) {
-        if (!w->property(da_se).toBool()) continue;
-        QEvent avviso(cambiata());
-        QCoreApplication::sendEvent(w, &avviso);
-    }
+}
+
+// The desktop tells the size that it gives: before the window makes room for its menu, or all that
+// stands below would be placed twice.
+void Scala::trascina() {
+    const QSize misura = finestra_->windowHandle()->size();
+    if (misura == finestra_->size()) return;
+    dal_bordo_ = true;
+    prendi_fattore(misura);
 }
 
 bool Scala::eventFilter(QObject* oggetto, QEvent* evento) {
     auto* w = qobject_cast<QWidget*>(oggetto);
-    if (w == nullptr) return false;
+    if (w == nullptr) {
+        if (evento->type() == QEvent::Resize) trascina();
+        return false;
+    }
     switch (evento->type()) {
         case QEvent::Resize:
+            if (w == finestra_) dal_bordo_ = false;
+            [[fallthrough]];
         case QEvent::Move: {
             const auto suo = indici_.constFind(w);
             if (w == area()) {
@@ -483,6 +481,7 @@ bool Scala::eventFilter(QObject* oggetto, QEvent* evento) {
         }
         case QEvent::Show:
             if (w == finestra_ && !evento->spontaneous()) {
+                w->windowHandle()->installEventFilter(this);
                 if (con_disposizione_) rifai_disposizione();
                 if (ricordo_ && ricordo_->massima) w->setWindowState(Qt::WindowMaximized);
             }

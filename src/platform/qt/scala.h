@@ -12,6 +12,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QRect>
+#include <QTimer>
 
 #include "platform/ricordi.h"
 
@@ -101,6 +102,7 @@ private:
         QRect base;
         QSize dentro;  ///< see `dentro_a_100`; none unless it was put elsewhere
         QRect scritto;
+        int come = 0;  ///< how it follows: a sum of `Ancora`
         QFont carattere;
         qreal punti_scritti = 0;  ///< size of the font that was written last; 0 after none
         bool proprio = false;     ///< the font is the control's own, not its window's
@@ -131,6 +133,8 @@ private:
     void raccogli(QWidget* contenitore);
     void registra(QWidget* controllo);
     void accogli(Posto& posto);
+    void prendi_fattore(QSize ora);
+    void trascina();
     void adegua();
     void disponi();
     void disponi_uno(Posto& posto);
@@ -141,6 +145,7 @@ private:
     void scrivi_spazi();
     void rifai_disposizione();
     void vesti();
+    void rivesti();
     void ricorda();
     [[nodiscard]] QWidget* area() const;
     [[nodiscard]] QSize libero() const;
@@ -159,6 +164,7 @@ private:
     qreal voluto_ = 1;
     qreal offerto_ = 1;  ///< what the window opened at when nobody had chosen
     qreal fattore_ = 1;
+    qreal disposto_ = 1;  ///< the factor for which all has its place
     QString foglio_;
     QString foglio_scritto_;
     Fonte fonte_;
@@ -168,6 +174,8 @@ private:
     std::optional<Ricordo> ricordo_;
     QSize offerta_;
     QPoint messa_;
+    QTimer riposo_;           ///< runs while the edge is dragged
+    bool dal_bordo_ = false;  ///< the desktop gives the window its size, not the program
     bool misurata_ = false;
     bool in_corso_ = false;
 };

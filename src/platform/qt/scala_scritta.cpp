@@ -1,6 +1,7 @@
 // What a scale writes: the style sheet, places, bounds, letters and the room between.
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include <QApplication>
 #include <QHeaderView>
@@ -63,6 +64,42 @@ void Scala::vesti() {
     }
 }
 
+void Scala::rivesti() {
+    riposo_.stop();
+    // Fonts that the style sheet sets come back with it, where no other size is in force.
+    if (fattore_ == 1) scrivi_caratteri();
+    vesti();
+    if (fattore_ != 1) scrivi_caratteri();
+}
+
+void Scala::adegua() {
+    if (in_corso_ || !misurata_) return;
+    prendi_fattore(finestra_->size());
+    const QScopedValueRollback guardia(in_corso_, true);
+    Q_EMIT dispone();
+    disponi();
+    const qreal prima = std::exchange(disposto_, fattore_);
+    if (prima == fattore_) return;
+    if (con_disposizione_) {
+        for (Posto& p : posti_) {
+            if (p.controllo) scrivi_limiti(p, prima);
+        }
+        scrivi_spazi();
+        finestra_->setMinimumSize(base_minima_ * fattore_);
+        rifai_disposizione();
+    }
+    for (const Posto& p : posti_) {
+        if (!p.controllo) continue;
+        QEvent avviso(cambiata());
+        QCoreApplication::sendEvent(p.controllo, &avviso);
+    }
+    for (QWidget* w : finestra_->findChildren<QWidget*>()) {
+        if (!w->property(da_se).toBool()) continue;
+        QEvent avviso(cambiata());
+        QCoreApplication::sendEvent(w, &avviso);
+    }
+}
+
 // A write of the program's own is taken for a new place at 100 %.
 void Scala::accogli(Posto& posto) {
     const QRect ora = posto.controllo->geometry();
@@ -94,7 +131,7 @@ void Scala::disponi_uno(Posto& posto) {
                                                : suo->base.size();
     const QSize resto =
         (padre->size() - QSize(bordo(base.width()), bordo(base.height()))).expandedTo(QSize(0, 0));
-    const int a = posto.controllo->property(ancora).toInt();
+    const int a = posto.come;
     const bool in_mezzo = padre == area();
     if ((a & segue_destra) != 0) {
         r.translate(resto.width(), 0);
