@@ -6,6 +6,7 @@
 #include "app/aspetto.h"
 #include "app/stile.h"
 #include "platform/qt/desktop.h"
+#include "platform/qt/folder.h"
 
 namespace app {
 
@@ -17,10 +18,11 @@ void cambia(QWidget* finestra, const std::string& radice, Aspetto aspetto) {
         finestra->setStyleSheet(platform::q(foglio_aspetto(radice, desktop_scuro())));
         return;
     }
-    platform::MsgBox(finestra,
-                     {"L'aspetto non si può cambiare: nella cartella \"" + platform::q(radice) +
-                          "skin\" non si può scrivere.",
-                      platform::Pulsanti::ok, "Tabellino", platform::Icona::informazione});
+    platform::MsgBox(
+        finestra,
+        {"L'aspetto non si può cambiare: nella cartella \"" +
+             platform::da_mostrare(platform::q(radice + "skin")) + "\" non si può scrivere.",
+         platform::Pulsanti::ok, "Tabellino", platform::Icona::informazione});
 }
 
 }  // namespace

@@ -119,9 +119,9 @@ Adozione adotta(Tabella tabella, Gioco gioco, const std::optional<Garanzia>& det
     const std::string nome = nome_tabella(gioco, tabella.n, numero);
     if (platform::aggiungi(ridotti + registro, presi.da_annotare + nome + "\n") !=
         platform::Esito::ok)
-        return {"non posso scrivere " + ridotti + registro, true, {}, {}};
+        return {"non posso scrivere " + platform::da_mostrare(ridotti + registro), true, {}, {}};
     if (platform::sostituisci(ridotti + "/" + nome, testo_tabella(tabella)) != platform::Esito::ok)
-        return {"non posso scrivere " + ridotti + "/" + nome, true, {}, {}};
+        return {"non posso scrivere " + platform::da_mostrare(ridotti + "/" + nome), true, {}, {}};
     return {{}, false, nome, *migliore};
 }
 

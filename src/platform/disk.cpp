@@ -110,6 +110,11 @@ std::string nome_su_disco(const std::string& nome) {
     return cartella.back() == '/' ? cartella + finale : cartella + "/" + finale;
 }
 
+std::string da_mostrare(std::string nome) {
+    std::replace(nome.begin(), nome.end(), '/', macchina::barra());
+    return nome;
+}
+
 bool esiste_file(const std::string& nome) {
     Voce voce;
     return stato(nome, voce) && voce.file();

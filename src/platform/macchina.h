@@ -89,6 +89,8 @@ std::int64_t processo();
 std::optional<std::tm> ora_locale(std::int64_t secondi);
 /// Folder of the running executable, empty when the system does not tell.
 std::string cartella_eseguibile();
+/// What stands between a folder and what is in it where the system's own programs write names.
+char barra();
 /// The ending of a program's file.
 std::string coda_dei_programmi();
 /// Whether the user wants dark windows; nothing where the system has no such wish of its own.

@@ -82,7 +82,7 @@ void avverti_del_jet(const std::string& archivio) {
     platform::Database suo;
     if (platform::esiste_file(jet) &&
         !(platform::OpenDatabase(jet, false, true, suo).ok() && suo.in_vece())) {
-        stampa("Attenzione: finché c'è " + platform::mostrabile(jet) +
+        stampa("Attenzione: finché c'è " + platform::mostrabile(platform::da_mostrare(jet)) +
                " il programma legge quello.\n");
     }
 }
@@ -120,10 +120,11 @@ int importa_file(const Opzioni& o) {
 int mostra_stato(const Opzioni& o) {
     Contenuto c;
     if (const int errore = carica(o.archivio, c); errore != 0) {
-        lamenta(o.archivio + ": " + std::string(platform::Err{errore}.Description()));
+        lamenta(platform::da_mostrare(o.archivio) + ": " +
+                std::string(platform::Err{errore}.Description()));
         return impossibile;
     }
-    stampa(platform::mostrabile(o.archivio) + "\n");
+    stampa(platform::mostrabile(platform::da_mostrare(o.archivio)) + "\n");
     stampa_righe(stato(c));
     avverti_del_jet(o.archivio);
     return riuscito;
@@ -131,7 +132,7 @@ int mostra_stato(const Opzioni& o) {
 
 int verifica(const Opzioni& o) {
     if (!platform::esiste_file(o.archivio)) {
-        lamenta(o.archivio + ": il file non c'è");
+        lamenta(platform::da_mostrare(o.archivio) + ": il file non c'è");
         return impossibile;
     }
     const std::vector<std::string> trovati = difetti(o.archivio);
@@ -142,7 +143,7 @@ int verifica(const Opzioni& o) {
 
 int dimostra(const Opzioni& o) {
     if (metti_dimostrativo(o.archivio)) return riuscito;
-    lamenta(o.archivio + ": l'archivio non si può scrivere");
+    lamenta(platform::da_mostrare(o.archivio) + ": l'archivio non si può scrivere");
     return impossibile;
 }
 

@@ -39,12 +39,12 @@ std::string leggi_ordine(const suite::Parole& parole, Ordine& ordine) {
     const std::string* cartella = parole.valore("--cartella");
     ordine.cartella = cartella != nullptr ? *cartella : cartella_delle_tabelle();
     if (!platform::esiste_cartella(ordine.cartella))
-        return "la cartella delle tabelle non c'è: " + ordine.cartella;
+        return "la cartella delle tabelle non c'è: " + platform::da_mostrare(ordine.cartella);
     return {};
 }
 
 int rifiuta(const std::string& file, const std::string& perche) {
-    lamenta(file + ": " + perche);
+    lamenta(platform::da_mostrare(file) + ": " + perche);
     return garanzia_mancata;
 }
 
@@ -81,9 +81,9 @@ int adotta(const std::vector<std::string>& parole) {
         return impossibile;
     }
     if (!esito.rifiuto.empty()) return rifiuta(ordine.file, esito.rifiuto);
-    stampa(platform::mostrabile(ordine.cartella + "/" + esito.nome) + ": " + righe(quante) +
-           " di " + std::to_string(giocati) + " su " + std::to_string(su) + " numeri; " +
-           in_parole(esito.garanzia) + ": VALE\n");
+    stampa(platform::mostrabile(platform::da_mostrare(ordine.cartella + "/" + esito.nome)) + ": " +
+           righe(quante) + " di " + std::to_string(giocati) + " su " + std::to_string(su) +
+           " numeri; " + in_parole(esito.garanzia) + ": VALE\n");
     return riuscito;
 }
 

@@ -157,7 +157,7 @@ private:
 /// What the search came to.
 int concludi(const Ordine& ordine, Arrivo& arrivo) {
     if (!arrivo.chiudi()) {
-        lamenta("non posso scrivere " + ordine.arrivo);
+        lamenta("non posso scrivere " + platform::da_mostrare(ordine.arrivo));
         return impossibile;
     }
     if (arrivo.righe_trovate().empty()) {
@@ -167,9 +167,9 @@ int concludi(const Ordine& ordine, Arrivo& arrivo) {
     const Desiderio& d = ordine.desiderio;
     const int limite = development::limite_inferiore(d);
     const auto quante = static_cast<int>(arrivo.righe_trovate().size());
-    stampa(platform::mostrabile(ordine.arrivo) + ": " + righe(static_cast<std::uint64_t>(quante)) +
-           " di " + std::to_string(d.k) + " su " + std::to_string(d.n) + " numeri; " +
-           in_parole({d.p, d.t}) + ": ");
+    stampa(platform::mostrabile(platform::da_mostrare(ordine.arrivo)) + ": " +
+           righe(static_cast<std::uint64_t>(quante)) + " di " + std::to_string(d.k) + " su " +
+           std::to_string(d.n) + " numeri; " + in_parole({d.p, d.t}) + ": ");
     if (arrivo.scoperti() > 0) {
         stampa("NON VALE, " + casi(arrivo.scoperti()) + " su " +
                std::to_string(development::binomiale(d.n, d.p)) + "\n");

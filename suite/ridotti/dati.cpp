@@ -46,7 +46,7 @@ int numero(const std::string& testo) {
 bool leggi(const std::string& file, std::string& contenuto) {
     std::optional<std::string> letto = platform::leggi_tutto(file, elenco_massimo);
     if (!letto) {
-        lamenta("non posso leggere " + file);
+        lamenta("non posso leggere " + platform::da_mostrare(file));
         return false;
     }
     contenuto = std::move(*letto);
@@ -218,7 +218,8 @@ bool leggi_basi(const std::string& cartella, const std::vector<Voce>& voci,
     }
     if (basi.empty() || !std::all_of(basi.begin(), basi.end(),
                                      [&](const Base& base) { return base_giusta(base, voci); })) {
-        lamenta(file + ": i blocchi non danno le righe e la garanzia che dicono");
+        lamenta(platform::da_mostrare(file) +
+                ": i blocchi non danno le righe e la garanzia che dicono");
         return false;
     }
     return true;
@@ -233,7 +234,7 @@ int leggi_voce(const std::string& file, const NomeTabella& nome, const Garanzia&
     Voce voce{nome, letta.lettura.tabella, garanzia, {}, {}, {}};
     voce.vincite = development::tutte_le_vincite(voce.tabella);
     if (development::buchi(voce.tabella, garanzia, 0).quanti > 0) {
-        lamenta(file + ": non vale " + in_parole(garanzia));
+        lamenta(platform::da_mostrare(file) + ": non vale " + in_parole(garanzia));
         return garanzia_mancata;
     }
     voci.push_back(std::move(voce));
@@ -246,7 +247,8 @@ int leggi_ulteriori(const std::string& cartella, std::vector<Voce>& voci) {
     if (!leggi(file, contenuto)) return impossibile;
     const development::ElencoGaranzie elenco = development::leggi_elenco(contenuto);
     for (const development::ErroreRiga& errore : elenco.errori) {
-        lamenta(file + ":" + std::to_string(errore.riga) + ": " + errore.testo);
+        lamenta(platform::da_mostrare(file) + ":" + std::to_string(errore.riga) + ": " +
+                errore.testo);
     }
     if (!elenco.errori.empty()) return impossibile;
     for (const development::GaranziaDiTabella& riga : elenco.voci) {
@@ -254,7 +256,8 @@ int leggi_ulteriori(const std::string& cartella, std::vector<Voce>& voci) {
             return v.nome.testo() == riga.tabella;
         });
         if (voce == voci.end() || development::buchi(voce->tabella, riga.garanzia, 0).quanti > 0) {
-            lamenta(file + ": " + riga.tabella + ": non vale " + in_parole(riga.garanzia));
+            lamenta(platform::da_mostrare(file) + ": " + riga.tabella + ": non vale " +
+                    in_parole(riga.garanzia));
             return garanzia_mancata;
         }
         voce->ulteriori.push_back(riga.garanzia);
@@ -303,7 +306,7 @@ int raccogli(const std::string& tabelle, const std::string& minimi, Dati& dati) 
         if (codice != riuscito) return codice;
     }
     if (dati.voci.empty()) {
-        lamenta("nessuna tabella in " + tabelle);
+        lamenta("nessuna tabella in " + platform::da_mostrare(tabelle));
         return impossibile;
     }
     const int codice = leggi_ulteriori(tabelle, dati.voci);

@@ -88,7 +88,7 @@ int raccogli_economiche(const std::string& tabelle, Dati& dati) {
         stampa_errori(letta);
         if (!letta.lettura.errori.empty()) return impossibile;
         if (development::buchi(letta.lettura.tabella, *garanzia, 0).quanti > 0) {
-            lamenta(file + ": non vale " + in_parole(*garanzia));
+            lamenta(platform::da_mostrare(file) + ": non vale " + in_parole(*garanzia));
             return garanzia_mancata;
         }
         dati.economiche.push_back(

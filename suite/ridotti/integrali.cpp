@@ -11,7 +11,7 @@ int integrali(const std::vector<std::string>& parole) {
     }
     const std::string& cartella = opzioni.file.front();
     if (!platform::crea_cartella(cartella)) {
-        lamenta("non posso creare la cartella " + cartella);
+        lamenta("non posso creare la cartella " + platform::da_mostrare(cartella));
         return impossibile;
     }
     for (const development::NomeTabella& nome : development::nomi_integrali()) {
@@ -19,7 +19,7 @@ int integrali(const std::vector<std::string>& parole) {
         const std::string testo =
             development::testo_tabella(development::integrale(nome.n, nome.k()));
         if (platform::sostituisci(file, testo) != platform::Esito::ok) {
-            lamenta("non posso scrivere " + file);
+            lamenta("non posso scrivere " + platform::da_mostrare(file));
             return impossibile;
         }
     }

@@ -31,7 +31,8 @@ std::vector<Provata> ulteriori(const TabellaLetta& letta, const std::vector<Vinc
     if (!contenuto) return provate;
     const development::ElencoGaranzie lette = development::leggi_elenco(*contenuto);
     for (const development::ErroreRiga& errore : lette.errori) {
-        lamenta(elenco + ":" + std::to_string(errore.riga) + ": " + errore.testo);
+        lamenta(platform::da_mostrare(elenco) + ":" + std::to_string(errore.riga) + ": " +
+                errore.testo);
     }
     for (const GaranziaDiTabella& voce : lette.voci) {
         if (voce.tabella != letta.nome->testo()) continue;
@@ -85,9 +86,9 @@ std::string in_testo(const Vincite& v) {
 std::string in_testo(const TabellaLetta& letta, const std::vector<Vincite>& tutte,
                      const std::vector<Provata>& provate) {
     const Tabella& tabella = letta.lettura.tabella;
-    std::string uscita = platform::mostrabile(letta.file) + ": " + righe(tabella.righe.size()) +
-                         " di " + std::to_string(tabella.k) + " su " + std::to_string(tabella.n) +
-                         " numeri\n\n";
+    std::string uscita = platform::mostrabile(platform::da_mostrare(letta.file)) + ": " +
+                         righe(tabella.righe.size()) + " di " + std::to_string(tabella.k) + " su " +
+                         std::to_string(tabella.n) + " numeri\n\n";
     if (!provate.empty()) {
         uscita += "Garanzie senza eccezioni:\n";
         for (const Provata& provata : provate) {
@@ -151,7 +152,7 @@ int vincite(const std::vector<std::string>& parole) {
     }
     std::vector<Vincite> tutte;
     {
-        Progresso progresso(letta.file);
+        Progresso progresso(platform::da_mostrare(letta.file));
         tutte = development::tutte_le_vincite(letta.lettura.tabella, progresso.avanzamento());
     }
     const std::vector<Provata> provate = ulteriori(letta, tutte);

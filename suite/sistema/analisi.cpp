@@ -1,6 +1,7 @@
 // What a system wins: exactly, over every possible draw, and in the past.
 #include "comune/progresso.h"
 #include "platform/codepage.h"
+#include "platform/disk.h"
 #include "sistema/verbi.h"
 
 namespace sistema {
@@ -96,7 +97,7 @@ Risposta analizza(Contesto& contesto, bool storico, const Ruota& ruota, Aperto& 
     if (!errore.empty()) return {"", "", errore};
     Analisi a;
     {
-        suite::Progresso progresso("Analisi di " + aperto.file());
+        suite::Progresso progresso("Analisi di " + platform::da_mostrare(aperto.file()));
         const analysis::AvanzamentoConteggio avanti = [&](double parte) {
             constexpr std::uint64_t passi = 1000;
             progresso.mostra(static_cast<std::uint64_t>(parte * passi), passi);

@@ -162,9 +162,9 @@ std::string Aperto::tabella_mancante() const {
 
 std::string Aperto::sviluppa() {
     if (const std::string nome = tabella_mancante(); !nome.empty()) {
-        return "manca la tabella " + nome + " in " + sessione_->ridotti();
+        return "manca la tabella " + nome + " in " + platform::da_mostrare(sessione_->ridotti());
     }
-    suite::Progresso progresso("Sviluppo di " + file_);
+    suite::Progresso progresso("Sviluppo di " + platform::da_mostrare(file_));
     systems::SeguitoSviluppo seguito;
     const auto totale = static_cast<std::uint64_t>(std::max(sessione_->totale(), 1));
     seguito.avanzamento = [&](std::int32_t righe) {
@@ -178,9 +178,10 @@ std::string Aperto::sviluppa() {
             return "sviluppo interrotto";
         case Elaborato::senza_tabella:
             return "la tabella " + sessione_->tabelle_mancanti().front() + " in " +
-                   sessione_->ridotti() + " è guasta";
+                   platform::da_mostrare(sessione_->ridotti()) + " è guasta";
         case Elaborato::senza_file:
-            return "le tabelle in " + sessione_->ridotti() + " non si possono leggere";
+            return "le tabelle in " + platform::da_mostrare(sessione_->ridotti()) +
+                   " non si possono leggere";
         case Elaborato::rimasto:
             return "lo sviluppo non si può scrivere, e quello di prima non si può togliere";
         default:

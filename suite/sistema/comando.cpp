@@ -153,11 +153,11 @@ int esegui(const Contesto& contesto, const std::vector<std::string>& file, const
         if (r.errore.empty()) r = fare(aperto);
         suite::Json avvisi;
         for (const std::string& avviso : aperto.avvisi()) {
-            lamenta(ambiente, nome + ": avviso: " + avviso);
+            lamenta(ambiente, platform::da_mostrare(nome) + ": avviso: " + avviso);
             avvisi.testo(avviso);
         }
         if (!r.errore.empty()) {
-            lamenta(ambiente, nome + ": " + r.errore);
+            lamenta(ambiente, platform::da_mostrare(nome) + ": " + r.errore);
             codice = non_riuscito;
             r.json = "\"errore\":" + suite::json(r.errore);
         }

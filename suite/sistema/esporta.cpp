@@ -80,7 +80,7 @@ std::string esporta(const suite::Parole& parole, Contesto& contesto, Fare& fare)
         suite::Json scritto;
         scritto.voce("scritto").testo(file);
         return Risposta{titolo(aperto) + ": " + combinazioni(sviluppo.giocate.righe()) + " in " +
-                            platform::mostrabile(file) + "\n",
+                            platform::mostrabile(platform::da_mostrare(file)) + "\n",
                         scritto.uscita(), ""};
     };
     return {};

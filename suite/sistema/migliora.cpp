@@ -2,6 +2,7 @@
 #include "analysis/confronto.h"
 #include "analysis/premi.h"
 #include "platform/codepage.h"
+#include "platform/disk.h"
 #include "platform/runtime.h"
 #include "sistema/verbi.h"
 
@@ -58,7 +59,8 @@ Risposta rispondi(const Aperto& aperto, const analysis::Disposizione& d, int sco
     std::string testo = titolo(aperto) + ": " + analysis::frase_disposta(d, gioco, scopo) + ".\n";
     if (!scritto.empty()) {
         const analysis::Tavola t = analysis::tavola_confronto(d.prima, d.dopo, gioco, scopo, costo);
-        testo += "\n" + in_righe({&t, 1}) + "\n" + platform::mostrabile(scritto) +
+        testo += "\n" + in_righe({&t, 1}) + "\n" +
+                 platform::mostrabile(platform::da_mostrare(scritto)) +
                  " ha la nuova disposizione; va sviluppato.\n";
     }
     return {testo, json.uscita(), ""};

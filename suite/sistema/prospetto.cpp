@@ -5,6 +5,7 @@
 
 #include "platform/application.h"
 #include "platform/codepage.h"
+#include "platform/disk.h"
 #include "platform/macchina.h"
 #include "sistema/verbi.h"
 
@@ -38,7 +39,8 @@ std::string prospetto(const suite::Parole& parole, Contesto& contesto, Fare& far
         if (!errore.empty()) return Risposta{"", "", errore};
         suite::Json json;
         json.voce("scritto").testo(file);
-        return Risposta{titolo(aperto) + ": il prospetto è in " + platform::mostrabile(file) + "\n",
+        return Risposta{titolo(aperto) + ": il prospetto è in " +
+                            platform::mostrabile(platform::da_mostrare(file)) + "\n",
                         json.uscita(), ""};
     };
     return {};

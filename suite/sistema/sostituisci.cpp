@@ -3,6 +3,7 @@
 #include <map>
 
 #include "platform/codepage.h"
+#include "platform/disk.h"
 #include "sistema/verbi.h"
 
 namespace sistema {
@@ -110,7 +111,8 @@ std::string sostituisci(const suite::Parole& parole, Contesto& contesto, Fare& f
         json.voce("scritto").testo(coppia.sistema()).voce("cambi").apri('{');
         for (const auto& [vecchio, nuovo] : cambi) json.voce(std::to_string(vecchio)).intero(nuovo);
         json.chiudi('}');
-        return Risposta{titolo(aperto) + ": " + platform::mostrabile(coppia.sistema()) +
+        return Risposta{titolo(aperto) + ": " +
+                            platform::mostrabile(platform::da_mostrare(coppia.sistema())) +
                             " ha gli stessi posti e altri numeri; va sviluppato.\n",
                         json.uscita(), ""};
     };

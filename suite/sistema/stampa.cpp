@@ -1,5 +1,6 @@
 #include "sistema/stampa.h"
 
+#include "platform/disk.h"
 #include "platform/qt/caratteri.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/printer_qt.h"
@@ -24,7 +25,8 @@ std::string stampa_in_pdf(const printing::Prospetto& prospetto, const std::strin
     SenzaSchermo schermo;
     if (printing::stampa_prospetto(printer, schermo, prospetto)) return {};
     const std::string motivo = platform::s(printer.esito().motivo);
-    return "il file " + pdf + " non si può scrivere" + (motivo.empty() ? "" : ": " + motivo);
+    return "il file " + platform::da_mostrare(pdf) + " non si può scrivere" +
+           (motivo.empty() ? "" : ": " + motivo);
 }
 
 }  // namespace sistema

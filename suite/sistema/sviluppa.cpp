@@ -46,7 +46,7 @@ Risposta rispondi(Aperto& aperto, const Sviluppo& sviluppo, const std::string& s
     t.note.push_back(scritto.empty()
                          ? "Nulla è stato scritto: --scrivi mette lo sviluppo accanto al "
                            "sistema, -o altrove."
-                         : "Scritto: " + platform::mostrabile(scritto));
+                         : "Scritto: " + platform::mostrabile(platform::da_mostrare(scritto)));
     suite::Json json;
     descrivi(s, json);
     json.voce("totale").intero(s.totale());

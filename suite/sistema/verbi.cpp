@@ -57,7 +57,7 @@ std::string Destinazione::vietata(const Aperto& aperto, const std::string& file)
 }
 
 std::string non_scritto(const std::string& file) {
-    return "il file " + file + " non si può scrivere";
+    return "il file " + platform::da_mostrare(file) + " non si può scrivere";
 }
 
 std::string arrivo(const std::string& file, const Aperto& aperto, bool sovrascrivi,
@@ -74,7 +74,7 @@ std::string arrivo(const std::string& file, const Aperto& aperto, bool sovrascri
               file.substr(inizio, file.size() - inizio - estensione.size()), gioco};
     if (coppia.nome.empty()) return "il file dopo -o non ha nome";
     if (!sovrascrivi && platform::esiste_file(file))
-        return file + " c'è già: con --sovrascrivi prende il suo posto";
+        return platform::da_mostrare(file) + " c'è già: con --sovrascrivi prende il suo posto";
     return {};
 }
 
@@ -127,7 +127,7 @@ std::vector<int> leggi_numeri(const std::string& testo) {
 }
 
 std::string titolo(const Aperto& aperto) {
-    return platform::mostrabile(aperto.file());
+    return platform::mostrabile(platform::da_mostrare(aperto.file()));
 }
 
 void descrivi(const systems::Sessione& s, suite::Json& json) {

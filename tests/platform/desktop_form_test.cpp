@@ -134,7 +134,7 @@ private:
 };
 
 TEST(DaMostrare, LeBarreSonoQuelleDelSistema) {
-    EXPECT_EQ(platform::da_mostrare("C:/a/b.pdf"),
+    EXPECT_EQ(platform::da_mostrare(QString("C:/a/b.pdf")),
               (QStringList{"C:", "a", "b.pdf"}).join(QDir::separator()));
 }
 

@@ -38,7 +38,7 @@ TEST_F(ComandiWin32, AFileIsNamedWithAnyLettersAndEitherSlash) {
     for (char& c : rovesciato) c = c == '/' ? '\\' : c;
     EXPECT_EQ(esegui({"verifica", "--garanzia", "6:6", rovesciato}), 0) << errori_;
     EXPECT_NE(esegui({"verifica", "--garanzia", "6:6", nome + "x"}), 0);
-    EXPECT_NE(errori_.find("è così – 漢.ridx"), std::string::npos) << errori_;
+    EXPECT_TRUE(errori_.starts_with(da_mostrare(nome) + "x:")) << errori_;
 }
 
 TEST_F(ComandiWin32, WhatACommandWritesHasTheToldLineEnds) {

@@ -79,6 +79,12 @@ TEST_F(FileWin32, BackslashesDrivesAndSharesAreUnderstood) {
     EXPECT_EQ(leggi_tutto(rovesciato), "1");
 }
 
+TEST_F(FileWin32, PeopleReadANameWithTheSystemsOwnSigns) {
+    EXPECT_EQ(da_mostrare("C:/sistemi/due parole.sen"), "C:\\sistemi\\due parole.sen");
+    EXPECT_EQ(da_mostrare("//server/cartella"), "\\\\server\\cartella");
+    EXPECT_EQ(da_mostrare("solo.sen"), "solo.sen");
+}
+
 TEST_F(FileWin32, DevicesStreamsAndSignsAreNoNames) {
     for (const std::string nome :
          {"nul", "con", "a:b.sen", "a?.sen", "a*.sen", "a|b", "a\"b", "a<b"}) {

@@ -58,7 +58,7 @@ TEST_F(Comando, ImportaDiceCheCosaHaFattoEdEsceCon0) {
     const Risposta r = esegui({"importa", file});
     EXPECT_EQ(r.codice, 0);
     EXPECT_EQ(r.errori, "");
-    EXPECT_EQ(r.uscita, file +
+    EXPECT_EQ(r.uscita, platform::da_mostrare(file) +
                             ": 1 riga nuova, 0 già presenti, 0 diverse, 0 rifiutate\n"
                             "Archivio aggiornato.\n"
                             "SuperEnalotto: 1 estrazione dal 03/12/1997 al 03/12/1997, concorsi "
@@ -70,7 +70,8 @@ TEST_F(Comando, ImportaDiceCheCosaHaFattoEdEsceCon0) {
 TEST_F(Comando, ConRigheRifiutateOLasciateEsceCon1) {
     const Risposta r = esegui({"importa", scrivi("a.csv", una_sestina + "zero\n")});
     EXPECT_EQ(r.codice, 1);
-    EXPECT_EQ(r.errori, cartella_.file("a.csv") + ":2: data mancante o non valida\n");
+    EXPECT_EQ(r.errori,
+              platform::da_mostrare(cartella_.file("a.csv")) + ":2: data mancante o non valida\n");
     const std::string altra = scrivi("b.csv", "1997-12-03,20,36,39,41,72,77,88,5\n");
     EXPECT_EQ(esegui({"importa", altra}).codice, 1);
     EXPECT_EQ(esegui({"importa", "--sostituisci", altra}).codice, 0);
@@ -82,7 +83,8 @@ TEST_F(Comando, QuelCheNonSiPuoFareEsceCon2) {
     EXPECT_EQ(esegui({"importa"}).codice, 2);
     const Risposta assente = esegui({"stato"});
     EXPECT_EQ(assente.codice, 2);
-    EXPECT_EQ(assente.errori, "archivio: " + archivio_ + ": Impossibile trovare il file.\n");
+    EXPECT_EQ(assente.errori,
+              "archivio: " + platform::da_mostrare(archivio_) + ": Impossibile trovare il file.\n");
     EXPECT_EQ(esegui({"verifica"}).codice, 2);
     EXPECT_EQ(esegui({"stato", "altro"}).codice, 2);
     EXPECT_EQ(esegui({"stato", "--sostituisci"}).codice, 2);

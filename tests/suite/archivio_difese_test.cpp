@@ -205,8 +205,9 @@ TEST_F(DifeseArchivio, UnFileSbagliatoFermaTuttiEIlRapportoDiceQuale) {
     EXPECT_FALSE(r.riuscito);
     EXPECT_FALSE(fs::exists(archivio_));
     EXPECT_EQ(r.errori.at(0).file, dubbio);
-    EXPECT_EQ(in_righe(r), (std::vector<std::string>{buono + ": letto, ma non importato",
-                                                     "Niente è stato scritto."}));
+    EXPECT_EQ(in_righe(r),
+              (std::vector<std::string>{platform::da_mostrare(buono) + ": letto, ma non importato",
+                                        "Niente è stato scritto."}));
 }
 
 TEST_F(DifeseArchivio, LaVerificaDiceQuantiDifettiTace) {

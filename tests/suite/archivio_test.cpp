@@ -149,8 +149,8 @@ TEST_F(ArchivioSuite, LeRigheRifiutateSiRiportanoELeAltreEntrano) {
         porta("1997-12-03,20,36,39,41,72,76,88,5\n1997-12-06,32,4,25,29,30,30,24,\n");
     EXPECT_TRUE(r.scritto);
     ASSERT_EQ(r.rifiuti.size(), 1U);
-    EXPECT_EQ(r.rifiuti[0].in_riga(),
-              cartella_.file("da_importare.txt") + ":2: numero ripetuto nell'estrazione");
+    EXPECT_EQ(r.rifiuti[0].in_riga(), platform::da_mostrare(cartella_.file("da_importare.txt")) +
+                                          ":2: numero ripetuto nell'estrazione");
     EXPECT_EQ(r.portati.at(0).rifiutate, 1);
     EXPECT_EQ(tabella("archivios").size(), 1U);
 }

@@ -64,8 +64,8 @@ TEST_F(RidottiAdotta, PrendeIlPrimoNumeroLiberoELeListeLaOffrono) {
 TEST_F(RidottiAdotta, UnaCheCEGiaERifiutata) {
     ASSERT_EQ(adotta({mia(ambi_di_5)}), 0);
     EXPECT_EQ(adotta({mia(ambi_di_5)}), 1);
-    EXPECT_EQ(errori(),
-              "ridotti: " + cartella_.file("mia.rid") + ": c'è già, e si chiama tr0570.rid\n");
+    EXPECT_EQ(errori(), "ridotti: " + platform::da_mostrare(cartella_.file("mia.rid")) +
+                            ": c'è già, e si chiama tr0570.rid\n");
     EXPECT_EQ(quante(), 1U);
 }
 
@@ -94,12 +94,14 @@ TEST_F(RidottiAdotta, IlNumeroDiUnaCancellataNonVaAUnAltra) {
 TEST_F(RidottiAdotta, QuelloCheNonSiPuoScrivereSiDice) {
     std::filesystem::create_directories(tabelle() + "/adottate/piena");
     EXPECT_EQ(adotta({mia(ambi_di_5)}), 2);
-    EXPECT_EQ(errori(), "ridotti: non posso scrivere " + tabelle() + "/adottate\n");
+    EXPECT_EQ(errori(), "ridotti: non posso scrivere " +
+                            platform::da_mostrare(tabelle() + "/adottate") + "\n");
     EXPECT_EQ(quante(), 0U);
     std::filesystem::remove_all(tabelle() + "/adottate");
     std::filesystem::create_directories(tabelle() + "/tr0570.rid/piena");
     EXPECT_EQ(adotta({mia(ambi_di_5)}), 2);
-    EXPECT_EQ(errori(), "ridotti: non posso scrivere " + tabelle() + "/tr0570.rid\n");
+    EXPECT_EQ(errori(), "ridotti: non posso scrivere " +
+                            platform::da_mostrare(tabelle() + "/tr0570.rid") + "\n");
 }
 
 TEST_F(RidottiAdotta, LeDueLunghezzeDelleDiagonaliHannoLoStessoNumero) {
@@ -133,7 +135,7 @@ TEST_F(RidottiAdotta, QuelloCheNonValeERifiutatoColPerche) {
     };
     const std::string file = cartella_.file("mia.rid");
     EXPECT_EQ(rifiutata({"--garanzia", "2:2", mia("1,2,3\r\n3,4,5\r\n")}, 1),
-              "ridotti: " + file +
+              "ridotti: " + platform::da_mostrare(file) +
                   ": non vale con 2 estratti almeno una riga con 2 numeri indovinati (ambo): 4 "
                   "casi scoperti, il primo è 1,4\n");
     EXPECT_EQ(rifiutata({"--garanzia", "2:3", mia(ambi_di_5)}, 2),
@@ -141,22 +143,25 @@ TEST_F(RidottiAdotta, QuelloCheNonValeERifiutatoColPerche) {
     EXPECT_EQ(rifiutata({"--garanzia", "4:2:2", mia(ambi_di_5)}, 2),
               "ridotti: --garanzia vuole p:t: \"4:2:2\" non lo è\n");
     EXPECT_EQ(rifiutata({"--garanzia", "6:2", mia(ambi_di_5)}, 1),
-              "ridotti: " + file + ": non si estraggono 6 numeri su 5\n");
+              "ridotti: " + platform::da_mostrare(file) + ": non si estraggono 6 numeri su 5\n");
     EXPECT_EQ(rifiutata({"--numeri", "15", mia("1,2,3,4,5\r\n")}, 1),
-              "ridotti: " + file + ": non garantisce nulla\n");
+              "ridotti: " + platform::da_mostrare(file) + ": non garantisce nulla\n");
     EXPECT_EQ(rifiutata({mia("1,2,3\r\n1,2\r\n3,2,1\r\n")}, 2),
               file + ":2: 2 posizioni invece di 3\n" + file +
                   ":3: posizioni non crescenti: dopo 3 viene 2\n");
     EXPECT_EQ(rifiutata({mia("1,2,3\r\n1,2,3\r\n")}, 2), file + ":2: ripete la riga 1\n");
     EXPECT_EQ(rifiutata({mia("")}, 2), file + ":1: il file è vuoto\n");
-    EXPECT_EQ(rifiutata({mia("1,2\r\n2,3\r\n")}, 1),
-              "ridotti: " + file + ": nessun gioco ha combinazioni di 2 numeri\n");
+    EXPECT_EQ(
+        rifiutata({mia("1,2\r\n2,3\r\n")}, 1),
+        "ridotti: " + platform::da_mostrare(file) + ": nessun gioco ha combinazioni di 2 numeri\n");
     EXPECT_EQ(rifiutata({mia("1,2,3,4,5,6\r\n")}, 1),
-              "ridotti: " + file + ": una linea di 6 numeri non si riduce: vanno da 7 a 15\n");
+              "ridotti: " + platform::da_mostrare(file) +
+                  ": una linea di 6 numeri non si riduce: vanno da 7 a 15\n");
     EXPECT_EQ(rifiutata({mia("1,2,16\r\n")}, 1),
-              "ridotti: " + file + ": una linea di 16 numeri non si riduce: vanno da 5 a 15\n");
+              "ridotti: " + platform::da_mostrare(file) +
+                  ": una linea di 16 numeri non si riduce: vanno da 5 a 15\n");
     EXPECT_EQ(rifiutata({cartella_.file("assente.rid")}, 2),
-              cartella_.file("assente.rid") + ": il file non esiste\n");
+              platform::da_mostrare(cartella_.file("assente.rid")) + ": il file non esiste\n");
     EXPECT_EQ(rifiutata({}, 2), "ridotti: manca il nome della tabella\n");
     EXPECT_EQ(rifiutata({"a", "b"}, 2), "ridotti: adotta vuole una sola tabella\n");
     EXPECT_EQ(rifiutata({"--numeri", "0", mia(ambi_di_5)}, 2),
@@ -170,7 +175,7 @@ TEST_F(RidottiAdotta, FinitiINumeriLoDice) {
         std::ofstream(tabelle() + "/tr05" + std::to_string(numero) + ".rid") << "1,2,3\r\n";
     }
     EXPECT_EQ(adotta({mia(ambi_di_5)}), 1);
-    EXPECT_EQ(errori(), "ridotti: " + cartella_.file("mia.rid") +
+    EXPECT_EQ(errori(), "ridotti: " + platform::da_mostrare(cartella_.file("mia.rid")) +
                             ": tutti i numeri per le tabelle proprie sono presi, o lo sono stati: "
                             "quello di una tabella cancellata non si dà a un'altra\n");
     EXPECT_EQ(quante(), 30U);

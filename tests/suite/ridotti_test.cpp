@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "avvio.h"
+#include "platform/disk.h"
 #include "support/cartella.h"
 
 using support::contenuto;
@@ -169,12 +170,13 @@ TEST_F(Ridotti, VerificaConUnaGaranziaData) {
     EXPECT_EQ(esegui({"verifica", "--garanzia", "4:2:2", mia}).codice, 0);
     EXPECT_EQ(esegui({"verifica", "--garanzia", "4:2:3", mia}).codice, 1);
     EXPECT_EQ(esegui({"verifica", "--garanzia", "4:3", mia}).errori,
-              mia + ": nessuna riga di 2 numeri ne contiene 3\n");
+              platform::da_mostrare(mia) + ": nessuna riga di 2 numeri ne contiene 3\n");
     EXPECT_EQ(esegui({"verifica", "--garanzia", "5:2", mia}).errori,
-              mia + ": non si estraggono 5 numeri su 4\n");
+              platform::da_mostrare(mia) + ": non si estraggono 5 numeri su 4\n");
     const Risposta senza = esegui({"verifica", mia});
     EXPECT_EQ(senza.codice, 2);
-    EXPECT_EQ(senza.errori, mia + ": il nome non dice quale garanzia provare: serve --garanzia\n");
+    EXPECT_EQ(senza.errori, platform::da_mostrare(mia) +
+                                ": il nome non dice quale garanzia provare: serve --garanzia\n");
     const Risposta storta = esegui({"verifica", "--garanzia", "2:3", mia});
     EXPECT_EQ(storta.codice, 2);
     EXPECT_NE(storta.errori.find("\"2:3\""), std::string::npos);
@@ -324,7 +326,8 @@ TEST_F(Ridotti, AvanzamentoSoloSulTerminale) {
     }
     ::close(servo);
     ::close(padrone);
-    EXPECT_NE(mostrato.find("\r" + mia + ": 12,1 %"), std::string::npos) << mostrato;
+    EXPECT_NE(mostrato.find("\r" + platform::da_mostrare(mia) + ": 12,1 %"), std::string::npos)
+        << mostrato;
     EXPECT_TRUE(mostrato.ends_with("\r\033[K")) << mostrato;
     EXPECT_EQ(esegui({"verifica", "--garanzia", "6:1", mia}).errori, "");
 }
@@ -391,9 +394,10 @@ TEST_F(Ridotti, DisegniMinimi) {
             esegui({"verifica", "--garanzia", std::to_string(p) + ":" + std::to_string(t),
                     voce.path().generic_string()});
         EXPECT_EQ(risposta.codice, 0) << nome;
-        const std::string inizio =
-            voce.path().generic_string() + ": " + std::to_string(numeri.back()) + " righe di " +
-            std::to_string(numeri[1]) + " su " + std::to_string(numeri[0]) + " numeri;";
+        const std::string inizio = platform::da_mostrare(voce.path().generic_string()) + ": " +
+                                   std::to_string(numeri.back()) + " righe di " +
+                                   std::to_string(numeri[1]) + " su " + std::to_string(numeri[0]) +
+                                   " numeri;";
         EXPECT_EQ(risposta.uscita.substr(0, inizio.size()), inizio);
         ++quanti;
     }

@@ -124,7 +124,7 @@ TEST_F(Sistema, UnNumeroDueVolteSuUnaLineaEUnAvviso) {
     cartella.scrivi("a.sen", testo);
     const Detto detto = comando({"conta", cartella.file("a.sen")});
     EXPECT_EQ(detto.codice, 0);
-    EXPECT_EQ(detto.errori, "sistema: " + cartella.file("a.sen") +
+    EXPECT_EQ(detto.errori, "sistema: " + platform::da_mostrare(cartella.file("a.sen")) +
                                 ": avviso: il numero 1 sta più di una volta sulla stessa linea\n");
 }
 
@@ -146,7 +146,8 @@ TEST_F(Sistema, UnoGuastoNonFermaGliAltri) {
     const Detto detto = comando({"conta", a, x, b});
     EXPECT_EQ(detto.codice, 1);
     EXPECT_NE(detto.uscita.find(b), std::string::npos);
-    EXPECT_TRUE(detto.errori.starts_with("sistema: " + x + ": il file è guasto"));
+    EXPECT_TRUE(
+        detto.errori.starts_with("sistema: " + platform::da_mostrare(x) + ": il file è guasto"));
 }
 
 TEST_F(Sistema, LeParoleSbagliate) {
@@ -290,7 +291,8 @@ TEST_F(Sistema, IlProgrammaEsceConISuoiCodici) {
         0);
     EXPECT_TRUE(support::contenuto(cartella.radice() + "/p.pdf").starts_with("%PDF"));
     EXPECT_EQ(support::contenuto(uscita),
-              cartella.file("a.sen") + ": il prospetto è in " + cartella.radice() + "/p.pdf\n");
+              platform::da_mostrare(cartella.file("a.sen")) + ": il prospetto è in " +
+                  platform::da_mostrare(cartella.radice() + "/p.pdf") + "\n");
 }
 
 }  // namespace

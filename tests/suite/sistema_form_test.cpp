@@ -1,4 +1,5 @@
 // The page that the command prints is the window's.
+#include "platform/disk.h"
 #include "sistema/stampa.h"
 #include "suite/sistema_prova.h"
 #include "support/stampa.h"
@@ -39,7 +40,8 @@ TEST(SistemaStampa, DoveNonSiPuoScrivereLoDice) {
     const prova::Detto detto =
         comando({"prospetto", "-o", s.p.cartella.radice() + "/manca/mio.pdf", file});
     EXPECT_EQ(detto.codice, 1);
-    EXPECT_TRUE(detto.errori.starts_with("sistema: " + file + ": il file ")) << detto.errori;
+    EXPECT_TRUE(detto.errori.starts_with("sistema: " + platform::da_mostrare(file) + ": il file "))
+        << detto.errori;
     EXPECT_NE(detto.errori.find("non si può scrivere"), std::string::npos) << detto.errori;
 }
 

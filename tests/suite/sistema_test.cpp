@@ -198,7 +198,8 @@ TEST_F(Sistema, SpoglioConINumeriDetti) {
     EXPECT_EQ(senza["jolly"].testo, "null");
     const Detto lotto = comando({"spoglio", "--numeri", "1,2,3,4,5", file});
     EXPECT_EQ(lotto.codice, 1);
-    EXPECT_EQ(lotto.errori, "sistema: " + file + ": per il SuperEnalotto servono sei numeri\n");
+    EXPECT_EQ(lotto.errori, "sistema: " + platform::da_mostrare(file) +
+                                ": per il SuperEnalotto servono sei numeri\n");
 }
 
 TEST_F(Sistema, IlDettaglioDiceLeSchedine) {
@@ -246,7 +247,8 @@ TEST_F(Sistema, UnConcorsoSiTrovaPerNumeroEPerData) {
     EXPECT_EQ(ultimo[0]["concorso"].intero(), 320);
     const Detto nessuno = comando({"spoglio", "--concorso", "9999", file});
     EXPECT_EQ(nessuno.codice, 1);
-    EXPECT_EQ(nessuno.errori, "sistema: " + file + ": l'archivio non ha il concorso 9999\n");
+    EXPECT_EQ(nessuno.errori,
+              "sistema: " + platform::da_mostrare(file) + ": l'archivio non ha il concorso 9999\n");
     const Detto ruota = comando({"spoglio", "--storico", "--ruota", "BA", pronto("b")});
     EXPECT_EQ(ruota.codice, 1);
     support::togli_archivio(cartella.radice());
@@ -353,7 +355,7 @@ TEST_F(Sistema, AnalisiComeLaFinestra) {
                                                  static_cast<double>(giocate.righe()) * 0.5);
     std::string atteso;
     for (const std::string& riga : analysis::righe_di_testo(tavole, 100)) atteso += riga + "\n";
-    EXPECT_EQ(detto.uscita, "Analisi del sistema " + file + "\n\n" + atteso);
+    EXPECT_EQ(detto.uscita, "Analisi del sistema " + platform::da_mostrare(file) + "\n\n" + atteso);
     const Valore v = comando.json({"analisi", "--storico", "--ruota", "Roma", file})[0];
     EXPECT_EQ(v["giocate"].intero(), static_cast<std::int64_t>(giocate.righe()));
     EXPECT_EQ(v["estrazioni_possibili"].intero(), 43949268);
@@ -390,7 +392,7 @@ TEST_F(Sistema, IlProspettoEQuelloDelSistema) {
     EXPECT_TRUE(stampati.empty());
     const Detto detto = comando({"prospetto", "-o", cartella.radice(), "--quote", "2", a, b});
     EXPECT_EQ(detto.codice, 1);
-    EXPECT_EQ(detto.errori, "sistema: " + b + ": la carta è finita\n");
+    EXPECT_EQ(detto.errori, "sistema: " + platform::da_mostrare(b) + ": la carta è finita\n");
     ASSERT_EQ(file, (std::vector<std::string>{cartella.radice() + "/a-prospetto.pdf",
                                               cartella.radice() + "/b-prospetto.pdf"}));
     const printing::Prospetto& p = stampati[0];

@@ -1,10 +1,10 @@
 #include "platform/qt/folder.h"
 
-#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QRegularExpression>
 
+#include "platform/macchina.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/scrivania.h"
 
@@ -61,7 +61,7 @@ QString scegli_nuovo_file(QWidget* proprietario, const QString& titolo, const QS
 }
 
 QString da_mostrare(const QString& nome) {
-    return QDir::toNativeSeparators(nome);
+    return QString(nome).replace('/', QLatin1Char(macchina::barra()));
 }
 
 }  // namespace platform

@@ -172,6 +172,10 @@ std::string cartella_eseguibile() {
     return percorso.substr(0, percorso.rfind('/'));
 }
 
+char barra() {
+    return '\\';
+}
+
 std::string coda_dei_programmi() {
     return ".exe";
 }
