@@ -41,7 +41,8 @@ VIAddVersionKey LegalCopyright "The Tabellino developers"
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "Italian"
 
-; A program that runs can be neither replaced nor removed: asked for before anything is touched.
+; A program that runs can be neither replaced nor removed: asked for before anything is touched. Where
+; nobody is there to answer the exit code tells, 2 as of all that ends so.
 !macro CHIUSO PROGRAMMA
   IfFileExists "$INSTDIR\${PROGRAMMA}" 0 +7
   ClearErrors
@@ -55,6 +56,9 @@ VIAddVersionKey LegalCopyright "The Tabellino developers"
 !macro CHIUSI
   !insertmacro CHIUSO "cruciverba\tabellino.exe"
   !insertmacro CHIUSO "cruciverba\archivio.exe"
+  !insertmacro CHIUSO "cruciverba\ridotti.exe"
+  !insertmacro CHIUSO "cruciverba\sistema.exe"
+  !insertmacro CHIUSO "cruciverba\leggi_mdb.exe"
   !insertmacro CHIUSO "stampa.exe"
   !insertmacro CHIUSO "guida.exe"
 !macroend
