@@ -10,17 +10,21 @@ target_compile_definitions(tabellino_sqlite PRIVATE
   SQLITE_OMIT_LOAD_EXTENSION SQLITE_THREADSAFE=1 SQLITE_DQS=0)
 add_library(SQLite::SQLite3 ALIAS tabellino_sqlite)
 set(ZLIB_USE_STATIC_LIBS ON)
-# The native resource compiler packs in a way that this Qt does not know.
-set(SENZA_ZSTD --no-zstd)
-set(E_SENZA_ZSTD ";--no-zstd")
-# Here, where every folder sees it: a static Qt asks after its own parts wherever it is linked.
-find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets PrintSupport)
 
 if(TABELLINO_TESTS)
   set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
   set(BUILD_GMOCK OFF CACHE BOOL "" FORCE)
   add_subdirectory(${TABELLINO_GOOGLETEST} gtest EXCLUDE_FROM_ALL)
 endif()
+
+if(NOT TABELLINO_FINESTRE)
+  return()
+endif()
+# The native resource compiler packs in a way that this Qt does not know.
+set(SENZA_ZSTD --no-zstd)
+set(E_SENZA_ZSTD ";--no-zstd")
+# Here, where every folder sees it: a static Qt asks after its own parts wherever it is linked.
+find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets PrintSupport)
 
 # No plugin for drawings: under their names stand pictures, in all factors that a screen asks for.
 # The faces that the program measures in are no part of the system.

@@ -2,6 +2,8 @@
 # build and test. Each part is kept in build/windows and made again only when its recipe changes.
 
 OPERA=$PWD/build/windows
+# The native build: a finished one serves as well.
+OSPITE=${OSPITE:-$OPERA/ospite}
 QT_OSPITE=(-DQT_HOST_PATH=/usr -DQT_HOST_PATH_CMAKE_DIR=/usr/lib/x86_64-linux-gnu/cmake)
 
 # A static Qt without what the program never uses. The cross compiler's headers lack the tablet and
@@ -31,12 +33,12 @@ sorgente() {
         [ -e "$file" ] || continue
         sed -E 's/^(Types:).*/\1 deb-src/; s/^deb(-src)? /deb-src /' "$file" >"$apt/parti/${file##*/}"
       done
-      "${APT[@]}" update >&2
+      "${APT[@]}" update >&2 || return
       touch "$apt/lette"
     fi
     rm -rf "$cartella"
     mkdir -p "$cartella"
-    (cd "$cartella" && "${APT[@]}" source --only-source "$pacchetto" >&2)
+    (cd "$cartella" && "${APT[@]}" source --only-source "$pacchetto" >&2) || return
     touch "$cartella/fatta"
   fi
   find "$cartella" -mindepth 1 -maxdepth 1 -type d
@@ -90,19 +92,29 @@ fai_sqlite() {
 
 # The native build: what of the suite its own commands make, and the pictures drawn.
 fai_ospite() {
-  cmake -S . -B "$OPERA/ospite" -G Ninja -DCMAKE_BUILD_TYPE=Release -DTABELLINO_TESTS=OFF >/dev/null
-  cmake --build "$OPERA/ospite" | tail -1
+  cmake -S . -B "$OSPITE" -G Ninja -DCMAKE_BUILD_TYPE=Release -DTABELLINO_TESTS=OFF >/dev/null
+  cmake --build "$OSPITE" | tail -1
+}
+
+# incrocia FOLDER TARGETS OPTION...: these targets, built there for the target system.
+incrocia() {
+  local cartella=$1
+  local -a mete
+  read -ra mete <<<"$2"
+  shift 2
+  cmake -S . -B "$cartella" -G Ninja -DCMAKE_BUILD_TYPE=Release \
+    -DCMAKE_TOOLCHAIN_FILE="$PWD/packaging/windows/toolchain.cmake" \
+    -DTABELLINO_OSPITE="$OSPITE" -DTABELLINO_SQLITE="$OPERA/sqlite" \
+    "-DCMAKE_CXX_FLAGS=-ffile-prefix-map=$PWD=." "$@" >/dev/null
+  cmake --build "$cartella" --target "${mete[@]}" | tail -1
 }
 
 # fai_programma TARGETS OPTION...: the program itself, or its tests, which share all that both have.
 fai_programma() {
-  local -a mete
-  read -ra mete <<<"$1"
-  shift
-  cmake -S . -B "$OPERA/x64" -G Ninja -DCMAKE_BUILD_TYPE=Release \
-    -DCMAKE_TOOLCHAIN_FILE="$PWD/packaging/windows/toolchain.cmake" \
-    -DCMAKE_PREFIX_PATH="$OPERA/qt/qt" "${QT_OSPITE[@]}" \
-    -DTABELLINO_OSPITE="$OPERA/ospite" -DTABELLINO_SQLITE="$OPERA/sqlite" \
-    "-DCMAKE_CXX_FLAGS=-ffile-prefix-map=$PWD=." "$@" >/dev/null
-  cmake --build "$OPERA/x64" --target "${mete[@]}" | tail -1
+  incrocia "$OPERA/x64" "$1" -DCMAKE_PREFIX_PATH="$OPERA/qt/qt" "${QT_OSPITE[@]}" "${@:2}"
+}
+
+# fai_nucleo: the tests of the logic, in a build that needs no Qt.
+fai_nucleo() {
+  incrocia "$OPERA/nucleo" test_core -DTABELLINO_TESTS=ON -DTABELLINO_FINESTRE=OFF
 }
