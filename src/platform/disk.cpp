@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <ctime>
 
+#include "platform/codepage.h"
 #include "platform/lavoro.h"
 #include "platform/macchina.h"
 #include "platform/runtime.h"
@@ -112,7 +113,7 @@ std::string nome_su_disco(const std::string& nome) {
 
 std::string da_mostrare(std::string nome) {
     std::replace(nome.begin(), nome.end(), '/', macchina::barra());
-    return nome;
+    return mostrabile(nome);
 }
 
 bool esiste_file(const std::string& nome) {

@@ -23,7 +23,8 @@ std::string cartella_di(const std::string& nome);
 /// by that; a name that is not there comes back unchanged, one with a null in it empty.
 std::string nome_su_disco(const std::string& nome);
 
-/// `nome` as the system's own programs write it, for people to read.
+/// `nome` as the system's own programs write it, for people to read: on one line, with its bytes
+/// that are no signs as `mostrabile` tells them.
 std::string da_mostrare(std::string nome);
 
 /// True when a regular file of that name exists.

@@ -82,7 +82,7 @@ void avverti_del_jet(const std::string& archivio) {
     platform::Database suo;
     if (platform::esiste_file(jet) &&
         !(platform::OpenDatabase(jet, false, true, suo).ok() && suo.in_vece())) {
-        stampa("Attenzione: finché c'è " + platform::mostrabile(platform::da_mostrare(jet)) +
+        stampa("Attenzione: finché c'è " + platform::da_mostrare(jet) +
                " il programma legge quello.\n");
     }
 }
@@ -124,7 +124,7 @@ int mostra_stato(const Opzioni& o) {
                 std::string(platform::Err{errore}.Description()));
         return impossibile;
     }
-    stampa(platform::mostrabile(platform::da_mostrare(o.archivio)) + "\n");
+    stampa(platform::da_mostrare(o.archivio) + "\n");
     stampa_righe(stato(c));
     avverti_del_jet(o.archivio);
     return riuscito;

@@ -199,9 +199,8 @@ std::string plurale(std::int64_t quante, const char* una, const char* tante) {
 }  // namespace
 
 std::string Nota::in_riga() const {
-    return platform::mostrabile(platform::da_mostrare(file)) +
-           (riga > 0 ? ":" + std::to_string(riga) : std::string()) + ": " +
-           platform::mostrabile(testo);
+    return platform::da_mostrare(file) + (riga > 0 ? ":" + std::to_string(riga) : std::string()) +
+           ": " + platform::mostrabile(testo);
 }
 
 std::int64_t Rapporto::rifiutate() const {
@@ -271,11 +270,10 @@ std::vector<std::string> in_righe(const Rapporto& r) {
     std::vector<std::string> righe;
     for (const Portato& p : r.portati) {
         if (!r.riuscito) {
-            righe.push_back(platform::mostrabile(platform::da_mostrare(p.file)) +
-                            ": letto, ma non importato");
+            righe.push_back(platform::da_mostrare(p.file) + ": letto, ma non importato");
             continue;
         }
-        righe.push_back(platform::mostrabile(platform::da_mostrare(p.file)) + ": " +
+        righe.push_back(platform::da_mostrare(p.file) + ": " +
                         plurale(p.nuove, "riga nuova", "righe nuove") + ", " +
                         plurale(p.uguali, "già presente", "già presenti") + ", " +
                         plurale(p.diverse, "diversa", "diverse") + ", " +

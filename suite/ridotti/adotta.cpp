@@ -5,7 +5,6 @@
 #include "comune/parole.h"
 #include "development/adozione.h"
 #include "development/economiche.h"
-#include "platform/codepage.h"
 #include "platform/disk.h"
 
 namespace ridotti {
@@ -81,9 +80,9 @@ int adotta(const std::vector<std::string>& parole) {
         return impossibile;
     }
     if (!esito.rifiuto.empty()) return rifiuta(ordine.file, esito.rifiuto);
-    stampa(platform::mostrabile(platform::da_mostrare(ordine.cartella + "/" + esito.nome)) + ": " +
-           righe(quante) + " di " + std::to_string(giocati) + " su " + std::to_string(su) +
-           " numeri; " + in_parole(esito.garanzia) + ": VALE\n");
+    stampa(platform::da_mostrare(ordine.cartella + "/" + esito.nome) + ": " + righe(quante) +
+           " di " + std::to_string(giocati) + " su " + std::to_string(su) + " numeri; " +
+           in_parole(esito.garanzia) + ": VALE\n");
     return riuscito;
 }
 

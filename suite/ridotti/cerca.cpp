@@ -7,7 +7,6 @@
 #include "comune.h"
 #include "comune/parole.h"
 #include "development/coperture.h"
-#include "platform/codepage.h"
 #include "platform/disk.h"
 #include "platform/terminale.h"
 
@@ -167,9 +166,9 @@ int concludi(const Ordine& ordine, Arrivo& arrivo) {
     const Desiderio& d = ordine.desiderio;
     const int limite = development::limite_inferiore(d);
     const auto quante = static_cast<int>(arrivo.righe_trovate().size());
-    stampa(platform::mostrabile(platform::da_mostrare(ordine.arrivo)) + ": " +
-           righe(static_cast<std::uint64_t>(quante)) + " di " + std::to_string(d.k) + " su " +
-           std::to_string(d.n) + " numeri; " + in_parole({d.p, d.t}) + ": ");
+    stampa(platform::da_mostrare(ordine.arrivo) + ": " + righe(static_cast<std::uint64_t>(quante)) +
+           " di " + std::to_string(d.k) + " su " + std::to_string(d.n) + " numeri; " +
+           in_parole({d.p, d.t}) + ": ");
     if (arrivo.scoperti() > 0) {
         stampa("NON VALE, " + casi(arrivo.scoperti()) + " su " +
                std::to_string(development::binomiale(d.n, d.p)) + "\n");

@@ -96,7 +96,7 @@ TabellaLetta leggi_tabella(const std::string& file, int n, int k) {
 
 void stampa_errori(const TabellaLetta& letta) {
     const auto una = [&](const ErroreRiga& errore, const char* prima) {
-        std::string testo = platform::mostrabile(platform::da_mostrare(letta.file)) + ":";
+        std::string testo = platform::da_mostrare(letta.file) + ":";
         if (errore.riga > 0) testo += std::to_string(errore.riga) + ":";
         testo += std::string(" ") + prima + platform::mostrabile(errore.testo) + "\n";
         std::fputs(testo.c_str(), stderr);

@@ -2,7 +2,6 @@
 
 #include "comune.h"
 #include "development/economiche.h"
-#include "platform/codepage.h"
 #include "platform/disk.h"
 
 namespace ridotti {
@@ -51,9 +50,9 @@ std::string in_json(const TabellaLetta& letta, const std::optional<Garanzia>& ga
 
 std::string in_testo(const TabellaLetta& letta, const Garanzia& garanzia, const Buchi& mancati) {
     const development::Tabella& tabella = letta.lettura.tabella;
-    std::string uscita = platform::mostrabile(platform::da_mostrare(letta.file)) + ": " +
-                         righe(tabella.righe.size()) + " di " + std::to_string(tabella.k) + " su " +
-                         std::to_string(tabella.n) + " numeri; " + in_parole(garanzia) + ": ";
+    std::string uscita = platform::da_mostrare(letta.file) + ": " + righe(tabella.righe.size()) +
+                         " di " + std::to_string(tabella.k) + " su " + std::to_string(tabella.n) +
+                         " numeri; " + in_parole(garanzia) + ": ";
     if (mancati.quanti == 0) return uscita + "VALE\n";
     uscita +=
         "NON VALE, " + casi(mancati.quanti) + (mancati.quanti == 1 ? " scoperto\n" : " scoperti\n");

@@ -1,7 +1,6 @@
 #include <algorithm>
 
 #include "comune.h"
-#include "platform/codepage.h"
 #include "platform/disk.h"
 
 namespace ridotti {
@@ -86,9 +85,9 @@ std::string in_testo(const Vincite& v) {
 std::string in_testo(const TabellaLetta& letta, const std::vector<Vincite>& tutte,
                      const std::vector<Provata>& provate) {
     const Tabella& tabella = letta.lettura.tabella;
-    std::string uscita = platform::mostrabile(platform::da_mostrare(letta.file)) + ": " +
-                         righe(tabella.righe.size()) + " di " + std::to_string(tabella.k) + " su " +
-                         std::to_string(tabella.n) + " numeri\n\n";
+    std::string uscita = platform::da_mostrare(letta.file) + ": " + righe(tabella.righe.size()) +
+                         " di " + std::to_string(tabella.k) + " su " + std::to_string(tabella.n) +
+                         " numeri\n\n";
     if (!provate.empty()) {
         uscita += "Garanzie senza eccezioni:\n";
         for (const Provata& provata : provate) {

@@ -1,6 +1,5 @@
 // The development as a table for other programs.
 #include "check/dettaglio.h"
-#include "platform/codepage.h"
 #include "platform/disk.h"
 #include "printing/listati.h"
 #include "sistema/verbi.h"
@@ -80,7 +79,7 @@ std::string esporta(const suite::Parole& parole, Contesto& contesto, Fare& fare)
         suite::Json scritto;
         scritto.voce("scritto").testo(file);
         return Risposta{titolo(aperto) + ": " + combinazioni(sviluppo.giocate.righe()) + " in " +
-                            platform::mostrabile(platform::da_mostrare(file)) + "\n",
+                            platform::da_mostrare(file) + "\n",
                         scritto.uscita(), ""};
     };
     return {};

@@ -1,7 +1,6 @@
 // The same numbers in other cells, so that they win more often.
 #include "analysis/confronto.h"
 #include "analysis/premi.h"
-#include "platform/codepage.h"
 #include "platform/disk.h"
 #include "platform/runtime.h"
 #include "sistema/verbi.h"
@@ -59,8 +58,7 @@ Risposta rispondi(const Aperto& aperto, const analysis::Disposizione& d, int sco
     std::string testo = titolo(aperto) + ": " + analysis::frase_disposta(d, gioco, scopo) + ".\n";
     if (!scritto.empty()) {
         const analysis::Tavola t = analysis::tavola_confronto(d.prima, d.dopo, gioco, scopo, costo);
-        testo += "\n" + in_righe({&t, 1}) + "\n" +
-                 platform::mostrabile(platform::da_mostrare(scritto)) +
+        testo += "\n" + in_righe({&t, 1}) + "\n" + platform::da_mostrare(scritto) +
                  " ha la nuova disposizione; va sviluppato.\n";
     }
     return {testo, json.uscita(), ""};

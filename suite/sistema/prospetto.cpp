@@ -4,7 +4,6 @@
 #include <ctime>
 
 #include "platform/application.h"
-#include "platform/codepage.h"
 #include "platform/disk.h"
 #include "platform/macchina.h"
 #include "sistema/verbi.h"
@@ -39,9 +38,9 @@ std::string prospetto(const suite::Parole& parole, Contesto& contesto, Fare& far
         if (!errore.empty()) return Risposta{"", "", errore};
         suite::Json json;
         json.voce("scritto").testo(file);
-        return Risposta{titolo(aperto) + ": il prospetto è in " +
-                            platform::mostrabile(platform::da_mostrare(file)) + "\n",
-                        json.uscita(), ""};
+        return Risposta{
+            titolo(aperto) + ": il prospetto è in " + platform::da_mostrare(file) + "\n",
+            json.uscita(), ""};
     };
     return {};
 }

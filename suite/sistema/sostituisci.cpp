@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <map>
 
-#include "platform/codepage.h"
 #include "platform/disk.h"
 #include "sistema/verbi.h"
 
@@ -111,8 +110,7 @@ std::string sostituisci(const suite::Parole& parole, Contesto& contesto, Fare& f
         json.voce("scritto").testo(coppia.sistema()).voce("cambi").apri('{');
         for (const auto& [vecchio, nuovo] : cambi) json.voce(std::to_string(vecchio)).intero(nuovo);
         json.chiudi('}');
-        return Risposta{titolo(aperto) + ": " +
-                            platform::mostrabile(platform::da_mostrare(coppia.sistema())) +
+        return Risposta{titolo(aperto) + ": " + platform::da_mostrare(coppia.sistema()) +
                             " ha gli stessi posti e altri numeri; va sviluppato.\n",
                         json.uscita(), ""};
     };

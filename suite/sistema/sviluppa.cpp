@@ -1,5 +1,4 @@
 // Developing a system: here, into a named place, or beside its file.
-#include "platform/codepage.h"
 #include "platform/disk.h"
 #include "platform/links.h"
 #include "sistema/verbi.h"
@@ -46,7 +45,7 @@ Risposta rispondi(Aperto& aperto, const Sviluppo& sviluppo, const std::string& s
     t.note.push_back(scritto.empty()
                          ? "Nulla è stato scritto: --scrivi mette lo sviluppo accanto al "
                            "sistema, -o altrove."
-                         : "Scritto: " + platform::mostrabile(platform::da_mostrare(scritto)));
+                         : "Scritto: " + platform::da_mostrare(scritto));
     suite::Json json;
     descrivi(s, json);
     json.voce("totale").intero(s.totale());

@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <thread>
 
-#include "platform/codepage.h"
 #include "platform/disk.h"
 #include "platform/runtime.h"
 #include "statistics/archivio.h"
@@ -127,7 +126,7 @@ std::vector<int> leggi_numeri(const std::string& testo) {
 }
 
 std::string titolo(const Aperto& aperto) {
-    return platform::mostrabile(platform::da_mostrare(aperto.file()));
+    return platform::da_mostrare(aperto.file());
 }
 
 void descrivi(const systems::Sessione& s, suite::Json& json) {

@@ -351,4 +351,9 @@ TEST_F(Disk, ACopyOntoItselfInAnotherCaseLeavesTheFile) {
     EXPECT_EQ(tutti(), Nomi{"da.col"});
 }
 
+TEST_F(Disk, ANameForPeopleCommandsNoTerminal) {
+    EXPECT_EQ(da_mostrare("è/a\x1b[2J.sen"), "è/a\\x1B[2J.sen");
+    EXPECT_EQ(da_mostrare("\xE8.sen"), "\\xE8.sen");
+}
+
 }  // namespace
