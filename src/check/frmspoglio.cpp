@@ -48,6 +48,9 @@ public:
     Occupato(const Occupato&) = delete;
     Occupato& operator=(const Occupato&) = delete;
 
+    /// Who has the keyboard afterwards.
+    void poi(QWidget* chi) { fuoco_ = chi; }
+
 private:
     std::optional<platform::Clessidra> attesa_{std::in_place};
     frmspoglio& form_;
@@ -201,7 +204,7 @@ void frmspoglio::Cmdvincentilotto_Click() {
 }
 
 void frmspoglio::costruisci_elenco(void (frmspoglio::*dettaglio)()) {
-    const Occupato occupato(*this);
+    Occupato occupato(*this);
     {
         const platform::FinestraFerma ferma(this);
         piclist->show();
@@ -219,6 +222,8 @@ void frmspoglio::costruisci_elenco(void (frmspoglio::*dettaglio)()) {
     ListView1->show();
     piclist->hide();
     picprog1->hide();
+    // The arrows run through what was asked for, and a second Return does nothing.
+    occupato.poi(ListView1);
 }
 
 void frmspoglio::dettaglio_nvincenti() {

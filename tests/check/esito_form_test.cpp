@@ -57,6 +57,29 @@ TEST_F(Esito, EachCategoryHasItsLabel) {
     EXPECT_TRUE(p.mostrati().empty());
 }
 
+TEST_F(Esito, DetailGivesTheKeyboardToTheList) {
+    frmspoglio& f = apri(tre + "\r\n" + nulla + "\r\n", 2);
+    spoglia(f);
+    ASSERT_EQ(f.focusWidget(), f.Cmdvincenti);
+    QTest::keyClick(f.Cmdvincenti, Qt::Key_Space);
+    ASSERT_TRUE(f.ListView1->isVisible());
+    EXPECT_EQ(f.focusWidget(), f.ListView1);
+    QTest::keyClick(f.ListView1, Qt::Key_Return);
+    EXPECT_EQ(f.ListView1->righe(), 2);
+    EXPECT_TRUE(p.mostrati().empty());
+}
+
+TEST_F(Esito, DetailInLottoIsNotAddedTwiceByASecondReturn) {
+    frmspoglio& f = apri_lotto("1,2,3,40,50\r\n", 1);
+    spoglia_lotto(f);
+    ASSERT_TRUE(f.Cmdvincentilotto->isEnabled());
+    f.Cmdvincentilotto->setFocus();
+    QTest::keyClick(f.Cmdvincentilotto, Qt::Key_Space);
+    EXPECT_EQ(f.focusWidget(), f.ListView1);
+    QTest::keyClick(f.focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(f.ListView1->righe(), 1);
+}
+
 TEST_F(Esito, EmptyCategoriesStayEmpty) {
     frmspoglio& f = apri(tre + "\r\n", 1);
     spoglia(f);
@@ -465,8 +488,6 @@ TEST_F(Esito, FocusOfTheCheckGoesToTheNextControlThatTakesIt) {
     f.Cmdspoglio->setFocus();
     QTest::keyClick(f.Cmdspoglio, Qt::Key_Space);
     EXPECT_EQ(f.focusWidget(), f.Cmdvincenti);
-    QTest::keyClick(f.Cmdvincenti, Qt::Key_Space);
-    EXPECT_EQ(f.focusWidget(), f.Command1);
 }
 
 }  // namespace
