@@ -1,11 +1,11 @@
 // The pop-up menu of the manager: rename, duplicate, delete, import, send.
 #include <QShortcut>
-#include <QStyledItemDelegate>
 
 #include "app/finestra.h"
 #include "platform/application.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/folder.h"
+#include "platform/qt/listview.h"
 #include "systems/form2.h"
 
 namespace systems {
@@ -31,9 +31,9 @@ QString con_barra(const QString& cartella) {
 
 /// Keeps the text of a label edit until its editor is gone: a box that takes the focus from a
 /// living editor would end the same edit twice.
-class ModificaNome : public QStyledItemDelegate {
+class ModificaNome : public platform::CelleDiLista {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using CelleDiLista::CelleDiLista;
     void setModelData(QWidget* editor, QAbstractItemModel* /*modello*/,
                       const QModelIndex& indice) const override {
         posto_ = indice;

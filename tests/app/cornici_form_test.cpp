@@ -1,4 +1,5 @@
 // Borders, focus frames and grounds as each skin means them.
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
@@ -56,6 +57,55 @@ TEST_P(Aspetti, IlFuocoIncorniciaIlTestoDellaScelta) {
     EXPECT_GT(cornice.width(), scelta->fontMetrics().horizontalAdvance(scelta->text()));
     EXPECT_LT(cornice.width(), scelta->fontMetrics().horizontalAdvance(scelta->text()) + 10);
     EXPECT_LT(cornice.height(), 24);
+    f->close();
+}
+
+TEST_P(Aspetti, LeRigheDelVisoreVannoDaBordoABordo) {
+    p.riempi_e_salva("prova");
+    p.comando(1);
+    p.mostrati();
+    p.comando(2);
+    auto* f = aperta<viewer::Form3>();
+    ASSERT_NE(f, nullptr);
+    for (const platform::ListView* l : {f->ListView1, f->ListView2, f->ListView3, f->ListView4}) {
+        EXPECT_EQ(l->viewport()->geometry(), l->rect());
+    }
+    for (platform::ListView* l : {f->ListView1, f->ListView3}) {
+        const QImage vista = l->viewport()->grab().toImage();
+        const auto fine = [&](int riga, int x) {
+            return vista.pixelColor(x, l->visualRect(l->model()->index(riga, 1)).top() + 2).name();
+        };
+        const int bordo = vista.width() - 1;
+        const int colonne = l->header()->length();
+        ASSERT_LT(colonne, bordo);
+        EXPECT_EQ(fine(1, bordo), fine(1, colonne - 2));
+        EXPECT_EQ(fine(0, bordo), fine(0, colonne - 2));
+        EXPECT_NE(fine(1, bordo), fine(0, bordo));
+    }
+    f->close();
+}
+
+TEST_P(Aspetti, LaRigaSceltaDelGestoreVaDaBordoABordo) {
+    p.riempi_e_salva("prova");
+    Programma::voce(p.form1.mnugest_sist);
+    systems::Form2* f = Programma::gestore();
+    f->activateWindow();
+    QApplication::processEvents();
+    platform::ListView* l = f->ListView1;
+    QTest::mouseClick(l->viewport(), Qt::LeftButton, {},
+                      l->visualItemRect(l->topLevelItem(0)).center());
+    ASSERT_TRUE(l->hasFocus());
+    const QImage vista = l->viewport()->grab().toImage();
+    const QRect riga = l->visualItemRect(l->topLevelItem(0));
+    const int bordo = vista.width() - 1;
+    const int colonne = l->header()->length();
+    ASSERT_LT(colonne, bordo);
+    const auto colore = [&](int x, int y) { return vista.pixelColor(x, y).name().toUpper(); };
+    EXPECT_EQ(colore(bordo - 1, riga.top() + 2), colore(colonne - 3, riga.top() + 2));
+    EXPECT_NE(colore(bordo - 1, riga.top() + 2), colore(bordo - 1, riga.bottom() + 4));
+    // One frame around it all.
+    EXPECT_EQ(colore(bordo, riga.center().y()), "#E07B00");
+    EXPECT_NE(colore(colonne - 1, riga.center().y()), "#E07B00");
     f->close();
 }
 

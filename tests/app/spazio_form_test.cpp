@@ -139,6 +139,25 @@ TEST(Spazio, AllaSuaProporzioneTornaTuttoComEDetto) {
     }
 }
 
+TEST(Spazio, IlGestorePiuLargoHaColonnePiuLarghe) {
+    Programma p;
+    Programma::voce(p.form1.mnugest_sist);
+    systems::Form2* f = Programma::gestore();
+    ASSERT_NE(f, nullptr);
+    const QSize base = f->size();
+    const platform::ListView& l = *f->ListView1;
+    f->resize(base.width() + 110, base.height());
+    QApplication::processEvents();
+    EXPECT_EQ(platform::scala(f), 1);
+    EXPECT_GT(l.columnWidth(0), 130);
+    EXPECT_LE(l.header()->length(), l.viewport()->width());
+    f->resize(base);
+    QApplication::processEvents();
+    EXPECT_EQ(l.columnWidth(0), 107);
+    EXPECT_EQ(l.larghezza(0), 1600);
+    f->close();
+}
+
 TEST(Spazio, LoSpoglioMostraPiuRighe) {
     Programma p(true);
     p.riempi();

@@ -54,6 +54,32 @@ TEST_F(Virtuale, ColumnsKeepWhatTheyWereGiven) {
     EXPECT_EQ(lista.titolo(9), "");
 }
 
+TEST_F(Virtuale, RowsReachTheEdgeWhereverTheirColumnsEnd) {
+    lista.setAlternatingRowColors(true);
+    con(4);
+    lista.selectRow(2);
+    const QImage vista = lista.viewport()->grab().toImage();
+    const int colonne = lista.horizontalHeader()->length();
+    ASSERT_LT(colonne, vista.width() - 2);
+    const auto colore = [&](int riga, int x) {
+        return vista.pixelColor(x, lista.rowViewportPosition(riga) + 2).name();
+    };
+    for (const int riga : {0, 1, 2}) {
+        EXPECT_EQ(colore(riga, vista.width() - 2), colore(riga, colonne - 2)) << riga;
+    }
+    lista.activateWindow();
+    lista.setFocus();
+    ASSERT_TRUE(lista.hasFocus());
+    const QImage con_fuoco = lista.viewport()->grab().toImage();
+    const int in_mezzo = lista.rowViewportPosition(2) + lista.rowHeight(2) / 2;
+    const QColor ambra("#E07B00");
+    EXPECT_EQ(con_fuoco.pixelColor(vista.width() - 1, in_mezzo), ambra);
+    EXPECT_EQ(con_fuoco.pixelColor(0, in_mezzo), ambra);
+    EXPECT_NE(con_fuoco.pixelColor(lista.columnWidth(1) - 1, in_mezzo), ambra);
+    EXPECT_NE(colore(1, colonne - 2), colore(0, colonne - 2));
+    EXPECT_NE(colore(2, colonne - 2), colore(0, colonne - 2));
+}
+
 TEST_F(Virtuale, ShowsNothingBeforeItIsToldOfTheRows) {
     finte.righe = 5;
     EXPECT_EQ(lista.righe(), 0);

@@ -2,8 +2,10 @@
 
 #include <QAbstractTableModel>
 #include <QHeaderView>
+#include <QPainter>
 
 #include "platform/qt/desktop.h"
+#include "platform/qt/listview.h"
 #include "platform/qt/scala.h"
 
 namespace platform {
@@ -69,6 +71,7 @@ private:
 ListaVirtuale::ListaVirtuale(const Righe& righe, QWidget* padre)
     : QTableView(padre), modello_(new Modello(righe, this)) {
     setModel(modello_);
+    setItemDelegate(new CelleDiLista(this));
     setShowGrid(false);
     setWordWrap(false);
     setTabKeyNavigation(false);
@@ -102,13 +105,23 @@ void ListaVirtuale::resizeEvent(QResizeEvent* evento) {
     misura_colonne();
 }
 
-// Wider than told, the list gives its columns what is more.
+// Rows end at the edge, wherever their columns do.
+void ListaVirtuale::paintEvent(QPaintEvent* evento) {
+    QTableView::paintEvent(evento);
+    const int prima = rowAt(0);
+    if (prima < 0) return;
+    const int fine = horizontalHeader()->length();
+    QPainter pittore(viewport());
+    for (int r = prima; r < righe() && rowViewportPosition(r) < viewport()->height(); ++r) {
+        const QRect riga(0, rowViewportPosition(r), viewport()->width(), rowHeight(r));
+        dipingi_resto(this, &pittore, riga.adjusted(fine, 0, 0, 0), r);
+        incornicia_riga(this, &pittore, riga, r);
+    }
+}
+
 void ListaVirtuale::misura_colonne() {
-    const qreal f = scala(this);
-    const int a_100 = scalato(posto_a_100(this).width(), f);
     const bool riempie = horizontalHeader()->stretchLastSection();
-    const int piu = a_100 > 0 && !riempie ? width() - a_100 : 0;
-    const qreal k = piu > 1 ? f * width() / a_100 : f;
+    const qreal k = riempie ? scala(this) : scala_colonne(this);
     for (int c = 0; c < colonne(); ++c) {
         const int largo = scalato(px(larghezza(c)), k);
         if (largo != columnWidth(c)) setColumnWidth(c, largo);

@@ -43,6 +43,7 @@ public:
 
 protected:
     bool event(QEvent* evento) override;
+    void paintEvent(QPaintEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;
 
 private:

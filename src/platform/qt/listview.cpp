@@ -14,10 +14,48 @@
 
 namespace platform {
 
+void CelleDiLista::initStyleOption(QStyleOptionViewItem* opzione, const QModelIndex& indice) const {
+    QStyledItemDelegate::initStyleOption(opzione, indice);
+    opzione->state &= ~QStyle::State_HasFocus;
+}
+
+qreal scala_colonne(const QWidget* lista) {
+    const qreal f = scala(lista);
+    const int a_100 = scalato(posto_a_100(lista).width(), f);
+    const int piu = a_100 > 0 ? lista->width() - a_100 : 0;
+    return piu > 1 ? f * lista->width() / a_100 : f;
+}
+
+void dipingi_resto(const QAbstractItemView* lista, QPainter* pittore, QRect dove, int riga) {
+    if (dove.isEmpty()) return;
+    QStyleOptionViewItem opzione;
+    opzione.initFrom(lista);
+    opzione.rect = dove;
+    opzione.showDecorationSelected = true;
+    opzione.viewItemPosition = QStyleOptionViewItem::End;
+    const bool altra = lista->alternatingRowColors() && riga % 2 == 1;
+    if (altra) opzione.features |= QStyleOptionViewItem::Alternate;
+    opzione.state.setFlag(QStyle::State_Selected,
+                          lista->selectionModel()->isRowSelected(riga, lista->rootIndex()));
+    opzione.state &= ~(QStyle::State_HasFocus | QStyle::State_MouseOver);
+    lista->style()->drawPrimitive(QStyle::PE_PanelItemViewRow, &opzione, pittore, lista);
+    lista->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &opzione, pittore, lista);
+}
+
+void incornicia_riga(const QAbstractItemView* lista, QPainter* pittore, QRect dove, int riga) {
+    if (!lista->hasFocus() || riga != lista->currentIndex().row()) return;
+    QStyleOptionFocusRect fuoco;
+    fuoco.initFrom(lista);
+    fuoco.rect = dove;
+    fuoco.state |= QStyle::State_KeyboardFocusChange;
+    // The sheet takes the frame of the focus off lists, and would off this one.
+    lista->style()->drawPrimitive(QStyle::PE_FrameFocusRect, &fuoco, pittore);
+}
+
 ListView::ListView(QWidget* padre) : QTreeWidget(padre) {
     setRootIsDecorated(false);
     setUniformRowHeights(true);
-    setAllColumnsShowFocus(true);
+    setItemDelegate(new CelleDiLista(this));
     setColumnCount(0);
     header()->setStretchLastSection(false);
     header()->setSectionsClickable(true);
@@ -46,7 +84,20 @@ QString ListView::titolo(int colonna) const {
 
 void ListView::set_larghezza(int colonna, int twips) {
     larghezze_[colonna] = twips;
-    setColumnWidth(colonna, scalato(px(twips), scala(this)));
+    setColumnWidth(colonna, scalato(px(twips), scala_colonne(this)));
+}
+
+void ListView::misura_colonne() {
+    for (int c = 0; c < larghezze_.size(); ++c) set_larghezza(c, larghezze_[c]);
+}
+
+void ListView::drawRow(QPainter* pittore, const QStyleOptionViewItem& opzione,
+                       const QModelIndex& indice) const {
+    QTreeWidget::drawRow(pittore, opzione, indice);
+    QRect riga = opzione.rect;
+    riga.setRight(viewport()->width() - 1);
+    dipingi_resto(this, pittore, riga.adjusted(header()->length(), 0, 0, 0), indice.row());
+    incornicia_riga(this, pittore, riga, indice.row());
 }
 
 int ListView::larghezza(int colonna) const {
@@ -117,13 +168,12 @@ void ListView::rivedi_invito() {
 
 void ListView::resizeEvent(QResizeEvent* evento) {
     QTreeWidget::resizeEvent(evento);
+    misura_colonne();
     rivedi_invito();
 }
 
 bool ListView::event(QEvent* evento) {
-    if (evento->type() == Scala::cambiata()) {
-        for (int c = 0; c < larghezze_.size(); ++c) set_larghezza(c, larghezze_[c]);
-    }
+    if (evento->type() == Scala::cambiata()) misura_colonne();
     return QTreeWidget::event(evento);
 }
 

@@ -2,10 +2,28 @@
 #pragma once
 
 #include <QLabel>
+#include <QStyledItemDelegate>
 #include <QTabBar>
 #include <QTreeWidget>
 
 namespace platform {
+
+/// Factor of the columns of a list: what it has beyond its size at 100 % is theirs.
+qreal scala_colonne(const QWidget* lista);
+/// Paints in `dove` what the columns of a list leave of a row: as the row is, chosen or one of
+/// those that alternate.
+void dipingi_resto(const QAbstractItemView* lista, QPainter* pittore, QRect dove, int riga);
+/// Frames the row in `dove`, from edge to edge, when it is the one that the keys are on.
+void incornicia_riga(const QAbstractItemView* lista, QPainter* pittore, QRect dove, int riga);
+
+/// Cells without a frame of their own: the row has one, as far as the edge.
+class CelleDiLista : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* opzione, const QModelIndex& indice) const override;
+};
 
 class ListView : public QTreeWidget {
     Q_OBJECT
@@ -47,11 +65,14 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent* evento) override;
+    void drawRow(QPainter* pittore, const QStyleOptionViewItem& opzione,
+                 const QModelIndex& indice) const override;
     void contextMenuEvent(QContextMenuEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;
 
 private:
+    void misura_colonne();
     void rivedi_invito();
     /// Ends an edit as a click elsewhere does, before its row goes.
     void concludi_modifica();
