@@ -192,7 +192,7 @@ private:
             scelta->style()->subElementRect(SE_RadioButtonContents, &opzione, scelta);
         const QRect testo = scelta->fontMetrics().boundingRect(
             posto, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, scelta->text());
-        return testo.adjusted(-3, -2, 3, 2);
+        return testo.adjusted(-3, -2, 3, 2).intersected(scelta->rect());
     }
 };
 

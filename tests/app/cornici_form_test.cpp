@@ -60,6 +60,30 @@ TEST_P(Aspetti, IlFuocoIncorniciaIlTestoDellaScelta) {
     f->close();
 }
 
+TEST_P(Aspetti, LaCorniceDelFuocoHaQuattroLati) {
+    schedine::Finestra f(p.cartella.radice() + "/");
+    f.setStyleSheet(p.form1.styleSheet());
+    f.show();
+    f.activateWindow();
+    QApplication::processEvents();
+    QTest::mouseClick(f.optgenere[2], Qt::LeftButton);
+    const QImage dipinta = f.optgenere[2]->grab().toImage();
+    const auto ambra = [&](int x, int y) { return dipinta.pixelColor(x, y) == QColor("#E07B00"); };
+    QRect cornice;
+    for (int y = 0; y < dipinta.height(); ++y) {
+        for (int x = 0; x < dipinta.width(); ++x) {
+            if (ambra(x, y)) cornice |= QRect(x, y, 1, 1);
+        }
+    }
+    ASSERT_FALSE(cornice.isEmpty());
+    for (int x = cornice.left(); x <= cornice.right(); ++x) {
+        EXPECT_TRUE(ambra(x, cornice.top()) && ambra(x, cornice.bottom())) << x;
+    }
+    for (int y = cornice.top(); y <= cornice.bottom(); ++y) {
+        EXPECT_TRUE(ambra(cornice.left(), y) && ambra(cornice.right(), y)) << y;
+    }
+}
+
 TEST_P(Aspetti, LeRigheDelVisoreVannoDaBordoABordo) {
     p.riempi_e_salva("prova");
     p.comando(1);
