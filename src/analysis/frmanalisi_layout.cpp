@@ -44,6 +44,7 @@ VistaTavola::VistaTavola(const QString& nome, int righe_visibili, QWidget* padre
     griglia = new QTableWidget(this);
     griglia->setObjectName(nome + "_griglia");
     griglia->setProperty("elenco", true);
+    griglia->setProperty("tavola", true);
     griglia->setAlternatingRowColors(true);
     griglia->setShowGrid(false);
     griglia->setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -86,7 +86,8 @@ QLabel[titolo_splash="true"] { color: white; font-size: 32px; font-weight: bold;
 QComboBox { background: white; border: 1px solid #7E97BE; border-radius: 3px; padding: 0 4px 0 6px; }
 QComboBox::drop-down { border: 0; width: 18px; }
 QComboBox::down-arrow { image: url(:/freccia_giu.svg); width: 12px; height: 12px; }
-QSpinBox { background: white; border: 1px solid #7E97BE; border-radius: 3px; }
+QSpinBox { background: white; border: 1px solid #7E97BE; border-radius: 3px; padding-left: 4px; }
+platform--UpDown { padding-left: 0; }
 QSpinBox::up-button { subcontrol-origin: border; subcontrol-position: top right; width: 18px;
     height: 11px; border: 0; }
 QSpinBox::down-button { subcontrol-origin: border; subcontrol-position: bottom right; width: 18px;
@@ -143,6 +144,8 @@ QTabBar::tab:selected { background: white; color: #000080; font-weight: bold;
     border-top: 2px solid #E07B00; }
 QTreeView[sviluppo="true"] { border: 0; border-radius: 0; alternate-background-color: #EFF5FB; }
 QTreeView[sviluppo="true"]::item { height: 17px; }
+QTableView[tavola="true"]::item { padding: 0 5px; border: 0; }
+QTableView[tavola="true"] QHeaderView::section { padding: 4px 8px; }
 QTableView[elenco="true"] { border-color: #B9CBE0; border-radius: 3px; outline: 0;
     alternate-background-color: #EFF5FB; selection-background-color: #BFDDF8;
     selection-color: #000080; }

@@ -13,6 +13,18 @@ using support::Programma;
 
 namespace {
 
+/// The first column, within the border, that differs from the ground.
+int inchiostro(QWidget* w) {
+    const QImage vista = w->grab().toImage();
+    const int y = vista.height() / 2;
+    for (int x = 3; x < vista.width(); ++x) {
+        for (int dy = -4; dy <= 4; ++dy) {
+            if (vista.pixelColor(x, y + dy).lightness() < 160) return x;
+        }
+    }
+    return -1;
+}
+
 class CercaTabellaForm : public testing::Test {
 protected:
     /// The window of the tables on a game, by its place in the list, and on lines of `n` numbers.
@@ -78,6 +90,15 @@ protected:
 };
 
 }  // namespace
+
+TEST_F(CercaTabellaForm, TextOfTheCountStandsAsInTheLists) {
+    frmcercatabella& d = terzine_di_7(2, 10);
+    Programma::scegli(d.tempo, 0);
+    ASSERT_EQ(d.tempo->currentText(), "10 secondi");
+    ASSERT_EQ(d.colonne->text(), "10");
+    EXPECT_NEAR(inchiostro(d.colonne), inchiostro(d.tempo), 1);
+    d.close();
+}
 
 TEST_F(CercaTabellaForm, TrovaLaPiuPiccolaLaAdottaELaMostra) {
     std::filesystem::remove(nella_cartella("tr0722.rid"));

@@ -1,4 +1,6 @@
 // The window of the tables, through its lists and buttons.
+#include <QHeaderView>
+
 #include "analysis/frmtabelle.h"
 #include "support/programma.h"
 
@@ -55,6 +57,41 @@ TEST(Tabelle, VinciteEProvaDellaRigaScelta) {
     form->catalogo->griglia->selectRow(1);
     EXPECT_FALSE(form->vincite->isVisible());
     EXPECT_EQ(form->lblstato->text(), "Autoridotto [N-1]");
+}
+
+TEST(Tabelle, LeCelleHannoIlMargineDelleTestate) {
+    Programma p(true);
+    analysis::frmtabelle* form = apri(p);
+    QTableWidget* g = form->catalogo->griglia;
+    g->clearSelection();
+    g->setFocus();
+    QApplication::processEvents();
+    // Columns that hold ink, of a picture on one ground.
+    const auto inchiostro = [](const QImage& vista) {
+        const int fondo = vista.pixelColor(2, 2).lightness();
+        int prima = vista.width();
+        int ultima = -1;
+        for (int x = 2; x < vista.width() - 2; ++x) {
+            for (int y = 3; y < vista.height() - 3; ++y) {
+                if (std::abs(vista.pixelColor(x, y).lightness() - fondo) < 60) continue;
+                prima = std::min(prima, x);
+                ultima = std::max(ultima, x);
+            }
+        }
+        return std::pair(prima, vista.width() - 1 - ultima);
+    };
+    const auto di = [&](int c) {
+        const QRect cella = g->visualRect(g->model()->index(0, c));
+        const QRect testa(cella.x(), 0, cella.width(), g->horizontalHeader()->height());
+        return std::pair(inchiostro(g->viewport()->grab(cella).toImage()),
+                         inchiostro(g->horizontalHeader()->viewport()->grab(testa).toImage()));
+    };
+    const auto [cella, testa] = di(0);
+    EXPECT_NEAR(cella.first, 8, 2);
+    EXPECT_NEAR(cella.first, testa.first, 2);
+    const auto [destra, testa_destra] = di(g->columnCount() - 1);
+    EXPECT_NEAR(destra.second, 8, 2);
+    EXPECT_NEAR(destra.second, testa_destra.second, 2);
 }
 
 TEST(Tabelle, AltroGiocoEAltraLunghezza) {
