@@ -179,6 +179,8 @@ void Scala::scrivi_limiti(Posto& posto, qreal prima) {
 void Scala::raccogli_spazi() {
     if (!con_disposizione_) return;
     for (QLayout* l : finestra_->findChildren<QLayout*>()) {
+        // A window that stands over this one has a scale of its own.
+        if (l->parentWidget() == nullptr || l->parentWidget()->window() != finestra_) continue;
         const bool nota =
             std::any_of(spazi_.cbegin(), spazi_.cend(), [l](const Spazi& s) { return s.chi == l; });
         if (!nota) spazi_.append({l, l->contentsMargins(), l->spacing()});
