@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QScreen>
 
@@ -249,6 +250,15 @@ void Finestra::aggiorna() {
     vai(pagina_);
 }
 
+// Layouts in one another would take their heights one after the other, and a text of two lines
+// would be seen cut meanwhile.
+void Finestra::assesta() {
+    constexpr int livelli = 4;
+    for (int i = 0; i < livelli; ++i) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    }
+}
+
 void Finestra::mostra_sistema() {
     QString testo = difetto_.isEmpty() ? difetto_modulo_ : difetto_;
     if (testo.isEmpty() && lavoro_ != nullptr) {
@@ -268,10 +278,12 @@ void Finestra::mostra_sistema() {
 }
 
 void Finestra::mostra_conto() {
-    if (lavoro_ == nullptr) {
-        lblconto->clear();
-        return;
-    }
+    lblconto->setText(conto_in_parole());
+    assesta();
+}
+
+QString Finestra::conto_in_parole() const {
+    if (lavoro_ == nullptr) return {};
     const Conto c = lavoro_->conto();
     const std::int64_t n = copie();
     QString testo = quanti(c.schedine, "schedina", "schedine") + " su " +
@@ -280,7 +292,7 @@ void Finestra::mostra_conto() {
         testo += "\n" + q(lavoro_->opzioni().valuta) + " " +
                  q(platform::Format(c.importo, platform::Modello::decimali_zero));
     }
-    lblconto->setText(testo);
+    return testo;
 }
 
 void Finestra::vai(qint64 pagina) {

@@ -92,6 +92,8 @@ private:
     void aggiorna();
     void vai(qint64 pagina);
     void mostra_conto();
+    [[nodiscard]] QString conto_in_parole() const;
+    void assesta();
     void mostra_sistema();
     void convalida_intervallo();
 

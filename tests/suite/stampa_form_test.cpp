@@ -72,6 +72,21 @@ TEST_F(FinestraSchedine, SenzaNessunSistemaLoDice) {
     EXPECT_FALSE(f->cmdpdf->isEnabled());
 }
 
+TEST_F(FinestraSchedine, UnTestoDiDueRigheSiVedeSubitoIntero) {
+    sviluppa("prova", 4);
+    consegna("prova");
+    apri();
+    const int prima = f->lblsistema->height();
+    f->optgenere[2]->click();
+    EXPECT_GE(f->lblsistema->height(), 2 * f->lblsistema->fontMetrics().height());
+    EXPECT_GT(f->lblsistema->height(), prima);
+    const QWidget* riquadro = f->lblsistema->parentWidget();
+    EXPECT_TRUE(riquadro->rect().contains(f->lblsistema->geometry()));
+    EXPECT_GT(f->optgenere[0]->parentWidget()->y(), riquadro->geometry().bottom());
+    f->optgenere[0]->click();
+    EXPECT_EQ(f->lblsistema->height(), prima);
+}
+
 TEST_F(FinestraSchedine, UnoSviluppoTroncatoNonSiStampa) {
     sviluppa("prova", 3);
     cartella.scrivi("prova.col", "1,2,3,4,5,6\r\n1,2,3");
