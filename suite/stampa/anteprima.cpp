@@ -94,6 +94,28 @@ Anteprima::Anteprima(QWidget* padre) : QScrollArea(padre) {
     foglio_->setAutoFillBackground(false);
     setFocusPolicy(Qt::StrongFocus);
     setProperty(platform::Scala::rotella_sua, true);
+    invito_ = new QLabel(this);
+    invito_->setObjectName("lblinvito");
+    invito_->setProperty("invito", true);
+    invito_->setAlignment(Qt::AlignCenter);
+    invito_->setTextFormat(Qt::PlainText);
+    invito_->setWordWrap(true);
+    invito_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    invito_->hide();
+}
+
+void Anteprima::invita(const QString& testo) {
+    invito_->setText(testo);
+    invito_->setVisible(!testo.isEmpty());
+    centra_invito();
+}
+
+void Anteprima::centra_invito() {
+    // Lines of a length that is easily read, whatever the window's.
+    constexpr int caratteri = 60;
+    const int largo =
+        std::min(width() - 2 * aria, caratteri * invito_->fontMetrics().averageCharWidth());
+    invito_->setGeometry((width() - largo) / 2, 0, largo, height());
 }
 
 double Anteprima::al_millimetro() const {
@@ -162,6 +184,7 @@ void Anteprima::intero(bool intero) {
 
 void Anteprima::resizeEvent(QResizeEvent* evento) {
     QScrollArea::resizeEvent(evento);
+    centra_invito();
     if (intero_) misura();
 }
 

@@ -3,6 +3,7 @@
 
 #include <functional>
 
+#include <QLabel>
 #include <QScrollArea>
 
 #include "stampa/lavoro.h"
@@ -19,6 +20,8 @@ public:
 
     /// Shows a page of a job, which it does not own; null shows an empty desk.
     void mostra(Lavoro* lavoro, qint64 pagina);
+    /// What is read on the empty desk.
+    void invita(const QString& testo);
     /// In percent; 100 is the size of the paper.
     [[nodiscard]] int ingrandimento() const { return ingrandimento_; }
     [[nodiscard]] bool foglio_intero() const { return intero_; }
@@ -40,10 +43,12 @@ protected:
 private:
     class Foglio;
     void misura();
+    void centra_invito();
     /// Pixels of a millimetre of paper at 100 %.
     [[nodiscard]] double al_millimetro() const;
 
     Foglio* foglio_ = nullptr;
+    QLabel* invito_ = nullptr;
     Lavoro* lavoro_ = nullptr;
     qint64 pagina_ = 1;
     int ingrandimento_ = 100;

@@ -275,6 +275,7 @@ void Finestra::mostra_sistema() {
         if (!manca.empty()) testo += "\n" + q(manca);
     }
     lblsistema->setText(testo);
+    anteprima->invita(lavoro_ == nullptr ? testo : QString());
 }
 
 void Finestra::mostra_conto() {

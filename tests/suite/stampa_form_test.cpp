@@ -72,6 +72,19 @@ TEST_F(FinestraSchedine, SenzaNessunSistemaLoDice) {
     EXPECT_FALSE(f->cmdpdf->isEnabled());
 }
 
+TEST_F(FinestraSchedine, IlTavoloVuotoDicePerche) {
+    sviluppa("prova", 4);
+    apri();
+    const auto* invito = f->anteprima->findChild<QLabel*>("lblinvito");
+    ASSERT_NE(invito, nullptr);
+    EXPECT_TRUE(invito->isVisible());
+    EXPECT_EQ(invito->text(), f->lblsistema->text());
+    EXPECT_NEAR(invito->geometry().center().x(), f->anteprima->rect().center().x(), 1);
+    EXPECT_LT(invito->width(), f->anteprima->width());
+    scegli(f->cmbsistema, 0);
+    EXPECT_FALSE(invito->isVisible());
+}
+
 TEST_F(FinestraSchedine, UnTestoDiDueRigheSiVedeSubitoIntero) {
     sviluppa("prova", 4);
     consegna("prova");
