@@ -12,6 +12,7 @@
 #include "analysis/stampa_analisi.h"
 #include "app/finestra.h"
 #include "platform/application.h"
+#include "platform/qt/annuncio.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/folder.h"
 #include "platform/qt/printer_qt.h"
@@ -87,7 +88,8 @@ bool frmanalisi::superata() {
     const systems::Sessione& sessione = finestra_.sessione;
     const bool stesso = sessione.nome() == s(platform::Tag(this)) && sessione.gioco() == gioco_;
     if (stesso && sessione.salvato() && sessione.sviluppo_proprio()) return false;
-    lblstato->setText("Il sistema è cambiato: F9 nella finestra principale lo analizza.");
+    platform::annuncia(lblstato,
+                       "Il sistema è cambiato: F9 nella finestra principale lo analizza.");
     return true;
 }
 
@@ -100,7 +102,7 @@ void frmanalisi::iniz() {
     }
     const QString nome = platform::Tag(this);
     lblnomesistema->setText(nome);
-    lblstato->setText("Analisi in corso…");
+    platform::annuncia(lblstato, "Analisi in corso…");
     conto_.reset();
     fermata_ = false;
     da_quando_.start();
@@ -145,7 +147,7 @@ void frmanalisi::iniz() {
         return;
     }
     const Lettura lettura = conto->lettura == Lettura::letta ? Lettura::interrotta : conto->lettura;
-    lblstato->setText(q(std::string(parola(lettura))));
+    platform::annuncia(lblstato, q(std::string(parola(lettura))));
     cmdanalizza->setFocus();
 }
 
@@ -161,7 +163,7 @@ void frmanalisi::mostra() {
         q(platform::Format(static_cast<double>(a.righe), platform::Modello::interi)));
     QStringList frasi{q(riassunto(a, gioco_)) + "."};
     for (const std::string& nota : tavola_sistema(a, gioco_).note) frasi << q(nota);
-    lblstato->setText(frasi.join(" "));
+    platform::annuncia(lblstato, frasi.join(" "));
     finestra_.mostra_analisi(q(riassunto(a, gioco_)));
     garanzie->mostra(tavola_garanzie(a, gioco_));
     insiemi->mostra(tavola_insiemi(a, gioco_));

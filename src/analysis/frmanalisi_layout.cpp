@@ -8,6 +8,7 @@
 
 #include "analysis/frmanalisi.h"
 #include "app/finestra.h"
+#include "platform/qt/annuncio.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
 #include "platform/qt/scala.h"
@@ -132,6 +133,8 @@ void frmanalisi::crea_sistema(QVBoxLayout* sotto) {
     prima->addWidget(platform::scritta(tr("Combinazioni"), "titolo", f));
     lblnumconb = valore("lblnumconb", Qt::AlignRight, f);
     lblnumconb->setFixedWidth(110);
+    lblnomesistema->setAccessibleName(tr("Nome del Sistema"));
+    lblnumconb->setAccessibleName(tr("Combinazioni"));
     prima->addWidget(lblnumconb);
     righe->addLayout(prima);
     auto* seconda = new QHBoxLayout;
@@ -139,6 +142,7 @@ void frmanalisi::crea_sistema(QVBoxLayout* sotto) {
     lblstato = platform::scritta({}, nullptr, f);
     lblstato->setObjectName("lblstato");
     lblstato->setWordWrap(true);
+    platform::rendi_annuncio(lblstato);
     lblstato->setMinimumHeight(28);
     ProgressBar1 = new QProgressBar(f);
     ProgressBar1->setObjectName("ProgressBar1");
@@ -261,6 +265,8 @@ QWidget* frmanalisi::crea_medie() {
         premio->setValidator(new QRegularExpressionValidator(forma, premio));
         txtpremio << premio;
         lblincasso << valore(platform::membro("lblincasso", i), Qt::AlignRight, w);
+        lblmedia[i]->setAccessibleName(teste[1] + " " + nome);
+        lblincasso[i]->setAccessibleName(teste[3] + " " + nome);
         griglia->addWidget(platform::scritta(nome, nullptr, w), i + 2, 0);
         griglia->addWidget(lblmedia[i], i + 2, 1);
         griglia->addWidget(premio, i + 2, 2);

@@ -12,6 +12,7 @@
 #include "development/adozione.h"
 #include "development/economiche.h"
 #include "development/garanzie.h"
+#include "platform/qt/annuncio.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
 #include "platform/qt/scala.h"
@@ -59,6 +60,7 @@ frmcercatabella::frmcercatabella(const Partenza& partenza, QWidget* padre)
     lblstato = platform::scritta({}, nullptr, this);
     lblstato->setObjectName("lblstato");
     lblstato->setWordWrap(true);
+    platform::rendi_annuncio(lblstato);
     lblstato->setMinimumHeight(3 * lblstato->fontMetrics().lineSpacing());
     lblstato->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     sotto->addWidget(lblstato);
@@ -155,12 +157,12 @@ void frmcercatabella::dimentica() {
     const Desiderio d = desiderio();
     const std::string perche = development::impossibile(d);
     if (!perche.empty()) {
-        lblstato->setText(tr("Non si può: ") + q(perche) + ".");
+        platform::annuncia(lblstato, tr("Non si può: ") + q(perche) + ".");
         return;
     }
     const auto almeno = static_cast<std::size_t>(development::limite_inferiore(d));
-    lblstato->setText((almeno == 1 ? tr("Serve almeno ") : tr("Servono almeno ")) + quante(almeno) +
-                      ".");
+    platform::annuncia(lblstato, (almeno == 1 ? tr("Serve almeno ") : tr("Servono almeno ")) +
+                                     quante(almeno) + ".");
 }
 
 void frmcercatabella::occupato(bool si) {
@@ -231,7 +233,7 @@ void frmcercatabella::cerca() {
 /// What the search came to, held against the table that it began with.
 void frmcercatabella::concludi() {
     if (trovata_.empty()) {
-        lblstato->setText(tr("Nessuna tabella trovata in tempo."));
+        platform::annuncia(lblstato, tr("Nessuna tabella trovata in tempo."));
         return;
     }
     const Desiderio d = desiderio();
@@ -260,7 +262,7 @@ void frmcercatabella::concludi() {
                                  : QString(".");
         }
     }
-    lblstato->setText(testo);
+    platform::annuncia(lblstato, testo);
 }
 
 void frmcercatabella::adotta() {
@@ -271,13 +273,13 @@ void frmcercatabella::adotta() {
     const development::Adozione esito =
         development::adotta({d.n, d.k, trovata_}, da_.gioco, detta, da_.ridotti);
     if (!esito.rifiuto.empty()) {
-        lblstato->setText(tr("Non adottata: ") + q(esito.rifiuto) + ".");
+        platform::annuncia(lblstato, tr("Non adottata: ") + q(esito.rifiuto) + ".");
         return;
     }
     cmdadotta->setEnabled(false);
-    lblstato->setText(tr("Adottata: ") + q(esito.nome) +
-                      tr(", negli elenchi con la garanzia più alta: ") +
-                      q(development::in_parole(esito.garanzia)) + ".");
+    platform::annuncia(lblstato, tr("Adottata: ") + q(esito.nome) +
+                                     tr(", negli elenchi con la garanzia più alta: ") +
+                                     q(development::in_parole(esito.garanzia)) + ".");
     emit adottata(q(esito.nome));
 }
 

@@ -9,6 +9,7 @@
 #include "analysis/confronto.h"
 #include "app/finestra.h"
 #include "platform/application.h"
+#include "platform/qt/annuncio.h"
 #include "platform/qt/desktop.h"
 
 namespace analysis {
@@ -101,7 +102,7 @@ void frmmigliora::mostra_chance(double prima, double migliore) {
 
 void frmmigliora::mostra_andamento(const Andamento& a) {
     if (a.conteggio && ordine_ == Ordine::basta) {
-        lblstato->setText(tr("Fermata: si contano le estrazioni della migliore."));
+        platform::annuncia(lblstato, tr("Fermata: si contano le estrazioni della migliore."));
     }
     // Without an end there is no part of it.
     ProgressBar1->setRange(0, a.parte > 0 ? passi_barra : 0);
@@ -115,7 +116,7 @@ void frmmigliora::cerca() {
     ordine_ = Ordine::continua;
     ++seme_;
     mostrata_ = -1;
-    lblstato->setText(tr("Ricerca in corso: le estrazioni si contano tutte."));
+    platform::annuncia(lblstato, tr("Ricerca in corso: le estrazioni si contano tutte."));
     occupato(true);
     const RichiestaDisposizione r = richiesta();
     const QPointer<frmmigliora> ancora(this);
@@ -148,7 +149,7 @@ void frmmigliora::accogli(Disposizione&& d) {
     if (contate) d.prima = *prima_;
     const bool migliore = d.esito == Disposta::migliorata;
     const Disposizione& detta = contate && !migliore && trovata_ ? *trovata_ : d;
-    lblstato->setText(q(frase_disposta(detta, gioco, punti())) + ".");
+    platform::annuncia(lblstato, q(frase_disposta(detta, gioco, punti())) + ".");
     if (migliore) trovata_ = std::move(d);
     if (!trovata_) return;
     const Costo costo{prezzo_in_euro(App().Path), finestra_.sessione.con_ripetizioni()};

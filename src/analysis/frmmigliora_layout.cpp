@@ -6,6 +6,7 @@
 
 #include "analysis/frmmigliora.h"
 #include "app/finestra.h"
+#include "platform/qt/annuncio.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
 #include "platform/qt/scala.h"
@@ -70,6 +71,9 @@ QWidget* frmmigliora::crea_griglia() {
     griglia->setEditTriggers(QAbstractItemView::NoEditTriggers);
     griglia->setSelectionMode(QAbstractItemView::SingleSelection);
     griglia->setTabKeyNavigation(false);
+    // Numbers of hidden headers would be read out before each cell.
+    griglia->setHorizontalHeaderLabels(QStringList(m.colonne(), QStringLiteral("")));
+    griglia->setVerticalHeaderLabels(QStringList(m.righe(), QStringLiteral("")));
     griglia->horizontalHeader()->hide();
     griglia->verticalHeader()->hide();
     griglia->horizontalHeader()->setMinimumSectionSize(cella.width());
@@ -79,6 +83,8 @@ QWidget* frmmigliora::crea_griglia() {
         for (int x = 0; x < m.colonne(); ++x) {
             auto* una = new QTableWidgetItem;
             una->setTextAlignment(Qt::AlignCenter);
+            una->setData(Qt::AccessibleDescriptionRole,
+                         tr("riga %1, colonna %2").arg(y + 1).arg(x + 1));
             griglia->setItem(y, x, una);
         }
     }
@@ -146,6 +152,7 @@ QWidget* frmmigliora::crea_scelte() {
                           nullptr, f);
     lblstato->setObjectName("lblstato");
     lblstato->setWordWrap(true);
+    platform::rendi_annuncio(lblstato);
     righe->addWidget(lblstato);
     ProgressBar1 = new QProgressBar(f);
     ProgressBar1->setObjectName("ProgressBar1");

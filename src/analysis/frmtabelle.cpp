@@ -9,6 +9,7 @@
 #include "development/adozione.h"
 #include "development/garanzie.h"
 #include "platform/disk.h"
+#include "platform/qt/annuncio.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
 #include "platform/qt/folder.h"
@@ -48,6 +49,7 @@ frmtabelle::frmtabelle(app::Finestra& finestra) : QDialog(&finestra), finestra_(
     lblstato = platform::scritta({}, nullptr, this);
     lblstato->setObjectName("lblstato");
     lblstato->setWordWrap(true);
+    platform::rendi_annuncio(lblstato);
     sotto->addWidget(catalogo);
     sotto->addWidget(lblstato);
     sotto->addWidget(vincite);
@@ -116,7 +118,7 @@ void frmtabelle::crea_comandi(QVBoxLayout* sotto) {
         }
     });
     connect(cmdprova, &QPushButton::clicked, this, [this] {
-        if (const auto quale = scelta()) lblstato->setText(q(catalogo_->prova(*quale)));
+        if (const auto quale = scelta()) platform::annuncia(lblstato, q(catalogo_->prova(*quale)));
     });
     connect(cmdcerca, &QPushButton::clicked, this, &frmtabelle::cerca);
     connect(cmdadotta, &QPushButton::clicked, this, &frmtabelle::adotta_file);
@@ -184,7 +186,7 @@ void frmtabelle::adotta_file() {
         platform::scegli_file(this, tr("Adotta una tabella"), {}, tr("Tabelle (*.rid *.txt)"));
     if (file.isEmpty()) return;
     const auto rifiuta = [this](const std::string& perche) {
-        lblstato->setText(tr("Non adottata: ") + q(perche) + ".");
+        platform::annuncia(lblstato, tr("Non adottata: ") + q(perche) + ".");
     };
     const auto contenuto = platform::leggi_tutto(platform::s(file.front()), byte_massimi);
     if (!contenuto) return rifiuta("il file non si può leggere");
@@ -198,8 +200,8 @@ void frmtabelle::adotta_file() {
         development::adotta(std::move(letta.tabella), scelto, {}, finestra_.sessione.ridotti());
     if (!esito.rifiuto.empty()) return rifiuta(esito.rifiuto);
     accogli(q(esito.nome));
-    lblstato->setText(tr("Adottata: ") + q(esito.nome) + ", " +
-                      q(development::in_parole(esito.garanzia)) + ".");
+    platform::annuncia(lblstato, tr("Adottata: ") + q(esito.nome) + ", " +
+                                     q(development::in_parole(esito.garanzia)) + ".");
 }
 
 void frmtabelle::accogli(const QString& nome) {

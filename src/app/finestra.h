@@ -40,6 +40,8 @@ public:
     virtual void mostra_analisi(const QString& testo) = 0;
     /// One line on what an action came to, where no box tells of it; an empty one tells nothing.
     virtual void mostra_esito(const QString& testo) = 0;
+    /// Tells those who do not see the window what is shown elsewhere on it for a moment.
+    virtual void annuncia(const QString& testo) = 0;
     /// Leaves the current cell of the summary where its reader or writer leaves it.
     virtual void cella_riepilogo(int riga, int colonna) = 0;
 };

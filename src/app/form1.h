@@ -69,6 +69,7 @@ public:
     bool sviluppo_valido() override { return parti_->elaboratore.sviluppo_valido(); }
     void mostra_analisi(const QString& testo) override { parti_->piede->mostra_analisi(testo); }
     void mostra_esito(const QString& testo) override { parti_->piede->mostra_esito(testo); }
+    void annuncia(const QString& testo) override { platform::di(parti_->piede->lblpasso, testo); }
     void cella_riepilogo(int riga, int colonna) override { MSFlexGrid2->cella(riga, colonna); }
 
     platform::Frame* Picture2 = nullptr;

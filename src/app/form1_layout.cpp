@@ -136,6 +136,9 @@ void Form1::crea_riquadri() {
                        {&Frame2, "Frame2", {}, {8, 442, 768, 176}},
                        {&Frame6, "Frame6", {}, {8, 626, 768, 44}}},
                       area);
+    Picture2->setAccessibleName(tr("Comandi"));
+    Frame2->setAccessibleName(tr("Riepilogo"));
+    Frame6->setAccessibleName(tr("Importo"));
     ProgressBar1 = platform::posto(new QProgressBar(area), "ProgressBar1", {8, 676, 768, 10});
     ProgressBar1->setAccessibleName(tr("Avanzamento"));
     ProgressBar1->setTextVisible(false);

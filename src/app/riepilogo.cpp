@@ -12,6 +12,7 @@ using crossword::Elenco;
 namespace {
 
 constexpr int numero = 1;
+constexpr int tipo = 2;
 constexpr int combinazioni = 3;
 constexpr int totale = 4;
 constexpr int senza_ripetizioni = 5;
@@ -45,6 +46,7 @@ void Riepilogo::arreda() {
     platform::etichetta(Finestra::tr(" Sistema in linea"), {8, 6, 110, 22}, r_.Frame2)
         ->setProperty("titolo", true);
     r_.lblsistema = platform::valore("lblsistema", {120, 6, 640, 22}, r_.Frame2, Qt::AlignLeft);
+    r_.lblsistema->setAccessibleName(Finestra::tr("Sistema in linea"));
     r_.MSFlexGrid2 =
         platform::posto(new platform::MSFlexGrid(r_.Frame2), "MSFlexGrid2", dove_griglia);
     r_.MSFlexGrid2->setAccessibleName(Finestra::tr("Riepilogo delle combinazioni"));
@@ -68,6 +70,7 @@ void Riepilogo::arreda() {
 
 void Riepilogo::intesta() {
     platform::MSFlexGrid* griglia = r_.MSFlexGrid2;
+    griglia->leggi_celle([this](int riga, int colonna) { return voce(riga, colonna); });
     griglia->set_Rows(6);
     griglia->set_Cols(4);
     for (int c = 0; c < 4; ++c) griglia->ColWidth(c, larghezze[static_cast<std::size_t>(c)]);
@@ -95,6 +98,17 @@ void Riepilogo::intesta() {
     }
     for (const int r : {totale, senza_ripetizioni}) griglia->setSpan(r, 0, 1, 3);
     griglia->cella(0, 0);
+}
+
+platform::MSFlexGrid::Voce Riepilogo::voce(int riga, int colonna) const {
+    const platform::MSFlexGrid* griglia = r_.MSFlexGrid2;
+    const auto liste = r_.tipi();
+    const bool sotto_lista = colonna == tipo && riga >= 1 && riga <= static_cast<int>(liste.size());
+    const QString testo = sotto_lista ? liste[static_cast<std::size_t>(riga - 1)]->Text()
+                                      : griglia->testo(riga, colonna);
+    QStringList teste;
+    if (riga > 0 && colonna > 0) teste << griglia->testo(riga, 0) << griglia->testo(0, colonna);
+    return {testo.isEmpty() ? Finestra::tr("vuota") : testo, teste.join(", ")};
 }
 
 void Riepilogo::mostra(const systems::Cambiamento& cambiato) {

@@ -37,6 +37,7 @@ private:
     void intesta();
     void mostra_tipi();
     void scrivi();
+    [[nodiscard]] platform::MSFlexGrid::Voce voce(int riga, int colonna) const;
 
     systems::Sessione& sessione_;
     RiquadroRiepilogo& r_;

@@ -7,6 +7,7 @@
 #include "app/finestra.h"
 #include "check/estrazioni.h"
 #include "platform/application.h"
+#include "platform/qt/annuncio.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/scala.h"
 #include "platform/runtime.h"
@@ -127,7 +128,25 @@ bool frmspoglio::conta(std::span<QLineEdit* const> caselle) {
     lblvinc[0]->setText(QString::number(spoglio_.vincenti()));
     picprog1->hide();
     platform::set_Tag(Cmdspoglio, QString());
+    di_esito();
     return true;
+}
+
+/// Told to those who do not see the counts change.
+void frmspoglio::di_esito() {
+    QStringList esito;
+    const auto aggiungi = [&esito](const QLabel* categoria) {
+        if (categoria->isVisible() && !categoria->text().isEmpty()) {
+            esito << categoria->accessibleName() + ": " + categoria->text();
+        }
+    };
+    aggiungi(lblvinc[0]);
+    aggiungi(lblvinc[6]);
+    aggiungi(lblvinc_j[5]);
+    for (std::size_t p = 5; p > 0; --p) aggiungi(lblvinc[p]);
+    aggiungi(lblvinc[7]);
+    for (std::size_t p = lblvinclotto.size(); p > 0; --p) aggiungi(lblvinclotto[p - 1]);
+    platform::di(lblvinc[0], esito.join(". "));
 }
 
 void frmspoglio::controllo_nvincenti() {

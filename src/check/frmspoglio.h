@@ -38,6 +38,7 @@ public:
     void apridatabase();
     void comb_se8();
     void colore_griglia();
+    void di_esito();
     void controllo_nvincenti();
     void controllo_nvincenti_lotto();
     void dettaglio_nvincenti();

@@ -7,6 +7,7 @@
 #include "check/estrazioni.h"
 #include "check/frmspoglio.h"
 #include "crossword/griglia.h"
+#include "platform/qt/annuncio.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
 #include "platform/qt/scala.h"
@@ -89,7 +90,8 @@ platform::ComboBox* elenco_estrazioni(const QString& nome, const QString& scopo,
 QLabel* categoria(const QString& nome, const QString& titolo, int x, int largo, QWidget* padre) {
     etichetta(titolo, {x, 12, largo, 22}, padre, Qt::AlignHCenter)->setProperty("titolo", true);
     QLabel* quante = valore(nome, {x, 38, largo, 26}, padre, Qt::AlignHCenter);
-    quante->setAccessibleName(titolo);
+    // A number alone would be heard as the count.
+    quante->setAccessibleName(titolo.size() > 3 ? titolo : QStringLiteral("Punti ") + titolo);
     return quante;
 }
 
@@ -127,6 +129,8 @@ void frmspoglio::crea_sistema() {
     lblnomesistema = valore("lblnomesistema", {164, 14, 124, 24}, f, Qt::AlignLeft);
     etichetta(tr("Num. Comb. del Sistema"), {12, 44, 150, 24}, f);
     lblnumconb = valore("lblnumconb", {164, 44, 124, 24}, f, Qt::AlignRight);
+    lblnomesistema->setAccessibleName(tr("Nome del Sitema"));
+    lblnumconb->setAccessibleName(tr("Num. Comb. del Sistema"));
 }
 
 QLineEdit* frmspoglio::casella(const QString& nome, const QString& scopo, QRect dove,
@@ -240,6 +244,7 @@ void frmspoglio::crea_esito() {
     const int x_totale = x + 8 * passo + 4;
     lblvinc[0] = categoria(membro("lblvinc", 0), tr("Totale Comb. Vincenti"), x_totale,
                            Frame2->width() - x_totale - 10, Frame2);
+    platform::rendi_annuncio(lblvinc[0]);
     picprog1 = new QFrame(this);
     picprog1->setObjectName("picprog1");
     picprog1->setProperty("binario", true);

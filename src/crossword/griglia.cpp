@@ -22,9 +22,20 @@ int larghezza_griglia(int righe, int colonne) {
     return colonne * casella + (righe >= 11 ? 45 : 105);
 }
 
+platform::MSFlexGrid::Voce voce(const platform::MSFlexGrid& griglia, int riga, int colonna) {
+    QString nome = griglia.testo(riga, colonna);
+    QString dove = QStringLiteral("riga %1, colonna %2").arg(riga + 1).arg(colonna + 1);
+    // Not by its name: of a whole row its numbers alone are read.
+    if (nome.isEmpty()) dove.prepend(QStringLiteral("vuota, "));
+    // The colours that point out a number tell it to eyes alone.
+    if (griglia.sfondo(riga, colonna) != Qt::white) nome += QStringLiteral(", in evidenza");
+    return {nome, dove};
+}
+
 }  // namespace
 
 void forma_griglia(platform::MSFlexGrid* griglia, int colonne, int righe) {
+    griglia->leggi_celle([griglia](int r, int c) { return voce(*griglia, r, c); });
     griglia->set_Rows(righe);
     griglia->set_Cols(colonne);
     for (int i = 0; i < colonne; ++i) griglia->ColWidth(i, casella);

@@ -88,6 +88,7 @@ void arreda_lista(RiquadriCruciverba& r) {
     QLabel* titolo = platform::etichetta(Vista::tr("Numeri  in gioco"), {8, 205, 96, 16}, r.Frame5,
                                          Qt::AlignHCenter);
     r.lblngioco = platform::valore("lblngioco", {8, 222, 96, 22}, r.Frame5, Qt::AlignHCenter);
+    r.lblngioco->setAccessibleName(Vista::tr("Numeri in gioco"));
     // In a window that is higher than its width asks for, the list takes the height.
     platform::ancora({r.List1}, platform::Scala::alza);
     platform::ancora({titolo, r.lblngioco}, platform::Scala::segue_fondo);
@@ -280,9 +281,10 @@ void Vista::digita(int numero) {
     const Cella qui = cella_corrente();
     const QModelIndex cella = c_.MSFlexGrid1->model()->index(qui.riga, qui.colonna);
     const QPoint sotto = c_.MSFlexGrid1->visualRect(cella).bottomLeft();
-    QToolTip::showText(c_.MSFlexGrid1->viewport()->mapToGlobal(sotto),
-                       pulsante != nullptr ? pulsante->toolTip() : tr("I numeri vanno da 1 a 90."),
-                       c_.MSFlexGrid1);
+    const QString perche =
+        pulsante != nullptr ? pulsante->toolTip() : tr("I numeri vanno da 1 a 90.");
+    QToolTip::showText(c_.MSFlexGrid1->viewport()->mapToGlobal(sotto), perche, c_.MSFlexGrid1);
+    finestra_.annuncia(perche);
 }
 
 void Vista::rifai(bool indietro) {

@@ -7,6 +7,7 @@
 
 #include "app/finestra.h"
 #include "platform/application.h"
+#include "platform/qt/annuncio.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/pittura.h"
 #include "platform/qt/scala.h"
@@ -173,6 +174,7 @@ void Form3::HScroll1_Change() {
     rivedi();
     platform::set_Tag(HScroll1, QString::number(valore));
     lblpag[0]->setText(QString::number(valore));
+    platform::di(lblpag[0], tr("Pagina %1 di %2").arg(valore).arg(pagine_));
     if (pronto_) Command1->setFocus();
 }
 

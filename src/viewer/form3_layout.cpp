@@ -2,6 +2,7 @@
 #include <QHeaderView>
 
 #include "app/finestra.h"
+#include "platform/qt/annuncio.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
 #include "platform/qt/scala.h"
@@ -65,6 +66,8 @@ void Form3::crea_dati() {
                       membro("Label2", 1), {290, 14, 196, 24});
     lbltot = valore("lbltot", {488, 14, 93, 24}, Frame2);
     lbltot->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    lblsistema->setAccessibleName(Label2[0]->text());
+    lbltot->setAccessibleName(Label2[1]->text());
 }
 
 platform::ListView* Form3::lista(const QString& nome, QRect dove, const QString& scopo) {
@@ -137,6 +140,7 @@ void Form3::crea_pagina() {
     Label3[1] = posto(etichetta(tr("di"), {}, Frame2), membro("Label3", 1), {142, y, 24, 24});
     lblpag[1] = valore(membro("lblpag", 1), {166, y, 76, 24}, Frame2);
     for (QLabel* e : {Label3[1], lblpag[0], lblpag[1]}) e->setAlignment(Qt::AlignCenter);
+    platform::rendi_annuncio(lblpag[0]);
     Command1 = new QPushButton(tr("Esci"), Frame2);
     Command1->setObjectName("Command1");
     Command1->setGeometry(px(8715) - 96, y - 2, 96, 28);

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QVBoxLayout>
 
+#include "platform/qt/annuncio.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
 #include "platform/qt/scala.h"
@@ -49,6 +50,7 @@ frmcerca::frmcerca(Form3& visore)
     lbltrovate = platform::scritta(invito_, "invito", this);
     lbltrovate->setObjectName("lbltrovate");
     lbltrovate->setWordWrap(true);
+    platform::rendi_annuncio(lbltrovate);
     sotto->addWidget(lbltrovate);
     elenco = new platform::ListaVirtuale(*trovate_, this);
     elenco->setObjectName("elenco");
@@ -84,11 +86,11 @@ void frmcerca::cerca() {
     const auto cercati = leggi_cercati(platform::s(txtnumeri->text()));
     trovate_->posti = cercati ? visore_.cerca(*cercati) : std::vector<std::int32_t>();
     if (!cercati) {
-        lbltrovate->setText(tr("I numeri vanno da 1 a 90"));
+        platform::annuncia(lbltrovate, tr("I numeri vanno da 1 a 90"));
     } else if (cercati->none()) {
-        lbltrovate->setText(invito_);
+        platform::annuncia(lbltrovate, invito_);
     } else {
-        lbltrovate->setText(platform::q(trovate(trovate_->posti.size(), *cercati)));
+        platform::annuncia(lbltrovate, platform::q(trovate(trovate_->posti.size(), *cercati)));
     }
     elenco->aggiorna();
 }

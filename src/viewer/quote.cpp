@@ -20,26 +20,30 @@ Quote::Quote(systems::Sessione& sessione, RiquadroImporto& riquadro)
 void Quote::arreda() {
     const auto titolo = [this](const QString& testo, QRect dove) {
         platform::etichetta(testo, dove, r_.Frame6)->setProperty("titolo", true);
+        return testo;
     };
-    const auto cifra = [this](const char* nome, QRect dove) {
-        return platform::valore(nome, dove, r_.Frame6, Qt::AlignRight);
+    const auto cifra = [this](const QString& di_che_cosa, const char* nome, QRect dove) {
+        QLabel* e = platform::valore(nome, dove, r_.Frame6, Qt::AlignRight);
+        e->setAccessibleName(di_che_cosa);
+        return e;
     };
     const auto valuta = [this](int i, QRect dove) {
         QLabel* e = platform::etichetta(QString(), dove, r_.Frame6);
         e->setObjectName(platform::membro("lblvaluta", i));
         return e;
     };
-    titolo(app::Finestra::tr("Importo totale"), {12, 10, 88, 24});
-    r_.lblimportotot = cifra("lblimportotot", {104, 10, 108, 24});
+    const QString totale = titolo(app::Finestra::tr("Importo totale"), {12, 10, 88, 24});
+    r_.lblimportotot = cifra(totale, "lblimportotot", {104, 10, 108, 24});
     r_.lblvaluta[0] = valuta(0, {218, 10, 40, 24});
-    titolo(app::Finestra::tr("Quote"), {300, 10, 44, 24});
-    r_.lblnumquote = cifra("lblnumquote", {346, 10, 44, 24});
+    const QString quante = titolo(app::Finestra::tr("Quote"), {300, 10, 44, 24});
+    r_.lblnumquote = cifra(quante, "lblnumquote", {346, 10, 44, 24});
     r_.lblnumquote->setText("1");
     r_.UpDown2 = platform::posto(new platform::UpDown(r_.Frame6), "UpDown2", {392, 10, 20, 24});
     r_.UpDown2->setAccessibleName(app::Finestra::tr("Numero di quote"));
     r_.UpDown2->setToolTip(r_.UpDown2->accessibleName());
-    titolo(app::Finestra::tr("Importo di una quota"), {456, 10, 130, 24});
-    r_.lblquote = cifra("lblquote", {590, 10, 108, 24});
+    r_.UpDown2->setAccessibleDescription(app::Finestra::tr("Da 1 a 999"));
+    const QString una = titolo(app::Finestra::tr("Importo di una quota"), {456, 10, 130, 24});
+    r_.lblquote = cifra(una, "lblquote", {590, 10, 108, 24});
     r_.lblvaluta[1] = valuta(1, {704, 10, 40, 24});
 }
 

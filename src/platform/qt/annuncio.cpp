@@ -1,42 +1,87 @@
 #include "platform/qt/annuncio.h"
 
-#include <QAccessibleWidget>
+#include <QAccessible>
 
 #include "platform/qt/interfaccia.h"
+#include "platform/qt/scritta_parlata.h"
+#include "platform/qt/scrivania.h"
 
 namespace platform {
 
 namespace {
 
-class Notifica : public QAccessibleWidget {
-public:
-    explicit Notifica(Annuncio* riga)
-        : QAccessibleWidget(riga, QAccessible::Notification), riga_(riga) {}
-    /// Its tooltip is its text, which is not to be read twice.
-    [[nodiscard]] QString text(QAccessible::Text quale) const override {
-        return quale == QAccessible::Name ? riga_->text() : QString();
-    }
+constexpr const char* si_annuncia = "annuncio";
+constexpr const char* cosa = "annuncio_detto";
+constexpr const char* accanto_a = "annuncio_mostrato";
 
-private:
-    Annuncio* riga_;
-};
+void leggi(QLabel* riga, const QString& testo) {
+    if (scrivania().legge) {
+        scrivania().legge(testo);
+        return;
+    }
+    // Screen readers speak a notification when it comes into sight; to an alert Windows would add
+    // its sound, at each number that is laid.
+    QAccessibleEvent comparsa(riga, QAccessible::ObjectShow);
+    QAccessible::updateAccessibility(&comparsa);
+}
 
 }  // namespace
 
+ScrittaParlata::ScrittaParlata(QLabel* scritta)
+    : QAccessibleWidget(scritta, QAccessible::StaticText), scritta_(scritta) {}
+
+QAccessible::Role ScrittaParlata::role() const {
+    return scritta_->property(si_annuncia).toBool() ? QAccessible::Notification
+                                                    : QAccessible::StaticText;
+}
+
+QString ScrittaParlata::text(QAccessible::Text quale) const {
+    if (quale == QAccessible::Name) {
+        const QString detto = scritta_->property(cosa).toString();
+        if (!detto.isEmpty() && scritta_->property(accanto_a) == scritta_->text()) return detto;
+        QStringList parti{scritta_->accessibleName(), scritta_->text()};
+        parti.removeAll(QString());
+        return parti.join(": ");
+    }
+    const QString testo = QAccessibleWidget::text(quale);
+    // A tooltip that is the text is not to be read twice.
+    return testo == scritta_->text() ? QString() : testo;
+}
+
+void parla_per_scritte() {
+    parla_per<QLabel, ScrittaParlata>([](const QLabel& scritta) {
+        return qobject_cast<const EtichettaValore*>(&scritta) != nullptr ||
+               scritta.property(si_annuncia).toBool();
+    });
+}
+
+void rendi_annuncio(QLabel* riga) {
+    riga->setProperty(si_annuncia, true);
+    parla_per_scritte();
+}
+
+bool annuncia(QLabel* riga, const QString& testo) {
+    if (riga->text() == testo) return false;
+    riga->setText(testo);
+    if (!riga->isVisible() || testo.isEmpty()) return false;
+    leggi(riga, testo);
+    return true;
+}
+
+void di(QLabel* riga, const QString& detto) {
+    riga->setProperty(cosa, detto);
+    riga->setProperty(accanto_a, riga->text());
+    if (riga->isVisible()) leggi(riga, detto);
+}
+
 Annuncio::Annuncio(QWidget* padre) : EtichettaValore(padre) {
-    parla_per<Annuncio, Notifica>();
+    rendi_annuncio(this);
 }
 
 void Annuncio::annuncia(const QString& testo) {
-    if (text() == testo) return;
-    setText(testo);
+    const bool sentito = platform::annuncia(this, testo);
     setToolTip(testo);
-    if (!isVisible() || testo.isEmpty()) return;
-    // Screen readers speak a notification when it comes into sight; to an alert Windows would add
-    // its sound, at each number that is laid.
-    QAccessibleEvent comparsa(this, QAccessible::ObjectShow);
-    QAccessible::updateAccessibility(&comparsa);
-    Q_EMIT detto(testo);
+    if (sentito) Q_EMIT detto(testo);
 }
 
 }  // namespace platform

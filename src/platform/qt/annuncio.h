@@ -1,11 +1,21 @@
-// A line that is read out as it changes.
+// Texts that are read out as they change.
 #pragma once
 
 #include "platform/qt/controls.h"
 
 namespace platform {
 
-/// To assistive programs a notification, which they read out without the focus on it.
+/// Makes a label one of which assistive programs hear the texts without the focus on it; called
+/// before anybody asks who speaks for it.
+void rendi_annuncio(QLabel* riga);
+/// Shows a text on such a label; one that is seen is read out, unless it stood there already.
+/// False when it stood there or is not seen.
+bool annuncia(QLabel* riga, const QString& testo);
+/// Reads out more than such a label shows, or something else, once more too; it counts for the
+/// label until its text changes.
+void di(QLabel* riga, const QString& detto);
+
+/// A value that is read out as it changes.
 class Annuncio : public EtichettaValore {
     Q_OBJECT
 public:

@@ -14,6 +14,7 @@
 #include "platform/qt/disegno.h"
 #include "platform/qt/interfaccia.h"
 #include "platform/qt/scala.h"
+#include "platform/qt/scritta_parlata.h"
 #include "platform/qt/tasti.h"
 
 namespace platform {
@@ -60,6 +61,48 @@ public:
 
 private:
     ComboBox* elenco_;
+};
+
+/// A picture that Tab passes by does nothing: it is looked at.
+class Figura : public QAccessibleWidget {
+public:
+    explicit Figura(Image* immagine)
+        : QAccessibleWidget(immagine, QAccessible::Button), immagine_(immagine) {}
+    [[nodiscard]] QAccessible::Role role() const override {
+        return immagine_->focusPolicy() == Qt::NoFocus ? QAccessible::Graphic : QAccessible::Button;
+    }
+    [[nodiscard]] QString text(QAccessible::Text quale) const override {
+        const QString testo = QAccessibleWidget::text(quale);
+        // The tooltip of a picture is its name, which is not to be read twice.
+        const bool gia_detto = quale == QAccessible::Description && testo == immagine_->toolTip();
+        return gia_detto ? QString() : testo;
+    }
+    [[nodiscard]] QAccessible::State state() const override {
+        QAccessible::State stato = QAccessibleWidget::state();
+        stato.pressed = immagine_->isDown();
+        return stato;
+    }
+    [[nodiscard]] QStringList actionNames() const override {
+        return (role() == QAccessible::Button ? QStringList{pressAction()} : QStringList{}) +
+               QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& azione) override {
+        // By a timer: a box that the command opens must not keep who asks waiting.
+        if (azione == pressAction()) {
+            if (immagine_->isEnabled()) immagine_->animateClick();
+            return;
+        }
+        QAccessibleWidget::doAction(azione);
+    }
+
+private:
+    Image* immagine_;
+};
+
+/// A panel groups what stands on it; the system's own word for a frame is a window.
+class Gruppo : public QAccessibleWidget {
+public:
+    explicit Gruppo(Frame* riquadro) : QAccessibleWidget(riquadro, QAccessible::Grouping) {}
 };
 
 /// Items whose explanation is made when somebody asks for it.
@@ -241,6 +284,7 @@ Image::Image(const QString& risorsa, QSize misura, QWidget* padre)
       misura_(misura),
       riposo_(Qt::transparent),
       sopra_(Qt::transparent) {
+    parla_per<Image, Figura>();
     setFocusPolicy(Qt::TabFocus);
     setAutoFillBackground(false);
     connect(this, &QAbstractButton::pressed, this, [this] { update(); });
@@ -314,6 +358,10 @@ void Image::paintEvent(QPaintEvent* /*evento*/) {
     }
 }
 
+EtichettaValore::EtichettaValore(QWidget* padre) : QLabel(padre) {
+    parla_per_scritte();
+}
+
 void EtichettaValore::paintEvent(QPaintEvent* evento) {
     const int largo = fontMetrics().horizontalAdvance(text());
     const int m = margin();
@@ -336,6 +384,7 @@ void EtichettaValore::paintEvent(QPaintEvent* evento) {
 }
 
 Frame::Frame(const QString& didascalia, QWidget* padre) : QFrame(padre), didascalia_(didascalia) {
+    parla_per<Frame, Gruppo>();
     setAccessibleName(didascalia.trimmed());
 }
 

@@ -113,11 +113,12 @@ private:
 };
 
 /// Label of one line that narrows its letters, and then says with dots that it has more to tell,
-/// where the text is too long: an amount without its first digits would be another amount.
+/// where the text is too long: an amount without its first digits would be another amount. Its
+/// accessible name says what the value is of.
 class EtichettaValore : public QLabel {
     Q_OBJECT
 public:
-    using QLabel::QLabel;
+    explicit EtichettaValore(QWidget* padre = nullptr);
 
 protected:
     void paintEvent(QPaintEvent* evento) override;

@@ -11,6 +11,7 @@
 #include <QtMath>
 
 #include "platform/qt/desktop.h"
+#include "platform/qt/fuoco.h"
 #include "platform/qt/scala.h"
 
 namespace platform {
@@ -89,6 +90,22 @@ private:
     MSFlexGrid* griglia_;
 };
 
+/// Cell that is told as its grid says.
+class Casella : public QTableWidgetItem {
+public:
+    explicit Casella(const MSFlexGrid* griglia) : griglia_(griglia) {}
+    [[nodiscard]] QVariant data(int ruolo) const override {
+        if (ruolo == Qt::AccessibleTextRole) return griglia_->voce_cella(row(), column()).nome;
+        if (ruolo == Qt::AccessibleDescriptionRole) {
+            return griglia_->voce_cella(row(), column()).dove;
+        }
+        return QTableWidgetItem::data(ruolo);
+    }
+
+private:
+    const MSFlexGrid* griglia_;
+};
+
 }  // namespace
 
 MSFlexGrid::MSFlexGrid(QWidget* padre) : QTableWidget(padre) {
@@ -125,10 +142,13 @@ void MSFlexGrid::set_Cols(int colonne) {
 }
 
 void MSFlexGrid::completa_voci() {
+    // Numbers of hidden headers would be read out before each cell.
+    setHorizontalHeaderLabels(QStringList(columnCount(), QStringLiteral("")));
+    setVerticalHeaderLabels(QStringList(rowCount(), QStringLiteral("")));
     for (int r = 0; r < rowCount(); ++r) {
         for (int c = 0; c < columnCount(); ++c) {
             if (item(r, c) != nullptr) continue;
-            auto* nuova = new QTableWidgetItem;
+            auto* nuova = new Casella(this);
             nuova->setBackground(Qt::white);
             nuova->setTextAlignment(Qt::AlignCenter);
             setItem(r, c, nuova);
@@ -166,6 +186,10 @@ void MSFlexGrid::set_Text(const QString& testo) {
 QString MSFlexGrid::testo(int riga, int colonna) const {
     const QTableWidgetItem* v = riga < 0 || colonna < 0 ? nullptr : item(riga, colonna);
     return v != nullptr ? v->text() : QString();
+}
+
+MSFlexGrid::Voce MSFlexGrid::voce_cella(int riga, int colonna) const {
+    return voci_ ? voci_(riga, colonna) : Voce{testo(riga, colonna), {}};
 }
 
 void MSFlexGrid::set_testo(int riga, int colonna, const QString& testo) {
@@ -258,7 +282,12 @@ void MSFlexGrid::CellAlignment(Qt::Alignment verso) {
 }
 
 void MSFlexGrid::currentChanged(const QModelIndex& ora, const QModelIndex& prima) {
-    QTableWidget::currentChanged(ora, prima);
+    // The table's own says that the keyboard is here, even where it is elsewhere.
+    if (hasFocus()) {
+        QTableWidget::currentChanged(ora, prima);
+    } else {
+        QAbstractItemView::currentChanged(ora, prima);
+    }
     if (da_codice_ || !ora.isValid()) return;
     riga_ = ora.row();
     colonna_ = ora.column();
@@ -306,6 +335,11 @@ void MSFlexGrid::inputMethodEvent(QInputMethodEvent* evento) {
     // A keyboard on the screen writes texts, not keys; the view would search its cells for them.
     for (const QChar c : evento->commitString()) Q_EMIT KeyPress(c.unicode());
     evento->accept();
+}
+
+void MSFlexGrid::focusInEvent(QFocusEvent* evento) {
+    QTableWidget::focusInEvent(evento);
+    di_corrente(*this);
 }
 
 void MSFlexGrid::focusOutEvent(QFocusEvent* evento) {

@@ -1,6 +1,8 @@
 // Grid of texts with a current cell on which the cell properties act.
 #pragma once
 
+#include <functional>
+
 #include <QTableWidget>
 
 class QScrollBar;
@@ -58,6 +60,14 @@ public:
     void illumina(const QList<QPoint>& celle, const QList<QPoint>& indicate);
     [[nodiscard]] const QList<QPoint>& illuminate() const { return illuminate_; }
     [[nodiscard]] const QList<QPoint>& indicate() const { return indicate_; }
+    /// What those hear of a cell who do not see it.
+    struct Voce {
+        QString nome;  ///< what stands in it
+        QString dove;  ///< where it stands, or what it is of
+    };
+    /// Asked whenever somebody wants to hear of a cell; without it a cell is its text.
+    void leggi_celle(std::function<Voce(int riga, int colonna)> voce) { voci_ = std::move(voce); }
+    [[nodiscard]] Voce voce_cella(int riga, int colonna) const;
     /// Puts the vertical scroll bar outside, on the right, so that it covers no column.
     void barra_esterna();
 
@@ -76,6 +86,7 @@ protected:
     void mousePressEvent(QMouseEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
     void inputMethodEvent(QInputMethodEvent* evento) override;
+    void focusInEvent(QFocusEvent* evento) override;
     void focusOutEvent(QFocusEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;
     void moveEvent(QMoveEvent* evento) override;
@@ -89,6 +100,7 @@ private:
     void sistema_barra();
     void misura_celle();
 
+    std::function<Voce(int, int)> voci_;
     QString digitato_;
     QList<int> larghezze_;  ///< of the columns, in pixels at 100 %
     QList<int> altezze_;

@@ -9,6 +9,7 @@
 #include <QSignalBlocker>
 
 #include "platform/qt/desktop.h"
+#include "platform/qt/fuoco.h"
 #include "platform/qt/scala.h"
 #include "platform/runtime.h"
 
@@ -175,6 +176,21 @@ void ListView::resizeEvent(QResizeEvent* evento) {
 bool ListView::event(QEvent* evento) {
     if (evento->type() == Scala::cambiata()) misura_colonne();
     return QTreeWidget::event(evento);
+}
+
+void ListView::currentChanged(const QModelIndex& ora, const QModelIndex& prima) {
+    if (hasFocus()) {
+        QTreeWidget::currentChanged(ora, prima);
+        return;
+    }
+    // The tree's own says that the keyboard is here; beside that it paints the two rows.
+    QAbstractItemView::currentChanged(ora, prima);
+    viewport()->update();
+}
+
+void ListView::focusInEvent(QFocusEvent* evento) {
+    QTreeWidget::focusInEvent(evento);
+    di_corrente(*this);
 }
 
 void ListView::contextMenuEvent(QContextMenuEvent* evento) {

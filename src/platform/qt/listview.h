@@ -64,6 +64,8 @@ Q_SIGNALS:
     void TastoDestro(const QPoint& dove);
 
 protected:
+    void currentChanged(const QModelIndex& ora, const QModelIndex& prima) override;
+    void focusInEvent(QFocusEvent* evento) override;
     bool event(QEvent* evento) override;
     void drawRow(QPainter* pittore, const QStyleOptionViewItem& opzione,
                  const QModelIndex& indice) const override;

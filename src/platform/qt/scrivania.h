@@ -22,6 +22,8 @@ struct Messaggio;
 struct Scrivania {
     /// Answers in place of the message boxes.
     std::function<int(const Messaggio&)> risponde;
+    /// Reads texts out in place of the screen reader.
+    std::function<void(const QString& testo)> legge;
     /// Shows a document in place of the desktop's programs; false when it could not.
     std::function<bool(const QString& documento)> apre;
 
