@@ -190,7 +190,8 @@ TEST_F(DifeseArchivio, NelloZipICompagniSenzaEstrazioniSiLascianoDaParte) {
     EXPECT_EQ(r.lasciati[0].file, zip + ":leggimi.txt");
     const auto righe = in_righe(r);
     EXPECT_TRUE(std::any_of(righe.begin(), righe.end(), [&](const std::string& riga) {
-        return riga.starts_with("Lasciato da parte: " + zip + ":leggimi.txt: ");
+        return riga.starts_with("Lasciato da parte: " + platform::da_mostrare(zip) +
+                                ":leggimi.txt: ");
     }));
     // Alone they are no archive of draws.
     const Rapporto solo =

@@ -43,8 +43,8 @@ protected:
 TEST_F(RidottiAdotta, PrendeIlPrimoNumeroLiberoELeListeLaOffrono) {
     // In any order of rows.
     EXPECT_EQ(adotta({mia("3,4,5\n1,2,4\n1,2,5\n1,4,5\n2,3,4\n1,2,3\n")}), 0);
-    EXPECT_EQ(uscita(), tabelle() +
-                            "/tr0570.rid: 6 righe di 3 su 5 numeri; con 4 estratti almeno una riga "
+    EXPECT_EQ(uscita(), platform::da_mostrare(tabelle() + "/tr0570.rid") +
+                            ": 6 righe di 3 su 5 numeri; con 4 estratti almeno una riga "
                             "con 3 numeri indovinati (terno): VALE\n");
     EXPECT_EQ(adottata("tr0570.rid"), ambi_di_5);
     EXPECT_EQ(adotta({mia(ambi_di_5 + "1,3,4\r\n")}), 0);
@@ -134,8 +134,9 @@ TEST_F(RidottiAdotta, QuelloCheNonValeERifiutatoColPerche) {
         return errori();
     };
     const std::string file = cartella_.file("mia.rid");
+    const std::string detto = platform::da_mostrare(file);
     EXPECT_EQ(rifiutata({"--garanzia", "2:2", mia("1,2,3\r\n3,4,5\r\n")}, 1),
-              "ridotti: " + platform::da_mostrare(file) +
+              "ridotti: " + detto +
                   ": non vale con 2 estratti almeno una riga con 2 numeri indovinati (ambo): 4 "
                   "casi scoperti, il primo è 1,4\n");
     EXPECT_EQ(rifiutata({"--garanzia", "2:3", mia(ambi_di_5)}, 2),
@@ -143,23 +144,20 @@ TEST_F(RidottiAdotta, QuelloCheNonValeERifiutatoColPerche) {
     EXPECT_EQ(rifiutata({"--garanzia", "4:2:2", mia(ambi_di_5)}, 2),
               "ridotti: --garanzia vuole p:t: \"4:2:2\" non lo è\n");
     EXPECT_EQ(rifiutata({"--garanzia", "6:2", mia(ambi_di_5)}, 1),
-              "ridotti: " + platform::da_mostrare(file) + ": non si estraggono 6 numeri su 5\n");
+              "ridotti: " + detto + ": non si estraggono 6 numeri su 5\n");
     EXPECT_EQ(rifiutata({"--numeri", "15", mia("1,2,3,4,5\r\n")}, 1),
-              "ridotti: " + platform::da_mostrare(file) + ": non garantisce nulla\n");
+              "ridotti: " + detto + ": non garantisce nulla\n");
     EXPECT_EQ(rifiutata({mia("1,2,3\r\n1,2\r\n3,2,1\r\n")}, 2),
-              file + ":2: 2 posizioni invece di 3\n" + file +
+              detto + ":2: 2 posizioni invece di 3\n" + detto +
                   ":3: posizioni non crescenti: dopo 3 viene 2\n");
-    EXPECT_EQ(rifiutata({mia("1,2,3\r\n1,2,3\r\n")}, 2), file + ":2: ripete la riga 1\n");
-    EXPECT_EQ(rifiutata({mia("")}, 2), file + ":1: il file è vuoto\n");
-    EXPECT_EQ(
-        rifiutata({mia("1,2\r\n2,3\r\n")}, 1),
-        "ridotti: " + platform::da_mostrare(file) + ": nessun gioco ha combinazioni di 2 numeri\n");
+    EXPECT_EQ(rifiutata({mia("1,2,3\r\n1,2,3\r\n")}, 2), detto + ":2: ripete la riga 1\n");
+    EXPECT_EQ(rifiutata({mia("")}, 2), detto + ":1: il file è vuoto\n");
+    EXPECT_EQ(rifiutata({mia("1,2\r\n2,3\r\n")}, 1),
+              "ridotti: " + detto + ": nessun gioco ha combinazioni di 2 numeri\n");
     EXPECT_EQ(rifiutata({mia("1,2,3,4,5,6\r\n")}, 1),
-              "ridotti: " + platform::da_mostrare(file) +
-                  ": una linea di 6 numeri non si riduce: vanno da 7 a 15\n");
+              "ridotti: " + detto + ": una linea di 6 numeri non si riduce: vanno da 7 a 15\n");
     EXPECT_EQ(rifiutata({mia("1,2,16\r\n")}, 1),
-              "ridotti: " + platform::da_mostrare(file) +
-                  ": una linea di 16 numeri non si riduce: vanno da 5 a 15\n");
+              "ridotti: " + detto + ": una linea di 16 numeri non si riduce: vanno da 5 a 15\n");
     EXPECT_EQ(rifiutata({cartella_.file("assente.rid")}, 2),
               platform::da_mostrare(cartella_.file("assente.rid")) + ": il file non esiste\n");
     EXPECT_EQ(rifiutata({}, 2), "ridotti: manca il nome della tabella\n");
@@ -167,7 +165,8 @@ TEST_F(RidottiAdotta, QuelloCheNonValeERifiutatoColPerche) {
     EXPECT_EQ(rifiutata({"--numeri", "0", mia(ambi_di_5)}, 2),
               "ridotti: --numeri vuole un numero: \"0\" non lo è\n");
     EXPECT_EQ(rifiutata({"--cartella", "/non/esiste", file}, 2),
-              "ridotti: la cartella delle tabelle non c'è: /non/esiste\n");
+              "ridotti: la cartella delle tabelle non c'è: " +
+                  platform::da_mostrare("/non/esiste") + "\n");
 }
 
 TEST_F(RidottiAdotta, FinitiINumeriLoDice) {

@@ -117,10 +117,10 @@ TEST_F(Ridotti, VerificaProvaQuelloCheIlNomeDichiara) {
     const Risposta risposta = esegui({"verifica", spedita("cr0904"), spedita("cr1104")});
     EXPECT_EQ(risposta.codice, 0);
     EXPECT_EQ(risposta.uscita,
-              spedita("cr0904") +
+              platform::da_mostrare(spedita("cr0904")) +
                   ": 12 righe di 6 su 9 numeri; con 4 estratti almeno una riga con 4 numeri "
                   "indovinati (quaterna): VALE\n" +
-                  spedita("cr1104") +
+                  platform::da_mostrare(spedita("cr1104")) +
                   ": 66 righe di 6 su 11 numeri; con 4 estratti almeno 3 righe con 4 numeri "
                   "indovinati (quaterna): VALE\n");
     EXPECT_EQ(risposta.errori, "");
@@ -130,7 +130,7 @@ TEST_F(Ridotti, VerificaLeggeDalNomeLaGaranziaDiUnaEconomica) {
     const Risposta della_suite = esegui({"verifica", spedita("cr0956")});
     EXPECT_EQ(della_suite.codice, 0) << della_suite.errori;
     EXPECT_EQ(della_suite.uscita,
-              spedita("cr0956") +
+              platform::da_mostrare(spedita("cr0956")) +
                   ": 7 righe di 6 su 9 numeri; con 6 estratti almeno una riga con 5 numeri "
                   "indovinati (cinquina): VALE\n");
     // Under a suite's number the name holds, whatever else the rows are sure of.
@@ -138,14 +138,14 @@ TEST_F(Ridotti, VerificaLeggeDalNomeLaGaranziaDiUnaEconomica) {
     const Risposta non_vale = esegui({"verifica", monca});
     EXPECT_EQ(non_vale.codice, 1);
     EXPECT_EQ(non_vale.uscita,
-              monca +
+              platform::da_mostrare(monca) +
                   ": 5 righe di 3 su 5 numeri; con 2 estratti almeno una riga con "
                   "2 numeri indovinati (ambo): NON VALE, 1 caso scoperto\n  3,5\n");
     // Under one of the player's own it is what the lists tell of it.
     const std::string propria = tabella("tr0571.rid", "1,2,3\n");
     const Risposta tre = esegui({"verifica", propria});
     EXPECT_EQ(tre.codice, 0) << tre.errori;
-    EXPECT_EQ(tre.uscita, propria +
+    EXPECT_EQ(tre.uscita, platform::da_mostrare(propria) +
                               ": 1 riga di 3 su 5 numeri; con 5 estratti almeno una riga con 3 "
                               "numeri indovinati (terno): VALE\n");
 }
@@ -158,7 +158,7 @@ TEST_F(Ridotti, VerificaElencaIBuchi) {
     const Risposta risposta = esegui({"verifica", file});
     EXPECT_EQ(risposta.codice, 1);
     EXPECT_EQ(risposta.uscita,
-              file +
+              platform::da_mostrare(file) +
                   ": 6 righe di 3 su 7 numeri; con 2 estratti almeno una riga con 2 numeri "
                   "indovinati (ambo): NON VALE, 3 casi scoperti\n  4,6\n  4,7\n  6,7\n");
 }
@@ -197,7 +197,7 @@ TEST_F(Ridotti, TabelleGuasteConLaRiga) {
     EXPECT_EQ(errore(buona + "3,2,1\r\n"), ":8: posizioni non crescenti: dopo 3 viene 2\n");
     EXPECT_EQ(errore(""), ":1: il file è vuoto\n");
     EXPECT_EQ(esegui({"verifica", "/non/esiste.rid"}).errori,
-              "/non/esiste.rid: il file non esiste\n");
+              platform::da_mostrare("/non/esiste.rid") + ": il file non esiste\n");
     EXPECT_EQ(esegui({"verifica", cartella_.programma()}).codice, 2);
 }
 
@@ -208,7 +208,8 @@ TEST_F(Ridotti, SenzaUltimaFineDiRigaAvvisaEProva) {
     const Risposta risposta = esegui({"verifica", file});
     EXPECT_EQ(risposta.codice, 0);
     EXPECT_EQ(risposta.errori,
-              file + ":7: avviso: manca la fine dell'ultima riga: il file può essere tronco\n");
+              platform::da_mostrare(file) +
+                  ":7: avviso: manca la fine dell'ultima riga: il file può essere tronco\n");
 }
 
 TEST_F(Ridotti, IlCodiceDiUscitaEIlPeggiore) {
@@ -236,7 +237,7 @@ TEST_F(Ridotti, VerificaInJson) {
 TEST_F(Ridotti, VinciteDiUnaTabellaPropria) {
     const std::string mia = tabella("mia.rid", "1,2\n3,4\n");
     EXPECT_EQ(esegui({"vincite", mia}).uscita,
-              mia +
+              platform::da_mostrare(mia) +
                   ": 2 righe di 2 su 4 numeri\n\n"
                   "Con 1 estratto (4 casi): sempre almeno una riga con 1 numero indovinato\n"
                   "  indovinati  casi in cui è il massimo   su cento   righe in media\n"

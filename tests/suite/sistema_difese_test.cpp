@@ -143,7 +143,7 @@ TEST_F(Sistema, UnoGuastoNonFermaGliAltri) {
     }
     const Detto detto = comando({"conta", a, x, b});
     EXPECT_EQ(detto.codice, 1);
-    EXPECT_NE(detto.uscita.find(b), std::string::npos);
+    EXPECT_NE(detto.uscita.find(platform::da_mostrare(b)), std::string::npos);
     EXPECT_TRUE(
         detto.errori.starts_with("sistema: " + platform::da_mostrare(x) + ": il file è guasto"));
 }
