@@ -22,7 +22,10 @@ void Archiviatore::offri_ripresa() {
                 "salvataggio.\n%1 e conteneva %2.\n\nRiprenderlo?")
                 .arg(quale, interrotto->numeri == 1 ? QStringLiteral("un numero")
                                                     : QString("%1 numeri").arg(interrotto->numeri));
-        if (MsgBox(&finestra_, {testo, Pulsanti::si_no, "Tabellino"}) == platform::vbYes) {
+        platform::Messaggio domanda{testo, Pulsanti::si_no, "Tabellino"};
+        // Closed in a hurry, the numbers would be gone for good.
+        domanda.lasciata_vale_si = true;
+        if (MsgBox(&finestra_, domanda) == platform::vbYes) {
             ripresa_.riprendi();
         } else {
             ripresa_.dimentica();

@@ -67,6 +67,20 @@ TEST_F(RipresaForm, ANameOfAnyLettersAndASingleNumberAreTold) {
     EXPECT_TRUE(mostrati[0].testo.contains("del sistema a%2b e conteneva un numero."));
 }
 
+TEST_F(RipresaForm, LasciataSenzaRispostaNonPerdeNulla) {
+    interrompi();
+    const auto scritta = platform::scrivania().risponde;
+    bool vale_si = false;
+    platform::scrivania().risponde = [&](const platform::Messaggio& m) {
+        vale_si = m.lasciata_vale_si;
+        return platform::vbYes;
+    };
+    p.form1.offri_ripresa();
+    EXPECT_TRUE(vale_si);
+    EXPECT_EQ(p.form1.MSFlexGrid1->testo(0, 0), "7");
+    platform::scrivania().risponde = scritta;
+}
+
 TEST_F(RipresaForm, RefusedItIsForgotten) {
     interrompi();
     p.risposte = {support::vbNo};

@@ -180,15 +180,16 @@ int MsgBox(QWidget* padre, const Messaggio& messaggio) {
     } else {
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         if (messaggio.pulsanti == Pulsanti::si_no_annulla) {
-            box.addButton(QMessageBox::Cancel)->setText(QStringLiteral("Annulla"));
+            box.addButton(QMessageBox::Cancel)->setText(QStringLiteral("&Annulla"));
         }
         box.button(QMessageBox::Yes)->setText(QStringLiteral("&Sì"));
         box.button(QMessageBox::No)->setText(QStringLiteral("&No"));
         box.setDefaultButton(QMessageBox::Yes);
+        if (messaggio.lasciata_vale_si) box.setEscapeButton(QMessageBox::Yes);
     }
     QList<QAbstractButton*> altri;
     for (const QString& testo : messaggio.altri) {
-        altri << box.addButton(testo, QMessageBox::ActionRole);
+        altri << box.addButton("&" + testo, QMessageBox::ActionRole);
     }
     if (!altri.isEmpty()) box.setDefaultButton(qobject_cast<QPushButton*>(altri.first()));
     if (sopra) caratteri_come(&box, padre);

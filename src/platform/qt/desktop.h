@@ -28,6 +28,9 @@ struct Messaggio {
     Icona icona = Icona::nessuna;
     /// Captions of buttons of its own, before "OK"; the first is the default.
     QStringList altri = {};
+    /// A question that is left without an answer, by Escape or the close box, counts as "Sì", where
+    /// a "No" would take something away.
+    bool lasciata_vale_si = false;
 };
 
 /// Shows a modal box over `padre` (may be null) and returns the answer. Every box of the program
