@@ -70,6 +70,20 @@ TEST_F(SpiegazioniForm, TheLineStandsWhileTheListHasTheFocus) {
     EXPECT_EQ(riga(), "");
 }
 
+TEST_F(SpiegazioniForm, DopoUnMessaggioLaRigaDiceComEAndata) {
+    p.form1.Combo4->setFocus();
+    QFocusEvent via(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+    QApplication::sendEvent(p.form1.Combo4, &via);
+    p.form1.mostra_esito("Nessuno sviluppo: il disco non lo ha accettato");
+    QFocusEvent torna(QEvent::FocusIn, Qt::ActiveWindowFocusReason);
+    QApplication::sendEvent(p.form1.Combo4, &torna);
+    EXPECT_EQ(riga(), "");
+    EXPECT_TRUE(p.form1.lblpasso->isVisible());
+    EXPECT_EQ(p.form1.lblpasso->text(), "Nessuno sviluppo: il disco non lo ha accettato");
+    QTest::keyClick(p.form1.Combo4, Qt::Key_Down);
+    EXPECT_TRUE(riga().startsWith("4 sestine, 14,3 %")) << riga().toStdString();
+}
+
 TEST_F(SpiegazioniForm, TheLineFollowsTheOpenList) {
     p.form1.Combo4->showPopup();
     QApplication::processEvents();

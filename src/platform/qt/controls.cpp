@@ -239,7 +239,9 @@ void ComboBox::hidePopup() {
 
 void ComboBox::focusInEvent(QFocusEvent* evento) {
     QComboBox::focusInEvent(evento);
-    if (spiegazione_) Q_EMIT Spiegato(spiegazione(currentIndex()));
+    // Behind a box that is put away stands what the box, or the job before it, came to.
+    const bool riaperta = evento->reason() == Qt::ActiveWindowFocusReason;
+    if (spiegazione_ && !riaperta) Q_EMIT Spiegato(spiegazione(currentIndex()));
 }
 
 void ComboBox::focusOutEvent(QFocusEvent* evento) {
