@@ -352,7 +352,7 @@ TEST_F(Disk, ACopyOntoItselfInAnotherCaseLeavesTheFile) {
 }
 
 TEST_F(Disk, ANameForPeopleCommandsNoTerminal) {
-    EXPECT_EQ(da_mostrare("è/a\x1b[2J.sen"), "è/a\\x1B[2J.sen");
+    EXPECT_EQ(da_mostrare("èa\x1b[2J.sen"), "èa\\x1B[2J.sen");
     EXPECT_EQ(da_mostrare("\xE8.sen"), "\\xE8.sen");
 }
 
