@@ -105,6 +105,12 @@ TEST_P(Aspetti, LeRigheDelVisoreVannoDaBordoABordo) {
         EXPECT_EQ(fine(1, bordo), fine(1, colonne - 2));
         EXPECT_EQ(fine(0, bordo), fine(0, colonne - 2));
         EXPECT_NE(fine(1, bordo), fine(0, bordo));
+        // Chosen as the search shows what it found.
+        l->topLevelItem(0)->setSelected(true);
+        const QImage scelta = l->viewport()->grab().toImage();
+        const int y = l->visualRect(l->model()->index(0, 1)).top() + 2;
+        EXPECT_EQ(scelta.pixelColor(bordo, y), scelta.pixelColor(colonne - 2, y));
+        EXPECT_NE(scelta.pixelColor(bordo, y), vista.pixelColor(bordo, y));
     }
     f->close();
 }

@@ -36,8 +36,9 @@ void dipingi_resto(const QAbstractItemView* lista, QPainter* pittore, QRect dove
     opzione.viewItemPosition = QStyleOptionViewItem::End;
     const bool altra = lista->alternatingRowColors() && riga % 2 == 1;
     if (altra) opzione.features |= QStyleOptionViewItem::Alternate;
-    opzione.state.setFlag(QStyle::State_Selected,
-                          lista->selectionModel()->isRowSelected(riga, lista->rootIndex()));
+    const QAbstractItemModel* m = lista->model();
+    const QModelIndex ultima = m->index(riga, m->columnCount() - 1);
+    opzione.state.setFlag(QStyle::State_Selected, lista->selectionModel()->isSelected(ultima));
     opzione.state &= ~(QStyle::State_HasFocus | QStyle::State_MouseOver);
     lista->style()->drawPrimitive(QStyle::PE_PanelItemViewRow, &opzione, pittore, lista);
     lista->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &opzione, pittore, lista);
