@@ -22,7 +22,7 @@ using platform::s;
 
 namespace {
 
-constexpr int larghezza = 560;
+constexpr int larghezza = 640;
 constexpr int altezza = 420;
 constexpr int margine = 12;
 
@@ -93,8 +93,10 @@ Finestra::Finestra(std::string archivio, const std::string& gioco)
     txtrapporto->setReadOnly(true);
     txtrapporto->setGeometry(margine, 240, largo, 136);
     // A label, since the box's own hint is too pale to read.
-    auto* invito =
-        new QLabel("Il rapporto dell'importazione apparirà qui.", txtrapporto->viewport());
+    auto* invito = new QLabel(
+        "Il rapporto dell'importazione apparirà qui.\nQuali file si leggono lo dice "
+        "la guida, alla pagina «L'archivio delle estrazioni».",
+        txtrapporto->viewport());
     invito->setObjectName("lblinvito");
     invito->setProperty("invito", true);
     invito->setAttribute(Qt::WA_TransparentForMouseEvents);

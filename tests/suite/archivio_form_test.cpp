@@ -67,6 +67,10 @@ TEST_F(FinestraArchivio, IlDimostrativoSiChiamaCosi) {
     ASSERT_TRUE(importazione::salva(archivio_, importazione::dimostrativo()));
     Finestra f(archivio_);
     EXPECT_TRUE(f.lblstato->text().contains("archivio dimostrativo"));
+    // Each game on a line of its own.
+    for (const QString& riga : f.lblstato->text().split('\n')) {
+        EXPECT_LT(f.lblstato->fontMetrics().horizontalAdvance(riga), f.lblstato->width() - 20);
+    }
 }
 
 TEST_F(FinestraArchivio, ScegliereIFileLiImportaEMostraIlRapporto) {
