@@ -22,7 +22,7 @@ using platform::s;
 
 namespace {
 
-constexpr int larghezza = 640;
+constexpr int larghezza = 632;
 constexpr int altezza = 420;
 constexpr int margine = 12;
 
