@@ -123,7 +123,7 @@ void Riepilogo::mostra_tipi() {
     for (std::size_t i = 0; i < liste.size(); ++i) {
         const auto quale = static_cast<Elenco>(i + 1);
         QStringList voci;
-        for (const std::string& tipo : sessione_.tipi(quale)) voci << platform::q(tipo);
+        for (const std::string& voce : sessione_.tipi(quale)) voci << platform::q(voce);
         liste[i]->elenca(voci, sessione_.tipo(quale));
     }
 }

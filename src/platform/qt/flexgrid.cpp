@@ -286,7 +286,7 @@ void MSFlexGrid::currentChanged(const QModelIndex& ora, const QModelIndex& prima
     if (hasFocus()) {
         QTableWidget::currentChanged(ora, prima);
     } else {
-        QAbstractItemView::currentChanged(ora, prima);
+        QAbstractItemView::currentChanged(ora, prima);  // NOLINT(bugprone-parent-virtual-call)
     }
     if (da_codice_ || !ora.isValid()) return;
     riga_ = ora.row();

@@ -185,7 +185,7 @@ void ListView::currentChanged(const QModelIndex& ora, const QModelIndex& prima) 
         return;
     }
     // The tree's own says that the keyboard is here; beside that it paints the two rows.
-    QAbstractItemView::currentChanged(ora, prima);
+    QAbstractItemView::currentChanged(ora, prima);  // NOLINT(bugprone-parent-virtual-call)
     viewport()->update();
 }
 
