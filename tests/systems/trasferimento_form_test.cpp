@@ -1,6 +1,7 @@
 #include <sys/mount.h>
 
 #include <QFileDialog>
+#include <QHeaderView>
 
 #include "platform/ambiente.h"
 #include "platform/qt/scrivania.h"
@@ -236,6 +237,19 @@ TEST_P(Trasferimento, FolderDialogHasItsTitleAndStartsWhereItIsTold) {
     });
     EXPECT_EQ(scelta, inizio);
     EXPECT_EQ(platform::MousePointer(), 11);
+}
+
+TEST_P(Trasferimento, FolderDialogShowsItsHeadsWhole) {
+    nel_dialogo(dove(), [](QFileDialog& d) {
+        const auto* lista = d.findChild<QTreeView*>("treeView");
+        ASSERT_NE(lista, nullptr);
+        const QHeaderView* teste = lista->header();
+        for (int c = 0; c < teste->count(); ++c) {
+            EXPECT_GE(teste->sectionSize(c), teste->sectionSizeHint(c)) << c;
+        }
+        EXPECT_EQ(teste->sectionResizeMode(0), QHeaderView::Stretch);
+        d.reject();
+    });
 }
 
 TEST_P(Trasferimento, FolderDialogGivenUpReturnsNothing) {

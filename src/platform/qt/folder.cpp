@@ -2,7 +2,9 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QRegularExpression>
+#include <QTreeView>
 
 #include "platform/macchina.h"
 #include "platform/qt/desktop.h"
@@ -12,7 +14,21 @@ namespace platform {
 
 namespace {
 
+/// Qt's own dialog measures the heads of its list by English words, and cuts ours.
+void allarga_teste(const QFileDialog& dialogo) {
+    const auto* lista = dialogo.findChild<QTreeView*>("treeView");
+    if (lista == nullptr) return;
+    QHeaderView* teste = lista->header();
+    teste->ensurePolished();
+    for (int c = 0; c < teste->count(); ++c) {
+        teste->resizeSection(c, qMax(teste->sectionSize(c), teste->sectionSizeHint(c)));
+    }
+    // The names take the rest.
+    teste->setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
 QStringList esegui(QFileDialog& dialogo) {
+    allarga_teste(dialogo);
     // The titles of the program speak of this button by its name.
     dialogo.setLabelText(QFileDialog::Accept, "OK");
     const int prima = MousePointer();
