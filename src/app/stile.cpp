@@ -15,6 +15,7 @@
 #include "platform/qt/copia.h"
 #include "platform/qt/lingua.h"
 #include "platform/qt/rotella.h"
+#include "platform/qt/scala.h"
 #include "platform/qt/tasti.h"
 #include "platform/qt/tasto_menu.h"
 
@@ -170,6 +171,21 @@ QCheckBox::indicator:disabled { background: #EEF2F7; border-color: #C9D4E2; }
 class Stile : public QProxyStyle {
 public:
     Stile() : QProxyStyle("Fusion") {}
+
+    /// What no sheet sizes grows with its window here.
+    int pixelMetric(PixelMetric quale, const QStyleOption* opzione,
+                    const QWidget* widget) const override {
+        const int a_100 = QProxyStyle::pixelMetric(quale, opzione, widget);
+        switch (quale) {
+            case PM_ExclusiveIndicatorWidth:
+            case PM_ExclusiveIndicatorHeight:
+            case PM_RadioButtonLabelSpacing:
+            case PM_CheckBoxLabelSpacing:
+                return platform::scalato(a_100, platform::scala(widget));
+            default:
+                return a_100;
+        }
+    }
 
     void drawPrimitive(PrimitiveElement elemento, const QStyleOption* opzione, QPainter* pittore,
                        const QWidget* widget) const override {

@@ -3,11 +3,13 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
+#include <QStyleOptionButton>
 #include <QTabBar>
 
 #include "guida/finestra.h"
 #include "support/finestre_aperte.h"
 #include "support/lettore_finestre.h"
+#include "support/misure.h"
 
 namespace {
 
@@ -57,6 +59,28 @@ TEST_P(Aspetti, IlFuocoIncorniciaIlTestoDellaScelta) {
     EXPECT_GT(cornice.width(), scelta->fontMetrics().horizontalAdvance(scelta->text()));
     EXPECT_LT(cornice.width(), scelta->fontMetrics().horizontalAdvance(scelta->text()) + 10);
     EXPECT_LT(cornice.height(), 24);
+    f->close();
+}
+
+TEST_P(Aspetti, IlSegnoDellaSceltaCresceConLaFinestra) {
+    p.riempi_e_salva("prova");
+    p.comando(7);
+    auto* f = aperta<printing::frmstsvl>();
+    ASSERT_NE(f, nullptr);
+    const QRadioButton* scelta = f->Option1[0];
+    const auto lato = [scelta] {
+        QStyleOptionButton opzione;
+        opzione.initFrom(scelta);
+        return scelta->style()
+            ->subElementRect(QStyle::SE_RadioButtonIndicator, &opzione, scelta)
+            .size();
+    };
+    const QSize prima = lato();
+    support::porta(*f, 2);
+    EXPECT_NEAR(lato().width(), 2 * prima.width(), 2);
+    EXPECT_NEAR(lato().height(), 2 * prima.height(), 2);
+    support::porta(*f, 1);
+    EXPECT_EQ(lato(), prima);
     f->close();
 }
 
