@@ -127,8 +127,8 @@ QListView::item:selected, QTreeView::item:selected { background: #BFDDF8; color:
 QTreeView::item:hover:!selected { background: #EEF6FD; }
 QTreeView::item { height: 22px; }
 QHeaderView { background: #000080; }
-QHeaderView::down-arrow { image: url(:/freccia_giu_chiara.svg); width: 10px; height: 10px; }
-QHeaderView::up-arrow { image: url(:/freccia_su_chiara.svg); width: 10px; height: 10px; }
+QFileDialog QHeaderView::down-arrow { image: url(:/freccia_giu_chiara.svg); width: 10px; height: 10px; }
+QFileDialog QHeaderView::up-arrow { image: url(:/freccia_su_chiara.svg); width: 10px; height: 10px; }
 QHeaderView::section { background: #000080; color: white; border: 0; padding: 4px;
     border-right: 1px solid #5C6FA8; }
 QLineEdit { background: white; border: 1px solid #7E97BE; border-radius: 3px; padding: 1px 5px;

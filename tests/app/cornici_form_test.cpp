@@ -163,6 +163,26 @@ TEST_P(Aspetti, LaRigaSceltaDelGestoreVaDaBordoABordo) {
     f->close();
 }
 
+TEST_P(Aspetti, LaTestataDelGestoreSiLeggeIntera) {
+    Programma::voce(p.form1.mnugest_sist);
+    systems::Form2* f = Programma::gestore();
+    const platform::ListView* l = f->ListView1;
+    const QImage teste = l->header()->viewport()->grab().toImage();
+    int prima = teste.width();
+    int ultima = 0;
+    // Short of the line between the columns.
+    for (int x = 0; x < l->header()->sectionSize(0) - 3; ++x) {
+        for (int y = 4; y < teste.height() - 4; ++y) {
+            if (teste.pixelColor(x, y).lightness() < 150) continue;
+            prima = qMin(prima, x);
+            ultima = qMax(ultima, x);
+        }
+    }
+    const int largo = l->header()->fontMetrics().horizontalAdvance(l->titolo(0));
+    EXPECT_GE(ultima - prima, largo - 4);
+    f->close();
+}
+
 TEST_P(Aspetti, LaLinguettaSceltaHaIlFondoDellaLista) {
     Programma::voce(p.form1.mnugest_sist);
     systems::Form2* f = Programma::gestore();

@@ -39,7 +39,11 @@ void dipingi_resto(const QAbstractItemView* lista, QPainter* pittore, QRect dove
     const QAbstractItemModel* m = lista->model();
     const QModelIndex ultima = m->index(riga, m->columnCount() - 1);
     opzione.state.setFlag(QStyle::State_Selected, lista->selectionModel()->isSelected(ultima));
-    opzione.state &= ~(QStyle::State_HasFocus | QStyle::State_MouseOver);
+    const QWidget* dentro = lista->viewport();
+    const QPoint puntatore = dentro->mapFromGlobal(QCursor::pos());
+    opzione.state.setFlag(QStyle::State_MouseOver,
+                          dentro->underMouse() && lista->indexAt(puntatore).row() == riga);
+    opzione.state &= ~QStyle::State_HasFocus;
     lista->style()->drawPrimitive(QStyle::PE_PanelItemViewRow, &opzione, pittore, lista);
     lista->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &opzione, pittore, lista);
 }

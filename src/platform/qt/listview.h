@@ -10,8 +10,8 @@ namespace platform {
 
 /// Factor of the columns of a list: what it has beyond its size at 100 % is theirs.
 qreal scala_colonne(const QWidget* lista);
-/// Paints in `dove` what the columns of a list leave of a row: as the row is, chosen or one of
-/// those that alternate.
+/// Paints in `dove` what the columns of a list leave of a row: as the row is, chosen, under the
+/// pointer or one of those that alternate.
 void dipingi_resto(const QAbstractItemView* lista, QPainter* pittore, QRect dove, int riga);
 /// Frames the row in `dove`, from edge to edge, when it is the one that the keys are on.
 void incornicia_riga(const QAbstractItemView* lista, QPainter* pittore, QRect dove, int riga);
