@@ -163,7 +163,8 @@ void frmanalisi::mostra() {
         q(platform::Format(static_cast<double>(a.righe), platform::Modello::interi)));
     QStringList frasi{q(riassunto(a, gioco_)) + "."};
     for (const std::string& nota : tavola_sistema(a, gioco_).note) frasi << q(nota);
-    platform::annuncia(lblstato, frasi.join(" "));
+    lblstato->setText(frasi.join(" "));
+    platform::di_a_cose_fatte(lblstato, lblstato->text());
     finestra_.mostra_analisi(q(riassunto(a, gioco_)));
     garanzie->mostra(tavola_garanzie(a, gioco_));
     insiemi->mostra(tavola_insiemi(a, gioco_));

@@ -146,7 +146,7 @@ void frmspoglio::di_esito() {
     for (std::size_t p = 5; p > 0; --p) aggiungi(lblvinc[p]);
     aggiungi(lblvinc[7]);
     for (std::size_t p = lblvinclotto.size(); p > 0; --p) aggiungi(lblvinclotto[p - 1]);
-    platform::di(lblvinc[0], esito.join(". "));
+    platform::di_a_cose_fatte(lblvinc[0], esito.join(". "));
 }
 
 void frmspoglio::controllo_nvincenti() {

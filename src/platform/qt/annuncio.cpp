@@ -1,6 +1,7 @@
 #include "platform/qt/annuncio.h"
 
 #include <QAccessible>
+#include <QTimer>
 
 #include "platform/qt/interfaccia.h"
 #include "platform/qt/scritta_parlata.h"
@@ -39,6 +40,8 @@ QString ScrittaParlata::text(QAccessible::Text quale) const {
     if (quale == QAccessible::Name) {
         const QString detto = scritta_->property(cosa).toString();
         if (!detto.isEmpty() && scritta_->property(accanto_a) == scritta_->text()) return detto;
+        // A notification without a text would be read out by its name as its window opens.
+        if (role() == QAccessible::Notification && scritta_->text().isEmpty()) return {};
         QStringList parti{scritta_->accessibleName(), scritta_->text()};
         parti.removeAll(QString());
         return parti.join(": ");
@@ -72,6 +75,13 @@ void di(QLabel* riga, const QString& detto) {
     riga->setProperty(cosa, detto);
     riga->setProperty(accanto_a, riga->text());
     if (riga->isVisible()) leggi(riga, detto);
+}
+
+void di_a_cose_fatte(QLabel* riga, const QString& detto) {
+    constexpr int attesa = 600;
+    QTimer::singleShot(attesa, riga, [riga, detto, mostrato = riga->text()] {
+        if (riga->text() == mostrato) di(riga, detto);
+    });
 }
 
 Annuncio::Annuncio(QWidget* padre) : EtichettaValore(padre) {

@@ -15,6 +15,10 @@ bool annuncia(QLabel* riga, const QString& testo);
 /// label until its text changes.
 void di(QLabel* riga, const QString& detto);
 
+/// The same when a job has just shown its window's controls anew, of which readers are told one by
+/// one: what comes among so many they drop. Not read out if the label has changed by then.
+void di_a_cose_fatte(QLabel* riga, const QString& detto);
+
 /// A value that is read out as it changes.
 class Annuncio : public EtichettaValore {
     Q_OBJECT

@@ -339,7 +339,7 @@ void MSFlexGrid::inputMethodEvent(QInputMethodEvent* evento) {
 
 void MSFlexGrid::focusInEvent(QFocusEvent* evento) {
     QTableWidget::focusInEvent(evento);
-    di_corrente(*this);
+    di_corrente(this);
 }
 
 void MSFlexGrid::focusOutEvent(QFocusEvent* evento) {

@@ -7,18 +7,22 @@
 namespace platform {
 
 /// Tells that the keyboard is on the current item of a list that has just got it: the list itself
-/// only tells its name.
-inline void di_corrente(QAbstractItemView& lista) {
-    const QModelIndex qui = lista.currentIndex();
-    if (!QAccessible::isActive() || !qui.isValid()) return;
-    QAccessibleInterface* sua = QAccessible::queryAccessibleInterface(&lista);
-    QAccessibleTableInterface* tavola = sua != nullptr ? sua->tableInterface() : nullptr;
-    if (tavola == nullptr) return;
-    const QAccessibleInterface* voce = tavola->cellAt(qui.row(), qui.column());
-    if (voce == nullptr) return;
-    QAccessibleEvent fuoco(&lista, QAccessible::Focus);
-    fuoco.setChild(sua->indexOfChild(voce));
-    QAccessible::updateAccessibility(&fuoco);
+/// only tells its name, and does so once its own event is over.
+inline void di_corrente(QAbstractItemView* lista) {
+    if (!QAccessible::isActive()) return;
+    const auto di = [lista] {
+        const QModelIndex qui = lista->currentIndex();
+        if (!lista->hasFocus() || !qui.isValid()) return;
+        QAccessibleInterface* sua = QAccessible::queryAccessibleInterface(lista);
+        QAccessibleTableInterface* tavola = sua != nullptr ? sua->tableInterface() : nullptr;
+        if (tavola == nullptr) return;
+        const QAccessibleInterface* voce = tavola->cellAt(qui.row(), qui.column());
+        if (voce == nullptr) return;
+        QAccessibleEvent fuoco(lista, QAccessible::Focus);
+        fuoco.setChild(sua->indexOfChild(voce));
+        QAccessible::updateAccessibility(&fuoco);
+    };
+    QMetaObject::invokeMethod(lista, di, Qt::QueuedConnection);
 }
 
 }  // namespace platform

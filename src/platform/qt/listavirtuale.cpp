@@ -5,6 +5,7 @@
 #include <QPainter>
 
 #include "platform/qt/desktop.h"
+#include "platform/qt/fuoco.h"
 #include "platform/qt/listview.h"
 #include "platform/qt/scala.h"
 
@@ -98,6 +99,11 @@ bool ListaVirtuale::event(QEvent* evento) {
         misura_colonne();
     }
     return QTableView::event(evento);
+}
+
+void ListaVirtuale::focusInEvent(QFocusEvent* evento) {
+    QTableView::focusInEvent(evento);
+    di_corrente(this);
 }
 
 void ListaVirtuale::resizeEvent(QResizeEvent* evento) {

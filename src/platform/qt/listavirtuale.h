@@ -42,6 +42,7 @@ public:
     void aggiorna();
 
 protected:
+    void focusInEvent(QFocusEvent* evento) override;
     bool event(QEvent* evento) override;
     void paintEvent(QPaintEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;

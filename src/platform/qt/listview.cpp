@@ -195,7 +195,7 @@ void ListView::currentChanged(const QModelIndex& ora, const QModelIndex& prima) 
 
 void ListView::focusInEvent(QFocusEvent* evento) {
     QTreeWidget::focusInEvent(evento);
-    di_corrente(*this);
+    di_corrente(this);
 }
 
 void ListView::contextMenuEvent(QContextMenuEvent* evento) {
