@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "importa.h"
+#include "platform/qt/annuncio.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/folder.h"
 #include "platform/qt/scala.h"
@@ -63,6 +64,7 @@ Finestra::Finestra(std::string archivio, const std::string& gioco)
     titolo->setGeometry(margine, 8, largo, 20);
     lblstato = new QLabel(this);
     lblstato->setObjectName("lblstato");
+    platform::rendi_annuncio(lblstato);
     lblstato->setGeometry(margine, 30, largo, 84);
     lblstato->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     lblstato->setWordWrap(true);
@@ -157,11 +159,15 @@ void Finestra::importa_file(const QStringList& file) {
                                });
     QStringList righe;
     for (const std::string& riga : in_righe(r)) righe << q(riga);
+    // Of many files the last words alone, which say whether anything was written.
+    constexpr qsizetype da_dire = 3;
+    const QString detto = righe.mid(qMax<qsizetype>(0, righe.size() - da_dire)).join(" ");
     accoda(righe, "Errori", r.errori, 0);
     accoda(righe, "Estrazioni diverse da quelle presenti", r.differenze, r.diverse());
     accoda(righe, "Righe rifiutate", r.rifiuti, r.rifiutate());
     txtrapporto->setPlainText(righe.join('\n'));
     mostra_stato();
+    platform::di(lblstato, detto);
     ProgressBar1->hide();
 }
 

@@ -8,6 +8,7 @@
 
 #include "platform/disk.h"
 #include "platform/file_nuovo.h"
+#include "platform/qt/annuncio.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
 #include "platform/qt/folder.h"
@@ -151,6 +152,7 @@ QWidget* Editor::crea_campi() {
     colonna->addWidget(txtposti, 1);
     lbldifetto = new QLabel(lato);
     lbldifetto->setObjectName("lbldifetto");
+    platform::rendi_annuncio(lbldifetto);
     lbldifetto->setTextFormat(Qt::PlainText);
     lbldifetto->setWordWrap(true);
     lbldifetto->setMinimumHeight(32);
@@ -277,13 +279,13 @@ void Editor::leggi() {
     if (in_ordine_) {
         modulo_ = letto;
         tavolo->mostra(modulo_);
-        lbldifetto->setText("Le misure sono in ordine.");
+        platform::annuncia(lbldifetto, "Le misure sono in ordine.");
     } else {
         // Only the lines of the list below are the player's own.
         constexpr std::int64_t righe_prima = 3 + static_cast<std::int64_t>(campi_posto.size());
         Difetto d = *difetto;
         d.riga = std::max(std::int64_t{0}, d.riga - righe_prima);
-        lbldifetto->setText(q(d.testo()));
+        platform::annuncia(lbldifetto, q(d.testo()));
     }
     cmdsalva->setEnabled(in_ordine_);
     cmdprova->setEnabled(in_ordine_);

@@ -78,7 +78,10 @@ TEST_F(FinestraArchivio, ScegliereIFileLiImportaEMostraIlRapporto) {
     platform::scrivania().sceglie_file = [&] { return QStringList{file}; };
     Finestra f(archivio_);
     f.show();
+    QString udito;
+    platform::scrivania().legge = [&](const QString& testo) { udito = testo; };
     QTest::mouseClick(f.cmdscegli, Qt::LeftButton);
+    EXPECT_TRUE(udito.endsWith("1 rifiutata Archivio aggiornato.")) << udito.toStdString();
     EXPECT_TRUE(f.lblstato->text().startsWith("SuperEnalotto: 1 estrazione"));
     EXPECT_EQ(f.txtrapporto->toPlainText(),
               file +

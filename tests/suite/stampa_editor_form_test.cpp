@@ -110,8 +110,12 @@ TEST_F(EditorModulo, UnClicAggiungeUnPannello) {
 
 TEST_F(EditorModulo, IlDifettoSiDiceENonSiSalva) {
     apri();
+    e->show();
+    QString udito;
+    platform::scrivania().legge = [&](const QString& testo) { udito = testo; };
     scrivi("passo_x", "0");
     EXPECT_EQ(e->lbldifetto->text(), "campo passo: il valore 1 non va da 5 a 1000");
+    EXPECT_EQ(udito, e->lbldifetto->text());
     EXPECT_FALSE(e->cmdsalva->isEnabled());
     EXPECT_FALSE(e->cmdprova->isEnabled());
     scrivi("passo_x", "60");
