@@ -83,11 +83,12 @@ TEST_F(FinestraArchivio, ScegliereIFileLiImportaEMostraIlRapporto) {
     QTest::mouseClick(f.cmdscegli, Qt::LeftButton);
     EXPECT_TRUE(udito.endsWith("1 rifiutata Archivio aggiornato.")) << udito.toStdString();
     EXPECT_TRUE(f.lblstato->text().startsWith("SuperEnalotto: 1 estrazione"));
+    const QString detto = platform::da_mostrare(file);
     EXPECT_EQ(f.txtrapporto->toPlainText(),
-              file +
+              detto +
                   ": 1 riga nuova, 0 già presenti, 0 diverse, 1 rifiutata\n"
                   "Archivio aggiornato.\n\nRighe rifiutate\n" +
-                  file + ":2: data mancante o non valida");
+                  detto + ":2: data mancante o non valida");
     EXPECT_FALSE(f.ProgressBar1->isVisible());
     EXPECT_EQ(platform::MousePointer(), 0);
 }
