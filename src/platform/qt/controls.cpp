@@ -37,37 +37,54 @@ QColor colore(int bgr) {
 
 namespace {
 
+/// A control with an action of its own before those that all have.
+class ConAzione : public QAccessibleWidget {
+public:
+    using QAccessibleWidget::QAccessibleWidget;
+    [[nodiscard]] QStringList actionNames() const override {
+        QStringList azioni = QAccessibleWidget::actionNames();
+        if (!azione().isEmpty()) azioni.prepend(azione());
+        return azioni;
+    }
+    void doAction(const QString& quale) override {
+        if (quale.isEmpty() || quale != azione()) {
+            QAccessibleWidget::doAction(quale);
+        } else if (widget()->isEnabled()) {
+            compi();
+        }
+    }
+
+protected:
+    /// Its name; empty while there is none.
+    [[nodiscard]] virtual QString azione() const = 0;
+    virtual void compi() = 0;
+};
+
 /// Tells what a list is for beside what is chosen in it, of which alone the desktop is told else.
-class NomeElenco : public QAccessibleWidget {
+class NomeElenco : public ConAzione {
 public:
     explicit NomeElenco(ComboBox* elenco)
-        : QAccessibleWidget(elenco, QAccessible::ComboBox), elenco_(elenco) {}
+        : ConAzione(elenco, QAccessible::ComboBox), elenco_(elenco) {}
     [[nodiscard]] QString text(QAccessible::Text quale) const override {
         if (quale == QAccessible::Value) return elenco_->currentText();
         if (quale == QAccessible::Description) return elenco_->spiegazione(elenco_->ListIndex());
         if (quale != QAccessible::Name) return QAccessibleWidget::text(quale);
         return QStringList{elenco_->accessibleName(), elenco_->currentText()}.join(": ");
     }
-    [[nodiscard]] QStringList actionNames() const override {
-        return QStringList{showMenuAction()} + QAccessibleWidget::actionNames();
-    }
-    void doAction(const QString& azione) override {
-        if (azione == showMenuAction()) {
-            if (elenco_->isEnabled()) elenco_->showPopup();
-            return;
-        }
-        QAccessibleWidget::doAction(azione);
-    }
+
+protected:
+    [[nodiscard]] QString azione() const override { return showMenuAction(); }
+    void compi() override { elenco_->showPopup(); }
 
 private:
     ComboBox* elenco_;
 };
 
 /// A picture that Tab passes by does nothing: it is looked at.
-class Figura : public QAccessibleWidget {
+class Figura : public ConAzione {
 public:
     explicit Figura(Image* immagine)
-        : QAccessibleWidget(immagine, QAccessible::Button), immagine_(immagine) {}
+        : ConAzione(immagine, QAccessible::Button), immagine_(immagine) {}
     [[nodiscard]] QAccessible::Role role() const override {
         return immagine_->focusPolicy() == Qt::NoFocus ? QAccessible::Graphic : QAccessible::Button;
     }
@@ -82,18 +99,13 @@ public:
         stato.pressed = immagine_->isDown();
         return stato;
     }
-    [[nodiscard]] QStringList actionNames() const override {
-        return (role() == QAccessible::Button ? QStringList{pressAction()} : QStringList{}) +
-               QAccessibleWidget::actionNames();
+
+protected:
+    [[nodiscard]] QString azione() const override {
+        return role() == QAccessible::Button ? pressAction() : QString();
     }
-    void doAction(const QString& azione) override {
-        // By a timer: a box that the command opens must not keep who asks waiting.
-        if (azione == pressAction()) {
-            if (immagine_->isEnabled()) immagine_->animateClick();
-            return;
-        }
-        QAccessibleWidget::doAction(azione);
-    }
+    // By a timer: a box that the command opens must not keep who asks waiting.
+    void compi() override { immagine_->animateClick(); }
 
 private:
     Image* immagine_;
