@@ -11,6 +11,7 @@
 #include "platform/qt/annuncio.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/disposizione.h"
+#include "platform/qt/fuoco.h"
 #include "platform/qt/scala.h"
 #include "statistics/archivio.h"
 
@@ -42,7 +43,7 @@ VistaTavola::VistaTavola(const QString& nome, int righe_visibili, QWidget* padre
     sotto->setContentsMargins(0, 0, 0, 0);
     sotto->setSpacing(6);
     titolo = platform::scritta({}, "titolo", this);
-    griglia = new QTableWidget(this);
+    griglia = new platform::ConFuocoVero<QTableWidget>(this);
     griglia->setObjectName(nome + "_griglia");
     griglia->setProperty("elenco", true);
     griglia->setProperty("tavola", true);

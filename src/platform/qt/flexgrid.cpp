@@ -11,7 +11,6 @@
 #include <QtMath>
 
 #include "platform/qt/desktop.h"
-#include "platform/qt/fuoco.h"
 #include "platform/qt/scala.h"
 
 namespace platform {
@@ -108,7 +107,7 @@ private:
 
 }  // namespace
 
-MSFlexGrid::MSFlexGrid(QWidget* padre) : QTableWidget(padre) {
+MSFlexGrid::MSFlexGrid(QWidget* padre) : ConFuocoVero(padre) {
     horizontalHeader()->hide();
     verticalHeader()->hide();
     horizontalHeader()->setMinimumSectionSize(1);
@@ -282,12 +281,7 @@ void MSFlexGrid::CellAlignment(Qt::Alignment verso) {
 }
 
 void MSFlexGrid::currentChanged(const QModelIndex& ora, const QModelIndex& prima) {
-    // The table's own says that the keyboard is here, even where it is elsewhere.
-    if (hasFocus()) {
-        QTableWidget::currentChanged(ora, prima);
-    } else {
-        QAbstractItemView::currentChanged(ora, prima);  // NOLINT(bugprone-parent-virtual-call)
-    }
+    ConFuocoVero::currentChanged(ora, prima);
     if (da_codice_ || !ora.isValid()) return;
     riga_ = ora.row();
     colonna_ = ora.column();
@@ -335,11 +329,6 @@ void MSFlexGrid::inputMethodEvent(QInputMethodEvent* evento) {
     // A keyboard on the screen writes texts, not keys; the view would search its cells for them.
     for (const QChar c : evento->commitString()) Q_EMIT KeyPress(c.unicode());
     evento->accept();
-}
-
-void MSFlexGrid::focusInEvent(QFocusEvent* evento) {
-    QTableWidget::focusInEvent(evento);
-    di_corrente(this);
 }
 
 void MSFlexGrid::focusOutEvent(QFocusEvent* evento) {

@@ -5,11 +5,13 @@
 
 #include <QTableWidget>
 
+#include "platform/qt/fuoco.h"
+
 class QScrollBar;
 
 namespace platform {
 
-class MSFlexGrid : public QTableWidget {
+class MSFlexGrid : public ConFuocoVero<QTableWidget> {
     Q_OBJECT
 public:
     explicit MSFlexGrid(QWidget* padre);
@@ -86,7 +88,6 @@ protected:
     void mousePressEvent(QMouseEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
     void inputMethodEvent(QInputMethodEvent* evento) override;
-    void focusInEvent(QFocusEvent* evento) override;
     void focusOutEvent(QFocusEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;
     void moveEvent(QMoveEvent* evento) override;

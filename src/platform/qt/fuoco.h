@@ -25,4 +25,27 @@ inline void di_corrente(QAbstractItemView* lista) {
     QMetaObject::invokeMethod(lista, di, Qt::QueuedConnection);
 }
 
+/// A list that claims the keyboard only where it has it: Qt's own do whenever their current item
+/// changes, even where the program writes them.
+template <class Vista>
+class ConFuocoVero : public Vista {
+public:
+    using Vista::Vista;
+
+protected:
+    void currentChanged(const QModelIndex& ora, const QModelIndex& prima) override {
+        if (this->hasFocus()) {
+            Vista::currentChanged(ora, prima);
+            return;
+        }
+        // Beside the claim they only paint the two rows.
+        QAbstractItemView::currentChanged(ora, prima);  // NOLINT(bugprone-parent-virtual-call)
+        this->viewport()->update();
+    }
+    void focusInEvent(QFocusEvent* evento) override {
+        Vista::focusInEvent(evento);
+        di_corrente(this);
+    }
+};
+
 }  // namespace platform

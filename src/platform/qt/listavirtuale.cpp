@@ -5,7 +5,6 @@
 #include <QPainter>
 
 #include "platform/qt/desktop.h"
-#include "platform/qt/fuoco.h"
 #include "platform/qt/listview.h"
 #include "platform/qt/scala.h"
 
@@ -70,7 +69,7 @@ private:
 };
 
 ListaVirtuale::ListaVirtuale(const Righe& righe, QWidget* padre)
-    : QTableView(padre), modello_(new Modello(righe, this)) {
+    : ConFuocoVero(padre), modello_(new Modello(righe, this)) {
     setModel(modello_);
     setItemDelegate(new CelleDiLista(this));
     setShowGrid(false);
@@ -99,11 +98,6 @@ bool ListaVirtuale::event(QEvent* evento) {
         misura_colonne();
     }
     return QTableView::event(evento);
-}
-
-void ListaVirtuale::focusInEvent(QFocusEvent* evento) {
-    QTableView::focusInEvent(evento);
-    di_corrente(this);
 }
 
 void ListaVirtuale::resizeEvent(QResizeEvent* evento) {

@@ -3,6 +3,8 @@
 
 #include <QTableView>
 
+#include "platform/qt/fuoco.h"
+
 namespace platform {
 
 /// What such a list shows.
@@ -14,7 +16,7 @@ public:
 };
 
 /// Looks and acts as a `ListView` does, at eight bytes a row.
-class ListaVirtuale : public QTableView {
+class ListaVirtuale : public ConFuocoVero<QTableView> {
     Q_OBJECT
 public:
     /// `righe` is not owned and outlives the list.
@@ -42,7 +44,6 @@ public:
     void aggiorna();
 
 protected:
-    void focusInEvent(QFocusEvent* evento) override;
     bool event(QEvent* evento) override;
     void paintEvent(QPaintEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;

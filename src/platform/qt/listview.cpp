@@ -9,7 +9,6 @@
 #include <QSignalBlocker>
 
 #include "platform/qt/desktop.h"
-#include "platform/qt/fuoco.h"
 #include "platform/qt/scala.h"
 #include "platform/runtime.h"
 
@@ -58,7 +57,7 @@ void incornicia_riga(const QAbstractItemView* lista, QPainter* pittore, QRect do
     lista->style()->drawPrimitive(QStyle::PE_FrameFocusRect, &fuoco, pittore);
 }
 
-ListView::ListView(QWidget* padre) : QTreeWidget(padre) {
+ListView::ListView(QWidget* padre) : ConFuocoVero(padre) {
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setItemDelegate(new CelleDiLista(this));
@@ -181,21 +180,6 @@ void ListView::resizeEvent(QResizeEvent* evento) {
 bool ListView::event(QEvent* evento) {
     if (evento->type() == Scala::cambiata()) misura_colonne();
     return QTreeWidget::event(evento);
-}
-
-void ListView::currentChanged(const QModelIndex& ora, const QModelIndex& prima) {
-    if (hasFocus()) {
-        QTreeWidget::currentChanged(ora, prima);
-        return;
-    }
-    // The tree's own says that the keyboard is here; beside that it paints the two rows.
-    QAbstractItemView::currentChanged(ora, prima);  // NOLINT(bugprone-parent-virtual-call)
-    viewport()->update();
-}
-
-void ListView::focusInEvent(QFocusEvent* evento) {
-    QTreeWidget::focusInEvent(evento);
-    di_corrente(this);
 }
 
 void ListView::contextMenuEvent(QContextMenuEvent* evento) {

@@ -6,6 +6,8 @@
 #include <QTabBar>
 #include <QTreeWidget>
 
+#include "platform/qt/fuoco.h"
+
 namespace platform {
 
 /// Factor of the columns of a list: what it has beyond its size at 100 % is theirs.
@@ -25,7 +27,7 @@ protected:
     void initStyleOption(QStyleOptionViewItem* opzione, const QModelIndex& indice) const override;
 };
 
-class ListView : public QTreeWidget {
+class ListView : public ConFuocoVero<QTreeWidget> {
     Q_OBJECT
 public:
     explicit ListView(QWidget* padre);
@@ -64,8 +66,6 @@ Q_SIGNALS:
     void TastoDestro(const QPoint& dove);
 
 protected:
-    void currentChanged(const QModelIndex& ora, const QModelIndex& prima) override;
-    void focusInEvent(QFocusEvent* evento) override;
     bool event(QEvent* evento) override;
     void drawRow(QPainter* pittore, const QStyleOptionViewItem& opzione,
                  const QModelIndex& indice) const override;
