@@ -123,7 +123,7 @@ void Riepilogo::mostra_tipi() {
     for (std::size_t i = 0; i < liste.size(); ++i) {
         const auto quale = static_cast<Elenco>(i + 1);
         QStringList voci;
-        for (const std::string& voce : sessione_.tipi(quale)) voci << platform::q(voce);
+        for (const std::string& uno : sessione_.tipi(quale)) voci << platform::q(uno);
         liste[i]->elenca(voci, sessione_.tipo(quale));
     }
 }

@@ -6,7 +6,7 @@
 #include <QRegularExpression>
 #include <QTreeView>
 
-#include "platform/macchina.h"
+#include "platform/disk.h"
 #include "platform/qt/desktop.h"
 #include "platform/qt/scrivania.h"
 
@@ -77,7 +77,7 @@ QString scegli_nuovo_file(QWidget* proprietario, const QString& titolo, const QS
 }
 
 QString da_mostrare(const QString& nome) {
-    return QString(nome).replace('/', QLatin1Char(macchina::barra()));
+    return q(da_mostrare(s(nome)));
 }
 
 }  // namespace platform
