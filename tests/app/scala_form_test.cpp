@@ -179,6 +179,24 @@ TEST(Scala, TrascinatoIlBordoSiVesteDaFermo) {
     EXPECT_GT(vestita->quanti, 0);
 }
 
+TEST(Scala, TrascinatoIlBordoOgniCosaHaIlPostoDellaSuaMisura) {
+    Programma p;
+    porta(p.form1, 1.37);
+    const auto posti = controlli(p.form1);
+    const QSize misura = p.form1.size();
+    const QString foglio = p.form1.styleSheet();
+    porta(p.form1, 1.3);
+    // Pixel by pixel, where the menu takes now and then all that a step gives.
+    while (p.form1.size() != misura) {
+        const QSize ora = p.form1.size();
+        p.form1.windowHandle()->resize((ora + QSize(1, 1)).boundedTo(misura));
+        QTRY_VERIFY(p.form1.size() != ora);
+    }
+    QTRY_COMPARE(p.form1.styleSheet(), foglio);
+    QApplication::processEvents();
+    EXPECT_EQ(controlli(p.form1), posti);
+}
+
 TEST(Scala, IlFoglioDiPrimaMessoDiNuovoSiScala) {
     Programma p;
     const QString suo = p.form1.styleSheet();
