@@ -186,7 +186,7 @@ TEST(Scala, TrascinatoIlBordoOgniCosaHaIlPostoDellaSuaMisura) {
     const QSize misura = p.form1.size();
     const QString foglio = p.form1.styleSheet();
     porta(p.form1, 1.3);
-    // Pixel by pixel, where the menu takes now and then all that a step gives.
+    // Pixel by pixel, so that letters, menu and places each have steps of their own.
     while (p.form1.size() != misura) {
         const QSize ora = p.form1.size();
         p.form1.windowHandle()->resize((ora + QSize(1, 1)).boundedTo(misura));
